@@ -1,0 +1,67 @@
+#include "MainFrame.h"
+
+#include <boost/locale/message.hpp>
+#include <wx/aboutdlg.h>
+#include <wx/menu.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+
+#include "utl/VxSystemInfo.h"
+
+namespace {
+
+wxString Tr(char const * id) { return wxString::FromUTF8(boost::locale::translate(id).str()); }
+wxString Tr(char const * context, char const * id) {
+  return wxString::FromUTF8(boost::locale::translate(context, id).str());
+}
+
+}  // namespace
+
+MainFrame::MainFrame()
+    : wxFrame(nullptr, wxID_ANY, wxString::FromUTF8(VxSystemInfo::GetApplicationName()),
+              wxDefaultPosition, wxSize(720, 480)) {
+  BuildMenus();
+  BuildPage();
+  CreateStatusBar();
+  SetStatusText(Tr("Ready"));
+}
+
+void MainFrame::BuildMenus() {
+  auto * file = new wxMenu;
+  file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
+  auto * help = new wxMenu;
+  help->Append(kAboutCommand, Tr("Menu command", "&About..."));
+  auto * bar = new wxMenuBar;
+  bar->Append(file, Tr("Menu", "&File"));
+  bar->Append(help, Tr("Menu", "&Help"));
+  SetMenuBar(bar);
+  Bind(wxEVT_MENU, &MainFrame::OnAbout, this, kAboutCommand);
+  Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
+}
+
+void MainFrame::BuildPage() {
+  auto * page = new wxPanel(this);
+  auto * sizer = new wxBoxSizer(wxVERTICAL);
+  auto * heading = new wxStaticText(page, wxID_ANY, GetTitle());
+  heading->SetFont(heading->GetFont().Scaled(1.6f).Bold());
+  sizer->Add(heading, 0, wxALL, 16);
+  auto * intro = new wxStaticText(
+      page, wxID_ANY,
+      Tr("This application shows the manner of working that every application of the family "
+         "shares: settings, questions and messages, progress, lists, favourites, pictures and "
+         "help. Use the menus to try what is there."));
+  intro->Wrap(640);
+  sizer->Add(intro, 0, wxLEFT | wxRIGHT, 16);
+  page->SetSizer(sizer);
+}
+
+void MainFrame::OnAbout(wxCommandEvent &) {
+  wxAboutDialogInfo info;
+  info.SetName(wxString::FromUTF8(VxSystemInfo::GetApplicationName()));
+  info.SetVersion(wxString::FromUTF8(VxSystemInfo::GetApplicationVersionAndBuild()));
+  info.SetDescription(Tr("A sample application of the family, built on TALVOutlwin."));
+  wxAboutBox(info, this);
+}
+
+void MainFrame::OnExit(wxCommandEvent &) { Close(); }

@@ -1,0 +1,15 @@
+# Warnings and sanitizer flags shared by every target of the project.
+add_compile_options(-Wall -Wextra -Wno-unused-parameter)
+
+if(TALVO_SANITIZE)
+  set(_talvo_san -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  add_compile_options(${_talvo_san} -O1)
+  add_link_options(${_talvo_san})
+endif()
+
+if(TALVO_FUZZ)
+  # Library code gets coverage instrumentation; only fuzz binaries link the
+  # libFuzzer driver (see fuzz/CMakeLists.txt).
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()

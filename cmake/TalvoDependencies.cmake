@@ -1,0 +1,38 @@
+# Every third-party library the project links, found once for all folders.
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+
+find_package(Boost 1.74 REQUIRED COMPONENTS locale filesystem system thread date_time)
+find_package(XercesC 3.2 REQUIRED)
+pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-uc icu-i18n)
+pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
+
+# wxBase only for the utility layer; the GUI library takes core, adv, html.
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS base)
+set(TALVO_WXBASE_LIBRARIES ${wxWidgets_LIBRARIES})
+set(TALVO_WXBASE_INCLUDE_DIRS ${wxWidgets_INCLUDE_DIRS})
+set(TALVO_WXBASE_DEFINITIONS ${wxWidgets_DEFINITIONS})
+unset(wxWidgets_FOUND)
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base adv html xml xrc)
+set(TALVO_WX_LIBRARIES ${wxWidgets_LIBRARIES})
+set(TALVO_WX_INCLUDE_DIRS ${wxWidgets_INCLUDE_DIRS})
+set(TALVO_WX_DEFINITIONS ${wxWidgets_DEFINITIONS})
+
+if(NOT TARGET talvo::wxbase)
+  add_library(talvo::wxbase INTERFACE IMPORTED)
+  target_include_directories(talvo::wxbase SYSTEM INTERFACE ${TALVO_WXBASE_INCLUDE_DIRS})
+  target_compile_definitions(talvo::wxbase INTERFACE ${TALVO_WXBASE_DEFINITIONS})
+  target_link_libraries(talvo::wxbase INTERFACE ${TALVO_WXBASE_LIBRARIES})
+
+  add_library(talvo::wx INTERFACE IMPORTED)
+  target_include_directories(talvo::wx SYSTEM INTERFACE ${TALVO_WX_INCLUDE_DIRS})
+  target_compile_definitions(talvo::wx INTERFACE ${TALVO_WX_DEFINITIONS})
+  target_link_libraries(talvo::wx INTERFACE ${TALVO_WX_LIBRARIES})
+endif()
+
+if(TALVO_BUILD_TESTS OR NOT TALVO_FUZZ)
+  find_package(GTest REQUIRED)
+endif()
+if(NOT TALVO_SANITIZE AND NOT TALVO_FUZZ)
+  find_package(benchmark REQUIRED)
+endif()

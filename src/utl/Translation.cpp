@@ -1,0 +1,79 @@
+#include "utl/Translation.h"
+
+#include <atomic>
+#include <cstdlib>
+
+#include <boost/locale/generator.hpp>
+#include <boost/locale/message.hpp>
+
+#include "utl/Paths.h"
+
+namespace vx3 {
+
+namespace {
+
+// How many domains the installed locale carries (at least the default).
+std::atomic<int> gDomainCount{1};
+
+std::string LocaleNameFromEnvironment() {
+  for (char const * variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    char const * value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return value;
+  }
+  return "C.UTF-8";
+}
+
+std::string Lookup(char const * context, char const * id, std::locale const & locale) {
+  using Facet = boost::locale::message_format<char>;
+  if (id == nullptr) return std::string();
+  if (*id == '\0' || !std::has_facet<Facet>(locale)) return id;
+  Facet const & facet = std::use_facet<Facet>(locale);
+  // Domain 0 is the default; the others are asked in the order installed.
+  int const domains = gDomainCount.load();
+  for (int domain = 0; domain < domains; ++domain) {
+    char const * found = facet.get(domain, context, id);
+    if (found != nullptr) return found;
+  }
+  return id;
+}
+
+}  // namespace
+
+std::locale InstallTranslation(TranslationSetup const & setup) {
+  boost::locale::generator generator;
+  generator.use_ansi_encoding(false);
+  for (auto const & path : setup.catalogPaths) generator.add_messages_path(path);
+  for (auto const & domain : setup.domains) generator.add_messages_domain(domain);
+  std::string const name = setup.localeName.empty() ? LocaleNameFromEnvironment()
+                                                    : setup.localeName;
+  std::locale locale = generator(name);
+  gDomainCount.store(setup.domains.empty() ? 1 : static_cast<int>(setup.domains.size()));
+  std::locale::global(locale);
+  return locale;
+}
+
+std::vector<std::string> DefaultCatalogPaths() {
+  std::string const exeDirectory = VxGetExecutableDirectory();
+  if (exeDirectory.empty()) return {};
+  return {VxPathAppend(VxGetDirectory(exeDirectory), "share/locale"),
+          VxPathAppend(exeDirectory, "locale")};
+}
+
+std::string TranslateText(char const * id, std::locale const & locale) noexcept {
+  return TranslateText(nullptr, id, locale);
+}
+
+std::string TranslateText(char const * context, char const * id,
+                          std::locale const & locale) noexcept {
+  try {
+    return Lookup(context, id, locale);
+  } catch (...) {
+    try {
+      return id != nullptr ? id : "";
+    } catch (...) {
+      return std::string();
+    }
+  }
+}
+
+}  // namespace vx3

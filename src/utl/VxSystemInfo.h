@@ -1,0 +1,27 @@
+#pragma once
+// Who the running application is. The application sets its name and
+// version once at start; everything else (registry and folder paths, the
+// "Version" key, about boxes, crash reports) reads them here.
+
+#include <string>
+
+namespace VxSystemInfo {
+
+enum EVersionFormat {
+  VersionDisplay = 0,  // "6.3.2": major.minor.revision, for people
+  VersionFull = 1,     // "6.3.2.1234": with the build number
+  VersionPath = 2,     // "6.3": part of registry and folder paths, so that
+                       // revisions of one version share their settings
+};
+
+// `version` is "major[.minor[.revision[.build]]]"; missing parts are 0, and
+// anything that is no number counts as 0.
+void SetApplication(std::string const & name, std::string const & version);
+
+// "TALVOutlwin" until the application sets its own.
+std::string GetApplicationName();
+std::string GetApplicationVersion(EVersionFormat format);
+// "6.3.2 (build 1234)".
+std::string GetApplicationVersionAndBuild();
+
+}  // namespace VxSystemInfo
