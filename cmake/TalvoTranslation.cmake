@@ -5,10 +5,12 @@ find_program(XGETTEXT_PROGRAM xgettext REQUIRED)
 find_program(MSGFMT_PROGRAM msgfmt REQUIRED)
 
 # Keywords that mark message ids in the sources: boost::locale::translate with
-# and without a context (and their plural forms), ExceptionMessage::translate.
+# and without a context (and their plural forms), ExceptionMessage::translate,
+# and vx3::Tr.
 set(TALVO_XGETTEXT_KEYWORDS
   --keyword=translate:1,1t --keyword=translate:1c,2,2t
-  --keyword=translate:1,2,3t --keyword=translate:1c,2,3,4t)
+  --keyword=translate:1,2,3t --keyword=translate:1c,2,3,4t
+  --keyword=Tr:1,1t --keyword=Tr:1c,2,2t)
 
 # Target `pot`: extracts every message id (with its context) of the library
 # and the applications into ${CMAKE_BINARY_DIR}/TALVOutlwin.pot.
@@ -19,7 +21,7 @@ function(talvo_add_pot_target)
   list(SORT _sources)
   set(_pot ${CMAKE_BINARY_DIR}/TALVOutlwin.pot)
   add_custom_command(OUTPUT ${_pot}
-    COMMAND ${XGETTEXT_PROGRAM} --language=C++ --from-code=UTF-8 --sort-by-file
+    COMMAND ${XGETTEXT_PROGRAM} --language=C++ --from-code=UTF-8 --sort-by-file --force-po
             --package-name=TALVOutlwin --package-version=${PROJECT_VERSION}
             ${TALVO_XGETTEXT_KEYWORDS} -o ${_pot} ${_sources}
     DEPENDS ${_sources}

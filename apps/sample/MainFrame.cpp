@@ -1,22 +1,15 @@
 #include "MainFrame.h"
 
-#include <boost/locale/message.hpp>
 #include <wx/aboutdlg.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
 
-namespace {
-
-wxString Tr(char const * id) { return wxString::FromUTF8(boost::locale::translate(id).str()); }
-wxString Tr(char const * context, char const * id) {
-  return wxString::FromUTF8(boost::locale::translate(context, id).str());
-}
-
-}  // namespace
+using vx3::Tr;
 
 MainFrame::MainFrame()
     : wxFrame(nullptr, wxID_ANY, wxString::FromUTF8(VxSystemInfo::GetApplicationName()),

@@ -76,4 +76,10 @@ std::string TranslateText(char const * context, char const * id,
   }
 }
 
+wxString Tr(char const * id) { return wxString::FromUTF8(TranslateText(id, std::locale())); }
+
+wxString Tr(char const * context, char const * id) {
+  return wxString::FromUTF8(TranslateText(context, id, std::locale()));
+}
+
 }  // namespace vx3

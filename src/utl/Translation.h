@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <wx/string.h>
+
 namespace vx3 {
 
 struct TranslationSetup {
@@ -33,5 +35,11 @@ std::vector<std::string> DefaultCatalogPaths();
 std::string TranslateText(char const * id, std::locale const & locale) noexcept;
 std::string TranslateText(char const * context, char const * id,
                           std::locale const & locale) noexcept;
+
+// The same in the global locale, as a wxString for a window: the short form
+// that user-interface code writes, `vx3::Tr("Ready")`,
+// `vx3::Tr("Stop button", "Stop")`. The .pot extraction knows both forms.
+wxString Tr(char const * id);
+wxString Tr(char const * context, char const * id);
 
 }  // namespace vx3
