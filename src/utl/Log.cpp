@@ -25,6 +25,9 @@ struct LogFile {
   std::mutex mutex;
   int fd = -1;
   std::string path;
+  // What the path was made of; the path is rebuilt only when it changes.
+  std::string applicationName;
+  std::string stateHome;
   off_t size = 0;
 };
 
@@ -79,8 +82,14 @@ void WriteAll(int fd, char const * data, size_t size) {
 // Opens (or re-opens) the file for the current application name. Called
 // with the mutex held.
 bool EnsureOpen(LogFile & file) {
-  std::string const path = PathFor(VxSystemInfo::GetApplicationName());
-  if (file.fd >= 0 && path == file.path && file.size < kRotateSize) return true;
+  std::string const name = VxSystemInfo::GetApplicationName();
+  char const * stateHome = std::getenv("XDG_STATE_HOME");
+  bool const samePlace = file.fd >= 0 && name == file.applicationName &&
+                         file.stateHome == (stateHome != nullptr ? stateHome : "");
+  if (samePlace && file.size < kRotateSize) return true;
+  std::string const path = samePlace ? file.path : PathFor(name);
+  file.applicationName = name;
+  file.stateHome = stateHome != nullptr ? stateHome : "";
   if (file.fd >= 0) {
     ::close(file.fd);
     file.fd = -1;
@@ -92,6 +101,18 @@ bool EnsureOpen(LogFile & file) {
   struct stat info {};
   file.size = file.fd >= 0 && ::fstat(file.fd, &info) == 0 ? info.st_size : 0;
   return file.fd >= 0;
+}
+
+// "pid/tid", made once a thread (the pid is asked again after a fork).
+std::string const & ProcessAndThread() {
+  thread_local pid_t pid = 0;
+  thread_local std::string text;
+  pid_t const now = ::getpid();
+  if (now != pid) {
+    pid = now;
+    text = std::to_string(now) + '/' + std::to_string(static_cast<long>(::syscall(SYS_gettid)));
+  }
+  return text;
 }
 
 void AppendTimestamp(std::string & line) {
@@ -125,9 +146,7 @@ std::string FormatLine(char const * className, char const * functionName,
   line.reserve(64 + text.size());
   AppendTimestamp(line);
   line += " [";
-  line += std::to_string(::getpid());
-  line += '/';
-  line += std::to_string(static_cast<long>(::syscall(SYS_gettid)));
+  line += ProcessAndThread();
   line += "] ";
   line += static_cast<char>('0' + (level < 0 ? 0 : level > 4 ? 4 : level));
   line += ' ';
