@@ -126,9 +126,11 @@ void Parse(std::string_view pattern, StrftimeComposites const & composites, int 
     }
     while (at < pattern.size() && pattern[at] >= '0' && pattern[at] <= '9') ++at;
     if (at < pattern.size() && (pattern[at] == 'E' || pattern[at] == 'O')) ++at;
-    if (at == pattern.size()) {
-      parsed.Add(std::string());  // a conversion cut off at the end
-      break;
+    if (at == pattern.size() || (pattern[at] & 0x80) != 0) {
+      // Cut off at the end, or followed by a character beyond ASCII, which
+      // stays text: a conversion to drop.
+      parsed.Add(std::string());
+      continue;
     }
     char const conversion = pattern[at++];
     if (conversion == '%') {
@@ -220,8 +222,15 @@ void AppendItem(std::string const & item, std::string & out) {
 
 std::string FromStrftimePattern(std::string const & pattern, PatternPart part,
                                 StrftimeComposites const & composites) {
+  // Invalid sequences go before parsing: removed later, they could join two
+  // items into one.
+  StrftimeComposites clean;
+  clean.date = vx3::SanitizeUtf8(composites.date);
+  clean.time = vx3::SanitizeUtf8(composites.time);
+  clean.ampmTime = vx3::SanitizeUtf8(composites.ampmTime);
+  clean.dateAndTime = vx3::SanitizeUtf8(composites.dateAndTime);
   Parsed parsed;
-  Parse(vx3::SanitizeUtf8(pattern), composites, 0, parsed);
+  Parse(vx3::SanitizeUtf8(pattern), clean, 0, parsed);
 
   std::vector<size_t> kept;
   bool seen[static_cast<int>(Group::Marker) + 1] = {};

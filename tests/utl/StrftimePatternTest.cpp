@@ -122,7 +122,11 @@ TEST(StrftimePattern, DropsWhatTheLanguageCannotSayWithItsSeparators) {
       {"%Y%n%m", kAll, "yyyy MM"},
       {" %d ", kAll, "dd"},
       {"%Y\xff年", kAll, "yyyy年"},              // invalid UTF-8 skipped
+      {"%H:%\u00e9%M", kAll, "HH:mm"},           // "%" before a character beyond ASCII
   });
+  StrftimeComposites invalid;
+  invalid.date = "%d\xec#\x9b%m";
+  EXPECT_EQ(FromStrftimePattern("%x", kAll, invalid), "dd#MM");
 }
 
 TEST(StrftimePattern, KeepsItemsReadableAndEachGroupOnce) {
