@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "utl/Utf.h"
@@ -18,7 +19,9 @@ constexpr size_t kMaxWork = 1 << 16;
 enum class Group { None, Year, Month, Day, Weekday, Hour, Minute, Second, Marker };
 
 bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f'; }
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
+}
 
 Group GroupOf(std::string const & item) {
   switch (item.empty() ? '\0' : item[0]) {

@@ -137,8 +137,12 @@ std::string GetUserLocaleDate(bool longFormat, LocaleType type) {
   if (type == InvariantLocale) return kInvariantDate;
   StrftimeComposites const composites = UserTimeLocale().Composites();
   std::string format;
-  if (longFormat) format = FromStrftimePattern(composites.dateAndTime, PatternPart::Date, composites);
-  if (format.empty()) format = FromStrftimePattern(composites.date, PatternPart::Date, composites);
+  if (longFormat) {
+    format = FromStrftimePattern(composites.dateAndTime, PatternPart::Date, composites);
+  }
+  if (format.empty()) {
+    format = FromStrftimePattern(composites.date, PatternPart::Date, composites);
+  }
   return format.empty() ? kInvariantDate : format;
 }
 
@@ -146,7 +150,9 @@ std::string GetUserLocaleTime(LocaleType type) {
   if (type == InvariantLocale) return kInvariantTime;
   StrftimeComposites const composites = UserTimeLocale().Composites();
   std::string format = FromStrftimePattern(composites.time, PatternPart::Time, composites);
-  if (format.empty()) format = FromStrftimePattern(composites.ampmTime, PatternPart::Time, composites);
+  if (format.empty()) {
+    format = FromStrftimePattern(composites.ampmTime, PatternPart::Time, composites);
+  }
   return format.empty() ? kInvariantTime : format;
 }
 

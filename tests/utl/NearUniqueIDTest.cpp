@@ -14,34 +14,27 @@
 namespace {
 
 TEST(NearUniqueID, AMillionCallsFromFourThreadsNeverRepeat) {
-  constexpr size_t kThreads = 4;
-  constexpr size_t kCallsEach = 250000;
-  std::vector<std::vector<unsigned long>> drawn(kThreads);
+  std::vector<unsigned long> drawn(1000000);
   std::vector<std::thread> threads;
-  for (size_t t = 0; t < kThreads; ++t) {
-    threads.emplace_back([&drawn, t] {
-      drawn[t].reserve(kCallsEach);
-      for (size_t i = 0; i < kCallsEach; ++i) drawn[t].push_back(GetNearUniqueID());
+  size_t const share = drawn.size() / 4;
+  for (size_t first = 0; first < drawn.size(); first += share) {
+    threads.emplace_back([&drawn, first, share] {
+      for (size_t i = first; i < first + share; ++i) drawn[i] = GetNearUniqueID();
     });
   }
   for (std::thread & thread : threads) thread.join();
-  std::vector<unsigned long> all;
-  for (auto const & some : drawn) all.insert(all.end(), some.begin(), some.end());
-  ASSERT_EQ(all.size(), kThreads * kCallsEach);
-  EXPECT_LE(*std::max_element(all.begin(), all.end()), 0xFFFFFFFFul);
-  std::sort(all.begin(), all.end());
-  EXPECT_EQ(std::adjacent_find(all.begin(), all.end()), all.end());
+  EXPECT_LE(*std::max_element(drawn.begin(), drawn.end()), 0xFFFFFFFFul);
+  std::sort(drawn.begin(), drawn.end());
+  EXPECT_EQ(std::adjacent_find(drawn.begin(), drawn.end()), drawn.end());
 }
 
-// The first number of a forked child, read through a pipe.
-unsigned long FirstIdOfAChild() {
+unsigned long FirstIdOfAForkedChild() {
   int ends[2];
-  if (pipe(ends) != 0) ADD_FAILURE() << "pipe";
+  EXPECT_EQ(pipe(ends), 0);
   pid_t const child = fork();
   if (child == 0) {
     unsigned long const id = GetNearUniqueID();
-    ssize_t const written = write(ends[1], &id, sizeof id);
-    _exit(written == sizeof id ? 0 : 1);
+    _exit(write(ends[1], &id, sizeof id) == sizeof id ? 0 : 1);
   }
   close(ends[1]);
   unsigned long id = 0;
@@ -55,11 +48,10 @@ unsigned long FirstIdOfAChild() {
 
 TEST(NearUniqueID, AForkedChildStartsElsewhere) {
   GetNearUniqueID();  // the parent is under way when it forks
-  unsigned long const first = FirstIdOfAChild();
-  unsigned long const second = FirstIdOfAChild();
+  unsigned long const first = FirstIdOfAForkedChild();
+  unsigned long const second = FirstIdOfAForkedChild();
+  // Continuing the parent's sequence, both would draw the parent's next.
   unsigned long const parent = GetNearUniqueID();
-  // Continuing the parent's sequence, both children would have drawn the
-  // parent's next number.
   EXPECT_NE(first, parent);
   EXPECT_NE(second, parent);
   EXPECT_NE(first, second);
