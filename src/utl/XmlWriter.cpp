@@ -161,6 +161,20 @@ void AppendEscapedXmlAttribute(std::u16string_view text, std::string & out) {
   AppendEscaped(text, out, AttributeReference);
 }
 
+void AppendEscapedUtf8(std::string_view text, bool attribute, std::string & out) {
+  // UTF-8 never has these ASCII bytes inside a multi-byte sequence.
+  size_t start = 0;
+  for (size_t i = 0; i < text.size(); ++i) {
+    auto const c = static_cast<char16_t>(static_cast<unsigned char>(text[i]));
+    char const * reference = attribute ? AttributeReference(c) : TextReference(c);
+    if (reference == nullptr) continue;
+    out.append(text, start, i - start);
+    out += reference;
+    start = i + 1;
+  }
+  out.append(text, start, std::string_view::npos);
+}
+
 std::string SerializeXml(xercesc::DOMDocument const & document) {
   std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
   for (DOMNode const * child = document.getFirstChild(); child != nullptr;

@@ -23,5 +23,7 @@ std::string SerializeXml(xercesc::DOMDocument const & document);
 // The escaping above, appended to `out` as UTF-8.
 void AppendEscapedXmlText(std::u16string_view text, std::string & out);
 void AppendEscapedXmlAttribute(std::u16string_view text, std::string & out);
+// The same escaping for text that already is UTF-8 (passed through as is).
+void AppendEscapedUtf8(std::string_view text, bool attribute, std::string & out);
 
 }  // namespace vx3
