@@ -97,7 +97,7 @@ std::vector<boost::shared_ptr<ConfigurationSection>> * XercesXMLSection::GetAllS
 }
 
 int XercesXMLSection::NumSubSections(char const * name) const {
-  return static_cast<int>(mDocument->Sections(Dom(mElement), Name(name)).size());
+  return mDocument->CountSections(Dom(mElement), Name(name));
 }
 
 bool XercesXMLSection::SupportsSubSections() const { return true; }

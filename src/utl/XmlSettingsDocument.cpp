@@ -1,5 +1,7 @@
 #include "utl/XmlSettingsDocument.h"
 
+#include <algorithm>
+
 #include <xercesc/dom/DOMImplementation.hpp>
 #include <xercesc/dom/DOMImplementationRegistry.hpp>
 #include <xercesc/dom/DOMText.hpp>
@@ -203,27 +205,37 @@ Element * XmlSettingsDocument::ProvideSection(Element * section, std::u16string_
 
 std::vector<Element *> XmlSettingsDocument::Sections(Element * section,
                                                      std::u16string_view name) {
-  std::vector<Element *> result;
-  ChildIndex * index = IndexFor(section);
-  std::map<int, Element *> scanned;
-  std::map<int, Element *> const * numbered = nullptr;
-  if (index != nullptr) {
+  std::vector<std::pair<int, Element *>> numbered;
+  if (ChildIndex * index = IndexFor(section)) {
     auto const named = index->sections.find(name);
-    if (named != index->sections.end()) numbered = &named->second;
+    if (named != index->sections.end())
+      numbered.assign(named->second.begin(), named->second.end());
   } else {
     for (Element * child = FirstChildElement(section); child != nullptr;
          child = NextSiblingElement(child)) {
       int number = 0;
       if (IsSection(child) && NameOf(child) == name && IndexOf(child, number))
-        scanned.emplace(number, child);
+        numbered.emplace_back(number, child);
     }
-    numbered = &scanned;
   }
-  if (numbered != nullptr) {
-    result.reserve(numbered->size());
-    for (auto const & entry : *numbered) result.push_back(entry.second);
-  }
+  // Index order; of equal indexes the first in the document stays.
+  std::stable_sort(numbered.begin(), numbered.end(),
+                   [](auto const & a, auto const & b) { return a.first < b.first; });
+  numbered.erase(std::unique(numbered.begin(), numbered.end(),
+                             [](auto const & a, auto const & b) { return a.first == b.first; }),
+                 numbered.end());
+  std::vector<Element *> result;
+  result.reserve(numbered.size());
+  for (auto const & entry : numbered) result.push_back(entry.second);
   return result;
+}
+
+int XmlSettingsDocument::CountSections(Element * section, std::u16string_view name) {
+  if (ChildIndex * index = IndexFor(section)) {
+    auto const named = index->sections.find(name);
+    return named == index->sections.end() ? 0 : static_cast<int>(named->second.size());
+  }
+  return static_cast<int>(Sections(section, name).size());
 }
 
 std::vector<Element *> XmlSettingsDocument::ChildKeys(Element * section) const {

@@ -5,9 +5,10 @@
 //
 // Lookups: a section with few children is searched in place; once a search
 // passes more than kIndexThreshold elements, the section gets a hash index
-// of its keys and of its sub-sections by name and then by index (ordered),
-// built once and kept up to date by every change. So a favourites file of
-// 100,000 items loads and is read in O(n log n), never quadratically.
+// of its keys and of its sub-sections by name and then by index, built
+// once and kept up to date by every change. So each lookup in a favourites
+// file of 100,000 items is O(1) and nothing is quadratic; listing all
+// sections of a name sorts them by index.
 //
 // Of two elements with the same key name, or the same section name and
 // index (possible only in hand-edited files), the first one is seen; both
@@ -15,7 +16,6 @@
 
 #include <xercesc/dom/DOMElement.hpp>
 
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -51,8 +51,9 @@ public:
   Element * FindSection(Element * section, std::u16string_view name, int index);
   // Finds or appends the child; `indexed` writes the index attribute.
   Element * ProvideSection(Element * section, std::u16string_view name, int index, bool indexed);
-  // The children of that name in index order.
+  // The children of that name in index order, and how many there are.
   std::vector<Element *> Sections(Element * section, std::u16string_view name);
+  int CountSections(Element * section, std::u16string_view name);
   // Every key and every section directly below `section`, in document order.
   std::vector<Element *> ChildKeys(Element * section) const;
   std::vector<Element *> ChildSections(Element * section) const;
@@ -78,7 +79,7 @@ public:
 private:
   struct ChildIndex {
     std::unordered_map<std::u16string_view, Element *> keys;
-    std::unordered_map<std::u16string_view, std::map<int, Element *>> sections;
+    std::unordered_map<std::u16string_view, std::unordered_map<int, Element *>> sections;
     // A later element repeated a key name or a section name and index.
     bool hasDuplicates = false;
   };
