@@ -52,7 +52,9 @@ void SettingsLoadSave_candidate(benchmark::State & state) {
     benchmark::DoNotOptimize(root.Flush());
   }
 }
-BENCHMARK(SettingsLoadSave_candidate)->Name("SettingsLoadSave/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(SettingsLoadSave_candidate)
+    ->Name("SettingsLoadSave/candidate")
+    ->Unit(benchmark::kMillisecond);
 
 void SettingsLoadSave_baseline(benchmark::State & state) {
   using namespace xercesc;
@@ -76,7 +78,9 @@ void SettingsLoadSave_baseline(benchmark::State & state) {
   XMLPlatformUtils::Terminate();
   ::unlink(copy.c_str());
 }
-BENCHMARK(SettingsLoadSave_baseline)->Name("SettingsLoadSave/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(SettingsLoadSave_baseline)
+    ->Name("SettingsLoadSave/baseline")
+    ->Unit(benchmark::kMillisecond);
 
 // Create `count` favourites-like indexed sections, flush, reload, read all.
 void IndexedSections(benchmark::State & state, int count) {
@@ -103,7 +107,8 @@ void IndexedSections(benchmark::State & state, int count) {
     int const found = reloaded.NumSubSections("FavouriteItem");
     long long sum = 0;
     for (int i = 1; i <= found; ++i) {
-      std::unique_ptr<ConfigurationSection> item(reloaded.CopyAndChangeSubSection("FavouriteItem", i));
+      std::unique_ptr<ConfigurationSection> item(
+          reloaded.CopyAndChangeSubSection("FavouriteItem", i));
       std::string name;
       int level = 0;
       item->ReadKey("Name", name);

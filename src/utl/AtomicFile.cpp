@@ -17,8 +17,8 @@ namespace vx3 {
 namespace {
 
 Exception WriteFailure(std::string const & path, int error) {
-  return Exception(ExceptionMessage::translate("The file {1} cannot be written: {2}.") % path
-                   % std::string(std::strerror(error)));
+  return Exception(ExceptionMessage::translate("The file {1} cannot be written: {2}.") % path %
+                   std::string(std::strerror(error)));
 }
 
 // Where the bytes must go: the target itself, or what a link at the target

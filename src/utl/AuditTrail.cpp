@@ -297,8 +297,8 @@ void AuditTrail::ThrowIfRefused(char const * action) const {
   if (!mRefusal) return;
   throw Exception(ExceptionMessage::translate(
                       "The audit trail {1} is kept as it is and cannot be {2} until it is "
-                      "cleared: {3}")
-                  % mPath % std::string(action) % mRefusal->Why());
+                      "cleared: {3}") %
+                  mPath % std::string(action) % mRefusal->Why());
 }
 
 void AuditTrail::Append(char const * type, std::string const & text, std::string const & detail,
@@ -328,8 +328,8 @@ void AuditTrail::Load() {
   StartNewTrail();
 
   auto const malformed = [&](char const * what) {
-    return Exception(ExceptionMessage::translate("The file {1} is no valid audit trail: {2}.")
-                     % mPath % std::string(what));
+    return Exception(ExceptionMessage::translate("The file {1} is no valid audit trail: {2}.") %
+                     mPath % std::string(what));
   };
   std::string stylesheetReference, sealCount, sealHead, signer, signature;
   try {
@@ -350,7 +350,8 @@ void AuditTrail::Load() {
         stylesheetReference += Utf8(node->getNodeName()) + " " + Utf8(node->getNodeValue()) + ";";
 
     DOMElement const * root = document->getDocumentElement();
-    if (Utf8(root->getTagName()) != "AuditTrail") throw malformed("its root element is not <AuditTrail>");
+    if (Utf8(root->getTagName()) != "AuditTrail")
+      throw malformed("its root element is not <AuditTrail>");
     std::string format, id;
     if (!Attribute(root, u"format", format) || format != kFormat)
       throw malformed("its format is unknown");
@@ -424,8 +425,8 @@ void AuditTrail::Verify(std::string const & stylesheetReference, std::string con
     if (event.sequence != i + 1 || event.hash != vx3::ToHex(head)) {
       refuse(ExceptionMessage::translate(
                  "The audit trail {1} has been changed outside the application: event {2} was "
-                 "altered, inserted, removed or moved.")
-             % mPath % static_cast<int>(i + 1));
+                 "altered, inserted, removed or moved.") %
+             mPath % static_cast<int>(i + 1));
       return;
     }
   }
@@ -433,15 +434,15 @@ void AuditTrail::Verify(std::string const & stylesheetReference, std::string con
   if (stylesheetReference != std::string("xml-stylesheet ") + kStylesheetData + ";") {
     refuse(ExceptionMessage::translate(
                "The audit trail {1} has been changed outside the application: its stylesheet "
-               "reference is not the one it was written with.")
-           % mPath);
+               "reference is not the one it was written with.") %
+           mPath);
     return;
   }
   if (sealCount != std::to_string(mEvents.size()) || sealHead != vx3::ToHex(head)) {
     refuse(ExceptionMessage::translate(
                "The audit trail {1} has been changed outside the application: its seal covers "
-               "{2} events, and {3} are there.")
-           % mPath % sealCount % std::to_string(mEvents.size()));
+               "{2} events, and {3} are there.") %
+           mPath % sealCount % std::to_string(mEvents.size()));
     return;
   }
   switch (mSigner->Verify(signer, SealMessage(mTrailId, mProjectName, mEvents.size(), head),
@@ -451,26 +452,25 @@ void AuditTrail::Verify(std::string const & stylesheetReference, std::string con
     case AuditTrailSigner::Verdict::Forged:
       refuse(ExceptionMessage::translate(
                  "The audit trail {1} has been changed outside the application: its seal is "
-                 "not valid.")
-             % mPath);
+                 "not valid.") %
+             mPath);
       return;
     case AuditTrailSigner::Verdict::UnknownSigner:
       refuse(ExceptionMessage::translate(
                  "The audit trail {1} was sealed with a key that this computer does not trust "
-                 "(fingerprint {2}).")
-             % mPath % signer);
+                 "(fingerprint {2}).") %
+             mPath % signer);
       return;
   }
   uint64_t rememberedCount = 0;
   std::string rememberedHead;
   AuditTrailLedger const ledger(mSigner->KeyFolder());
   if (ledger.Read(mTrailId, rememberedCount, rememberedHead) && rememberedCount > 0) {
-    if (rememberedCount > mEvents.size() ||
-        mEvents[rememberedCount - 1].hash != rememberedHead) {
+    if (rememberedCount > mEvents.size() || mEvents[rememberedCount - 1].hash != rememberedHead) {
       refuse(ExceptionMessage::translate(
                  "The audit trail {1} has been replaced by an older or different copy: it was "
-                 "sealed on this computer with {2} events, and the file holds {3}.")
-             % mPath % std::to_string(rememberedCount) % std::to_string(mEvents.size()));
+                 "sealed on this computer with {2} events, and the file holds {3}.") %
+             mPath % std::to_string(rememberedCount) % std::to_string(mEvents.size()));
       return;
     }
   }
@@ -523,8 +523,7 @@ void AuditTrail::Save() {
 void AuditTrail::SaveAs(char const * path) {
   std::string const target = path == nullptr ? "" : path;
   vx3::WriteFileAtomically(target, ToXmlString());
-  vx3::WriteFileAtomically(VxPathAppend(VxGetDirectory(target), GetXSLFileName()),
-                           GetStylesheet());
+  vx3::WriteFileAtomically(VxPathAppend(VxGetDirectory(target), GetXSLFileName()), GetStylesheet());
 }
 
 bool AuditTrail::IsEmpty() const { return mEvents.empty(); }
@@ -539,9 +538,9 @@ void AuditTrail::Clear() {
   if (mRefusal) {
     std::string const aside = mPath + ".rejected-" + FormatUtc(mClock(), true);
     if (::rename(mPath.c_str(), aside.c_str()) != 0 && errno != ENOENT)
-      throw Exception(ExceptionMessage::translate(
-                          "The refused audit trail {1} cannot be moved aside: {2}.")
-                      % mPath % std::string(std::strerror(errno)));
+      throw Exception(
+          ExceptionMessage::translate("The refused audit trail {1} cannot be moved aside: {2}.") %
+          mPath % std::string(std::strerror(errno)));
     detail = "The previous trail could not be verified and was kept as " + aside + ".";
   } else {
     detail = "Trail " + mTrailId + " with " + std::to_string(mEvents.size()) +

@@ -66,8 +66,8 @@
 #include <boost/signals2/signal.hpp>
 
 #include <chrono>
-#include <deque>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -177,8 +177,7 @@ public:
 private:
   void EnsureLoaded();
   void ThrowIfRefused(char const * action) const;
-  void Append(char const * type, std::string const & text, std::string const & detail,
-              int level);
+  void Append(char const * type, std::string const & text, std::string const & detail, int level);
   std::string Seal();
   void Verify(std::string const & stylesheetReference, std::string const & sealCount,
               std::string const & sealHead, std::string const & signer,
@@ -194,7 +193,7 @@ private:
   // A deque and a body in chunks: an event never moves the ones before it.
   std::deque<Event> mEvents;
   std::vector<std::string> mBody;  // the events' XML, appended as they come
-  std::string mHead;  // raw hash of the last event, or h0
+  std::string mHead;               // raw hash of the last event, or h0
   bool mLoaded = false;
   bool mModified = false;
   bool mSessionOpen = false;

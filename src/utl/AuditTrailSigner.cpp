@@ -39,8 +39,8 @@ struct MdFree {
 using MdPtr = std::unique_ptr<EVP_MD_CTX, MdFree>;
 
 Exception KeyFailure(std::string const & path, char const * what) {
-  return Exception(ExceptionMessage::translate("The audit-trail signing key {1} {2}.") % path
-                   % std::string(what));
+  return Exception(ExceptionMessage::translate("The audit-trail signing key {1} {2}.") % path %
+                   std::string(what));
 }
 
 std::string RawPublicKey(EVP_PKEY * key) {
@@ -52,9 +52,9 @@ std::string RawPublicKey(EVP_PKEY * key) {
 
 std::string PemOf(EVP_PKEY * key, bool isPrivate) {
   BioPtr bio(BIO_new(BIO_s_mem()));
-  int const written = isPrivate ? PEM_write_bio_PrivateKey(bio.get(), key, nullptr, nullptr, 0,
-                                                           nullptr, nullptr)
-                                : PEM_write_bio_PUBKEY(bio.get(), key);
+  int const written =
+      isPrivate ? PEM_write_bio_PrivateKey(bio.get(), key, nullptr, nullptr, 0, nullptr, nullptr)
+                : PEM_write_bio_PUBKEY(bio.get(), key);
   if (written != 1) return std::string();
   char * data = nullptr;
   long const length = BIO_get_mem_data(bio.get(), &data);
@@ -85,8 +85,7 @@ AuditTrailSigner::AuditTrailSigner(std::string keyFolder, std::vector<std::strin
 AuditTrailSigner::~AuditTrailSigner() = default;
 
 std::string AuditTrailSigner::DefaultKeyFolder() {
-  if (char const * folder = std::getenv("TALVO_AUDIT_TRAIL_KEYS"); folder && *folder)
-    return folder;
+  if (char const * folder = std::getenv("TALVO_AUDIT_TRAIL_KEYS"); folder && *folder) return folder;
   std::string base;
   if (char const * config = std::getenv("XDG_CONFIG_HOME"); config && *config == '/')
     base = config;
@@ -122,8 +121,8 @@ void AuditTrailSigner::EnsureKey() {
     std::string const text = PemOf(fresh.get(), true);
     std::string const temporary = privatePath + ".new-" + std::to_string(::getpid());
     int const fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    bool written = fd >= 0 && ::write(fd, text.data(), text.size()) ==
-                                  static_cast<ssize_t>(text.size());
+    bool written =
+        fd >= 0 && ::write(fd, text.data(), text.size()) == static_cast<ssize_t>(text.size());
     written = fd >= 0 && ::fsync(fd) == 0 && written;
     if (fd >= 0) ::close(fd);
     bool const linked = written && ::link(temporary.c_str(), privatePath.c_str()) == 0;
@@ -136,7 +135,8 @@ void AuditTrailSigner::EnsureKey() {
   struct stat info {};
   if (::stat(privatePath.c_str(), &info) != 0 || (info.st_mode & 077) != 0 ||
       info.st_uid != ::geteuid())
-    throw KeyFailure(privatePath, "may be read by other users; it must belong to you with mode 0600");
+    throw KeyFailure(privatePath,
+                     "may be read by other users; it must belong to you with mode 0600");
   PKeyPtr key = ReadPem(pem, true);
   if (!key) throw KeyFailure(privatePath, "is no Ed25519 private key");
 

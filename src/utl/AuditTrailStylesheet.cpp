@@ -20,7 +20,9 @@ char const * AuditTrail::GetStylesheet() {
           body { font-family: sans-serif; font-size: 10pt; margin: 1em; color: #222; }
           h1 { font-size: 14pt; margin: 0 0 0.5em 0; }
           table { border-collapse: collapse; }
-          table.summary th { text-align: left; padding-right: 1em; font-weight: normal; color: #555; }
+          table.summary th {
+            text-align: left; padding-right: 1em; font-weight: normal; color: #555;
+          }
           table.events { width: 100%; margin-top: 1em; }
           table.events th { text-align: left; background: #e8e8e8; border-bottom: 1px solid #aaa; }
           table.events th, table.events td { padding: 2px 6px; vertical-align: top; }
@@ -46,7 +48,9 @@ char const * AuditTrail::GetStylesheet() {
           opens a session; this page only shows the trail.</p>
         <table class="events">
           <thead>
-            <tr><th>#</th><th>Time (UTC)</th><th>User</th><th>Level</th><th>Event</th><th>Detail</th></tr>
+            <tr>
+              <th>#</th><th>Time (UTC)</th><th>User</th><th>Level</th><th>Event</th><th>Detail</th>
+            </tr>
           </thead>
           <tbody>
             <xsl:apply-templates select="Event"/>

@@ -46,9 +46,8 @@ std::string FormatShortest(T value) {
 
 bool EqualsNoCase(std::string_view text, std::string_view word) {
   return text.size() == word.size() &&
-         std::equal(text.begin(), text.end(), word.begin(), [](char a, char b) {
-           return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b;
-         });
+         std::equal(text.begin(), text.end(), word.begin(),
+                    [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b; });
 }
 
 }  // namespace
@@ -254,8 +253,7 @@ void ConfigurationSection::WriteFloatVector(char const * name, std::vector<float
   WriteKey(name, JoinList(value.begin(), value.end(), vx3::FormatFloat));
 }
 
-void ConfigurationSection::WriteFloatVector(char const * name, float const * values,
-                                            size_t count) {
+void ConfigurationSection::WriteFloatVector(char const * name, float const * values, size_t count) {
   if (values == nullptr) count = 0;
   WriteKey(name, JoinList(values, values + count, vx3::FormatFloat));
 }

@@ -48,9 +48,9 @@ public:
 private:
   [[noreturn]] void Refuse(xercesc::SAXParseException const & problem) {
     throw ParseRefused{
-        ExceptionMessage::translate("The XML of {1} cannot be read at line {2}, column {3}: {4}")
-        % mSource % static_cast<int>(problem.getLineNumber())
-        % static_cast<int>(problem.getColumnNumber()) % XmlToUtf8(problem.getMessage())};
+        ExceptionMessage::translate("The XML of {1} cannot be read at line {2}, column {3}: {4}") %
+        mSource % static_cast<int>(problem.getLineNumber()) %
+        static_cast<int>(problem.getColumnNumber()) % XmlToUtf8(problem.getMessage())};
   }
 
   std::string mSource;
@@ -67,8 +67,8 @@ public:
                    bool const, bool const) override {
     throw ParseRefused{ExceptionMessage::translate(
                            "The XML of {1} declares a document type at line {2}. Document types "
-                           "are refused: they can declare entities and load other documents.")
-                       % mSource % Line(getScanner()->getLocator())};
+                           "are refused: they can declare entities and load other documents.") %
+                       mSource % Line(getScanner()->getLocator())};
   }
 
   void startElement(xercesc::XMLElementDecl const & declaration, unsigned int const urlId,
@@ -77,9 +77,9 @@ public:
                     XMLSize_t const attributeCount, bool const isEmpty,
                     bool const isRoot) override {
     if (++mDepth > mMaxDepth)
-      throw ParseRefused{
-          ExceptionMessage::translate("The XML of {1} nests elements deeper than {2} levels (line {3}).")
-          % mSource % mMaxDepth % Line(getScanner()->getLocator())};
+      throw ParseRefused{ExceptionMessage::translate(
+                             "The XML of {1} nests elements deeper than {2} levels (line {3}).") %
+                         mSource % mMaxDepth % Line(getScanner()->getLocator())};
     // An empty element gets its endElement call too, from the base.
     XercesDOMParser::startElement(declaration, urlId, prefix, attributes, attributeCount, isEmpty,
                                   isRoot);
@@ -102,8 +102,9 @@ private:
 XmlDocumentPtr ParseHardenedXml(std::string_view bytes, std::string const & source,
                                 XmlParseLimits const & limits) {
   if (bytes.size() > limits.maxBytes)
-    throw Exception(ExceptionMessage::translate("The XML of {1} is larger than {2} MB and is not read.")
-                    % source % static_cast<int>(limits.maxBytes >> 20));
+    throw Exception(
+        ExceptionMessage::translate("The XML of {1} is larger than {2} MB and is not read.") %
+        source % static_cast<int>(limits.maxBytes >> 20));
   EnsureXercesInitialized();
 
   xercesc::SecurityManager security;
@@ -129,13 +130,14 @@ XmlDocumentPtr ParseHardenedXml(std::string_view bytes, std::string const & sour
   } catch (ParseRefused const & refused) {
     throw Exception(refused.message);
   } catch (xercesc::OutOfMemoryException const &) {
-    throw Exception(ExceptionMessage::translate("The XML of {1} is too large to be read.") % source);
+    throw Exception(ExceptionMessage::translate("The XML of {1} is too large to be read.") %
+                    source);
   } catch (xercesc::XMLException const & problem) {
-    throw Exception(ExceptionMessage::translate("The XML of {1} cannot be read: {2}") % source
-                    % XmlToUtf8(problem.getMessage()));
+    throw Exception(ExceptionMessage::translate("The XML of {1} cannot be read: {2}") % source %
+                    XmlToUtf8(problem.getMessage()));
   } catch (xercesc::DOMException const & problem) {
-    throw Exception(ExceptionMessage::translate("The XML of {1} cannot be read: {2}") % source
-                    % XmlToUtf8(problem.getMessage()));
+    throw Exception(ExceptionMessage::translate("The XML of {1} cannot be read: {2}") % source %
+                    XmlToUtf8(problem.getMessage()));
   }
   XmlDocumentPtr document(parser.adoptDocument());
   if (!document || document->getDocumentElement() == nullptr)
@@ -145,8 +147,8 @@ XmlDocumentPtr ParseHardenedXml(std::string_view bytes, std::string const & sour
 
 bool ReadWholeFile(std::string const & path, size_t maxBytes, std::string & bytes) {
   auto const failure = [&](int error) {
-    return Exception(ExceptionMessage::translate("The file {1} cannot be read: {2}.") % path
-                     % std::string(std::strerror(error)));
+    return Exception(ExceptionMessage::translate("The file {1} cannot be read: {2}.") % path %
+                     std::string(std::strerror(error)));
   };
   // O_NONBLOCK: a FIFO at that path must not hang the caller.
   int const fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -161,11 +163,12 @@ bool ReadWholeFile(std::string const & path, size_t maxBytes, std::string & byte
   struct stat info {};
   if (::fstat(fd, &info) != 0) throw failure(errno);
   if (!S_ISREG(info.st_mode))
-    throw Exception(ExceptionMessage::translate("The file {1} cannot be read: it is no regular file.")
-                    % path);
+    throw Exception(
+        ExceptionMessage::translate("The file {1} cannot be read: it is no regular file.") % path);
   auto const tooLarge = [&] {
-    return Exception(ExceptionMessage::translate("The file {1} is larger than {2} MB and is not read.")
-                     % path % static_cast<int>(maxBytes >> 20));
+    return Exception(
+        ExceptionMessage::translate("The file {1} is larger than {2} MB and is not read.") % path %
+        static_cast<int>(maxBytes >> 20));
   };
   if (static_cast<unsigned long long>(info.st_size) > maxBytes) throw tooLarge();
   std::string content(static_cast<size_t>(info.st_size), '\0');

@@ -29,8 +29,8 @@ bool Storable(char const * text, std::u16string & converted) {
 std::u16string StorableName(char const * name) {
   std::u16string converted;
   if (!Storable(name, converted))
-    throw Exception(ExceptionMessage::translate("The name {1} cannot be stored in an XML file.")
-                    % vx3::SanitizeUtf8(name == nullptr ? "" : name));
+    throw Exception(ExceptionMessage::translate("The name {1} cannot be stored in an XML file.") %
+                    vx3::SanitizeUtf8(name == nullptr ? "" : name));
   return converted;
 }
 
@@ -40,8 +40,8 @@ XercesXMLSection::XercesXMLSection()
     : mDocument(std::make_shared<XmlSettingsDocument>()), mElement(Opaque(mDocument->Root())) {}
 
 XercesXMLSection::XercesXMLSection(char const * path, bool createIfMissing)
-    : mDocument(std::make_shared<XmlSettingsDocument>(path == nullptr ? "" : path,
-                                                      createIfMissing)),
+    : mDocument(
+          std::make_shared<XmlSettingsDocument>(path == nullptr ? "" : path, createIfMissing)),
       mElement(Opaque(mDocument->Root())) {}
 
 XercesXMLSection::XercesXMLSection(std::shared_ptr<XmlSettingsDocument> document,
@@ -164,16 +164,16 @@ bool CopyInto(XmlSettingsDocument & document, Element * source, ConfigurationSec
   bool complete = true;
   for (Element * key : document.ChildKeys(source)) {
     std::string const name = vx3::XmlToUtf8(XmlSettingsDocument::NameOf(key));
-    complete = target.WriteKey(name.c_str(), vx3::XmlToUtf8(XmlSettingsDocument::KeyValue(key)))
-               && complete;
+    complete = target.WriteKey(name.c_str(), vx3::XmlToUtf8(XmlSettingsDocument::KeyValue(key))) &&
+               complete;
   }
   for (Element * section : document.ChildSections(source)) {
     int index = 1;
     if (!XmlSettingsDocument::IndexOf(section, index)) continue;
     std::string const name = vx3::XmlToUtf8(XmlSettingsDocument::NameOf(section));
-    std::unique_ptr<ConfigurationSection> child(
-        XmlSettingsDocument::IsIndexed(section) ? target.CreateSubSection(name.c_str(), index)
-                                                : target.CreateSubSection(name.c_str()));
+    std::unique_ptr<ConfigurationSection> child(XmlSettingsDocument::IsIndexed(section)
+                                                    ? target.CreateSubSection(name.c_str(), index)
+                                                    : target.CreateSubSection(name.c_str()));
     complete = child && CopyInto(document, section, *child) && complete;
   }
   return complete;

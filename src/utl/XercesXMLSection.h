@@ -116,8 +116,7 @@ public:
   std::string GetFileName() const;
 
 private:
-  XercesXMLSection(std::shared_ptr<vx3::XmlSettingsDocument> document,
-                   XmlSectionElement * element);
+  XercesXMLSection(std::shared_ptr<vx3::XmlSettingsDocument> document, XmlSectionElement * element);
 
   std::shared_ptr<vx3::XmlSettingsDocument> mDocument;
   XmlSectionElement * mElement;

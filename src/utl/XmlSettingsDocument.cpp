@@ -72,8 +72,8 @@ XmlSettingsDocument::XmlSettingsDocument(std::string path, bool missingIsEmpty)
   std::string const root = XmlToUtf8(document->getDocumentElement()->getTagName());
   if (root != RootName())
     throw Exception(ExceptionMessage::translate(
-                        "The file {1} is no settings file: its root element is <{2}>, not <{3}>.")
-                    % mPath % root % std::string(RootName()));
+                        "The file {1} is no settings file: its root element is <{2}>, not <{3}>.") %
+                    mPath % root % std::string(RootName()));
   Adopt(std::move(document));
 }
 
@@ -83,8 +83,8 @@ std::shared_ptr<XmlSettingsDocument> XmlSettingsDocument::FromString(std::string
   std::string const root = XmlToUtf8(document->getDocumentElement()->getTagName());
   if (root != RootName())
     throw Exception(ExceptionMessage::translate(
-                        "The file {1} is no settings file: its root element is <{2}>, not <{3}>.")
-                    % source % root % std::string(RootName()));
+                        "The file {1} is no settings file: its root element is <{2}>, not <{3}>.") %
+                    source % root % std::string(RootName()));
   auto result = std::make_shared<XmlSettingsDocument>();
   result->Adopt(std::move(document));
   return result;
@@ -145,8 +145,7 @@ XmlSettingsDocument::ChildIndex & XmlSettingsDocument::BuildIndex(Element * sect
       if (!index.keys.emplace(NameOf(child), child).second) index.hasDuplicates = true;
     } else if (IsSection(child)) {
       int number = 0;
-      if (IndexOf(child, number) &&
-          !index.sections[NameOf(child)].emplace(number, child).second)
+      if (IndexOf(child, number) && !index.sections[NameOf(child)].emplace(number, child).second)
         index.hasDuplicates = true;
     }
   }
@@ -203,13 +202,11 @@ Element * XmlSettingsDocument::ProvideSection(Element * section, std::u16string_
   return child;
 }
 
-std::vector<Element *> XmlSettingsDocument::Sections(Element * section,
-                                                     std::u16string_view name) {
+std::vector<Element *> XmlSettingsDocument::Sections(Element * section, std::u16string_view name) {
   std::vector<std::pair<int, Element *>> numbered;
   if (ChildIndex * index = IndexFor(section)) {
     auto const named = index->sections.find(name);
-    if (named != index->sections.end())
-      numbered.assign(named->second.begin(), named->second.end());
+    if (named != index->sections.end()) numbered.assign(named->second.begin(), named->second.end());
   } else {
     for (Element * child = FirstChildElement(section); child != nullptr;
          child = NextSiblingElement(child)) {

@@ -127,9 +127,7 @@ void WriteNode(DOMNode const & node, int depth, std::string & out) {
       WriteElement(static_cast<xercesc::DOMElement const &>(node), depth, out);
       break;
     case DOMNode::TEXT_NODE:
-    case DOMNode::CDATA_SECTION_NODE:
-      AppendEscapedXmlText(View(node.getNodeValue()), out);
-      break;
+    case DOMNode::CDATA_SECTION_NODE: AppendEscapedXmlText(View(node.getNodeValue()), out); break;
     case DOMNode::COMMENT_NODE:
       out += "<!--";
       AppendXmlAsUtf8(View(node.getNodeValue()), out);

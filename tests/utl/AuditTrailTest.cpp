@@ -193,11 +193,14 @@ TEST(AuditTrail, CatchesEveryChangeMadeOutsideTheLibrary) {
        "seal is not valid"},
       {"signature",
        [](std::string const & t) {
-         return std::regex_replace(t, std::regex("signature=\"[0-9a-f]{8}"), "signature=\"deadbeef");
+         std::regex const start("signature=\"[0-9a-f]{8}");
+         return std::regex_replace(t, start, "signature=\"deadbeef");
        },
        "seal is not valid"},
       {"stylesheet",
-       [](std::string const & t) { return Replace(t, "href=\"audit_trail.xsl\"", "href=\"evil.xsl\""); },
+       [](std::string const & t) {
+         return Replace(t, "href=\"audit_trail.xsl\"", "href=\"evil.xsl\"");
+       },
        "stylesheet reference"},
   };
   for (Tamper const & c : cases) {
@@ -238,7 +241,8 @@ TEST(AuditTrail, RefusesFilesThatAreNoTrailAndLeavesThemAlone) {
        "<!DOCTYPE AuditTrail [<!ENTITY a 'x'><!ENTITY b '&a;&a;&a;'>]><AuditTrail>&b;</AuditTrail>",
        "document type"},
       {"deep", deep, "deeper than 8"},
-      {"foreign-element", Replace(good, "  <Seal", "  <Note>hi</Note>\n  <Seal"), "unknown element"},
+      {"foreign-element", Replace(good, "  <Seal", "  <Note>hi</Note>\n  <Seal"),
+       "unknown element"},
       {"bad-id", std::regex_replace(good, std::regex("id=\"[0-9a-f]+\""), "id=\"../../x\""),
        "id is missing or invalid"},
   };
@@ -357,7 +361,8 @@ TEST(AuditTrail, SignalsAnnounceTheLifeOfATrail) {
       {"event", &AuditTrail::msAuditTrailEventAdded},
       {"begin", &AuditTrail::msAuditTrailBeginSession}};
   for (auto const & [name, signal] : signals)
-    connections.emplace_back(signal->connect([&fired, name = name](AuditTrail *) { ++fired[name]; }));
+    connections.emplace_back(
+        signal->connect([&fired, name = name](AuditTrail *) { ++fired[name]; }));
   {
     auto trail = std::make_unique<Trail>(Temp("signals.xml"));
     AuditTrail::SetActiveAuditTrail(&trail->trail);

@@ -72,8 +72,8 @@ TEST(FlushKill, KilledFlushLeavesOldOrNewNeverBroken) {
       ASSERT_EQ(::read(pipeEnds[0], &byte, 1), 1) << "the child stopped flushing";
     }
     // Kill somewhere inside the next flush: spin, don't sleep, a random while.
-    auto const until = std::chrono::steady_clock::now() +
-                       std::chrono::microseconds(std::uniform_int_distribution<int>(0, 3000)(random));
+    int const spin = std::uniform_int_distribution<int>(0, 3000)(random);
+    auto const until = std::chrono::steady_clock::now() + std::chrono::microseconds(spin);
     while (std::chrono::steady_clock::now() < until) {
     }
     ASSERT_EQ(::kill(child, SIGKILL), 0);

@@ -68,8 +68,8 @@ TEST(XercesXMLSection, WritesTheDocumentedGrammar) {
 
 TEST(XercesXMLSection, ValuesAndNamesComeBackExactlyFromTheFile) {
   std::string const path = Temp("roundtrip.kvxml");
-  std::string const values[] = {"a\r\nb\rc\n", "  spaced  ", "", "<b>&amp;</b>]]>", "日本 ü 😀",
-                                "tab\there", "\"quoted\" 'single'"};
+  std::string const values[] = {"a\r\nb\rc\n",      "  spaced  ", "", "<b>&amp;</b>]]>",
+                                "日本 ü 😀", "tab\there",  "\"quoted\" 'single'"};
   {
     XercesXMLSection root(path.c_str(), true);
     Section section(root.CreateSubSection("Odd <name> & \"more\""));
