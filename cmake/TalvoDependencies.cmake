@@ -4,8 +4,10 @@ find_package(Threads REQUIRED)
 
 find_package(Boost 1.74 REQUIRED COMPONENTS locale filesystem system thread date_time)
 find_package(XercesC 3.2 REQUIRED)
+find_package(OpenSSL 3.0 REQUIRED COMPONENTS Crypto)
 pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-uc icu-i18n)
 pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
+pkg_check_modules(LIBXSLT REQUIRED IMPORTED_TARGET libxslt)
 
 # wxBase only for the utility layer; the GUI library takes core, adv, html.
 find_package(wxWidgets 3.2 REQUIRED COMPONENTS base)

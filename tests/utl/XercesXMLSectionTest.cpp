@@ -1,0 +1,378 @@
+// The XML settings file: its grammar, shared documents, exact round trips,
+// the index of large sections, and files that must be refused untouched.
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+#include "InMemorySection.h"
+#include "utl/Exception.h"
+#include "utl/Paths.h"
+#include "utl/XercesXMLSection.h"
+
+namespace {
+
+using Section = std::unique_ptr<ConfigurationSection>;
+
+std::string Temp(std::string const & name) { return VxPathAppend(std::getenv("TMPDIR"), name); }
+
+std::string Slurp(std::string const & path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+void Spit(std::string const & path, std::string const & bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::string Read(ConfigurationSection const & section, char const * key) {
+  std::string value = "<absent>";
+  section.ReadKey(key, value);
+  return value;
+}
+
+TEST(XercesXMLSection, WritesTheDocumentedGrammar) {
+  XercesXMLSection root;
+  root.WriteKey("AppName", "Sample");
+  Section favourites(root.CreateSubSection("Favourites"));
+  favourites->WriteKey("Version", "1.0");
+  for (int index : {1, 2}) {
+    Section item(favourites->CreateSubSection("FavouriteItem", index));
+    item->WriteKey("Name", index == 1 ? "<b>R&D</b> \"x\"" : "two\r\nlines");
+    item->WriteInt("_IndentLevel", index - 1);
+  }
+  favourites->WriteKey("Empty", "");
+  EXPECT_EQ(root.ToXmlString(),
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+            "<Settings format=\"1\">\n"
+            "  <Key name=\"AppName\">Sample</Key>\n"
+            "  <Section name=\"Favourites\">\n"
+            "    <Key name=\"Version\">1.0</Key>\n"
+            "    <Section name=\"FavouriteItem\" index=\"1\">\n"
+            "      <Key name=\"Name\">&lt;b&gt;R&amp;D&lt;/b&gt; \"x\"</Key>\n"
+            "      <Key name=\"_IndentLevel\">0</Key>\n"
+            "    </Section>\n"
+            "    <Section name=\"FavouriteItem\" index=\"2\">\n"
+            "      <Key name=\"Name\">two&#13;\nlines</Key>\n"
+            "      <Key name=\"_IndentLevel\">1</Key>\n"
+            "    </Section>\n"
+            "    <Key name=\"Empty\"/>\n"
+            "  </Section>\n"
+            "</Settings>\n");
+}
+
+TEST(XercesXMLSection, ValuesAndNamesComeBackExactlyFromTheFile) {
+  std::string const path = Temp("roundtrip.kvxml");
+  std::string const values[] = {"a\r\nb\rc\n",      "  spaced  ", "", "<b>&amp;</b>]]>",
+                                "日本 ü 😀", "tab\there",  "\"quoted\" 'single'"};
+  {
+    XercesXMLSection root(path.c_str(), true);
+    Section section(root.CreateSubSection("Odd <name> & \"more\""));
+    for (size_t i = 0; i < std::size(values); ++i)
+      EXPECT_TRUE(section->WriteKey(("key " + std::to_string(i) + " \t\n").c_str(), values[i]));
+    EXPECT_TRUE(root.Flush());
+  }
+  XercesXMLSection reloaded(path.c_str(), false);
+  ASSERT_TRUE(reloaded.ChangeSubSection("Odd <name> & \"more\""));
+  for (size_t i = 0; i < std::size(values); ++i)
+    EXPECT_EQ(Read(reloaded, ("key " + std::to_string(i) + " \t\n").c_str()), values[i]) << i;
+  std::wstring wide;
+  EXPECT_TRUE(reloaded.ReadKey("key 4 \t\n", wide));
+  EXPECT_EQ(wide, L"日本 ü 😀");
+}
+
+TEST(XercesXMLSection, RefusesTextThatXmlCannotHold) {
+  XercesXMLSection root;
+  root.WriteKey("kept", "old");
+  EXPECT_FALSE(root.WriteKey("kept", std::string("bell\a")));
+  EXPECT_FALSE(root.WriteKey("nul\x01name", "x"));
+  EXPECT_EQ(Read(root, "kept"), "old");
+  EXPECT_FALSE(root.HasKey("nul\x01name"));
+  EXPECT_THROW(Section(root.CreateSubSection("bad\x02")), Exception);
+  // Invalid UTF-8 is skipped, as in every conversion of the family.
+  EXPECT_TRUE(root.WriteKey("utf", "a\xff" "b"));
+  EXPECT_EQ(Read(root, "utf"), "ab");
+}
+
+// What the application object does: it opens the file, replaces the root
+// object by a sub-section, and flushes that one at exit.
+TEST(XercesXMLSection, ObjectsMadeFromOneAnotherShareOneDocument) {
+  std::string const path = Temp("shared.kvxml");
+  Section settings;
+  {
+    auto root = std::make_unique<XercesXMLSection>(path.c_str(), true);
+    EXPECT_FALSE(root->ChangeSubSection("AppSettings"));
+    settings.reset(root->CreateSubSection("AppSettings"));
+    Section copy(root->Copy());
+    copy->WriteKey("TopLevel", "seen");
+    EXPECT_EQ(Read(*root, "TopLevel"), "seen");
+  }
+  settings->WriteKey("AppName", "Sample");
+  Section alias(settings->Copy());
+  alias->WriteInt("Count", 3);
+  EXPECT_EQ(Read(*settings, "Count"), "3");
+  EXPECT_EQ(VxFileExist(path), VxNothing) << "nothing is written before Flush";
+  ASSERT_TRUE(settings->Flush());
+
+  XercesXMLSection reloaded(path.c_str(), true);
+  EXPECT_EQ(Read(reloaded, "TopLevel"), "seen");
+  ASSERT_TRUE(reloaded.ChangeSubSection("AppSettings"));
+  EXPECT_EQ(Read(reloaded, "AppName"), "Sample");
+  EXPECT_EQ(Read(reloaded, "Count"), "3");
+}
+
+TEST(XercesXMLSection, MissingFileIsAnEmptyTreeOnlyWhenAsked) {
+  std::string const path = Temp("missing/settings.kvxml");
+  XercesXMLSection empty(path.c_str(), true);
+  EXPECT_TRUE(empty.IsEmpty());
+  EXPECT_EQ(empty.GetFileName(), path);
+  empty.WriteKey("k", "v");
+  EXPECT_FALSE(empty.Flush()) << "the folder does not exist";
+  EXPECT_THROW(XercesXMLSection(Temp("absent.kvxml").c_str(), false), Exception);
+  XercesXMLSection noFile;
+  noFile.WriteKey("k", "v");
+  EXPECT_FALSE(noFile.Flush());
+}
+
+TEST(XercesXMLSection, UnindexedSectionIsIndexOneAndListsFollowTheIndex) {
+  std::unique_ptr<XercesXMLSection> root(XercesXMLSection::CreateXMLSectionFromString(
+      "<Settings>"
+      "<Section name='Item' index='3'><Key name='n'>three</Key></Section>"
+      "<Section name='Item'><Key name='n'>one</Key></Section>"
+      "<Section name='Item' index='x'><Key name='n'>bad index</Key></Section>"
+      "<Section name='Item' index='2'><Key name='n'>two</Key></Section>"
+      "<Section name='Item' index='2'><Key name='n'>duplicate</Key></Section>"
+      "<Section name='Other'/>"
+      "</Settings>"));
+  EXPECT_TRUE(root->HasSection("Item", 1));
+  EXPECT_TRUE(root->HasSection("Other", 1));
+  EXPECT_FALSE(root->HasSection("Item", 4));
+  EXPECT_EQ(root->NumSubSections("Item"), 3);
+  std::unique_ptr<std::vector<boost::shared_ptr<ConfigurationSection>>> all(
+      root->GetAllSubSections("Item"));
+  std::vector<std::string> names;
+  for (auto const & item : *all) names.push_back(Read(*item, "n"));
+  EXPECT_EQ(names, (std::vector<std::string>{"one", "two", "three"}));
+
+  Section item(root->CopyAndChangeSubSection("Item"));
+  ASSERT_TRUE(item);
+  EXPECT_EQ(Read(*item, "n"), "one");
+  EXPECT_FALSE(item->ChangeSubSection("Nothing"));
+  EXPECT_EQ(Read(*item, "n"), "one") << "a failed change stays where it was";
+  item->ChangeSection("Sibling");
+  EXPECT_TRUE(root->HasSection("Sibling", 1)) << "ChangeSection creates the sibling";
+  Section same(root->CreateSubSection("Item", 1));
+  EXPECT_EQ(Read(*same, "n"), "one") << "CreateSubSection finds the existing section";
+  EXPECT_EQ(root->NumSubSections("Item"), 3);
+}
+
+// Sections with more children than a scan covers are indexed; every change
+// must keep the index and the document in step.
+TEST(XercesXMLSection, LargeSectionsStayConsistentThroughChanges) {
+  XercesXMLSection root;
+  for (int i = 1; i <= 60; ++i) {
+    root.WriteInt(("k" + std::to_string(i)).c_str(), i);
+    Section(root.CreateSubSection("Row", i))->WriteInt("i", i);
+  }
+  EXPECT_EQ(root.NumSubSections("Row"), 60);
+  for (int i = 1; i <= 60; i += 3) {
+    EXPECT_TRUE(root.DeleteKey(("k" + std::to_string(i)).c_str()));
+    Section row(root.CopyAndChangeSubSection("Row", i));
+    ASSERT_TRUE(row);
+    EXPECT_TRUE(row->DeleteSection());
+  }
+  EXPECT_FALSE(root.DeleteKey("k1"));
+  EXPECT_EQ(root.NumSubSections("Row"), 40);
+  root.WriteKey("k1", "back");
+  Section(root.CreateSubSection("Row", 1))->WriteKey("i", "back");
+
+  std::unique_ptr<XercesXMLSection> reloaded(
+      XercesXMLSection::CreateXMLSectionFromString(root.ToXmlString().c_str()));
+  for (XercesXMLSection const * tree : {&root, reloaded.get()}) {
+    for (int i = 1; i <= 60; ++i) {
+      SCOPED_TRACE(i);
+      bool const deleted = (i - 1) % 3 == 0 && i != 1;
+      std::string const expected = i == 1 ? "back" : deleted ? "<absent>" : std::to_string(i);
+      EXPECT_EQ(Read(*tree, ("k" + std::to_string(i)).c_str()), expected);
+      Section row(tree->CopyAndChangeSubSection("Row", i));
+      EXPECT_EQ(row ? Read(*row, "i") : "<absent>", expected);
+    }
+  }
+}
+
+TEST(XercesXMLSection, DuplicateKeysShowTheFirstAndDeleteTogether) {
+  std::string xml = "<Settings>";
+  for (int i = 0; i < 20; ++i) xml += "<Key name='filler" + std::to_string(i) + "'/>";
+  xml += "<Key name='k'>first</Key><Key name='k'>second</Key></Settings>";
+  std::unique_ptr<XercesXMLSection> root(XercesXMLSection::CreateXMLSectionFromString(xml.c_str()));
+  EXPECT_EQ(Read(*root, "k"), "first");
+  EXPECT_TRUE(root->DeleteKey("k"));
+  EXPECT_FALSE(root->HasKey("k"));
+  EXPECT_EQ(root->ToXmlString().find("second"), std::string::npos);
+}
+
+TEST(XercesXMLSection, DeleteSectionMovesToTheParentAndDetachesOthers) {
+  XercesXMLSection root;
+  Section outer(root.CreateSubSection("Outer"));
+  Section inner(outer->CreateSubSection("Inner"));
+  inner->WriteKey("k", "v");
+  Section doomed(outer->Copy());
+  EXPECT_TRUE(doomed->DeleteSection());
+  EXPECT_FALSE(root.HasSection("Outer", 1));
+  EXPECT_TRUE(doomed->IsEmpty()) << "it now stands on the root, which is empty";
+  EXPECT_TRUE(inner->WriteKey("after", "ignored")) << "a detached section still works";
+  EXPECT_EQ(root.ToXmlString().find("ignored"), std::string::npos);
+  EXPECT_FALSE(root.DeleteSection());
+}
+
+TEST(XercesXMLSection, WriteToSectionCopiesTheWholeSubtree) {
+  std::unique_ptr<XercesXMLSection> source(XercesXMLSection::CreateXMLSectionFromString(
+      "<Settings><Section name='S'><Key name='a'>1</Key>"
+      "<Section name='Row' index='7'><Key name='b'>2</Key></Section>"
+      "<Section name='Plain'><Key name='c'>3</Key></Section></Section></Settings>"));
+  ASSERT_TRUE(source->ChangeSubSection("S"));
+  XercesXMLSection xmlTarget;
+  InMemorySection memoryTarget;
+  for (ConfigurationSection * target : {static_cast<ConfigurationSection *>(&xmlTarget),
+                                        static_cast<ConfigurationSection *>(&memoryTarget)}) {
+    ASSERT_TRUE(source->WriteToSection(target));
+    EXPECT_EQ(Read(*target, "a"), "1");
+    Section row(target->CopyAndChangeSubSection("Row", 7));
+    ASSERT_TRUE(row);
+    EXPECT_EQ(Read(*row, "b"), "2");
+    Section plain(target->CopyAndChangeSubSection("Plain"));
+    ASSERT_TRUE(plain);
+    EXPECT_EQ(Read(*plain, "c"), "3");
+  }
+  EXPECT_NE(xmlTarget.ToXmlString().find("<Section name=\"Plain\">"), std::string::npos)
+      << "an unindexed section stays unindexed";
+  Section below(source->CreateSubSection("Below"));
+  EXPECT_FALSE(source->WriteToSection(below.get())) << "a copy into itself would never end";
+}
+
+TEST(XercesXMLSection, KeepsCommentsAndUnknownElements) {
+  std::string const path = Temp("foreign.kvxml");
+  Spit(path,
+       "<?xml version='1.0'?>\n<?xml-stylesheet href='s.xsl'?>\n<!-- made by hand -->\n"
+       "<Settings format='9'><Extra a='1'>text</Extra><Key name='k'>v</Key></Settings>");
+  XercesXMLSection root(path.c_str(), true);
+  root.WriteKey("new", "n");
+  ASSERT_TRUE(root.Flush());
+  std::string const written = Slurp(path);
+  for (char const * part : {"<?xml-stylesheet href='s.xsl'?>", "<!-- made by hand -->",
+                            "<Extra a=\"1\">text</Extra>", "<Key name=\"new\">n</Key>"})
+    EXPECT_NE(written.find(part), std::string::npos) << part << "\n" << written;
+}
+
+TEST(XercesXMLSection, FlushReplacesTheFileAndKeepsLinksAndPermissions) {
+  std::string const real = Temp("real.kvxml");
+  std::string const link = Temp("link.kvxml");
+  Spit(real, "<Settings/>");
+  ASSERT_EQ(::chmod(real.c_str(), 0640), 0);
+  ASSERT_EQ(::symlink("real.kvxml", link.c_str()), 0);
+  XercesXMLSection root(link.c_str(), true);
+  root.WriteKey("k", "v");
+  ASSERT_TRUE(root.Flush());
+  struct stat info {};
+  ASSERT_EQ(::lstat(link.c_str(), &info), 0);
+  EXPECT_TRUE(S_ISLNK(info.st_mode));
+  ASSERT_EQ(::stat(real.c_str(), &info), 0);
+  EXPECT_EQ(info.st_mode & 0777, 0640u);
+  EXPECT_NE(Slurp(real).find("<Key name=\"k\">v</Key>"), std::string::npos);
+
+  // A folder where the file should be: the rename fails, nothing changes.
+  std::string const blocked = Temp("blocked.kvxml");
+  XercesXMLSection other(blocked.c_str(), true);
+  ASSERT_TRUE(VxCreateFolder(blocked + "/inside"));
+  EXPECT_FALSE(other.Flush());
+  EXPECT_EQ(VxFileExist(blocked + "/inside"), VxFolder);
+}
+
+struct BadFile {
+  char const * name;
+  std::string content;
+  char const * expected;  // part of the message
+};
+
+std::string Nested(int depth) {
+  std::string xml = "<Settings>";
+  for (int i = 0; i < depth; ++i) xml += "<Section name='n'>";
+  for (int i = 0; i < depth; ++i) xml += "</Section>";
+  return xml + "</Settings>";
+}
+
+TEST(XercesXMLSection, RefusesBadFilesWithAClearMessageAndLeavesThemAlone) {
+  std::string const laughs =
+      "<?xml version='1.0'?>\n<!DOCTYPE Settings [\n <!ENTITY a 'lol'>\n"
+      " <!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>\n <!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;'>\n"
+      "]>\n<Settings><Key name='k'>&c;</Key></Settings>";
+  std::string manyEmptyThenDeep = "<Settings>";
+  for (int i = 0; i < 300; ++i) manyEmptyThenDeep += "<Key name='e'/>";
+  manyEmptyThenDeep += Nested(130).substr(10);
+  BadFile const cases[] = {
+      {"truncated", "<?xml version='1.0'?>\n<Settings>\n  <Key name='a'>1</Key>\n  <Sec", "line"},
+      {"not-xml", "AppName=Sample\n", "line 1"},
+      {"binary", std::string("\x89PNG\r\n\x1a\n\0\0", 10), "cannot be read"},
+      {"wrong-root", "<Favourites><Key name='a'/></Favourites>", "<Favourites>"},
+      {"billion-laughs", laughs, "document type at line 2"},
+      {"external-entity",
+       "<!DOCTYPE Settings [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><Settings>&x;</Settings>",
+       "document type"},
+      {"external-dtd", "<!DOCTYPE Settings SYSTEM 'http://example.invalid/s.dtd'><Settings/>",
+       "document type"},
+      {"deep", Nested(200), "deeper than 128"},
+      {"deep-after-empty", manyEmptyThenDeep, "deeper than 128"},
+      {"empty", "", "cannot be read"},
+      {"two-roots", "<Settings/><Settings/>", "line 1"},
+  };
+  for (BadFile const & c : cases) {
+    SCOPED_TRACE(c.name);
+    std::string const path = Temp(std::string(c.name) + ".kvxml");
+    Spit(path, c.content);
+    try {
+      XercesXMLSection section(path.c_str(), true);
+      ADD_FAILURE() << "accepted";
+    } catch (Exception const & refused) {
+      std::string const why = refused.Why();
+      EXPECT_NE(why.find(path), std::string::npos) << why;
+      EXPECT_NE(why.find(c.expected), std::string::npos) << why;
+    }
+    EXPECT_EQ(Slurp(path), c.content);
+    EXPECT_THROW(delete XercesXMLSection::CreateXMLSectionFromString(c.content.c_str()),
+                 Exception);
+  }
+  // Exactly at the depth limit is fine (the root is the first level).
+  std::unique_ptr<XercesXMLSection> deepest(
+      XercesXMLSection::CreateXMLSectionFromString(Nested(127).c_str()));
+  EXPECT_TRUE(deepest->HasSection("n", 1));
+}
+
+TEST(XercesXMLSection, RefusesWhatIsNoSmallRegularFile) {
+  std::string const huge = Temp("huge.kvxml");
+  Spit(huge, "<Settings/>");
+  ASSERT_EQ(::truncate(huge.c_str(), (off_t(64) << 20) + 1), 0);  // sparse: costs no disk
+  std::string const fifo = Temp("fifo.kvxml");
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  struct Case {
+    std::string path;
+    char const * expected;
+  };
+  Case const cases[] = {{huge, "larger than 64 MB"},
+                        {fifo, "no regular file"},
+                        {std::getenv("TMPDIR"), "no regular file"}};
+  for (Case const & c : cases) {
+    try {
+      XercesXMLSection section(c.path.c_str(), true);
+      ADD_FAILURE() << c.path << " accepted";
+    } catch (Exception const & refused) {
+      EXPECT_NE(refused.Why().find(c.expected), std::string::npos) << refused.Why();
+    }
+  }
+}
+
+}  // namespace
