@@ -4,6 +4,7 @@ find_package(Threads REQUIRED)
 
 find_package(Boost 1.74 REQUIRED COMPONENTS locale filesystem system thread date_time)
 find_package(XercesC 3.2 REQUIRED)
+find_package(SQLite3 3.35 REQUIRED)
 pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-uc icu-i18n)
 pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
 
