@@ -58,6 +58,12 @@ void SyncPath(std::string const & path) {
   ::close(fd);
 }
 
+// SQLite's check reports over several lines; a notice keeps to one.
+std::string FirstLine(std::string const & text) {
+  std::string line = text.substr(0, text.find('\n'));
+  return line.empty() ? "the check failed" : line;
+}
+
 std::string Timestamp() {
   std::time_t const now = std::time(nullptr);
   std::tm parts{};
@@ -177,7 +183,8 @@ Hive::Opening Hive::OpenFile(std::string & problem) {
     int rc = check.Prepare(mDb, "PRAGMA quick_check(1)");
     if (rc == SQLITE_OK) rc = check.Step();
     if (rc != SQLITE_ROW) return fail(rc, "");
-    if (check.Text(0) != "ok") return fail(rc, check.Text(0));
+    std::string const verdict = check.Text(0);
+    if (verdict != "ok") return fail(rc, FirstLine(verdict));
   }
   if (!PrepareStatements()) return fail(SQLITE_ERROR, sqlite3_errmsg(mDb));
   mWritable = writable;
