@@ -43,5 +43,9 @@ HKEY AddHandle(OpenKey const & key);
 // not in the table.
 bool FindHandle(HKEY handle, OpenKey & key);
 bool RemoveHandle(HKEY handle);
+// The key any handle stands on, predefined keys included (for
+// HKEY_CLASSES_ROOT, the classes key): for code of the store that works on
+// the hive directly. ERROR_INVALID_HANDLE, or the code of finding the key.
+LONG FindKey(HKEY handle, OpenKey & key);
 
 }  // namespace registry

@@ -121,6 +121,8 @@ LONG ReturnEmptyClass(wchar_t * buffer, DWORD * count) {
 
 }  // namespace
 
+LONG registry::FindKey(HKEY handle, OpenKey & key) { return ResolveKey(handle, 0, key); }
+
 LSTATUS RegOpenKeyExW(HKEY hKey, LPCWSTR lpSubKey, DWORD ulOptions, REGSAM samDesired,
                       PHKEY phkResult) {
   if (phkResult == nullptr) return ERROR_INVALID_PARAMETER;
