@@ -64,6 +64,9 @@ LONG ResolveBase(HKEY handle, Base & base) {
 LONG ResolvePath(HKEY handle, wchar_t const * subKey, Base & base, std::vector<Name> & path) {
   LONG rc = ResolveBase(handle, base);
   if (rc != ERROR_SUCCESS) return rc;
+  // As on Windows, a leading separator is allowed beneath HKEY_CLASSES_ROOT
+  // only (and is ERROR_BAD_PATHNAME beneath any other key).
+  if (handle == HKEY_CLASSES_ROOT && subKey != nullptr && *subKey == L'\\') ++subKey;
   rc = registry::ParseKeyPath(subKey, path);
   if (rc != ERROR_SUCCESS) return rc;
   path.insert(path.begin(), base.prefix.begin(), base.prefix.end());

@@ -418,6 +418,11 @@ TEST_F(WinReg, ClassesRootIsTheClassesKeyOfTheSystemHive) {
   ASSERT_EQ(RegQueryValueW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Classes\\CLSID\\{0}", text, &size),
             ERROR_SUCCESS);
   EXPECT_STREQ(text, L"server.so");
+  // Beneath HKEY_CLASSES_ROOT (only) a leading separator is allowed.
+  ASSERT_EQ(RegOpenKeyExW(HKEY_CLASSES_ROOT, L"\\CLSID", 0, KEY_READ, &key), ERROR_SUCCESS);
+  HKEY sub = nullptr;
+  EXPECT_EQ(RegOpenKeyExW(key, L"\\{0}", 0, KEY_READ, &sub), ERROR_BAD_PATHNAME);
+  RegCloseKey(key);
   EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"SOFTWARE\\Classes\\CLSID", 0, KEY_READ, &key),
             ERROR_FILE_NOT_FOUND);
 }
