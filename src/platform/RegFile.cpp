@@ -105,7 +105,7 @@ public:
     for (; mAt < mLines.size(); ++mAt) {
       std::string_view const line = Trim(mLines[mAt]);
       if (line.empty() || line.front() == ';') continue;
-      if (!ValidUtf8(line)) return Fail("Line {1}: the text is not valid UTF-8.");
+      if (!ValidText(line)) return false;
       bool ok;
       if (line.front() == '[') {
         ok = KeyLine(line);
@@ -131,7 +131,14 @@ private:
     return false;
   }
 
-  static bool ValidUtf8(std::string_view text) { return vx3::SanitizeUtf8(text) == text; }
+  // Valid UTF-8 without NUL characters, which no name or text of a line can
+  // hold.
+  bool ValidText(std::string_view text) {
+    if (vx3::SanitizeUtf8(text) != text) return Fail("Line {1}: the text is not valid UTF-8.");
+    if (text.find('\0') != std::string_view::npos)
+      return Fail("Line {1}: the line holds a NUL character.");
+    return true;
+  }
 
   bool Header() {
     while (mAt < mLines.size() && Trim(mLines[mAt]).empty()) ++mAt;
@@ -288,7 +295,7 @@ private:
         return Fail("Line {1}: the hex data goes on past the end of the file.");
       }
       text = mLines[mAt];
-      if (!ValidUtf8(text)) return Fail("Line {1}: the text is not valid UTF-8.");
+      if (!ValidText(text)) return false;
     }
     bool const isText =
         entry.type == REG_SZ || entry.type == REG_EXPAND_SZ || entry.type == REG_MULTI_SZ;

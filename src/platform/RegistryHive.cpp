@@ -207,7 +207,7 @@ bool Hive::CreateFileLocked() {
   sqlite3 * db = nullptr;
   bool made = sqlite3_open_v2(temporary.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
                               nullptr) == SQLITE_OK &&
-              sqlite3_exec(db, kSchema, nullptr, nullptr, nullptr) == SQLITE_OK;
+              ExecuteScript(db, kSchema) == SQLITE_OK;
   made = sqlite3_close(db) == SQLITE_OK && made;
   // A user's hive is private; the system hive is for every user to read.
   made = made && ::chmod(temporary.c_str(), mPrivate ? 0600 : 0644) == 0;
@@ -318,7 +318,7 @@ bool Hive::PrepareStatements() {
   return true;
 }
 
-int Hive::Execute(char const * sql) { return sqlite3_exec(mDb, sql, nullptr, nullptr, nullptr); }
+int Hive::Execute(char const * sql) { return ExecuteScript(mDb, sql); }
 
 int Hive::BusyHandler(void * self, int count) {
   auto * hive = static_cast<Hive *>(self);

@@ -55,6 +55,23 @@ std::string Statement::Blob(int column) const {
   return data != nullptr ? std::string(static_cast<char const *>(data), size) : std::string();
 }
 
+int ExecuteScript(sqlite3 * db, char const * sql) {
+  while (sql != nullptr && *sql != '\0') {
+    sqlite3_stmt * statement = nullptr;
+    char const * rest = nullptr;
+    int rc = sqlite3_prepare_v2(db, sql, -1, &statement, &rest);
+    if (rc != SQLITE_OK) return rc;
+    if (statement != nullptr) {
+      do rc = sqlite3_step(statement);
+      while (rc == SQLITE_ROW);
+      sqlite3_finalize(statement);
+      if (rc != SQLITE_DONE) return rc;
+    }
+    sql = rest;
+  }
+  return SQLITE_OK;
+}
+
 LONG Win32CodeOf(int sqliteResult) {
   switch (sqliteResult & 0xFF) {
     case SQLITE_OK:

@@ -55,6 +55,10 @@ private:
   Statement & mStatement;
 };
 
+// Prepares and runs each statement of `sql` (constant SQL only: values are
+// always bound to a Statement); SQLITE_OK or the first error.
+int ExecuteScript(sqlite3 * db, char const * sql);
+
 // The Win32 code for an SQLite result that is neither success, row nor done.
 LONG Win32CodeOf(int sqliteResult);
 

@@ -166,6 +166,7 @@ TEST_F(RegFile, AMalformedFileIsRefusedWithItsLineAndChangesNothing) {
       {"an unknown form", header + key + "\"v\"=qword:1\n", 4},
       {"a stray line", header + key + "something\n", 4},
       {"invalid UTF-8", header + key + "\"v\"=\"\xC3\x28\"\n", 4},
+      {"a NUL in a name", header + key + std::string("\"a\0b\"=dword:1\n", 14), 4},
   };
   for (Case const & c : cases) {
     std::string message;
