@@ -42,7 +42,6 @@ bool MakeName(wchar_t const * begin, wchar_t const * end, DWORD limit, Name & ou
   if (end - begin > static_cast<std::ptrdiff_t>(limit)) return false;
   out.text.clear();
   out.folded.clear();
-  out.length = static_cast<DWORD>(end - begin);
   for (wchar_t const * c = begin; c != end; ++c) {
     if (!IsScalarValue(*c)) return false;
     AppendUtf8(out.text, static_cast<char32_t>(*c));
@@ -52,28 +51,6 @@ bool MakeName(wchar_t const * begin, wchar_t const * end, DWORD limit, Name & ou
 }
 
 }  // namespace
-
-std::string FoldName(std::string_view text) {
-  std::string folded;
-  folded.reserve(text.size());
-  for (size_t at = 0; at < text.size();) {
-    auto const lead = static_cast<unsigned char>(text[at]);
-    size_t const length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    char32_t code = lead & (0x7F >> (length == 1 ? 0 : length));
-    for (size_t i = 1; i < length && at + i < text.size(); ++i)
-      code = (code << 6) | (static_cast<unsigned char>(text[at + i]) & 0x3F);
-    AppendUtf8(folded, Upper(code));
-    at += length;
-  }
-  return folded;
-}
-
-DWORD CharacterCount(std::string_view text) {
-  DWORD count = 0;
-  for (char c : text)
-    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++count;
-  return count;
-}
 
 LONG ParseValueName(wchar_t const * name, Name & out) {
   if (name == nullptr) name = L"";

@@ -5,7 +5,6 @@
 // are compared and sub-keys sorted.
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/WinTypes.h"
@@ -15,11 +14,7 @@ namespace registry {
 struct Name {
   std::string text;
   std::string folded;
-  DWORD length = 0;  // characters: the unit of every Win32 count of names here
 };
-
-// The folded form of valid UTF-8 text.
-std::string FoldName(std::string_view text);
 
 // A value name (null is the default value, ""). ERROR_INVALID_PARAMETER when
 // it is longer than REG_MAX_VALUE_NAME_LENGTH or holds a character that is no
@@ -31,8 +26,5 @@ LONG ParseValueName(wchar_t const * name, Name & out);
 // or an empty element, ERROR_INVALID_PARAMETER for an element longer than
 // REG_MAX_KEY_NAME_LENGTH or a character that is no Unicode scalar value.
 LONG ParseKeyPath(wchar_t const * path, std::vector<Name> & elements);
-
-// The number of characters in valid UTF-8 text.
-DWORD CharacterCount(std::string_view text);
 
 }  // namespace registry

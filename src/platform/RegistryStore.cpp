@@ -1,5 +1,8 @@
 #include "platform/RegistryStore.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <memory>
 #include <mutex>
@@ -45,7 +48,14 @@ std::string UserHivePath() {
   std::string const overridden = Environment("TALVO_REGISTRY_USER_HIVE");
   if (!overridden.empty()) return overridden;
   std::string config = Environment("XDG_CONFIG_HOME");
-  if (config.empty()) config = VxPathAppend(Environment("HOME"), ".config");
+  if (config.empty()) {
+    std::string home = Environment("HOME");
+    if (home.empty()) {
+      struct passwd const * user = ::getpwuid(::getuid());
+      home = user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "/";
+    }
+    config = VxPathAppend(home, ".config");
+  }
   return VxPathAppend(config, "Karvinel/registry/user.db");
 }
 
