@@ -44,7 +44,6 @@ CREATE TABLE vals(
   type INTEGER NOT NULL,
   data BLOB NOT NULL,
   UNIQUE(key, folded));
-CREATE INDEX vals_in_order ON vals(key);
 INSERT INTO keys(id, parent, name, folded) VALUES(1, 0, '', '');
 PRAGMA application_id = 1414677831;
 PRAGMA user_version = 1;
@@ -289,7 +288,7 @@ bool Hive::PrepareStatements() {
       {&mDeleteValue, "DELETE FROM vals WHERE key = ?1 AND folded = ?2"},
       {&mEnumKey, "SELECT name FROM keys WHERE parent = ?1 ORDER BY folded LIMIT 1 OFFSET ?2"},
       {&mEnumValue,
-       "SELECT name, type, data FROM vals INDEXED BY vals_in_order WHERE key = ?1 "
+       "SELECT name, type, data FROM vals WHERE key = ?1 "
        "ORDER BY id LIMIT 1 OFFSET ?2"},
       {&mCountKeys, "SELECT count(*), coalesce(max(length(name)), 0) FROM keys WHERE parent = ?1"},
       {&mCountValues,
@@ -297,7 +296,7 @@ bool Hive::PrepareStatements() {
        "FROM vals WHERE key = ?1"},
       {&mSubKeys, "SELECT id, name FROM keys WHERE parent = ?1 ORDER BY folded"},
       {&mValues,
-       "SELECT name, type, data FROM vals INDEXED BY vals_in_order WHERE key = ?1 ORDER BY id"},
+       "SELECT name, type, data FROM vals WHERE key = ?1 ORDER BY id"},
       {&mDeleteTreeValues,
        "WITH RECURSIVE tree(id) AS (SELECT ?1 UNION ALL "
        "SELECT keys.id FROM keys JOIN tree ON keys.parent = tree.id) "
