@@ -28,6 +28,14 @@ TEST(Isolation, EveryFolderIsPrivateAndExists) {
   }
 }
 
+TEST(Isolation, RegistryHivesLieInTheTemporaryRoot) {
+  std::string const root = VxGetDirectory(Env("HOME"));
+  for (char const * name : {"TALVO_REGISTRY_USER_HIVE", "TALVO_REGISTRY_SYSTEM_HIVE"}) {
+    std::string const hive = Env(name);
+    EXPECT_EQ(hive.compare(0, root.size() + 1, root + "/"), 0) << name << "=" << hive;
+  }
+}
+
 TEST(Isolation, UnitBinariesHaveNoDisplay) {
   EXPECT_EQ(std::getenv("DISPLAY"), nullptr);
 }

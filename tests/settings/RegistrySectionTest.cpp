@@ -1,0 +1,229 @@
+// RegistrySection on real hives: the value encodings, the moves through the
+// tree, and the behaviour callers rely on, quirks included.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "platform/RegistryTestSupport.h"
+#include "settings/RegistrySection.h"
+#include "utl/Exception.h"
+
+namespace {
+
+constexpr REGSAM kReadWrite = 0x2001F;
+
+std::string Why(Exception const & e) { return e.Why(std::locale::classic()); }
+
+class RegistrySectionTest : public RegistryTest {
+protected:
+  // A section on HKCU\`path`, made if absent, for reading and writing.
+  static std::unique_ptr<RegistrySection> Section(char const * path, REGSAM access = kReadWrite) {
+    return std::make_unique<RegistrySection>(HKEY_CURRENT_USER, path, access, true);
+  }
+  static bool Exists(wchar_t const * path) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, path, 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
+    RegCloseKey(key);
+    return true;
+  }
+};
+
+TEST_F(RegistrySectionTest, TheConstructorOpensCreatesOrThrows) {
+  try {
+    RegistrySection(HKEY_CURRENT_USER, "Software\\Missing", KEY_READ, false);
+    ADD_FAILURE() << "no exception";
+  } catch (Exception const & e) {
+    EXPECT_EQ(Why(e), "Registry Key not found.");
+  }
+  try {
+    RegistrySection(HKEY_CURRENT_USER, "Software\\\\Empty element", kReadWrite, true);
+    ADD_FAILURE() << "no exception";
+  } catch (Exception const & e) {
+    EXPECT_EQ(Why(e), "Registry Key couldn't be created.");
+  }
+  RegistrySection const created(HKEY_CURRENT_USER, "Software\\Made", kReadWrite, true);
+  EXPECT_TRUE(Exists(L"Software\\Made"));
+  RegistrySection const opened(HKEY_CURRENT_USER, "software\\made", KEY_READ, false);
+
+  RegistrySection empty;
+  EXPECT_FALSE(empty.Open(HKEY_CURRENT_USER, "Software\\Missing", KEY_READ, false));
+  EXPECT_FALSE(empty.Open(HKEY_CURRENT_USER, "\\Bad", kReadWrite, true));
+  EXPECT_TRUE(empty.Open(HKEY_CURRENT_USER, "Software\\Other", kReadWrite, true));
+  EXPECT_TRUE(empty.WriteInt("n", 1));
+}
+
+TEST_F(RegistrySectionTest, AnUnopenedSectionFailsQuietly) {
+  RegistrySection section;
+  int number = 5;
+  EXPECT_FALSE(section.ReadInt("n", number));
+  EXPECT_EQ(number, 5);
+  EXPECT_FALSE(section.WriteInt("n", 1));
+  EXPECT_FALSE(section.HasKey("n"));
+  EXPECT_TRUE(section.GetSectionNames().empty());
+  EXPECT_TRUE(section.Flush());
+}
+
+TEST_F(RegistrySectionTest, ValuesAreReadOnlyInTheirOwnType) {
+  auto section = Section("Software\\Values");
+  ASSERT_TRUE(section->WriteInt("dword", 2));
+  ASSERT_TRUE(section->WriteKey("text", "naïve ☃"));
+  ASSERT_TRUE(section->WriteKey("empty", ""));
+  ASSERT_TRUE(section->WriteKey("four", std::string("1234")));
+  ASSERT_TRUE(section->WriteInt("negative", -1));
+  ASSERT_TRUE(section->WriteBool("on", true));
+  ASSERT_TRUE(section->WriteFloat("ratio", 0.25));
+
+  std::string text = "untouched";
+  EXPECT_FALSE(section->ReadKey("dword", text)) << "a DWORD is no text";
+  EXPECT_EQ(text, "untouched");
+  int number = 9;
+  EXPECT_FALSE(section->ReadInt("four", number)) << "text is no DWORD, even of 4 bytes";
+  EXPECT_FALSE(section->ReadInt("empty", number)) << "nor the empty text of 4 bytes";
+  EXPECT_EQ(number, 9);
+  bool flag = false;
+  EXPECT_TRUE(section->ReadBool("dword", flag));
+  EXPECT_TRUE(flag) << "2 reads as true";
+  EXPECT_TRUE(section->ReadKey("empty", text));
+  EXPECT_EQ(text, "");
+  EXPECT_TRUE(section->ReadKey("text", text));
+  EXPECT_EQ(text, "naïve ☃");
+  std::wstring wide;
+  EXPECT_TRUE(section->ReadKey("TEXT", wide));
+  EXPECT_EQ(wide, L"naïve ☃");
+  EXPECT_TRUE(section->ReadInt("negative", number));
+  EXPECT_EQ(number, -1);
+  double ratio = 0;
+  EXPECT_TRUE(section->ReadDouble("ratio", ratio)) << "through the base's text form";
+  EXPECT_EQ(ratio, 0.25);
+
+  // The stored forms: REG_DWORD of 4 bytes, REG_SZ with its terminator.
+  HKEY key = nullptr;
+  ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Values", 0, KEY_READ, &key),
+            ERROR_SUCCESS);
+  DWORD type = 0;
+  std::string data;
+  ASSERT_EQ(Query(key, L"on", type, data), ERROR_SUCCESS);
+  EXPECT_EQ(type, REG_DWORD);
+  EXPECT_EQ(data, std::string("\1\0\0\0", 4));
+  ASSERT_EQ(Query(key, L"four", type, data), ERROR_SUCCESS);
+  EXPECT_EQ(type, REG_SZ);
+  EXPECT_EQ(data.size(), 5 * sizeof(wchar_t));
+  ASSERT_EQ(Query(key, L"ratio", type, data), ERROR_SUCCESS);
+  EXPECT_EQ(type, REG_SZ);
+  RegCloseKey(key);
+
+  EXPECT_TRUE(section->HasKey("Dword"));
+  EXPECT_TRUE(section->DeleteKey("dword"));
+  EXPECT_FALSE(section->HasKey("dword"));
+  EXPECT_FALSE(section->DeleteKey("dword"));
+}
+
+TEST_F(RegistrySectionTest, TextWithoutATerminatorStillReads) {
+  HKEY key = Create(HKEY_CURRENT_USER, L"Software\\Raw");
+  ASSERT_EQ(RegSetValueExW(key, L"raw", 0, REG_SZ, reinterpret_cast<BYTE const *>(L"abc"),
+                           3 * sizeof(wchar_t)),
+            ERROR_SUCCESS);
+  ASSERT_EQ(RegSetValueExW(key, L"nul", 0, REG_SZ, reinterpret_cast<BYTE const *>(L"ab\0cd"),
+                           6 * sizeof(wchar_t)),
+            ERROR_SUCCESS);
+  RegCloseKey(key);
+  auto section = Section("Software\\Raw", KEY_READ);
+  std::string text;
+  EXPECT_TRUE(section->ReadKey("raw", text));
+  EXPECT_EQ(text, "abc");
+  EXPECT_TRUE(section->ReadKey("nul", text));
+  EXPECT_EQ(text, "ab") << "up to the first NUL";
+}
+
+TEST_F(RegistrySectionTest, WritingThroughAReadSectionFails) {
+  Section("Software\\ReadOnly")->WriteInt("n", 1);
+  auto section = Section("Software\\ReadOnly", KEY_READ);
+  EXPECT_FALSE(section->WriteInt("n", 2));
+  EXPECT_FALSE(section->WriteKey("t", "x"));
+  EXPECT_FALSE(section->DeleteKey("n"));
+  int number = 0;
+  EXPECT_TRUE(section->ReadInt("n", number));
+  EXPECT_EQ(number, 1);
+}
+
+TEST_F(RegistrySectionTest, IsEmptyIsTrueWhenTheKeyHasAValue) {
+  auto section = Section("Software\\Empty");
+  delete section->CreateSubSection("Child");
+  EXPECT_FALSE(section->IsEmpty()) << "no values (a sub-key does not count)";
+  section->WriteInt("n", 1);
+  EXPECT_TRUE(section->IsEmpty()) << "one value";
+}
+
+TEST_F(RegistrySectionTest, ChangeSubSectionMovesDownOrStays) {
+  auto section = Section("Software\\Down");
+  delete section->CreateSubSection("Item", 3);
+  section->WriteInt("level", 0);
+  EXPECT_FALSE(section->ChangeSubSection("missing"));
+  int level = -1;
+  EXPECT_TRUE(section->ReadInt("level", level)) << "still on the old key";
+  EXPECT_TRUE(section->HasSection("Item 3", 1));
+  EXPECT_FALSE(section->HasSection("Item 4", 1));
+  EXPECT_TRUE(section->ChangeSubSection("Item", 3));
+  EXPECT_FALSE(section->ReadInt("level", level));
+  section->WriteInt("level", 1);
+  EXPECT_TRUE(Exists(L"Software\\Down\\Item 3"));
+  // The path grew by "\Item 3": a sideways move now stays below "Down".
+  section->ChangeSection("\\Item 4");
+  EXPECT_TRUE(Exists(L"Software\\Down\\Item 4"));
+}
+
+TEST_F(RegistrySectionTest, ChangeSectionJoinsTheNameAsItIs) {
+  auto section = Section("Software\\A\\B");
+  section->ChangeSection("\\C");
+  EXPECT_TRUE(Exists(L"Software\\A\\C"));
+  section->WriteInt("here", 1);
+  section->ChangeSection("D");  // no separator of its own: "Software\A" + "D"
+  EXPECT_TRUE(Exists(L"Software\\AD"));
+  RegistrySection top(HKEY_CURRENT_USER, "First", kReadWrite, true);
+  top.ChangeSection("Second");  // no "\" in the path: a sibling under the parent
+  EXPECT_TRUE(Exists(L"Second"));
+  section->ChangeSection("\\\\bad");  // neither opens nor is created: it stays
+  EXPECT_TRUE(section->WriteInt("still", 1));
+  int value = 0;
+  RegistrySection check(HKEY_CURRENT_USER, "Software\\AD", KEY_READ, false);
+  EXPECT_TRUE(check.ReadInt("still", value));
+}
+
+TEST_F(RegistrySectionTest, DeleteSectionRemovesOnlyAKeyWithoutSubKeys) {
+  auto leaf = Section("Software\\Leaf");
+  leaf->WriteInt("n", 1);
+  EXPECT_TRUE(leaf->DeleteSection());
+  EXPECT_FALSE(Exists(L"Software\\Leaf"));
+
+  auto tree = Section("Software\\Tree");
+  for (char const * name : {"a", "b", "cc"}) delete tree->CreateSubSection(name);
+  EXPECT_FALSE(tree->DeleteSection());
+  EXPECT_TRUE(Exists(L"Software\\Tree")) << "sub-keys are left behind";
+  // "a" goes; the index steps on past "b", which moved to its place; "cc"
+  // does not fit the buffer of the longest name and ends the walk.
+  EXPECT_EQ(tree->GetSectionNames(), (std::vector<std::string>{"b", "cc"}));
+}
+
+TEST_F(RegistrySectionTest, SectionsMadeFromASectionStandOnItsKey) {
+  auto section = Section("Software\\Made");
+  section->WriteInt("n", 7);
+  std::unique_ptr<ConfigurationSection> copy(section->Copy());
+  int number = 0;
+  EXPECT_TRUE(copy->ReadInt("n", number));
+  EXPECT_EQ(number, 7);
+  EXPECT_TRUE(copy->WriteInt("m", 8)) << "with the source's access";
+  std::unique_ptr<ConfigurationSection> child(section->CreateSubSection("Child"));
+  child->WriteInt("c", 1);
+  EXPECT_TRUE(Exists(L"Software\\Made\\Child"));
+  EXPECT_THROW(delete section->CreateSubSection("\\bad"), Exception);
+
+  for (int index : {1, 2, 3}) delete section->CreateSubSection("Item", index);
+  EXPECT_EQ(section->NumSubSections("Item"), 3) << "the base finds indexed sections by name";
+  EXPECT_EQ(section->GetSectionNames(),
+            (std::vector<std::string>{"Child", "Item 1", "Item 2", "Item 3"}));
+  EXPECT_TRUE(section->SupportsSubSections());
+  EXPECT_TRUE(section->Flush());
+  EXPECT_FALSE(section->WriteToSection(copy.get()));
+}
+
+}  // namespace
