@@ -57,13 +57,17 @@ public:
   // Code points of an expansion not handed out yet ("ß" gave "s", one "s" waits).
   bool HasPending() const { return mPendingAt < mPendingCount; }
 
-  // Moves past invalid bytes, so that the next byte, if any, starts a code point.
+  // Moves past invalid bytes; a non-ASCII code point after them is read and
+  // folded into the pending ones at once, so that it is decoded only once.
+  // Then the reader stands on pending code points, an ASCII byte or the end.
   void SkipInvalid() {
     if (HasPending()) return;
     while (mAt < mText.size() && static_cast<unsigned char>(mText[mAt]) >= 0x80) {
-      size_t probe = mAt;
-      if (DecodeUtf8(mText, probe) != kInvalidCodePoint) return;
-      mAt = probe;
+      char32_t const code = DecodeUtf8(mText, mAt);
+      if (code == kInvalidCodePoint) continue;
+      mPendingCount = FoldCaseFull(code, mPending);
+      mPendingAt = 0;
+      return;
     }
   }
 
@@ -75,20 +79,11 @@ public:
 
   // The next folded code point, or kEnd.
   char32_t Next() {
-    if (HasPending()) return mPending[mPendingAt++];
-    while (mAt < mText.size()) {
-      unsigned char const lead = mText[mAt];
-      if (lead < 0x80) {
-        ++mAt;
-        return FoldAscii(lead);
-      }
-      char32_t const code = DecodeUtf8(mText, mAt);
-      if (code == kInvalidCodePoint) continue;
-      mPendingCount = FoldCaseFull(code, mPending);
-      mPendingAt = 1;
-      return mPending[0];
+    if (!HasPending()) {
+      SkipInvalid();
+      if (!HasPending()) return mAt < mText.size() ? FoldAscii(mText[mAt++]) : kEnd;
     }
-    return kEnd;
+    return mPending[mPendingAt++];
   }
 
 private:

@@ -44,6 +44,14 @@ TEST(CompareNumber, OrdersPairs) {
       {"1\xff" "2", "9", 1},                        // invalid byte inside a run: 12
       {"a\xff" "5", "a10", -1},                     // invalid byte before a run
       {"v1.10", "v1.9", 1},
+      {"a0012", "a0013", -1},                       // differ after equal digits
+      {"a005", "a0005", -1},                        // differ inside equal zeros
+      {"a09", "a005", 1},
+      {"x10", "x1", 1},                             // one run goes on
+      {"x100", "x1y", 1},
+      {"5\xff" "3", "54", -1},                      // invalid byte after equal digits: 53
+      {std::string("a\0b", 3), std::string("a\0c", 3), -1},  // NUL inside is a character
+      {"a", std::string("a\0", 2), -1},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.a.substr(0, 20) + " / " + c.b.substr(0, 20));
