@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "utl/CaseFolding.h"
 #include "utl/Utf.h"
@@ -44,15 +45,44 @@ public:
       auto const piece = mPattern.substr(at + 1, next - at - 1);
       at = next;
       if (piece.empty()) continue;
-      size_t place = from;
-      while (place + piece.size() <= limit && !MatchesAt(piece, place)) ++place;
-      if (place + piece.size() > limit) return false;
+      size_t const place = Find(piece, from, limit);
+      if (place == mText.npos) return false;
       from = place + piece.size();
     }
     return true;
   }
 
 private:
+  // Pieces up to this length are searched directly; the cost is at most
+  // this many comparisons a text character.
+  static constexpr size_t kShortPiece = 8;
+
+  // The leftmost place of `piece` in the text between `from` and `limit`.
+  size_t Find(std::basic_string_view<Char> piece, size_t from, size_t limit) const {
+    if (piece.size() > kShortPiece && piece.find(static_cast<Char>(kAnyOne)) == piece.npos)
+      return FindLinear(piece, from, limit);
+    for (size_t place = from; place + piece.size() <= limit; ++place)
+      if (MatchesAt(piece, place)) return place;
+    return mText.npos;
+  }
+
+  // Knuth-Morris-Pratt: after a mismatch the search resumes at the longest
+  // border of what matched, so no text character is read twice.
+  size_t FindLinear(std::basic_string_view<Char> piece, size_t from, size_t limit) const {
+    std::vector<size_t> border(piece.size(), 0);
+    for (size_t i = 1, k = 0; i < piece.size(); ++i) {
+      while (k > 0 && !mSame(piece[k], piece[i])) k = border[k - 1];
+      if (mSame(piece[k], piece[i])) ++k;
+      border[i] = k;
+    }
+    for (size_t at = from, k = 0; at < limit; ++at) {
+      while (k > 0 && !mSame(piece[k], mText[at])) k = border[k - 1];
+      if (mSame(piece[k], mText[at])) ++k;
+      if (k == piece.size()) return at + 1 - piece.size();
+    }
+    return mText.npos;
+  }
+
   bool MatchesAt(std::basic_string_view<Char> piece, size_t at) const {
     for (size_t i = 0; i < piece.size(); ++i) {
       Char const p = piece[i];

@@ -11,10 +11,11 @@
 // counts one character: "É" matches "é", "ß" does not match "ss"). Invalid
 // UTF-8 in either text is skipped.
 //
-// The time is linear in the text for each piece of the pattern between
-// stars, never exponential: the pieces are placed leftmost, one after the
-// other, which cannot miss a match because a star absorbs whatever lies
-// between them.
+// Never exponential: the pieces of the pattern between stars are placed
+// leftmost, one after the other, which cannot miss a match because a star
+// absorbs whatever lies between them. A piece is found in time linear in
+// the text (Knuth-Morris-Pratt), except a long piece that holds "?", which
+// may cost up to its length for each text character.
 
 #include "utl/basic_c_str.h"
 

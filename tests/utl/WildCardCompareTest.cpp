@@ -67,9 +67,15 @@ TEST(WildCardCompare, AgreesWithTheReferenceOnRandomInput) {
     for (int n = length(random); n > 0; --n) text += pieces[piece(random)];
     return text;
   };
-  for (int round = 0; round < 20000; ++round) {
-    std::string const pattern = make(patternPieces, 7);
-    std::string const text = make(textPieces, 9);
+  // Long pieces over a small alphabet: periodic text, where a search that
+  // resumes at the wrong place after a near match misses.
+  static char const * const longPatternPieces[] = {"a", "b", "A", "*", "aab", "abaa"};
+  static char const * const longTextPieces[] = {"a", "b", "B", "aab"};
+  for (int round = 0; round < 40000; ++round) {
+    bool const longPieces = round % 2 == 1;
+    std::string const pattern =
+        longPieces ? make(longPatternPieces, 12) : make(patternPieces, 7);
+    std::string const text = longPieces ? make(longTextPieces, 20) : make(textPieces, 9);
     for (bool const caseSensitive : {true, false}) {
       ASSERT_EQ(VxString::WildCardCompare(pattern.c_str(), text.c_str(), caseSensitive),
                 reference::WildCardMatch(pattern, text, caseSensitive))
