@@ -4,6 +4,7 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
+
 #include <boost/locale/conversion.hpp>
 
 #include "utl/CaseFolding.h"
