@@ -7,7 +7,7 @@ namespace vx3 {
 
 namespace {
 
-constexpr char32_t kInvalid = 0xFFFFFFFF;
+constexpr char32_t kInvalid = kInvalidCodePoint;
 
 // Decodes one code point at `at` and advances past it. An invalid sequence
 // (bad lead, missing continuation, overlong form, surrogate, beyond
@@ -98,6 +98,8 @@ std::string Encode(std::basic_string_view<Char> text) {
 }  // namespace
 
 static_assert(sizeof(wchar_t) == 4, "wchar_t is UTF-32 on this platform");
+
+char32_t DecodeUtf8(std::string_view text, size_t & at) { return Decode(text, at); }
 
 std::wstring Utf8ToWide(std::string_view text) { return Decode<wchar_t>(text); }
 std::string WideToUtf8(std::wstring_view text) { return Encode(text); }

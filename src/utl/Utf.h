@@ -17,4 +17,13 @@ std::string Utf32ToUtf8(std::u32string_view text);
 // The text with every invalid UTF-8 sequence removed.
 std::string SanitizeUtf8(std::string_view text);
 
+// What DecodeUtf8 returns for an invalid sequence.
+constexpr char32_t kInvalidCodePoint = 0xFFFFFFFF;
+
+// The code point that starts at byte `at`, advancing `at` past it. An invalid
+// sequence gives kInvalidCodePoint and advances by one byte only, so that
+// the bytes after it are read again as text of their own. For code that
+// walks text without converting all of it first.
+char32_t DecodeUtf8(std::string_view text, size_t & at);
+
 }  // namespace vx3

@@ -5,6 +5,8 @@
 
 #include <wx/string.h>
 
+#include "utl/WildCardCompare.h"
+
 namespace VxString {
 
 // One shared empty string, for functions that return a reference.
