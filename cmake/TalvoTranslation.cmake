@@ -6,11 +6,12 @@ find_program(MSGFMT_PROGRAM msgfmt REQUIRED)
 
 # Keywords that mark message ids in the sources: boost::locale::translate with
 # and without a context (and their plural forms), ExceptionMessage::translate,
-# and vx3::Tr.
+# and vx3::Tr / vx3::TranslateText.
 set(TALVO_XGETTEXT_KEYWORDS
   --keyword=translate:1,1t --keyword=translate:1c,2,2t
   --keyword=translate:1,2,3t --keyword=translate:1c,2,3,4t
-  --keyword=Tr:1,1t --keyword=Tr:1c,2,2t)
+  --keyword=Tr:1,1t --keyword=Tr:1c,2,2t
+  --keyword=TranslateText:1,2t --keyword=TranslateText:1c,2,3t)
 
 # Target `pot`: extracts every message id (with its context) of the library
 # and the applications into ${CMAKE_BINARY_DIR}/TALVOutlwin.pot.

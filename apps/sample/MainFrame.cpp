@@ -1,5 +1,6 @@
 #include "MainFrame.h"
 
+#include "RunListPanel.h"
 #include <wx/aboutdlg.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
@@ -17,7 +18,7 @@ MainFrame::MainFrame()
   BuildMenus();
   BuildPage();
   CreateStatusBar();
-  SetStatusText(Tr("Ready"));
+  SetStatusText(mRuns->Summary());
 }
 
 void MainFrame::BuildMenus() {
@@ -46,6 +47,8 @@ void MainFrame::BuildPage() {
          "help. Use the menus to try what is there."));
   intro->Wrap(640);
   sizer->Add(intro, 0, wxLEFT | wxRIGHT, 16);
+  mRuns = new RunListPanel(page);
+  sizer->Add(mRuns, 1, wxEXPAND | wxALL, 8);
   page->SetSizer(sizer);
 }
 

@@ -16,4 +16,6 @@ private:
   void BuildPage();
   void OnAbout(wxCommandEvent & event);
   void OnExit(wxCommandEvent & event);
+
+  class RunListPanel * mRuns = nullptr;
 };
