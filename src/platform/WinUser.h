@@ -64,3 +64,9 @@ constexpr int IDCLOSE = 8;
 constexpr int IDHELP = 9;
 constexpr int IDTRYAGAIN = 10;
 constexpr int IDCONTINUE = 11;
+
+// TrackPopupMenu flags.
+constexpr UINT TPM_LEFTALIGN = 0x0000;
+constexpr UINT TPM_RIGHTBUTTON = 0x0002;
+constexpr UINT TPM_NONOTIFY = 0x0080;
+constexpr UINT TPM_RETURNCMD = 0x0100;
