@@ -80,7 +80,12 @@ void VxGauge::SetRange(float low, float high) {
 
 void VxGauge::SetValue(float value) { mValue = value; }
 
-void VxGauge::SetCaption(wxString const & caption) { mCaption = caption.Left(CaptionCapacity); }
+void VxGauge::SetCaption(wxString const & caption) {
+  wxString const kept = caption.Left(CaptionCapacity);
+  if (kept == mCaption) return;
+  mCaption = kept;
+  mCaptionSize = wxSize();
+}
 
 int VxGauge::GetDesiredHeight() {
   int height = 0;
@@ -109,7 +114,14 @@ VxGauge::FrameState VxGauge::CurrentState() const {
   state.caption = mCaption;
   state.font = mFont;
   state.face = wxSystemSettings::GetColour(wxSYS_COLOUR_3DFACE);
+  state.captionSize = mCaptionSize;
   return state;
+}
+
+wxSize VxGauge::MeasureCaption(wxDC & dc, FrameState const & state) {
+  if (state.caption.empty()) return wxSize();
+  dc.SetFont(state.font);
+  return dc.GetTextExtent(state.caption);
 }
 
 void VxGauge::PaintFrame(wxDC & dc, wxSize size, FrameState const & state, float pulse) {
@@ -126,7 +138,8 @@ void VxGauge::PaintFrame(wxDC & dc, wxSize size, FrameState const & state, float
 
   dc.SetFont(state.font);
   dc.SetBackgroundMode(wxTRANSPARENT);
-  wxSize const text = dc.GetTextExtent(state.caption);
+  wxSize const text =
+      state.captionSize != wxSize() ? state.captionSize : dc.GetTextExtent(state.caption);
   int const x = (l + r - text.x) / 2;
   int const y = (u + b - text.y) / 2;
   dc.SetTextForeground(*wxWHITE);
@@ -150,7 +163,9 @@ void VxGauge::OnFrameTimer() {
   if (!mFrame.IsOk() || mFrame.GetSize() != size) mFrame.Create(size, 24);
   {
     wxMemoryDC dc(mFrame);
-    PaintFrame(dc, size, CurrentState(), pulse);
+    FrameState state = CurrentState();
+    if (state.captionSize == wxSize()) mCaptionSize = state.captionSize = MeasureCaption(dc, state);
+    PaintFrame(dc, size, state, pulse);
   }
   Refresh(false);
 }

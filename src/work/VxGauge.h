@@ -59,7 +59,13 @@ public:
     wxString caption;
     wxFont font;
     wxColour face;  // the colour under the empty part
+    // The caption's extent in `font` when known: measuring it costs as
+    // much as drawing it once, and a caption changes far less often than
+    // frames are painted.
+    wxSize captionSize;
   };
+  // The caption's extent as PaintFrame would measure it.
+  static wxSize MeasureCaption(wxDC & dc, FrameState const & state);
   // Paints one frame of `size` into `dc` at (0, 0).
   static void PaintFrame(wxDC & dc, wxSize size, FrameState const & state, float pulse);
 
@@ -70,6 +76,7 @@ private:
   float mLow = 0, mHigh = 100, mValue = 0;
   wxString mCaption;
   wxFont mFont;
+  wxSize mCaptionSize;  // of mCaption in mFont; empty until measured
   int mPulseFrame = 0;
   wxBitmap mFrame;
   wxTimer mTimer;

@@ -213,6 +213,27 @@ TEST_F(VxGaugeWindow, TheWindowShowsTheFrame) {
   EXPECT_FALSE(shows(152, 1));
 }
 
+TEST_F(VxGaugeWindow, ANewCaptionIsCentredAnew) {
+  // Over a full bar the caption is the only white; its columns must centre
+  // on the middle, for each caption in turn (the extent is measured once per
+  // caption, not once per gauge).
+  gauge->SetValue(100);
+  for (char const * caption : {"Breaking...", "Hi", "A much longer caption for the gauge"}) {
+    gauge->SetCaption(caption);
+    gauge->OnFrameTimer();
+    wxImage const image = gauge->GetFrameBitmap().ConvertToImage();
+    int first = image.GetWidth(), last = -1;
+    for (int y = 0; y < image.GetHeight(); ++y)
+      for (int x = 0; x < image.GetWidth(); ++x)
+        if (image.GetRed(x, y) > 200 && image.GetBlue(x, y) > 200) {
+          first = std::min(first, x);
+          last = std::max(last, x);
+        }
+    ASSERT_GE(last, first) << caption;
+    EXPECT_NEAR(first + last, 300, 6) << caption;
+  }
+}
+
 class CountingXtpGauge : public VxXTPGauge {
 public:
   using VxXTPGauge::VxXTPGauge;
