@@ -16,8 +16,9 @@
 namespace {
 
 std::string FileBytes(std::string const & relative) {
-  std::ifstream in(std::string(std::getenv("TALVO_TEST_DATA")) + "/platform/resources/" + relative,
+  std::ifstream in(std::string(std::getenv("TALVO_TEST_DATA")) + "/resources/" + relative,
                    std::ios::binary);
+  if (!in) ADD_FAILURE() << relative << " cannot be read";
   std::ostringstream out;
   out << in.rdbuf();
   return out.str();
