@@ -134,6 +134,13 @@ protected:
     panel = new wxPanel(frame);
     gauge = new VxGauge(panel, 4711, wxPoint(10, 10), wxSize(300, 20));
     ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+    // The gauge's own timer may have ticked while the frame came up; a tick
+    // while hidden starts the breath afresh. From here on no test handles
+    // events between its own ticks, so the timer cannot tick in between.
+    gauge->Hide();
+    gauge->OnFrameTimer();
+    gauge->Show();
+    ASSERT_EQ(gauge->GetPulseFrame(), 0);
   }
   void TearDown() override { frame->Destroy(); }
 
