@@ -1,0 +1,102 @@
+// The MDI child list, menus set by the command routing, and the parts of
+// command strings.
+#include <gtest/gtest.h>
+
+#include <wx/app.h>
+#include <wx/frame.h>
+#include <wx/mdi.h>
+#include <wx/menu.h>
+
+#include "controls/GUIUtilities.h"
+#include "harness/GuiTestUtilities.h"
+
+namespace {
+
+TEST(GUIUtilities, TextPartSplitsAtTheFirstLineFeed) {
+  struct Case { char const * text; bool after; char const * part; };
+  Case const cases[] = {{"Long\nShort", false, "Long"},  {"Long\nShort", true, "Short"},
+                        {"No feed", false, "No feed"},   {"No feed", true, "No feed"},
+                        {"a\nb\nc", false, "a"},          {"a\nb\nc", true, "b\nc"},
+                        {"\nonly after", false, ""},      {"only before\n", true, ""},
+                        {"", false, ""},                  {"", true, ""}};
+  for (Case const & c : cases)
+    EXPECT_EQ(GUIUtilities::TextPart(c.text, c.after), wxString(c.part)) << c.text << c.after;
+}
+
+TEST(GUIUtilities, StringResourcesGiveTheirParts) {
+  // The library's own command string: a long text, a line feed, a tip.
+  EXPECT_EQ(GUIUtilities::LoadStringPart(13196, false), "Portrait");
+  EXPECT_EQ(GUIUtilities::LoadStringPart(13196, true), "Print the pages upright");
+  EXPECT_EQ(GUIUtilities::LoadStringPart(4242424, false), "");
+}
+
+TEST(GUIUtilities, EnableMenuAsksTheTargetForEveryItem) {
+  wxFrame * frame = new wxFrame(nullptr, wxID_ANY, "Target");
+  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, 200);
+  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Check(true); }, 201);
+  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.SetText("Renamed"); }, 202);
+  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, 210);
+  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, 221);
+
+  wxMenu menu;
+  menu.Append(200, "Disabled");
+  menu.AppendCheckItem(201, "Checked");
+  menu.Append(202, "Old text");
+  menu.AppendSeparator();
+  menu.Append(203, "Untouched");
+  auto * firstOff = new wxMenu;  // its first command is disabled: so is the sub-menu
+  firstOff->Append(210, "Off");
+  firstOff->Append(211, "On");
+  wxMenuItem * firstOffItem = menu.AppendSubMenu(firstOff, "First off");
+  auto * laterOff = new wxMenu;  // only a later command is disabled
+  laterOff->Append(220, "On");
+  laterOff->Append(221, "Off");
+  wxMenuItem * laterOffItem = menu.AppendSubMenu(laterOff, "Later off");
+
+  GUIUtilities::EnableMenu(frame, &menu);
+  EXPECT_FALSE(menu.IsEnabled(200));
+  EXPECT_TRUE(menu.IsChecked(201));
+  EXPECT_EQ(menu.GetLabel(202), "Renamed");
+  EXPECT_TRUE(menu.IsEnabled(203));
+  EXPECT_FALSE(firstOffItem->IsEnabled());
+  EXPECT_FALSE(firstOff->IsEnabled(210));
+  EXPECT_TRUE(firstOff->IsEnabled(211));
+  EXPECT_TRUE(laterOffItem->IsEnabled());
+  EXPECT_FALSE(laterOff->IsEnabled(221));
+  GUIUtilities::EnableMenu(nullptr, &menu);  // nothing to ask: nothing happens
+  GUIUtilities::EnableMenu(frame, nullptr);
+  frame->Destroy();
+}
+
+TEST(GUIUtilities, MdiChildrenOfTheMainWindow) {
+  auto * parent = new wxMDIParentFrame(nullptr, wxID_ANY, "MDI");
+  wxTheApp->SetTopWindow(parent);
+  std::vector<wxMDIChildFrame *> made;
+  for (char const * title : {"One", "Two", "Three"})
+    made.push_back(new wxMDIChildFrame(parent, wxID_ANY, title));
+  ASSERT_TRUE(gui_test::ShowAndWait(*parent));
+  for (wxMDIChildFrame * child : made) child->Show();
+
+  std::vector<wxMDIChildFrame *> all;
+  EXPECT_EQ(GUIUtilities::GetMDIChildWnds(&all, false), 3);
+  EXPECT_EQ(all, made);
+  EXPECT_EQ(GUIUtilities::GetMDIChildWnds(nullptr, false), 3);
+  // GTK's MDI shows one child at a time, on the front tab.
+  for (wxMDIChildFrame * front : {made[2], made[0]}) {
+    front->Activate();
+    std::vector<wxMDIChildFrame *> visible;
+    EXPECT_EQ(GUIUtilities::GetMDIChildWnds(&visible, true), 1);
+    EXPECT_EQ(visible, std::vector<wxMDIChildFrame *>{front});
+  }
+
+  // A main window that is no MDI frame has no MDI children.
+  wxFrame * plain = new wxFrame(nullptr, wxID_ANY, "Plain");
+  wxTheApp->SetTopWindow(plain);
+  EXPECT_EQ(GUIUtilities::GetMDIChildWnds(&all, false), 0);
+  EXPECT_EQ(all.size(), 3u);  // nothing added
+  wxTheApp->SetTopWindow(nullptr);
+  plain->Destroy();
+  parent->Destroy();
+}
+
+}  // namespace
