@@ -19,9 +19,9 @@ using LSTATUS = LONG;
 using ACCESS_MASK = DWORD;
 using WCHAR = wchar_t;
 using HRESULT = LONG;
-// A loaded module (dlopen handle); the executable's own is null.
+// A loaded library (a dlopen handle). Resource modules have their own
+// handle type, HINSTANCE, in ResourceModule.h.
 using HMODULE = void *;
-using HINSTANCE = HMODULE;
 
 using LPBYTE = BYTE *;
 using LPDWORD = DWORD *;

@@ -10,7 +10,7 @@
 
 namespace {
 
-HINSTANCE Load(std::string const & path) { return ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL); }
+HMODULE Load(std::string const & path) { return ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL); }
 
 }  // namespace
 

@@ -17,7 +17,7 @@ class LibraryLoader {
 public:
   LibraryLoader() = default;
   // Takes over `module` (a dlopen handle), closing it when done.
-  explicit LibraryLoader(HINSTANCE module) : mModule(module) {}
+  explicit LibraryLoader(HMODULE module) : mModule(module) {}
   // Loads `path`; throws Exception "The file {1} does not exist." when there
   // is no such file, and one with the loader's reason otherwise.
   explicit LibraryLoader(wchar_t const * path);
@@ -37,8 +37,8 @@ public:
   // ERROR_INVALID_HANDLE) when no module is loaded.
   FARPROC GetFunction(char const * name) const;
 
-  HINSTANCE Handle() const { return mModule; }
+  HMODULE Handle() const { return mModule; }
 
 private:
-  HINSTANCE mModule = nullptr;
+  HMODULE mModule = nullptr;
 };
