@@ -14,6 +14,10 @@ namespace {
 struct Tracked {
   wxRect normal;
   bool wasNormal = false;
+  // Whether `normal` was given by VxSetWindowPlacement or seen on screen;
+  // until then the window's own rectangle stands, whatever the program
+  // gives it before showing it.
+  bool known = false;
 };
 
 // Windows live on the GUI thread only, so a plain map serves; an entry goes
@@ -51,7 +55,10 @@ void Review(wxTopLevelWindow & window) {
   if (found == TrackedWindows().end()) return;
   Tracked & tracked = found->second;
   bool const normal = IsNormalOnScreen(window);
-  if (normal && !tracked.wasNormal) {
+  if (normal && !tracked.known) {
+    tracked.known = true;
+    tracked.normal = window.GetRect();
+  } else if (normal && !tracked.wasNormal) {
     // Shown or restored: back to the normal rectangle. Until a window has
     // been on screen its decorations are unknown, so one maximised before it
     // was shown would otherwise restore to a size without them.
@@ -74,7 +81,7 @@ std::vector<RECT> VxGetDisplayWorkAreas() {
 void VxTrackWindowPlacement(wxTopLevelWindow & window) {
   auto & windows = TrackedWindows();
   if (windows.count(&window) != 0) return;
-  windows[&window] = Tracked{window.GetRect(), IsNormalOnScreen(window)};
+  windows[&window] = Tracked{window.GetRect(), IsNormalOnScreen(window), window.IsShown()};
   auto const review = [&window](wxEvent & event) {
     event.Skip();
     window.CallAfter([&window] { Review(window); });
@@ -137,5 +144,6 @@ void VxSetWindowPlacement(wxTopLevelWindow & window, WINDOWPLACEMENT const & pla
   Tracked & tracked = TrackedWindows()[&window];
   tracked.normal = normal;
   tracked.wasNormal = IsNormalOnScreen(window);
+  tracked.known = true;
   ApplyShowCommand(window, placement.showCmd, placement.flags);
 }

@@ -9,7 +9,10 @@
 // and resize in the normal state is remembered (once its events have
 // settled, since the window manager reports sizes of a window on its way to
 // maximised or minimised before the new state), and a window that is shown
-// or restored goes back to the remembered rectangle, as on Windows. The
+// or restored goes back to the remembered rectangle, as on Windows. (wx on
+// GTK learns the size of decorations from the first window it shows; the
+// first window of a process, maximised before it was ever shown, may be
+// restored a few pixels off until it is moved.) The
 // minimised and maximised positions are not the desktop's to choose here;
 // they are written as -1, -1 and ignored when applied.
 
