@@ -130,10 +130,18 @@ TEST_F(MessageBoxes, EveryTypeShowsItsButtonsIconDefaultAndMapsEveryAnswer) {
       EXPECT_EQ(seen.message, "Go on?");
       bool const custom = c.yes || c.no || c.ok || c.cancel;
       EXPECT_EQ(seen.customLabels, custom);
-      if (c.yes) EXPECT_EQ(WxMnemonics(seen.yes), c.yes);
-      if (c.no) EXPECT_EQ(WxMnemonics(seen.no), c.no);
-      if (c.ok) EXPECT_EQ(WxMnemonics(seen.ok), c.ok);
-      if (c.cancel) EXPECT_EQ(WxMnemonics(seen.cancel), c.cancel);
+      if (c.yes) {
+        EXPECT_EQ(WxMnemonics(seen.yes), c.yes);
+      }
+      if (c.no) {
+        EXPECT_EQ(WxMnemonics(seen.no), c.no);
+      }
+      if (c.ok) {
+        EXPECT_EQ(WxMnemonics(seen.ok), c.ok);
+      }
+      if (c.cancel) {
+        EXPECT_EQ(WxMnemonics(seen.cancel), c.cancel);
+      }
     }
   }
 }
