@@ -1,0 +1,102 @@
+#include "frame/VxApp.h"
+
+#include <wx/aboutdlg.h>
+#include <wx/generic/aboutdlgg.h>
+#include <wx/window.h>
+
+#include "frame/AppProfile.h"
+#include "utl/Utf.h"
+#include "utl/VxSystemInfo.h"
+
+namespace {
+
+wxString FromUtf8(std::string const & text) { return wxString::FromUTF8(text); }
+
+std::string ToUtf8(wchar_t const * text) { return vx3::WideToUtf8(text != nullptr ? text : L""); }
+
+}  // namespace
+
+VxApp::VxApp(wchar_t const * appName) {
+  if (appName != nullptr) {
+    VxSystemInfo::SetApplication(ToUtf8(appName),
+                                 VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionFull));
+    SetAppName(wxString(appName));
+  }
+  Bind(wxEVT_MENU, &VxApp::OnAboutCommand, this, kAboutCommand);
+}
+
+VxApp::~VxApp() = default;
+
+void VxApp::SetRegistryLocation() { mCore.SetRegistryLocation(); }
+
+wxString VxApp::GetAppDataDirectory() const { return FromUtf8(mCore.GetAppDataDirectory()); }
+
+wxString VxApp::GetCommonAppDataDirectory() const {
+  return FromUtf8(mCore.GetCommonAppDataDirectory());
+}
+
+wxString VxApp::GetKarvinelCommonAppDataDirectory() const {
+  return FromUtf8(mCore.GetKarvinelCommonAppDataDirectory());
+}
+
+wxString VxApp::GetPluginDirectory() const { return FromUtf8(mCore.GetPluginDirectory()); }
+
+void VxApp::SetPluginDirectory(wchar_t const * directory) {
+  mCore.SetPluginDirectory(ToUtf8(directory));
+}
+
+wxString VxApp::GetFilePathInExeFolder(wchar_t const * name) const {
+  return FromUtf8(mCore.GetFilePathInExeFolder(ToUtf8(name)));
+}
+
+wxString VxApp::GetUserSettingsFile() const { return FromUtf8(mCore.GetUserSettingsFile()); }
+
+wxString VxApp::GetCommonSettingsFile() const { return FromUtf8(mCore.GetCommonSettingsFile()); }
+
+wxString VxApp::GetProjectPath() const { return wxString(); }
+
+ConfigurationSection * VxApp::GetAppSettings(char const * name, unsigned int resourceId) const {
+  return mCore.GetAppSettings(name, resourceId);
+}
+
+void VxApp::WriteAppInfo(ConfigurationSection * section) { VxAppCore::WriteAppInfo(section); }
+
+void VxApp::OnAboutCommand(wxCommandEvent &) { OnAppAbout(); }
+
+void VxApp::OnAppAbout() {
+  // wx's generic about box stands in until the library's about dialog
+  // exists, shown modally as the family's about box is (wx shows it
+  // modeless on GTK).
+  wxAboutDialogInfo info;
+  info.SetName(FromUtf8(VxSystemInfo::GetApplicationName()));
+  info.SetVersion(FromUtf8(VxSystemInfo::GetApplicationVersionAndBuild()));
+  wxGenericAboutDialog dialog(info, VxGetMainWnd());
+  dialog.ShowModal();
+}
+
+int VxApp::GetProfileInt(char const * section, char const * entry, int defaultValue) const {
+  return AppProfile::GetProfileInt(section, entry, defaultValue);
+}
+
+wxString VxApp::GetProfileString(char const * section, char const * entry,
+                                 wchar_t const * defaultValue) const {
+  std::string const fallback = ToUtf8(defaultValue);
+  return FromUtf8(AppProfile::GetProfileString(section, entry, fallback.c_str()));
+}
+
+bool VxApp::WriteProfileInt(char const * section, char const * entry, int value) {
+  return AppProfile::WriteProfileInt(section, entry, value);
+}
+
+bool VxApp::WriteProfileString(char const * section, char const * entry, wchar_t const * value) {
+  if (value == nullptr) return AppProfile::WriteProfileString(section, entry, nullptr);
+  return AppProfile::WriteProfileString(section, entry, ToUtf8(value).c_str());
+}
+
+HKEY VxApp::GetAppRegistryKey() const { return AppProfile::GetAppRegistryKey(); }
+
+wxString VxApp::GetProfileName() const { return FromUtf8(VxAppCore::ProfileName()); }
+
+VxApp * VxGetApp() { return dynamic_cast<VxApp *>(wxTheApp); }
+
+wxWindow * VxGetMainWnd() { return wxTheApp != nullptr ? wxTheApp->GetTopWindow() : nullptr; }
