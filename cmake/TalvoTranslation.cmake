@@ -13,12 +13,17 @@ set(TALVO_XGETTEXT_KEYWORDS
   --keyword=Tr:1,1t --keyword=Tr:1c,2,2t)
 
 # Target `pot`: extracts every message id (with its context) of the library
-# and the applications into ${CMAKE_BINARY_DIR}/TALVOutlwin.pot.
+# and the applications into ${CMAKE_BINARY_DIR}/TALVOutlwin.pot, the string
+# tables and dialog texts of their resource modules included (the sources
+# that talvo_add_resource_module generates).
 function(talvo_add_pot_target)
   file(GLOB_RECURSE _sources CONFIGURE_DEPENDS
     ${CMAKE_SOURCE_DIR}/src/*.cpp ${CMAKE_SOURCE_DIR}/src/*.h
     ${CMAKE_SOURCE_DIR}/apps/*.cpp ${CMAKE_SOURCE_DIR}/apps/*.h)
   list(SORT _sources)
+  get_property(_generated GLOBAL PROPERTY TALVO_POT_GENERATED_SOURCES)
+  get_property(_generating GLOBAL PROPERTY TALVO_POT_GENERATED_TARGETS)
+  list(APPEND _sources ${_generated})
   set(_pot ${CMAKE_BINARY_DIR}/TALVOutlwin.pot)
   add_custom_command(OUTPUT ${_pot}
     COMMAND ${XGETTEXT_PROGRAM} --language=C++ --from-code=UTF-8 --sort-by-file --force-po
@@ -29,6 +34,9 @@ function(talvo_add_pot_target)
     COMMENT "Extracting message ids into TALVOutlwin.pot"
     VERBATIM)
   add_custom_target(pot DEPENDS ${_pot})
+  if(_generating)
+    add_dependencies(pot ${_generating})
+  endif()
 endfunction()
 
 # talvo_add_catalog(<target> PO <file.po> LANGUAGE <lang> DOMAIN <domain> DESTINATION <dir>)

@@ -1,0 +1,49 @@
+# Resource modules: dialog templates, string tables, bitmaps and text
+# resources known by number, embedded at build time (platform/ResourceModule.h).
+#
+# talvo_add_resource_module(<target> NAME <name> DIRECTORY <dir> [LIBRARY])
+# turns the files under <dir> into a generated source of <target> that holds
+# the module and registers it when <target> is loaded: as the application's
+# module, or with LIBRARY as a library module searched after it. The layout
+# of <dir> (documented in detail in resource-generator/TalvoResourceGenerator.cpp):
+#   dialogs/<id>.xrc   XRC dialog template, its wxDialog object named "<id>"
+#   bitmaps/<id>.png   PNG bitmap
+#   html/<id>.<ext>    text resource of type 23 (XML defaults, CSS, XSL, HTML)
+#   strings/*.txt      string tables: `<id> "<text>"` or `<id> "<context>" "<text>"`
+# The generated source marks the strings' message ids (and the templates'
+# titles and labels) with translate(...), so the pot target extracts them
+# for modules under src/ and apps/.
+
+# The generator is a small C++ program built for the build machine.
+add_executable(talvo-resgen ${CMAKE_CURRENT_LIST_DIR}/resource-generator/TalvoResourceGenerator.cpp)
+set_target_properties(talvo-resgen PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tools)
+
+function(talvo_add_resource_module target)
+  cmake_parse_arguments(R "LIBRARY" "NAME;DIRECTORY" "" ${ARGN})
+  if(NOT R_NAME OR NOT R_DIRECTORY)
+    message(FATAL_ERROR "talvo_add_resource_module: NAME and DIRECTORY are required")
+  endif()
+  get_filename_component(_root ${R_DIRECTORY} ABSOLUTE)
+  file(GLOB_RECURSE _files CONFIGURE_DEPENDS LIST_DIRECTORIES false ${_root}/*)
+  list(SORT _files)
+  set(_role application)
+  if(R_LIBRARY)
+    set(_role library)
+  endif()
+  set(_output ${CMAKE_CURRENT_BINARY_DIR}/${R_NAME}_resources.cpp)
+  add_custom_command(OUTPUT ${_output}
+    COMMAND talvo-resgen --name ${R_NAME} --role ${_role} --root ${_root} --output ${_output}
+            ${_files}
+    DEPENDS talvo-resgen ${_files}
+    COMMENT "Embedding the resource module ${R_NAME}"
+    VERBATIM)
+  target_sources(${target} PRIVATE ${_output})
+
+  # The library's and the applications' strings belong to the catalog.
+  file(RELATIVE_PATH _from_src ${CMAKE_SOURCE_DIR}/src ${_root})
+  file(RELATIVE_PATH _from_apps ${CMAKE_SOURCE_DIR}/apps ${_root})
+  if(NOT _from_src MATCHES "^\\.\\./" OR NOT _from_apps MATCHES "^\\.\\./")
+    set_property(GLOBAL APPEND PROPERTY TALVO_POT_GENERATED_SOURCES ${_output})
+    set_property(GLOBAL APPEND PROPERTY TALVO_POT_GENERATED_TARGETS ${target})
+  endif()
+endfunction()

@@ -1,0 +1,7 @@
+#include "platform/SetResourceInstance.h"
+
+SetResourceInstance::SetResourceInstance(HINSTANCE module) : mSaved(AfxGetResourceHandle()) {
+  AfxSetResourceHandle(module);
+}
+
+SetResourceInstance::~SetResourceInstance() { AfxSetResourceHandle(mSaved); }

@@ -1,0 +1,143 @@
+// talvo-resgen, the build-time generator of resource modules: a folder it
+// cannot take stops the build with the file and the reason; what it takes
+// comes out as sorted tables with the texts intact.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Generated {
+  int status;
+  std::string errors;
+  std::string output;
+};
+
+class ResourceGenerator : public testing::Test {
+protected:
+  void SetUp() override {
+    mRoot = fs::path(std::getenv("TMPDIR") != nullptr ? std::getenv("TMPDIR") : "/tmp") /
+            testing::UnitTest::GetInstance()->current_test_info()->name();
+    fs::remove_all(mRoot);
+    fs::create_directories(mRoot);
+  }
+
+  void Write(std::string const & relative, std::string const & bytes) {
+    fs::path const path = mRoot / "module" / relative;
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+    mFiles.push_back(path.string());
+  }
+
+  Generated Generate() {
+    std::string command = std::string(TALVO_RESGEN) + " --name test --role application --root " +
+                          (mRoot / "module").string() + " --output " +
+                          (mRoot / "out.cpp").string();
+    for (std::string const & file : mFiles) command += " '" + file + "'";
+    command += " 2>" + (mRoot / "errors.txt").string();
+    Generated run;
+    run.status = std::system(command.c_str());
+    run.errors = Read(mRoot / "errors.txt");
+    run.output = Read(mRoot / "out.cpp");
+    return run;
+  }
+
+  static std::string Read(fs::path const & path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream out;
+    out << in.rdbuf();
+    return out.str();
+  }
+
+  fs::path mRoot;
+  std::vector<std::string> mFiles;
+};
+
+std::string const kPng = std::string("\x89PNG\r\n\x1a\n", 8) + "IHDR";
+
+TEST_F(ResourceGenerator, RefusesWhatItCannotTakeNamingFileAndReason) {
+  struct Case {
+    char const * file;
+    std::string bytes;
+    char const * reason;
+  };
+  std::vector<Case> const cases = {
+      {"strings/a.txt", "13195 \"no end\n", "a.txt:1: the text has no closing quote"},
+      {"strings/a.txt", "# c\n\n1 \"x\" \"y\" \"z\"\n", "a.txt:3: unexpected text after"},
+      {"strings/a.txt", "0 \"zero\"\n", "id 0 is out of 1 to 65535"},
+      {"strings/a.txt", "65536 \"big\"\n", "id 65536 is out of 1 to 65535"},
+      {"strings/a.txt", "12a \"x\"\n", "\"12a\" is no resource id"},
+      {"strings/a.txt", "1 bare text\n", "a quoted text expected"},
+      {"strings/a.txt", "1 \"bad \\q\"\n", "unknown escape \\q"},
+      {"strings/a.txt", "1 \"\"\n", "an empty message id"},
+      {"strings/a.txt", "1 \"x\"\n1 \"y\"\n", "a.txt:2: string 1 is defined twice"},
+      {"strings/a.xml", "<x/>", "string tables are .txt files"},
+      {"dialogs/5.xrc", "<resource><object class=\"wxDialog\" name=\"6\"/></resource>",
+       "no object named \"5\""},
+      {"dialogs/5.xrc", "<object name=\"5\"><label>A &copy; B</label></object>",
+       "entity &copy; in a label"},
+      {"dialogs/5.xml", "<object name=\"5\"/>", "dialog templates are .xrc files"},
+      {"bitmaps/7.png", "GIF89a", "7.png: not a PNG file"},
+      {"pictures/7.png", kPng, "unknown resource folder \"pictures\""},
+      {"7.png", kPng, "resources lie in dialogs/, bitmaps/, html/ or strings/"},
+      {"html/page.html", "<p/>", "\"page\" is no resource id"},
+  };
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.file);
+    SetUp();
+    mFiles.clear();
+    Write(c.file, c.bytes);
+    Generated const run = Generate();
+    EXPECT_NE(run.status, 0);
+    EXPECT_NE(run.errors.find(c.reason), std::string::npos) << run.errors;
+    EXPECT_EQ(run.output, "");  // nothing half written
+  }
+}
+
+TEST_F(ResourceGenerator, TheSameNumberTwiceInOneTypeIsRefused) {
+  Write("html/3.css", "a{}");
+  Write("html/3.xml", "<a/>");
+  Generated const run = Generate();
+  EXPECT_NE(run.status, 0);
+  EXPECT_NE(run.errors.find("the same id as"), std::string::npos) << run.errors;
+}
+
+TEST_F(ResourceGenerator, TablesComeOutSortedWithTextsEscapedForTheCatalog) {
+  Write("html/30.css", "a{}");
+  Write("bitmaps/9.png", kPng);
+  Write("html/4.xml", "");
+  Write("dialogs/20.xrc",
+        "<object class=\"wxDialog\" name=\"20\"><title>Save &amp; _close</title>"
+        "<label>A__b\\nc</label></object>");
+  Write("strings/b.txt", "7 \"ctx\" \"Tab\\there\"\n");
+  Write("strings/a.txt", "2 \"Say \\\"hi\\\" \\\\ bye\"\r\n");
+  Write("README.md", "ignored");
+  Generated const run = Generate();
+  ASSERT_EQ(run.status, 0) << run.errors;
+  // Bitmaps (2) before dialogs (5) before text resources (23); ids ascending.
+  size_t const bitmap = run.output.find("{2, 9, ");
+  size_t const dialog = run.output.find("{5, 20, ");
+  size_t const small = run.output.find("{23, 4, ");
+  size_t const large = run.output.find("{23, 30, ");
+  ASSERT_NE(large, std::string::npos) << run.output;
+  EXPECT_LT(bitmap, dialog);
+  EXPECT_LT(dialog, small);
+  EXPECT_LT(small, large);
+  EXPECT_NE(run.output.find(", 0},"), std::string::npos);  // the empty file
+  EXPECT_NE(run.output.find("{2, translate(\"Say \\\"hi\\\" \\\\ bye\")}"), std::string::npos);
+  EXPECT_NE(run.output.find("{7, translate(\"ctx\", \"Tab\\there\")}"), std::string::npos);
+  // Dialog texts as wx reads them: "_c" a mnemonic, "__" an underscore.
+  EXPECT_NE(run.output.find("translate(\"Save & &close\")"), std::string::npos);
+  EXPECT_NE(run.output.find("translate(\"A_b\\nc\")"), std::string::npos);
+  EXPECT_NE(run.output.find("ResourceModuleRole::Application"), std::string::npos);
+}
+
+}  // namespace
