@@ -13,10 +13,15 @@ using DWORD = uint32_t;
 using QWORD = uint64_t;
 using LONG = int32_t;
 using ULONG = uint32_t;
+using UINT = uint32_t;
 using BOOL = int32_t;
 using LSTATUS = LONG;
 using ACCESS_MASK = DWORD;
 using WCHAR = wchar_t;
+using HRESULT = LONG;
+// A loaded library (a dlopen handle). Resource modules have their own
+// handle type, HINSTANCE, in ResourceModule.h.
+using HMODULE = void *;
 
 using LPBYTE = BYTE *;
 using LPDWORD = DWORD *;

@@ -69,13 +69,18 @@ int VxFileExist(std::string const & path) {
   return S_ISDIR(info.st_mode) ? VxFolder : VxFile;
 }
 
-std::string VxGetExecutableDirectory() {
+std::string VxGetModuleFileName() {
   std::vector<char> buffer(4096);
   for (;;) {
     ssize_t const length = ::readlink("/proc/self/exe", buffer.data(), buffer.size());
     if (length < 0) return std::string();
     if (static_cast<size_t>(length) < buffer.size())
-      return VxGetDirectory(std::string(buffer.data(), static_cast<size_t>(length)));
+      return std::string(buffer.data(), static_cast<size_t>(length));
     buffer.resize(buffer.size() * 2);
   }
+}
+
+std::string VxGetExecutableDirectory() {
+  std::string const file = VxGetModuleFileName();
+  return file.empty() ? file : VxGetDirectory(file);
 }

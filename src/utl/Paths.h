@@ -22,5 +22,8 @@ enum VxFileKind { VxNothing = 0, VxFolder = 1, VxFile = 2 };
 // folder), 1 for a folder. Links are followed.
 int VxFileExist(std::string const & path);
 
+// The full path of the running executable (/proc/self/exe); empty if it
+// cannot be found.
+std::string VxGetModuleFileName();
 // The folder of the running executable; empty if it cannot be found.
 std::string VxGetExecutableDirectory();

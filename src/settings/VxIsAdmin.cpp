@@ -1,0 +1,5 @@
+#include "settings/VxIsAdmin.h"
+
+#include <unistd.h>
+
+bool VxIsAdmin() { return ::geteuid() == 0; }
