@@ -4,7 +4,9 @@
 #include <wx/generic/aboutdlgg.h>
 #include <wx/window.h>
 
+#include "controls/GUIUtilities.h"
 #include "frame/AppProfile.h"
+#include "platform/ResourceModule.h"
 #include "utl/Utf.h"
 #include "utl/VxSystemInfo.h"
 
@@ -13,6 +15,13 @@ namespace {
 wxString FromUtf8(std::string const & text) { return wxString::FromUTF8(text); }
 
 std::string ToUtf8(wchar_t const * text) { return vx3::WideToUtf8(text != nullptr ? text : L""); }
+
+// The string with its insert: "%1%" (the form of the library's tables) or
+// "%1" (the form of older tables).
+wxString FormatString1(wxString text, wxString const & insert) {
+  if (!text.Replace("%1%", insert)) text.Replace("%1", insert);
+  return text;
+}
 
 }  // namespace
 
@@ -23,9 +32,15 @@ VxApp::VxApp(wchar_t const * appName) {
     SetAppName(wxString(appName));
   }
   Bind(wxEVT_MENU, &VxApp::OnAboutCommand, this, kAboutCommand);
+  Bind(wxEVT_UPDATE_UI, &VxApp::OnUpdateAppAbout, this, kAboutCommand);
+  mCore.SetDefaultsReader([](unsigned int id) { return GUIUtilities::ReadResource(id); });
+  mFormerMessageBoxHandler =
+      SetFrameworkMessageBoxHandler([this](wxString const & text, UINT type, UINT helpId) {
+        return DoMessageBox(text.wc_str(), type, helpId);
+      });
 }
 
-VxApp::~VxApp() = default;
+VxApp::~VxApp() { SetFrameworkMessageBoxHandler(mFormerMessageBoxHandler); }
 
 void VxApp::SetRegistryLocation() { mCore.SetRegistryLocation(); }
 
@@ -70,8 +85,25 @@ void VxApp::OnAppAbout() {
   wxAboutDialogInfo info;
   info.SetName(FromUtf8(VxSystemInfo::GetApplicationName()));
   info.SetVersion(FromUtf8(VxSystemInfo::GetApplicationVersionAndBuild()));
+  wxBitmap const bitmap = LoadResourceBitmap(mAboutBitmap);
+  if (bitmap.IsOk()) {
+    wxIcon icon;
+    icon.CopyFromBitmap(bitmap);
+    info.SetIcon(icon);
+  }
   wxGenericAboutDialog dialog(info, VxGetMainWnd());
   dialog.ShowModal();
+}
+
+void VxApp::OnUpdateAppAbout(wxUpdateUIEvent & event) {
+  event.Enable(true);
+  event.SetText(FormatString1(LoadResourceString(kAboutCommandText),
+                              FromUtf8(VxSystemInfo::GetApplicationName())));
+}
+
+int VxApp::DoMessageBox(wchar_t const * text, unsigned int type, unsigned int helpId) {
+  if (MuteInfoMessages() && (type & MB_TYPEMASK) == MB_OK) return IDOK;
+  return ShowFrameworkMessageBox(wxString(text != nullptr ? text : L""), type, helpId);
 }
 
 int VxApp::GetProfileInt(char const * section, char const * entry, int defaultValue) const {

@@ -22,6 +22,7 @@
 #include <wx/string.h>
 
 #include "frame/VxAppCore.h"
+#include "platform/MessageBoxes.h"
 #include "platform/WinReg.h"
 
 class ConfigurationSection;
@@ -33,9 +34,12 @@ public:
   // The framework's about command (ID_APP_ABOUT).
   static constexpr int kAboutCommand = 57664;
   static constexpr unsigned int kDefaultAboutBitmap = 13024;
+  // "&About %1%...": the about entry's text.
+  static constexpr unsigned int kAboutCommandText = 13195;
 
   // A non-null `appName` becomes the application's name (VxSystemInfo and
-  // wx), its version kept.
+  // wx), its version kept. Installs the framework message-box handler that
+  // routes to DoMessageBox; the destructor puts the former one back.
   explicit VxApp(wchar_t const * appName = nullptr);
   ~VxApp() override;
 
@@ -63,6 +67,13 @@ public:
   void SetAboutBitmap(unsigned int resourceId) { mAboutBitmap = resourceId; }
   unsigned int GetAboutBitmap() const { return mAboutBitmap; }
   void OnAppAbout();
+  // Enables the about entry and names the application in it (string 13195).
+  void OnUpdateAppAbout(wxUpdateUIEvent & event);
+
+  // Every framework message box (AfxMessageBox) comes here. With the mute
+  // switch on, a box with only an OK button returns IDOK unseen; any box
+  // that asks a question is shown.
+  virtual int DoMessageBox(wchar_t const * text, unsigned int type, unsigned int helpId);
 
   // The profile: HKEY_CURRENT_USER\<GetRegistryBaseKeyName()>\<section>.
   int GetProfileInt(char const * section, char const * entry, int defaultValue) const;
@@ -85,6 +96,7 @@ private:
 
   unsigned int mAboutBitmap = kDefaultAboutBitmap;
   VxAppCore mCore;
+  FrameworkMessageBoxHandler mFormerMessageBoxHandler;
 };
 
 // The running VxApp; null when there is none (or the application object is

@@ -105,7 +105,7 @@ ConfigurationSection * VxAppCore::GetAppSettings(char const * name,
   if (resourceId != 0 && mDefaultsReader) {
     try {
       std::string const text = mDefaultsReader(resourceId);
-      defaults.reset(XercesXMLSection::CreateXMLSectionFromString(text.c_str()));
+      if (!text.empty()) defaults.reset(XercesXMLSection::CreateXMLSectionFromString(text.c_str()));
     } catch (Exception const &) {
     }
   }

@@ -23,8 +23,8 @@ class ConfigurationSection;
 
 class VxAppCore {
 public:
-  // The text of a defaults document in the resources, by its number; throws
-  // Exception when there is none.
+  // The text of a defaults document in the resources, by its number; empty
+  // (or an Exception) when there is none.
   using DefaultsReader = std::function<std::string(unsigned int resourceId)>;
 
   VxAppCore();

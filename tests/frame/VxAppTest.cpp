@@ -15,6 +15,8 @@
 #include "frame/VxApp.h"
 #include "frame/VxAppCustomization.h"
 #include "frame/ZipPackageBuilder.h"
+#include "platform/MessageBoxes.h"
+#include "utl/ConfigurationSection.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "utl/Exception.h"
@@ -78,6 +80,49 @@ TEST(VxApp, TheAboutCommandShowsTheNameModally) {
   EXPECT_NE(script.Shown()[0].title.Find("VxApp Test"), wxNOT_FOUND) << script.Shown()[0].title;
   frame->Destroy();
   gui_test::Flush();
+}
+
+TEST(VxApp, TheAboutEntryNamesTheApplication) {
+  wxUpdateUIEvent update(VxApp::kAboutCommand);
+  wxTheApp->ProcessEvent(update);
+  EXPECT_TRUE(update.GetSetEnabled() && update.GetEnabled());
+  EXPECT_EQ(update.GetText(), "&About VxApp Test...");
+}
+
+TEST(VxApp, MutedInformationIsNotShownButQuestionsAre) {
+  VxApp & app = *VxGetApp();
+  struct Case {
+    bool mute;
+    UINT type;
+    bool shown;
+  };
+  Case const cases[] = {
+      {true, MB_OK, false},
+      {true, MB_OK | MB_ICONINFORMATION, false},
+      {true, MB_YESNO, true},
+      {true, MB_OKCANCEL, true},
+      {false, MB_OK, true},
+  };
+  for (Case const & c : cases) {
+    app.MuteInfoMessages(c.mute);
+    ModalDialogScript script;
+    if (c.shown) script.Answer(c.type == MB_YESNO ? wxID_NO : wxID_OK);
+    int const result = AfxMessageBox(wxString("Something happened"), c.type);
+    EXPECT_EQ(script.Shown().size(), c.shown ? 1u : 0u) << c.mute << " " << c.type;
+    EXPECT_EQ(result, c.type == MB_YESNO ? IDNO : IDOK) << c.mute << " " << c.type;
+  }
+  app.MuteInfoMessages(false);
+}
+
+TEST(VxApp, DefaultsComeFromTheApplicationsResources) {
+  VxApp & app = *VxGetApp();
+  app.SetRegistryLocation();
+  std::unique_ptr<ConfigurationSection> section(app.GetAppSettings("Gauges", 31000));
+  std::string interval;
+  EXPECT_TRUE(section->ReadKey("Interval", interval));
+  EXPECT_EQ(interval, "250");
+  std::unique_ptr<ConfigurationSection> none(app.GetAppSettings("Other", 31001));
+  EXPECT_TRUE(none->IsEmpty());
 }
 
 TEST(VxApp, TheProfileCarriesWideText) {
