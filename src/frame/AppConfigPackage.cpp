@@ -104,8 +104,10 @@ void AppConfigPackage::Read(std::string const & bytes, Limits const & limits) {
     zip_error_fini(&error);
     Refuse("The customization package {1} cannot be read: {2}", mSource, detail);
   }
-  std::unique_ptr<zip_t, ArchiveClose> archive(
-      zip_open_from_source(source, ZIP_RDONLY | ZIP_CHECKCONS, &error));
+  // No ZIP_CHECKCONS: common archivers (libarchive, jar) write local headers
+  // that it calls inconsistent. Each entry's checksum is verified when it is
+  // read to its end below, which is what matters.
+  std::unique_ptr<zip_t, ArchiveClose> archive(zip_open_from_source(source, ZIP_RDONLY, &error));
   if (!archive) {
     std::string const detail = zip_error_strerror(&error);
     zip_error_fini(&error);
