@@ -1,6 +1,9 @@
 // The baseline of the start-up figure: the barest wx application with a
 // main window (a frame with a page, a menu bar and a status bar, like the
-// sample's), which exits once its page has been painted.
+// sample's), which prints "painted" once its page has been painted, then
+// exits.
+#include <cstdio>
+
 #include <wx/app.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
@@ -23,6 +26,8 @@ public:
       event.Skip();
       if (mPainted) return;
       mPainted = true;
+      std::printf("painted\n");
+      std::fflush(stdout);
       CallAfter([frame] { frame->Close(true); });
     });
     frame->Show();

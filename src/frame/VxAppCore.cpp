@@ -1,5 +1,6 @@
 #include "frame/VxAppCore.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <boost/make_shared.hpp>
@@ -92,23 +93,46 @@ std::string VxAppCore::GetFilePathInExeFolder(std::string const & name) const {
   return VxPathAppend(VxGetExecutableDirectory(), name);
 }
 
-ConfigurationSection * VxAppCore::GetAppSettings(char const * name,
-                                                 unsigned int resourceId) const {
-  std::unique_ptr<ConfigurationSection> common;
-  if (!mCommonSettingsFile.empty() && ::access(mCommonSettingsFile.c_str(), R_OK) == 0) {
+std::unique_ptr<ConfigurationSection> VxAppCore::CommonSource() const {
+  struct stat status {};
+  if (mCommonSettingsFile.empty() || ::access(mCommonSettingsFile.c_str(), R_OK) != 0 ||
+      ::stat(mCommonSettingsFile.c_str(), &status) != 0) {
+    mCommon = ParsedFile();
+    return nullptr;
+  }
+  long long const modified = status.st_mtim.tv_sec * 1000000000LL + status.st_mtim.tv_nsec;
+  if (mCommon.path != mCommonSettingsFile || mCommon.size != status.st_size ||
+      mCommon.modified != modified || mCommon.inode != status.st_ino) {
+    mCommon = ParsedFile{mCommonSettingsFile, status.st_size, modified, status.st_ino, nullptr};
     try {
-      common = std::make_unique<XercesXMLSection>(mCommonSettingsFile.c_str(), true);
+      mCommon.root = std::make_shared<XercesXMLSection>(mCommonSettingsFile.c_str(), true);
     } catch (Exception const &) {
     }
   }
-  std::unique_ptr<ConfigurationSection> defaults;
-  if (resourceId != 0 && mDefaultsReader) {
+  return std::unique_ptr<ConfigurationSection>(mCommon.root ? mCommon.root->Copy() : nullptr);
+}
+
+std::unique_ptr<ConfigurationSection> VxAppCore::DefaultsSource(unsigned int resourceId) const {
+  if (resourceId == 0 || !mDefaultsReader) return nullptr;
+  auto found = mDefaults.find(resourceId);
+  if (found == mDefaults.end()) {
+    std::shared_ptr<ConfigurationSection> root;
     try {
       std::string const text = mDefaultsReader(resourceId);
-      if (!text.empty()) defaults.reset(XercesXMLSection::CreateXMLSectionFromString(text.c_str()));
+      if (!text.empty()) root.reset(XercesXMLSection::CreateXMLSectionFromString(text.c_str()));
     } catch (Exception const &) {
     }
+    found = mDefaults.emplace(resourceId, root).first;
   }
+  return std::unique_ptr<ConfigurationSection>(found->second ? found->second->Copy() : nullptr);
+}
+
+ConfigurationSection * VxAppCore::GetAppSettings(char const * name,
+                                                 unsigned int resourceId) const {
+  // The sources are only read: a parsed file or document serves every call
+  // through a copy of its own.
+  std::unique_ptr<ConfigurationSection> const common = CommonSource();
+  std::unique_ptr<ConfigurationSection> const defaults = DefaultsSource(resourceId);
 
   // Without a user file (none set, or it could not be read) the layers go
   // onto an empty tree that is never written.

@@ -17,6 +17,8 @@
 #include <boost/shared_ptr.hpp>
 
 #include <functional>
+#include <map>
+#include <memory>
 #include <string>
 
 class ConfigurationSection;
@@ -69,8 +71,12 @@ public:
   // settings.
   ConfigurationSection * GetAppSettings(char const * name, unsigned int resourceId) const;
   // Where GetAppSettings finds defaults documents; without one a non-zero
-  // `resourceId` counts as an absent source.
-  void SetDefaultsReader(DefaultsReader reader) { mDefaultsReader = std::move(reader); }
+  // `resourceId` counts as an absent source. Documents are parsed once: the
+  // resources do not change while the process runs.
+  void SetDefaultsReader(DefaultsReader reader) {
+    mDefaultsReader = std::move(reader);
+    mDefaults.clear();
+  }
 
   // Keys "AppName" and "Version" (path format) of the running application.
   static void WriteAppInfo(ConfigurationSection * section);
@@ -85,10 +91,27 @@ public:
   bool MuteInfoMessages() const { return mMuteInfoMessages; }
 
 private:
+  // The all-users file as last parsed, with what identifies that version of
+  // the file; parsed again when the file changes.
+  struct ParsedFile {
+    std::string path;
+    long long size = -1;
+    long long modified = 0;  // nanoseconds
+    unsigned long long inode = 0;
+    std::shared_ptr<ConfigurationSection> root;
+  };
+
+  // A new section object on the parsed all-users file, or null.
+  std::unique_ptr<ConfigurationSection> CommonSource() const;
+  std::unique_ptr<ConfigurationSection> DefaultsSource(unsigned int resourceId) const;
+
   std::string mPluginDirectory;
   std::string mUserSettingsFile;
   std::string mCommonSettingsFile;
   bool mMuteInfoMessages = false;
   boost::shared_ptr<ConfigurationSection> mSettings;
   DefaultsReader mDefaultsReader;
+  mutable ParsedFile mCommon;
+  // Parsed defaults documents by number; null for one that is absent.
+  mutable std::map<unsigned int, std::shared_ptr<ConfigurationSection>> mDefaults;
 };
