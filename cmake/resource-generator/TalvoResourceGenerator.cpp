@@ -242,7 +242,8 @@ void AddFile(std::string const & root, std::string const & path, Module & module
   std::string const name = FileName(relative);
   if (name.empty() || name[0] == '.' || name.compare(0, 6, "README") == 0) return;
   std::string const folder = relative.substr(0, relative.find('/'));
-  if (folder == relative) throw Failure(path + ": resources lie in dialogs/, bitmaps/, html/ or strings/");
+  if (folder == relative)
+    throw Failure(path + ": resources lie in dialogs/, bitmaps/, html/ or strings/");
 
   if (folder == "strings") {
     if (Extension(name) != "txt") throw Failure(path + ": string tables are .txt files");
@@ -261,7 +262,8 @@ void AddFile(std::string const & root, std::string const & path, Module & module
     CollectDialogTexts(item.bytes, path, module.dialogTexts);
   } else if (folder == "bitmaps") {
     item.type = kBitmap;
-    if (item.bytes.compare(0, 8, "\x89PNG\r\n\x1a\n") != 0) throw Failure(path + ": not a PNG file");
+    if (item.bytes.compare(0, 8, "\x89PNG\r\n\x1a\n") != 0)
+      throw Failure(path + ": not a PNG file");
   } else if (folder == "html") {
     item.type = kHtml;
   } else {

@@ -89,29 +89,31 @@ ResourceChain & Chain() {
   return *chain;
 }
 
-// The modules a lookup visits, in order.
-std::vector<ResourceModule const *> SearchOrder() {
+// Visits the modules in lookup order until `found` holds for one, and
+// returns that one (or null). Under the chain's lock: `found` only looks.
+template <typename Found>
+ResourceModule const * SearchChain(Found const & found) {
   ResourceChain & chain = Chain();
   std::lock_guard<std::mutex> lock(chain.mutex);
-  std::vector<ResourceModule const *> order;
-  auto add = [&order](ResourceModule const * module) {
-    if (module != nullptr && std::find(order.begin(), order.end(), module) == order.end())
-      order.push_back(module);
-  };
-  add(chain.current);
-  add(chain.application);
-  for (auto const & module : chain.modules) add(module.get());
-  return order;
+  if (chain.current != nullptr && found(*chain.current)) return chain.current;
+  if (chain.application != nullptr && chain.application != chain.current &&
+      found(*chain.application))
+    return chain.application;
+  for (auto const & module : chain.modules) {
+    if (module.get() == chain.current || module.get() == chain.application) continue;
+    if (found(*module)) return module.get();
+  }
+  return nullptr;
 }
 
 ResourceItem const * FindInChain(unsigned type, unsigned id, ResourceModule const ** owner) {
-  for (ResourceModule const * module : SearchOrder()) {
-    if (ResourceItem const * item = module->FindItem(type, id)) {
-      if (owner != nullptr) *owner = module;
-      return item;
-    }
-  }
-  return nullptr;
+  ResourceItem const * item = nullptr;
+  ResourceModule const * module = SearchChain([&](ResourceModule const & candidate) {
+    item = candidate.FindItem(type, id);
+    return item != nullptr;
+  });
+  if (owner != nullptr) *owner = module;
+  return item;
 }
 
 void TranslateLabels(wxWindow & window) {
@@ -196,11 +198,12 @@ std::string LoadResourceBytes(HINSTANCE module, unsigned id, unsigned type) {
 }
 
 ResourceMessage FindResourceMessage(unsigned id) {
-  for (ResourceModule const * module : SearchOrder()) {
-    ResourceMessage const message = module->FindMessage(id);
-    if (message.text != nullptr) return message;
-  }
-  return ResourceMessage{nullptr, nullptr};
+  ResourceMessage message{nullptr, nullptr};
+  SearchChain([&](ResourceModule const & candidate) {
+    message = candidate.FindMessage(id);
+    return message.text != nullptr;
+  });
+  return message;
 }
 
 wxString LoadResourceString(unsigned id) {

@@ -65,7 +65,8 @@ TEST_F(ResourceChain, StringsAreFoundApplicationFirstThenLibrary) {
               c.context == nullptr ? std::string("(none)") : c.context);
     EXPECT_EQ(message.text == nullptr ? std::string("(none)") : message.text,
               c.text == nullptr ? std::string("(none)") : c.text);
-    EXPECT_EQ(LoadResourceString(c.id), c.text == nullptr ? wxString() : wxString::FromUTF8(c.text));
+    EXPECT_EQ(LoadResourceString(c.id),
+              c.text == nullptr ? wxString() : wxString::FromUTF8(c.text));
   }
 }
 
