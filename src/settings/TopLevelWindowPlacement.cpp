@@ -9,15 +9,30 @@
 
 namespace {
 
-// The normal rectangle of each tracked window. Windows live on the GUI thread
-// only, so a plain map serves; an entry goes when its window is destroyed.
-std::unordered_map<wxTopLevelWindow const *, wxRect> & NormalRects() {
-  static std::unordered_map<wxTopLevelWindow const *, wxRect> rects;
-  return rects;
+// What is known of a tracked window: its normal rectangle, and whether it
+// was normal and on screen when last seen.
+struct Tracked {
+  wxRect normal;
+  bool wasNormal = false;
+  // Whether `normal` was given by VxSetWindowPlacement or seen on screen;
+  // until then the window's own rectangle stands, whatever the program
+  // gives it before showing it.
+  bool known = false;
+};
+
+// Windows live on the GUI thread only, so a plain map serves; an entry goes
+// when its window is destroyed.
+std::unordered_map<wxTopLevelWindow const *, Tracked> & TrackedWindows() {
+  static std::unordered_map<wxTopLevelWindow const *, Tracked> windows;
+  return windows;
 }
 
 bool IsNormal(wxTopLevelWindow const & window) {
   return !window.IsMaximized() && !window.IsIconized() && !window.IsFullScreen();
+}
+
+bool IsNormalOnScreen(wxTopLevelWindow const & window) {
+  return IsNormal(window) && window.IsShownOnScreen();
 }
 
 RECT ToRect(wxRect const & rect) {
@@ -32,8 +47,26 @@ wxRect ToWxRect(RECT const & rect) {
   return wxRect(rect.left, rect.top, width, height);
 }
 
-void RememberIfNormal(wxTopLevelWindow & window) {
-  if (IsNormal(window)) NormalRects()[&window] = window.GetRect();
+// Runs once the events of a move or resize have all arrived: the window
+// manager reports sizes of a window that is being maximised or minimised
+// before it reports the new state, and those must not count as normal.
+void Review(wxTopLevelWindow & window) {
+  auto const found = TrackedWindows().find(&window);
+  if (found == TrackedWindows().end()) return;
+  Tracked & tracked = found->second;
+  bool const normal = IsNormalOnScreen(window);
+  if (normal && !tracked.known) {
+    tracked.known = true;
+    tracked.normal = window.GetRect();
+  } else if (normal && !tracked.wasNormal) {
+    // Shown or restored: back to the normal rectangle. Until a window has
+    // been on screen its decorations are unknown, so one maximised before it
+    // was shown would otherwise restore to a size without them.
+    if (window.GetRect() != tracked.normal) window.SetSize(tracked.normal);
+  } else if (normal) {
+    tracked.normal = window.GetRect();
+  }
+  tracked.wasNormal = normal;
 }
 
 }  // namespace
@@ -46,19 +79,20 @@ std::vector<RECT> VxGetDisplayWorkAreas() {
 }
 
 void VxTrackWindowPlacement(wxTopLevelWindow & window) {
-  auto & rects = NormalRects();
-  if (rects.count(&window) != 0) return;
-  rects[&window] = window.GetRect();
-  window.Bind(wxEVT_SIZE, [&window](wxSizeEvent & event) {
-    RememberIfNormal(window);
+  auto & windows = TrackedWindows();
+  if (windows.count(&window) != 0) return;
+  windows[&window] = Tracked{window.GetRect(), IsNormalOnScreen(window), window.IsShown()};
+  auto const review = [&window](wxEvent & event) {
     event.Skip();
-  });
-  window.Bind(wxEVT_MOVE, [&window](wxMoveEvent & event) {
-    RememberIfNormal(window);
-    event.Skip();
-  });
+    window.CallAfter([&window] { Review(window); });
+  };
+  window.Bind(wxEVT_SIZE, review);
+  window.Bind(wxEVT_MOVE, review);
+  window.Bind(wxEVT_SHOW, review);
+  window.Bind(wxEVT_ICONIZE, review);
+  window.Bind(wxEVT_MAXIMIZE, review);
   window.Bind(wxEVT_DESTROY, [&window](wxWindowDestroyEvent & event) {
-    if (event.GetEventObject() == &window) NormalRects().erase(&window);
+    if (event.GetEventObject() == &window) TrackedWindows().erase(&window);
     event.Skip();
   });
 }
@@ -74,10 +108,28 @@ WINDOWPLACEMENT VxGetWindowPlacement(wxTopLevelWindow const & window) {
   } else {
     placement.showCmd = window.IsMaximized() ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL;
   }
-  auto const tracked = NormalRects().find(&window);
-  bool const useTracked = tracked != NormalRects().end() && !IsNormal(window);
-  placement.rcNormalPosition = ToRect(useTracked ? tracked->second : window.GetRect());
+  auto const tracked = TrackedWindows().find(&window);
+  bool const useTracked = tracked != TrackedWindows().end() && !IsNormalOnScreen(window);
+  placement.rcNormalPosition = ToRect(useTracked ? tracked->second.normal : window.GetRect());
   return placement;
+}
+
+// Maximises or minimises as `showCmd` says; any other command restores.
+void ApplyShowCommand(wxTopLevelWindow & window, UINT showCmd, UINT flags) {
+  switch (showCmd) {
+    case SW_SHOWMAXIMIZED:
+      window.Maximize(true);
+      break;
+    case SW_SHOWMINIMIZED:
+    case SW_MINIMIZE:
+    case SW_SHOWMINNOACTIVE:
+      // Restored to maximised when the placement says it was maximised before.
+      if ((flags & WPF_RESTORETOMAXIMIZED) != 0) window.Maximize(true);
+      window.Iconize(true);
+      break;
+    default:
+      break;
+  }
 }
 
 void VxSetWindowPlacement(wxTopLevelWindow & window, WINDOWPLACEMENT const & placement) {
@@ -89,19 +141,9 @@ void VxSetWindowPlacement(wxTopLevelWindow & window, WINDOWPLACEMENT const & pla
     window.Maximize(false);
   }
   window.SetSize(normal);
-  NormalRects()[&window] = normal;
-  switch (placement.showCmd) {
-    case SW_SHOWMAXIMIZED:
-      window.Maximize(true);
-      break;
-    case SW_SHOWMINIMIZED:
-    case SW_MINIMIZE:
-    case SW_SHOWMINNOACTIVE:
-      // Restored to maximised when the placement says it was maximised before.
-      if ((placement.flags & WPF_RESTORETOMAXIMIZED) != 0) window.Maximize(true);
-      window.Iconize(true);
-      break;
-    default:
-      break;
-  }
+  Tracked & tracked = TrackedWindows()[&window];
+  tracked.normal = normal;
+  tracked.wasNormal = IsNormalOnScreen(window);
+  tracked.known = true;
+  ApplyShowCommand(window, placement.showCmd, placement.flags);
 }

@@ -3,10 +3,16 @@
 // applied to one, so that a frame comes back where the user left it.
 //
 // rcNormalPosition is the restored (neither maximised nor minimised) outer
-// rectangle in screen coordinates. wx does not report it while a window is
-// maximised or minimised, so a window is tracked: from the first
-// VxSetWindowPlacement or VxTrackWindowPlacement on, every move and resize
-// in the normal state is remembered until the window is destroyed. The
+// rectangle, decorations included, in screen coordinates. wx does not report
+// it while a window is maximised or minimised, so a window is tracked: from
+// the first VxSetWindowPlacement or VxTrackWindowPlacement on, every move
+// and resize in the normal state is remembered (once its events have
+// settled, since the window manager reports sizes of a window on its way to
+// maximised or minimised before the new state), and a window that is shown
+// or restored goes back to the remembered rectangle, as on Windows. (wx on
+// GTK learns the size of decorations from the first window it shows; the
+// first window of a process, maximised before it was ever shown, may be
+// restored a few pixels off until it is moved.) The
 // minimised and maximised positions are not the desktop's to choose here;
 // they are written as -1, -1 and ignored when applied.
 

@@ -1,0 +1,193 @@
+// Shortcuts as desktop entries: the text form, round trips of the four slots
+// through files and buffers, and files that are no desktop entries.
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "platform/WinError.h"
+#include "settings/DesktopEntry.h"
+#include "settings/VxShellLink.h"
+#include "utl/Utf.h"
+
+namespace {
+
+std::string Tmp(std::string const & name) { return std::string(std::getenv("TMPDIR")) + "/" + name; }
+
+std::string ReadAll(std::string const & path) {
+  std::ifstream in(path);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+TEST(DesktopEntry, WritesTheFormatsEscapes) {
+  DesktopShortcut shortcut;
+  shortcut.path = "/opt/My App/bin/run \"x\" $HOME `id` 100%\\";
+  shortcut.arguments = "--size 50% \"two words\"";
+  shortcut.description = " Spaced\tand\nnew line ";
+  shortcut.workingDirectory = "C:\\data";
+  EXPECT_EQ(FormatDesktopEntry(shortcut, "Analyser"),
+            "[Desktop Entry]\nType=Application\nVersion=1.5\nName=Analyser\n"
+            "Comment=\\sSpaced\\tand\\nnew line\\s\n"
+            "Exec=\"/opt/My App/bin/run \\\\\"x\\\\\" \\\\$HOME \\\\`id\\\\` 100%%\\\\\\\\\" "
+            "--size 50%% \"two words\"\n"
+            "Path=C:\\\\data\n");
+  EXPECT_EQ(FormatDesktopEntry(DesktopShortcut{}, "Empty"),
+            "[Desktop Entry]\nType=Application\nVersion=1.5\nName=Empty\n");
+}
+
+TEST(DesktopEntry, RoundTripsEverySlotExactly) {
+  std::vector<DesktopShortcut> const cases = {
+      {"/usr/bin/prog", "A program", "/home/user", "-v"},
+      {" lead and trail ", "  ", " ", "  spaced  args  "},
+      {"\"\"", "\\\\ \\s \\n", "%%%", "%f %U \"quoted arg\" \\back"},
+      {"/opt/Ünïcødé/☃", "Описание 説明", "/tmp/é", "--name=ß"},
+      {"", "", "", ""},
+      {std::nullopt, "only a comment", std::nullopt, std::nullopt},
+      {std::nullopt, std::nullopt, std::nullopt, "arguments without a program"},
+      {"/no/arguments", std::nullopt, std::nullopt, std::nullopt},
+      {"tab\there", "line\r\nbreaks", "back\\", "ends with a backslash \\"},
+  };
+  for (DesktopShortcut const & original : cases) {
+    std::string const text = FormatDesktopEntry(original, "Name");
+    DesktopShortcut parsed;
+    std::string error;
+    ASSERT_TRUE(ParseDesktopEntry(text, parsed, error)) << error << "\n" << text;
+    DesktopShortcut expected = original;
+    if (!expected.path && expected.arguments) expected.path = "";  // Exec needs a program
+    EXPECT_TRUE(parsed == expected) << text;
+  }
+}
+
+TEST(DesktopEntry, ReadsForeignFilesAndRefusesMalformedOnes) {
+  DesktopShortcut shortcut;
+  std::string error;
+  ASSERT_TRUE(ParseDesktopEntry("# made elsewhere\r\n\r\n[Desktop Entry]\r\nName=Edit\r\n"
+                                "Exec = gedit %U\r\nComment[de]=Bearbeiten\r\nComment=Edit\r\n"
+                                "[Desktop Action new]\r\nExec=other\r\n",
+                                shortcut, error))
+      << error;
+  EXPECT_EQ(shortcut.path, std::optional<std::string>("gedit"));
+  EXPECT_EQ(shortcut.arguments, std::optional<std::string>("%U"));
+  EXPECT_EQ(shortcut.description, std::optional<std::string>("Edit"));
+  EXPECT_FALSE(shortcut.workingDirectory);
+
+  struct Case {
+    char const * text;
+    char const * why;
+  };
+  Case const cases[] = {
+      {"", "no group"},
+      {"# only a comment\n", "no group"},
+      {"Name=x\n[Desktop Entry]\n", "an entry before the group"},
+      {"[Other]\n[Desktop Entry]\nExec=x\n", "another group first"},
+      {"[Desktop Entry\nExec=x\n", "an open header"},
+      {"[Desktop Entry]\nExec=\"unclosed\n", "an unclosed quote"},
+      {"[Desktop Entry]\nExec=\"prog\"tail\n", "a tail glued to the program"},
+      {"[Desktop Entry]\nExec=x\nExec=y\n", "a key twice"},
+      {"[Desktop Entry]\njust text\n", "no equals sign"},
+      {"[Desktop Entry]\nBad Key=1\n", "a blank in a key"},
+      {"[Desktop Entry]\n=value\n", "no key"},
+      {"[Desktop Entry]\nComment[=x\n", "an open locale"},
+      {"[Desktop Entry]\nComment=\xff\xfe\n", "invalid UTF-8"},
+  };
+  for (Case const & c : cases) {
+    DesktopShortcut untouched;
+    untouched.path = "kept";
+    error.clear();
+    EXPECT_FALSE(ParseDesktopEntry(c.text, untouched, error)) << c.why;
+    EXPECT_FALSE(error.empty()) << c.why;
+    EXPECT_EQ(untouched.path, std::optional<std::string>("kept")) << c.why;
+  }
+}
+
+TEST(ShellLink, CreateAndResolveKeepAllFourSlots) {
+  std::wstring const file = vx3::Utf8ToWide(Tmp("Analyser ☃.desktop"));
+  std::wstring path = L"/opt/Analyser/bin/analyser \"beta\" 100%";
+  std::wstring description = L" Start the analyser ";
+  std::wstring folder = L"/home/user/Données\\x";
+  std::wstring arguments = L"--open \"/data/a b.csv\" %f";
+  VxShellLink::LinkInfo in;
+  in.path = &path[0];
+  in.description = &description[0];
+  in.workingDirectory = &folder[0];
+  in.arguments = &arguments[0];
+  ASSERT_EQ(VxShellLink::CreateLink(file.c_str(), &in), S_OK);
+  std::string const text = ReadAll(vx3::WideToUtf8(file));
+  EXPECT_NE(text.find("\nName=Analyser ☃\n"), std::string::npos) << text;
+  struct stat info {};
+  ASSERT_EQ(::stat(vx3::WideToUtf8(file).c_str(), &info), 0);
+  EXPECT_NE(info.st_mode & S_IXUSR, 0u) << "a launcher is executable";
+
+  wchar_t outPath[260] = L"x", outDescription[260] = L"x", outFolder[260] = L"x";
+  wchar_t outArguments[260] = L"x";
+  VxShellLink::LinkInfo out{outPath, 260, outDescription, 260, outFolder, 260, outArguments, 260};
+  ASSERT_EQ(VxShellLink::ResolveLink(file.c_str(), &out), S_OK);
+  EXPECT_EQ(std::wstring(outPath), path);
+  EXPECT_EQ(std::wstring(outDescription), description);
+  EXPECT_EQ(std::wstring(outFolder), folder);
+  EXPECT_EQ(std::wstring(outArguments), arguments);
+
+  // Only slots with a buffer and a size are filled, and never beyond it.
+  wchar_t small[5] = L"????";
+  wchar_t untouched[4] = L"abc";
+  VxShellLink::LinkInfo partial{small, 5, untouched, 0, nullptr, 10, nullptr, 0};
+  ASSERT_EQ(VxShellLink::ResolveLink(file.c_str(), &partial), S_OK);
+  EXPECT_EQ(std::wstring(small), L"/opt");
+  EXPECT_EQ(std::wstring(untouched), L"abc");
+}
+
+TEST(ShellLink, NullSlotsAreLeftOutAndReadBackEmpty) {
+  std::wstring const file = vx3::Utf8ToWide(Tmp("partial.desktop"));
+  std::wstring description = L"just this";
+  VxShellLink::LinkInfo in;
+  in.description = &description[0];
+  ASSERT_EQ(VxShellLink::CreateLink(file.c_str(), &in), S_OK);
+  EXPECT_EQ(ReadAll(vx3::WideToUtf8(file)).find("Exec="), std::string::npos);
+  wchar_t outPath[16] = L"stale";
+  wchar_t outDescription[16] = L"";
+  VxShellLink::LinkInfo out{outPath, 16, outDescription, 16, nullptr, 0, nullptr, 0};
+  ASSERT_EQ(VxShellLink::ResolveLink(file.c_str(), &out), S_OK);
+  EXPECT_EQ(std::wstring(outPath), L"");
+  EXPECT_EQ(std::wstring(outDescription), L"just this");
+}
+
+TEST(ShellLink, FailuresAreHresultsAndTouchNoSlot) {
+  std::string const garbage = Tmp("garbage.desktop");
+  std::ofstream(garbage) << "MZ\x90\x00 not a desktop entry";
+  std::string const folder = Tmp("folder.desktop");
+  ASSERT_EQ(::mkdir(folder.c_str(), 0755), 0);
+  std::string const huge = Tmp("huge.desktop");
+  std::ofstream(huge) << "[Desktop Entry]\nComment=" << std::string(2 << 20, 'x') << "\n";
+
+  struct Case {
+    std::string file;
+    long expected;
+  };
+  Case const cases[] = {
+      {Tmp("missing.desktop"), HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)},
+      {garbage, HRESULT_FROM_WIN32(ERROR_BAD_FORMAT)},
+      {folder, HRESULT_FROM_WIN32(ERROR_BAD_FORMAT)},
+      {huge, HRESULT_FROM_WIN32(ERROR_BAD_FORMAT)},
+  };
+  for (Case const & c : cases) {
+    wchar_t slot[8] = L"same";
+    VxShellLink::LinkInfo out{slot, 8, nullptr, 0, nullptr, 0, nullptr, 0};
+    EXPECT_EQ(VxShellLink::ResolveLink(vx3::Utf8ToWide(c.file).c_str(), &out), c.expected)
+        << c.file;
+    EXPECT_EQ(std::wstring(slot), L"same") << c.file;
+  }
+  EXPECT_EQ(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND), static_cast<HRESULT>(0x80070002u));
+
+  VxShellLink::LinkInfo in;
+  EXPECT_EQ(VxShellLink::CreateLink(nullptr, &in), E_POINTER);
+  EXPECT_EQ(VxShellLink::ResolveLink(L"/x", nullptr), E_POINTER);
+  EXPECT_EQ(VxShellLink::CreateLink(L"/no/such/folder/x.desktop", &in), E_FAIL);
+}
+
+}  // namespace
