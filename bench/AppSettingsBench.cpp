@@ -79,7 +79,8 @@ BENCHMARK(AppSettingsThreeSources_candidate)
 void AppSettingsThreeSources_baseline(benchmark::State & state) {
   using namespace xercesc;
   PrepareFolders();
-  std::string const common = VxPathAppend(VxAppCore().GetCommonAppDataDirectory(), "talvo-bench.kvxml");
+  std::string const common =
+      VxPathAppend(VxAppCore().GetCommonAppDataDirectory(), "talvo-bench.kvxml");
   XMLPlatformUtils::Initialize();
   for (auto _ : state) {
     XercesDOMParser fileParser;

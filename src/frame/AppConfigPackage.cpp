@@ -141,7 +141,8 @@ void AppConfigPackage::Read(std::string const & bytes, Limits const & limits) {
                entry.name + ": " + zip_file_strerror(file.get()));
       if (got == 0) break;
       entry.bytes.append(buffer.data(), static_cast<size_t>(got));
-      if (entry.bytes.size() > limits.maxEntryBytes || total + entry.bytes.size() > limits.maxTotalBytes)
+      if (entry.bytes.size() > limits.maxEntryBytes ||
+          total + entry.bytes.size() > limits.maxTotalBytes)
         Refuse("The entry {2} of the customization package {1} inflates beyond the limit.",
                mSource, entry.name);
     }
@@ -197,7 +198,8 @@ std::string AppConfigPackage::ReadAppName() const {
 std::vector<std::string> AppConfigPackage::IconEntryNames() const {
   std::vector<std::string> names;
   for (Entry const & entry : mEntries)
-    if (!EqualsNoCase(entry.name, "splash.png") && EqualsNoCase(VxGetFileExtension(entry.name), "png"))
+    if (!EqualsNoCase(entry.name, "splash.png") &&
+        EqualsNoCase(VxGetFileExtension(entry.name), "png"))
       names.push_back(entry.name);
   return names;
 }
@@ -214,9 +216,9 @@ std::string AppConfigPackage::ApplyReplacements(
     std::string text, std::map<std::string, std::string> const & replacements) {
   for (auto const & [key, value] : replacements) {
     if (key.empty()) continue;
-    for (size_t at = text.find(key); at != std::string::npos; at = text.find(key, at + value.size())) {
+    for (size_t at = text.find(key); at != std::string::npos;
+         at = text.find(key, at + value.size()))
       text.replace(at, key.size(), value);
-    }
   }
   return text;
 }

@@ -69,7 +69,9 @@ void VxAppCore::SetRegistryLocation() {
   }
 }
 
-std::string VxAppCore::GetAppDataDirectory() const { return ApplicationFolder(vx3::UserDataFolder()); }
+std::string VxAppCore::GetAppDataDirectory() const {
+  return ApplicationFolder(vx3::UserDataFolder());
+}
 
 std::string VxAppCore::GetCommonAppDataDirectory() const {
   return ApplicationFolder(vx3::CommonDataFolder());

@@ -104,7 +104,8 @@ TEST_F(VxAppCoreTest, AnAllUsersFolderThatCannotBeCreatedIsReturnedAllTheSame) {
   WriteBytes((mRoot / "blocked").string(), "a file");
   ScopedEnvironment const blocked("XDG_CONFIG_DIRS", (mRoot / "blocked/sub").c_str());
   VxAppCore const core;
-  EXPECT_EQ(core.GetCommonAppDataDirectory(), (mRoot / "blocked/sub/Karvinel/Core Test/2.5").string());
+  EXPECT_EQ(core.GetCommonAppDataDirectory(),
+            (mRoot / "blocked/sub/Karvinel/Core Test/2.5").string());
   EXPECT_EQ(core.GetKarvinelCommonAppDataDirectory(), (mRoot / "blocked/sub/Karvinel").string());
   EXPECT_FALSE(fs::exists(mRoot / "blocked/sub"));
 }

@@ -146,7 +146,8 @@ TEST(VxAppCustomization, APackageRenamesAndGivesPicturesAndMarkup) {
             {"Splash.PNG", Png(120, 60, 10)},
             {"notes.txt", "notes"},
             {"second.png", Png(32, 24, 100)},
-            {"about_us.xaml", "<Image Source=\"file://second.png\"/><Image Source=\"file://first.png\"/>"},
+            {"about_us.xaml",
+             "<Image Source=\"file://second.png\"/><Image Source=\"file://first.png\"/>"},
             {"help_backstage_page.xaml", "<Page>file://first.png</Page>"}});
   std::unique_ptr<VxAppCustomization> const custom =
       VxAppCustomization::ReadFromFolder(folder.string());
