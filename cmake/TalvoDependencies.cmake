@@ -9,6 +9,7 @@ find_package(SQLite3 3.35 REQUIRED)
 pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-uc icu-i18n)
 pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
 pkg_check_modules(LIBXSLT REQUIRED IMPORTED_TARGET libxslt)
+pkg_check_modules(LIBZIP REQUIRED IMPORTED_TARGET libzip)
 
 # wxBase only for the utility layer; the GUI library takes core, adv, html.
 find_package(wxWidgets 3.2 REQUIRED COMPONENTS base)

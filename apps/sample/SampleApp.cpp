@@ -1,33 +1,58 @@
 // The sample application: starts like every application of the family
-// (name and version, translation) and opens its main window.
+// (name and version, translation, customization package, settings location)
+// and opens its main window where the user left it.
 //
-//   talvo-sample [--screenshot FILE]
-#include <wx/app.h>
+//   talvo-sample [--screenshot FILE] [--exit-on-paint]
+//
+// A customization package ("*.appconfig") beside the executable renames the
+// application and gives it a splash picture and icons; the build makes one
+// in sample-package/ (see CMakeLists.txt), which is not put beside the
+// executable unless you copy it there.
 #include <wx/cmdline.h>
 #include <wx/crt.h>
+#include <wx/iconbndl.h>
+#include <wx/splash.h>
 #include <wx/timer.h>
+
+#include <memory>
 
 #include "MainFrame.h"
 #include "controls/WindowSnapshot.h"
+#include "frame/VxApp.h"
+#include "frame/VxAppCustomization.h"
+#include "settings/TopLevelWindowPlacement.h"
+#include "settings/WindowPlacement.h"
+#include "utl/ConfigurationSection.h"
+#include "utl/Exception.h"
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
 
 namespace {
 
-class SampleApp : public wxApp {
+constexpr char kWindowSection[] = "MainFrame";
+constexpr char kPlacementEntry[] = "WindowPlacement";
+
+class SampleApp : public VxApp {
 public:
   bool OnInit() override;
   int OnRun() override {
-    int const code = wxApp::OnRun();
+    int const code = VxApp::OnRun();
     return mExitCode != 0 ? mExitCode : code;
   }
   void OnInitCmdLine(wxCmdLineParser & parser) override;
   bool OnCmdLineParsed(wxCmdLineParser & parser) override;
 
 private:
+  void Customize();
+  void CountStart();
+  void PlaceFrame();
+  void SavePlacement(wxCloseEvent & event);
+  void ExitOnFirstPaint();
   void TakeScreenshotWhenPainted();
 
   wxString mScreenshotPath;
+  bool mExitOnPaint = false;
+  VxAppCustomization * mCustomization = nullptr;
   MainFrame * mFrame = nullptr;
   wxTimer mScreenshotTimer;
   int mScreenshotTries = 0;
@@ -35,14 +60,17 @@ private:
 };
 
 void SampleApp::OnInitCmdLine(wxCmdLineParser & parser) {
-  wxApp::OnInitCmdLine(parser);
+  VxApp::OnInitCmdLine(parser);
   parser.AddOption("", "screenshot", "write a PNG of the main window to FILE and exit",
                    wxCMD_LINE_VAL_STRING);
+  parser.AddSwitch("", "exit-on-paint",
+                   "print \"painted\" when the main window has been painted once, then exit");
 }
 
 bool SampleApp::OnCmdLineParsed(wxCmdLineParser & parser) {
   parser.Found("screenshot", &mScreenshotPath);
-  return wxApp::OnCmdLineParsed(parser);
+  mExitOnPaint = parser.Found("exit-on-paint");
+  return VxApp::OnCmdLineParsed(parser);
 }
 
 bool SampleApp::OnInit() {
@@ -51,12 +79,85 @@ bool SampleApp::OnInit() {
   translation.catalogPaths = vx3::DefaultCatalogPaths();
   vx3::InstallTranslation(translation);
   SetAppName(wxString::FromUTF8(VxSystemInfo::GetApplicationName()));
+  if (!VxApp::OnInit()) return false;
 
-  if (!wxApp::OnInit()) return false;
+  // The package may rename the application, so it comes before the
+  // settings location.
+  Customize();
+  SetRegistryLocation();
+  CountStart();
+
   mFrame = new MainFrame;
+  mFrame->SetTitle(wxString::FromUTF8(VxSystemInfo::GetApplicationName()));
+  if (mCustomization != nullptr && mCustomization->HasIcon(1)) {
+    wxIconBundle icons;
+    for (int id : mCustomization->GetIconIds()) {
+      wxIcon icon;
+      icon.CopyFromBitmap(mCustomization->GetBitmap(id));
+      icons.AddIcon(icon);
+    }
+    mFrame->SetIcons(icons);
+  }
+  PlaceFrame();
+  mFrame->Bind(wxEVT_CLOSE_WINDOW, &SampleApp::SavePlacement, this);
+  SetTopWindow(mFrame);
+  bool const scripted = !mScreenshotPath.empty() || mExitOnPaint;
+  if (!scripted && mCustomization != nullptr && mCustomization->GetSplashBitmap().IsOk()) {
+    new wxSplashScreen(mCustomization->GetSplashBitmap(),
+                       wxSPLASH_CENTRE_ON_SCREEN | wxSPLASH_TIMEOUT, 1500, nullptr, wxID_ANY);
+  }
   mFrame->Show();
+  if (mExitOnPaint) ExitOnFirstPaint();
   if (!mScreenshotPath.empty()) TakeScreenshotWhenPainted();
   return true;
+}
+
+void SampleApp::Customize() {
+  try {
+    mCustomization = VxAppCustomization::Instance();
+  } catch (Exception const & error) {
+    // A broken package must not keep the application from starting.
+    wxFprintf(stderr, "the customization package is ignored: %s\n",
+              wxString::FromUTF8(error.Why()));
+  }
+}
+
+void SampleApp::CountStart() {
+  // A setting of the sample's own, kept in the settings file between runs.
+  std::unique_ptr<ConfigurationSection> settings(GetAppSettings("Sample", 0));
+  int starts = 0;
+  settings->ReadInt("Starts", starts);
+  settings->WriteInt("Starts", starts + 1);
+}
+
+void SampleApp::PlaceFrame() {
+  wxString const text = GetProfileString(kWindowSection, kPlacementEntry);
+  WINDOWPLACEMENT placement{};
+  if (!text.empty() && ParseWindowPlacement(text.utf8_str(), placement))
+    VxSetWindowPlacement(*mFrame, placement);
+  VxTrackWindowPlacement(*mFrame);
+}
+
+void SampleApp::SavePlacement(wxCloseEvent & event) {
+  std::string const text = WindowPlacementToString(VxGetWindowPlacement(*mFrame));
+  WriteProfileString(kWindowSection, kPlacementEntry, wxString::FromUTF8(text).wc_str());
+  event.Skip();
+}
+
+void SampleApp::ExitOnFirstPaint() {
+  // The frame's page covers it, so the first paint arrives at a child.
+  for (wxWindow * child : mFrame->GetChildren()) {
+    child->Bind(wxEVT_PAINT, [this](wxPaintEvent & event) {
+      event.Skip();
+      if (mExitOnPaint) {
+        mExitOnPaint = false;
+        // The start-up figure stops its clock at this line, not at the exit.
+        wxPrintf("painted\n");
+        fflush(stdout);
+        CallAfter([this] { mFrame->Close(true); });
+      }
+    });
+  }
 }
 
 void SampleApp::TakeScreenshotWhenPainted() {

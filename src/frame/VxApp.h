@@ -1,0 +1,107 @@
+#pragma once
+// The application object of every application of the family. It fixes where
+// the application keeps its settings (registry base, data folders, the XML
+// settings file and its "AppSettings" section), holds the plug-in folder and
+// the mute switch for information boxes, keeps the profile, and answers the
+// about command.
+//
+// Start-up, in the application's OnInit:
+//   VxSystemInfo::SetApplication(name, version);
+//   VxAppCustomization::Instance();   // may rename the application
+//   SetRegistryLocation();            // from here on the locations are fixed
+// The destructor writes the settings back. A file that could not be read is
+// never written over.
+//
+// The work that needs no display lies in VxAppCore (VxAppCore.h), in a
+// library without GTK; this class adds the user interface and delegates the
+// rest, so a service process holds a VxAppCore alone.
+
+#include <string>
+
+#include <wx/app.h>
+#include <wx/string.h>
+
+#include "frame/VxAppCore.h"
+#include "platform/MessageBoxes.h"
+#include "platform/WinReg.h"
+
+class ConfigurationSection;
+class wxUpdateUIEvent;
+class wxWindow;
+
+class VxApp : public wxApp {
+public:
+  // The framework's about command (ID_APP_ABOUT).
+  static constexpr int kAboutCommand = 57664;
+  static constexpr unsigned int kDefaultAboutBitmap = 13024;
+  // "&About %1%...": the about entry's text.
+  static constexpr unsigned int kAboutCommandText = 13195;
+
+  // A non-null `appName` becomes the application's name (VxSystemInfo and
+  // wx), its version kept. Installs the framework message-box handler that
+  // routes to DoMessageBox; the destructor puts the former one back.
+  explicit VxApp(wchar_t const * appName = nullptr);
+  ~VxApp() override;
+
+  void SetRegistryLocation();
+
+  wxString GetAppDataDirectory() const;
+  wxString GetCommonAppDataDirectory() const;
+  wxString GetKarvinelCommonAppDataDirectory() const;
+  wxString GetPluginDirectory() const;
+  void SetPluginDirectory(wchar_t const * directory);
+  wxString GetFilePathInExeFolder(wchar_t const * name) const;
+  wxString GetUserSettingsFile() const;
+  wxString GetCommonSettingsFile() const;
+
+  // Empty here; applications with projects override it.
+  virtual wxString GetProjectPath() const;
+  // The settings of the subsystem `name` with defaults filled in (see
+  // VxAppCore::GetAppSettings); the caller owns the result.
+  virtual ConfigurationSection * GetAppSettings(char const * name, unsigned int resourceId) const;
+  static void WriteAppInfo(ConfigurationSection * section);
+
+  bool MuteInfoMessages(bool mute) { return mCore.MuteInfoMessages(mute); }
+  bool MuteInfoMessages() const { return mCore.MuteInfoMessages(); }
+
+  void SetAboutBitmap(unsigned int resourceId) { mAboutBitmap = resourceId; }
+  unsigned int GetAboutBitmap() const { return mAboutBitmap; }
+  void OnAppAbout();
+  // Enables the about entry and names the application in it (string 13195).
+  void OnUpdateAppAbout(wxUpdateUIEvent & event);
+
+  // Every framework message box (AfxMessageBox) comes here. With the mute
+  // switch on, a box with only an OK button returns IDOK unseen; any box
+  // that asks a question is shown.
+  virtual int DoMessageBox(wchar_t const * text, unsigned int type, unsigned int helpId);
+
+  // The profile: HKEY_CURRENT_USER\<GetRegistryBaseKeyName()>\<section>.
+  int GetProfileInt(char const * section, char const * entry, int defaultValue) const;
+  wxString GetProfileString(char const * section, char const * entry,
+                            wchar_t const * defaultValue = nullptr) const;
+  bool WriteProfileInt(char const * section, char const * entry, int value);
+  // A null `entry` removes the section, a null `value` the entry.
+  bool WriteProfileString(char const * section, char const * entry, wchar_t const * value);
+  // The application's registry key, opened for reading and writing; null
+  // when the store refuses. The caller closes it.
+  HKEY GetAppRegistryKey() const;
+  wxString GetRegistryKey() const { return VxAppCore::RegistryKey(); }
+  wxString GetProfileName() const;
+
+  VxAppCore & Core() { return mCore; }
+  VxAppCore const & Core() const { return mCore; }
+
+private:
+  void OnAboutCommand(wxCommandEvent & event);
+
+  unsigned int mAboutBitmap = kDefaultAboutBitmap;
+  VxAppCore mCore;
+  FrameworkMessageBoxHandler mFormerMessageBoxHandler;
+};
+
+// The running VxApp; null when there is none (or the application object is
+// another wxApp).
+VxApp * VxGetApp();
+// The main window of the running application; null without an application
+// object.
+wxWindow * VxGetMainWnd();

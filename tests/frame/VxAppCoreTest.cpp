@@ -1,0 +1,344 @@
+// The display-free half of the application object: data folders, the
+// settings files, the layered subsystem settings, the plug-in folder and the
+// profile. This binary never starts GTK, as a service process would not.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+
+#include "frame/AppProfile.h"
+#include "frame/KnownFolders.h"
+#include "frame/VxAppCore.h"
+#include "frame/ZipPackageBuilder.h"
+#include "settings/RegistryBaseKeyName.h"
+#include "utl/ConfigurationSection.h"
+#include "utl/Exception.h"
+#include "utl/VxSystemInfo.h"
+#include "utl/XercesXMLSection.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using frame_test::ReadBytes;
+using frame_test::WriteBytes;
+
+// Sets an environment variable for one scope (null: unset).
+class ScopedEnvironment {
+public:
+  ScopedEnvironment(char const * name, char const * value) : mName(name) {
+    if (char const * old = std::getenv(name)) mOld = std::make_unique<std::string>(old);
+    if (value != nullptr) ::setenv(name, value, 1); else ::unsetenv(name);
+  }
+  ~ScopedEnvironment() {
+    if (mOld) ::setenv(mName.c_str(), mOld->c_str(), 1); else ::unsetenv(mName.c_str());
+  }
+
+private:
+  std::string mName;
+  std::unique_ptr<std::string> mOld;
+};
+
+class VxAppCoreTest : public testing::Test {
+protected:
+  void SetUp() override {
+    mRoot = fs::path(std::getenv("TMPDIR")) /
+            testing::UnitTest::GetInstance()->current_test_info()->name();
+    fs::remove_all(mRoot);
+    fs::create_directories(mRoot / "user");
+    fs::create_directories(mRoot / "system");
+    mUser = std::make_unique<ScopedEnvironment>("XDG_CONFIG_HOME", (mRoot / "user").c_str());
+    mSystem = std::make_unique<ScopedEnvironment>("XDG_CONFIG_DIRS", (mRoot / "system").c_str());
+    VxSystemInfo::SetApplication("Core Test", "2.5.1.77");
+  }
+
+  fs::path UserFile() const { return mRoot / "user/Karvinel/Core Test/2.5/Core Test.kvxml"; }
+  fs::path CommonFile() const { return mRoot / "system/Karvinel/Core Test/2.5/Core Test.kvxml"; }
+
+  static std::string Read(ConfigurationSection const & section, char const * key) {
+    std::string value = "(absent)";
+    section.ReadKey(key, value);
+    return value;
+  }
+
+  fs::path mRoot;
+  std::unique_ptr<ScopedEnvironment> mUser;
+  std::unique_ptr<ScopedEnvironment> mSystem;
+};
+
+TEST(KnownFolders, FollowTheXdgVariables) {
+  struct Case {
+    char const * configHome;
+    char const * configDirs;
+    char const * home;
+    std::string user;
+    std::string common;
+  };
+  Case const cases[] = {
+      {"/x/config", "/x/sys1:/x/sys2", "/x/home", "/x/config", "/x/sys1"},
+      {nullptr, nullptr, "/x/home", "/x/home/.config", "/etc/xdg"},
+      {"relative/config", "relative:/x/sys2", "/x/home", "/x/home/.config", "/x/sys2"},
+      {"", ":", "/x/home", "/x/home/.config", "/etc/xdg"},
+  };
+  for (Case const & c : cases) {
+    ScopedEnvironment const configHome("XDG_CONFIG_HOME", c.configHome);
+    ScopedEnvironment const configDirs("XDG_CONFIG_DIRS", c.configDirs);
+    ScopedEnvironment const home("HOME", c.home);
+    EXPECT_EQ(vx3::UserDataFolder(), c.user) << (c.configHome ? c.configHome : "(unset)");
+    EXPECT_EQ(vx3::CommonDataFolder(), c.common) << (c.configDirs ? c.configDirs : "(unset)");
+  }
+}
+
+TEST_F(VxAppCoreTest, FoldersAreVersionSpecificAndCreated) {
+  VxAppCore const core;
+  EXPECT_EQ(core.GetAppDataDirectory(), (mRoot / "user/Karvinel/Core Test/2.5").string());
+  EXPECT_EQ(core.GetCommonAppDataDirectory(), (mRoot / "system/Karvinel/Core Test/2.5").string());
+  EXPECT_EQ(core.GetKarvinelCommonAppDataDirectory(), (mRoot / "system/Karvinel").string());
+  EXPECT_TRUE(fs::is_directory(mRoot / "user/Karvinel/Core Test/2.5"));
+  EXPECT_TRUE(fs::is_directory(mRoot / "system/Karvinel/Core Test/2.5"));
+  EXPECT_EQ(VxAppCore::ProfileName(), "Core Test\\2.5");
+}
+
+TEST_F(VxAppCoreTest, AnAllUsersFolderThatCannotBeCreatedIsReturnedAllTheSame) {
+  // A file where a folder would have to be: not even root can create it.
+  WriteBytes((mRoot / "blocked").string(), "a file");
+  ScopedEnvironment const blocked("XDG_CONFIG_DIRS", (mRoot / "blocked/sub").c_str());
+  VxAppCore const core;
+  EXPECT_EQ(core.GetCommonAppDataDirectory(),
+            (mRoot / "blocked/sub/Karvinel/Core Test/2.5").string());
+  EXPECT_EQ(core.GetKarvinelCommonAppDataDirectory(), (mRoot / "blocked/sub/Karvinel").string());
+  EXPECT_FALSE(fs::exists(mRoot / "blocked/sub"));
+}
+
+TEST_F(VxAppCoreTest, TheFirstRunWritesTheApplicationInfoAndALaterRunLeavesIt) {
+  {
+    VxAppCore core;
+    core.SetRegistryLocation();
+    EXPECT_EQ(core.GetUserSettingsFile(), UserFile().string());
+    EXPECT_EQ(core.GetCommonSettingsFile(), CommonFile().string());
+    ASSERT_NE(core.GetSettingsSection(), nullptr);
+    EXPECT_FALSE(fs::exists(UserFile())) << "nothing is written before the end";
+  }
+  XercesXMLSection written(UserFile().c_str(), false);
+  ASSERT_TRUE(written.ChangeSubSection("AppSettings"));
+  EXPECT_EQ(Read(written, "AppName"), "Core Test");
+  EXPECT_EQ(Read(written, "Version"), "2.5");
+
+  written.WriteKey("AppName", "Edited");
+  ASSERT_TRUE(written.Flush());
+  VxSystemInfo::SetApplication("Core Test", "2.5.9");
+  {
+    VxAppCore core;
+    core.SetRegistryLocation();
+    EXPECT_EQ(Read(*core.GetSettingsSection(), "AppName"), "Edited");
+  }
+  XercesXMLSection again(UserFile().c_str(), false);
+  ASSERT_TRUE(again.ChangeSubSection("AppSettings"));
+  EXPECT_EQ(Read(again, "AppName"), "Edited");
+}
+
+TEST_F(VxAppCoreTest, AnUnreadableSettingsFileIsSwallowedAndNeverOverwritten) {
+  fs::create_directories(UserFile().parent_path());
+  std::string const damaged = "<?xml version=\"1.0\"?>\n<Settings><Section name=\"AppSet";
+  WriteBytes(UserFile().string(), damaged);
+  {
+    VxAppCore core;
+    EXPECT_NO_THROW(core.SetRegistryLocation());
+    EXPECT_EQ(core.GetSettingsSection(), nullptr);
+    // Subsystems still get their sections, on a tree that is never written.
+    std::unique_ptr<ConfigurationSection> section(core.GetAppSettings("Lists", 0));
+    ASSERT_NE(section, nullptr);
+    section->WriteKey("Columns", "3");
+    EXPECT_FALSE(section->Flush());
+  }
+  EXPECT_EQ(ReadBytes(UserFile().string()), damaged);
+}
+
+TEST_F(VxAppCoreTest, SettingsAreLayeredUserFirstThenAllUsersThenDefaults) {
+  fs::create_directories(UserFile().parent_path());
+  fs::create_directories(CommonFile().parent_path());
+  WriteBytes(UserFile().string(),
+             "<Settings><Section name=\"AppSettings\">"
+             "<Section name=\"Mine\"><Key name=\"From\">user</Key></Section>"
+             "</Section></Settings>");
+  WriteBytes(CommonFile().string(),
+             "<Settings><Section name=\"AppSettings\">"
+             "<Section name=\"Mine\"><Key name=\"From\">common</Key></Section>"
+             "<Section name=\"Shared\"><Key name=\"From\">common</Key></Section>"
+             "</Section></Settings>");
+  VxAppCore core;
+  core.SetRegistryLocation();
+  std::vector<unsigned int> asked;
+  core.SetDefaultsReader([&](unsigned int id) -> std::string {
+    asked.push_back(id);
+    if (id == 700)
+      return "<Settings><Section name=\"AppSettings\">"
+             "<Section name=\"Mine\"><Key name=\"From\">defaults</Key></Section>"
+             "<Section name=\"Shared\"><Key name=\"From\">defaults</Key></Section>"
+             "<Section name=\"Fresh\"><Key name=\"From\">defaults</Key>"
+             "<Section name=\"Inner\"><Key name=\"Deep\">yes</Key></Section></Section>"
+             "</Section></Settings>";
+    if (id == 701)  // no "AppSettings": the root is looked at instead
+      return "<Settings><Section name=\"Bare\"><Key name=\"From\">root</Key></Section></Settings>";
+    if (id == 702) return "<Settings><Section name=\"Broken\">";
+    throw Exception(ExceptionMessage::translate("No resource {1}.") % int(id));
+  });
+
+  struct Case {
+    char const * name;
+    unsigned int resource;
+    std::string from;  // the key "From" of the result
+  };
+  Case const cases[] = {
+      {"Mine", 700, "user"},         // the user's own section wins
+      {"Shared", 700, "(absent)"},   // all-users has it: a new, empty section
+      {"Fresh", 700, "defaults"},    // copied from the defaults document
+      {"Bare", 701, "root"},
+      {"Fresh", 0, "defaults"},      // made by the call above: now the user's
+      {"Broken", 702, "(absent)"},   // an unreadable document counts as absent
+      {"Missing", 703, "(absent)"},  // and so does a missing one
+      {"Nothing", 0, "(absent)"},
+  };
+  for (Case const & c : cases) {
+    std::unique_ptr<ConfigurationSection> section(core.GetAppSettings(c.name, c.resource));
+    ASSERT_NE(section, nullptr) << c.name;
+    EXPECT_EQ(Read(*section, "From"), c.from) << c.name << " " << c.resource;
+  }
+  EXPECT_EQ(asked, (std::vector<unsigned int>{700, 701, 702, 703}))
+      << "each defaults document is read once";
+
+  std::unique_ptr<ConfigurationSection> inner(core.GetAppSettings("Fresh", 0));
+  ASSERT_TRUE(inner->ChangeSubSection("Inner"));
+  EXPECT_EQ(Read(*inner, "Deep"), "yes") << "sections of a defaults document come along";
+
+  // What was made lands in the user's file at the end, the all-users file
+  // is never written.
+  std::string const commonBefore = ReadBytes(CommonFile().string());
+  core.GetSettingsSection()->Flush();
+  XercesXMLSection saved(UserFile().c_str(), false);
+  ASSERT_TRUE(saved.ChangeSubSection("AppSettings"));
+  EXPECT_TRUE(saved.HasSection("Fresh", 1));
+  EXPECT_TRUE(saved.HasSection("Shared", 1));
+  EXPECT_TRUE(saved.HasSection("Nothing", 1));
+  EXPECT_EQ(ReadBytes(CommonFile().string()), commonBefore);
+}
+
+TEST_F(VxAppCoreTest, AnAllUsersFileThatChangesIsReadAgain) {
+  fs::create_directories(CommonFile().parent_path());
+  auto const common = [&](char const * sections) {
+    WriteBytes(CommonFile().string(), std::string("<Settings><Section name=\"AppSettings\">") +
+                                          sections + "</Section></Settings>");
+  };
+  VxAppCore core;
+  core.SetRegistryLocation();
+  core.SetDefaultsReader([](unsigned int) {
+    return std::string("<Settings><Section name=\"AppSettings\"><Section name=\"A\">"
+                       "<Key name=\"K\">default</Key></Section></Section></Settings>");
+  });
+  common("<Section name=\"B\"/>");
+  std::unique_ptr<ConfigurationSection> first(core.GetAppSettings("A", 1));
+  EXPECT_EQ(Read(*first, "K"), "default");
+  first->DeleteSection();
+  // Now the all-users file names "A" (a longer file, so the change shows
+  // whatever the clock's resolution): the new section starts empty.
+  common("<Section name=\"A\"><Key name=\"K\">common</Key></Section>");
+  std::unique_ptr<ConfigurationSection> second(core.GetAppSettings("A", 1));
+  EXPECT_EQ(Read(*second, "K"), "(absent)");
+  second->DeleteSection();
+  fs::remove(CommonFile());
+  std::unique_ptr<ConfigurationSection> third(core.GetAppSettings("A", 1));
+  EXPECT_EQ(Read(*third, "K"), "default");
+}
+
+TEST_F(VxAppCoreTest, AnUnreadableAllUsersFileCountsAsAbsent) {
+  fs::create_directories(CommonFile().parent_path());
+  WriteBytes(CommonFile().string(), "<Settings><Section name=\"AppSettings\">");
+  VxAppCore core;
+  core.SetRegistryLocation();
+  core.SetDefaultsReader([](unsigned int) {
+    return std::string("<Settings><Section name=\"AppSettings\"><Section name=\"A\">"
+                       "<Key name=\"K\">v</Key></Section></Section></Settings>");
+  });
+  std::unique_ptr<ConfigurationSection> section(core.GetAppSettings("A", 1));
+  EXPECT_EQ(Read(*section, "K"), "v");
+}
+
+TEST_F(VxAppCoreTest, APluginFolderThatHasGoneGivesTheDefault) {
+  VxAppCore core;
+  std::string const fallback = (mRoot / "user/Karvinel/Core Test/2.5/Plugins").string();
+  EXPECT_EQ(core.GetPluginDirectory(), fallback);
+  EXPECT_FALSE(fs::exists(fallback)) << "the default folder is not created";
+  fs::create_directories(mRoot / "plugins");
+  core.SetPluginDirectory((mRoot / "plugins").string());
+  EXPECT_EQ(core.GetPluginDirectory(), (mRoot / "plugins").string());
+  fs::remove(mRoot / "plugins");
+  EXPECT_EQ(core.GetPluginDirectory(), fallback);
+}
+
+TEST_F(VxAppCoreTest, TheMuteSwitchReturnsItsFormerValue) {
+  VxAppCore core;
+  EXPECT_FALSE(core.MuteInfoMessages());
+  EXPECT_FALSE(core.MuteInfoMessages(true));
+  EXPECT_TRUE(core.MuteInfoMessages(true));
+  EXPECT_TRUE(core.MuteInfoMessages(false));
+  EXPECT_FALSE(core.MuteInfoMessages());
+}
+
+TEST_F(VxAppCoreTest, TheProfileLivesUnderTheRegistryBase) {
+  EXPECT_EQ(GetRegistryBaseKeyName(), "SOFTWARE\\Karvinel\\Core Test\\2.5");
+  EXPECT_EQ(AppProfile::GetProfileInt("Window", "Left", -1), -1);
+  EXPECT_EQ(AppProfile::GetProfileString("Window", "Placement", "none"), "none");
+  EXPECT_EQ(AppProfile::GetProfileString("Window", "Placement", nullptr), "");
+
+  EXPECT_TRUE(AppProfile::WriteProfileInt("Window", "Left", -25));
+  EXPECT_TRUE(AppProfile::WriteProfileString("Window", "Placement", "0,1,10,20 ☃"));
+  EXPECT_EQ(AppProfile::GetProfileInt("window", "LEFT", 0), -25);
+  EXPECT_EQ(AppProfile::GetProfileString("WINDOW", "placement", ""), "0,1,10,20 ☃");
+  // Each kind reads only its own type.
+  EXPECT_EQ(AppProfile::GetProfileInt("Window", "Placement", 7), 7);
+  EXPECT_EQ(AppProfile::GetProfileString("Window", "Left", "text"), "text");
+
+  // The values lie where other tools of the family look for them.
+  HKEY key = nullptr;
+  ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"SOFTWARE\\Karvinel\\Core Test\\2.5\\Window", 0,
+                          KEY_READ, &key),
+            ERROR_SUCCESS);
+  DWORD type = 0;
+  DWORD value = 0;
+  DWORD size = sizeof value;
+  EXPECT_EQ(RegQueryValueExW(key, L"Left", nullptr, &type, reinterpret_cast<BYTE *>(&value), &size),
+            ERROR_SUCCESS);
+  EXPECT_EQ(type, REG_DWORD);
+  EXPECT_EQ(static_cast<int>(value), -25);
+  RegCloseKey(key);
+
+  EXPECT_TRUE(AppProfile::WriteProfileString("Window", "Placement", nullptr));
+  EXPECT_EQ(AppProfile::GetProfileString("Window", "Placement", "gone"), "gone");
+  EXPECT_EQ(AppProfile::GetProfileInt("Window", "Left", 0), -25);
+  EXPECT_TRUE(AppProfile::WriteProfileString("Window", nullptr, nullptr));
+  EXPECT_EQ(AppProfile::GetProfileInt("Window", "Left", 0), 0);
+
+  HKEY app = AppProfile::GetAppRegistryKey();
+  ASSERT_NE(app, nullptr);
+  RegCloseKey(app);
+
+  // Another application version has a profile of its own.
+  AppProfile::WriteProfileInt("Window", "Left", 5);
+  VxSystemInfo::SetApplication("Core Test", "2.6");
+  EXPECT_EQ(AppProfile::GetProfileInt("Window", "Left", 0), 0);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(ServiceProcess, NeverLoadsGtk) {
+  // Everything above ran in this process: none of it may pull in GTK, or a
+  // service without a display could not use it.
+  std::string const maps = frame_test::ReadBytes("/proc/self/maps");
+  ASSERT_FALSE(maps.empty());
+  EXPECT_EQ(maps.find("libgtk-3"), std::string::npos);
+  EXPECT_EQ(maps.find("libwx_gtk3"), std::string::npos);
+}
+
+}  // namespace

@@ -1,0 +1,227 @@
+// The application object with a display: the process's VxApp, its about
+// command, the main window, the profile through it, and the customization
+// package with real pictures.
+#include <gtest/gtest.h>
+
+#include <wx/frame.h>
+#include <wx/image.h>
+#include <wx/mstream.h>
+#include <wx/wfstream.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+
+#include "frame/VxApp.h"
+#include "frame/VxAppCustomization.h"
+#include "frame/ZipPackageBuilder.h"
+#include "platform/MessageBoxes.h"
+#include "utl/ConfigurationSection.h"
+#include "harness/GuiTestUtilities.h"
+#include "harness/ModalDialogScript.h"
+#include "utl/Exception.h"
+#include "utl/VxSystemInfo.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using frame_test::WriteZip;
+
+std::string Png(int width, int height, unsigned char red) {
+  wxImage image(width, height);
+  image.SetRGB(wxRect(0, 0, width, height), red, 20, 30);
+  if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
+  wxMemoryOutputStream out;
+  image.SaveFile(out, wxBITMAP_TYPE_PNG);
+  std::string bytes(out.GetSize(), '\0');
+  out.CopyTo(bytes.data(), bytes.size());
+  return bytes;
+}
+
+fs::path FreshFolder() {
+  fs::path const folder = fs::path(std::getenv("TMPDIR")) /
+                          testing::UnitTest::GetInstance()->current_test_info()->name();
+  fs::remove_all(folder);
+  fs::create_directories(folder);
+  return folder;
+}
+
+// Puts the application's name back after a test that renamed it.
+struct NameGuard {
+  std::string name = VxSystemInfo::GetApplicationName();
+  std::string version = VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionFull);
+  ~NameGuard() {
+    VxSystemInfo::SetApplication(name, version);
+    wxTheApp->SetAppName(wxString::FromUTF8(name));
+  }
+};
+
+TEST(VxApp, IsTheApplicationObjectAndFindsTheMainWindow) {
+  ASSERT_NE(VxGetApp(), nullptr);
+  EXPECT_EQ(wxTheApp->GetAppName(), "VxApp Test");
+  EXPECT_EQ(VxGetApp()->GetAboutBitmap(), VxApp::kDefaultAboutBitmap);
+  auto * frame = new wxFrame(nullptr, wxID_ANY, "main");
+  wxTheApp->SetTopWindow(frame);
+  EXPECT_EQ(VxGetMainWnd(), frame);
+  frame->Destroy();
+  gui_test::Flush();
+}
+
+TEST(VxApp, TheAboutCommandShowsTheNameModally) {
+  auto * frame = new wxFrame(nullptr, wxID_ANY, "main");
+  wxTheApp->SetTopWindow(frame);
+  ModalDialogScript script;
+  script.Answer(wxID_OK);
+  // Sent from a menu of the main window, the command reaches the application.
+  wxCommandEvent command(wxEVT_MENU, VxApp::kAboutCommand);
+  command.SetEventObject(frame);
+  frame->GetEventHandler()->ProcessEvent(command);
+  ASSERT_EQ(script.Shown().size(), 1u);
+  EXPECT_NE(script.Shown()[0].title.Find("VxApp Test"), wxNOT_FOUND) << script.Shown()[0].title;
+  frame->Destroy();
+  gui_test::Flush();
+}
+
+TEST(VxApp, TheAboutEntryNamesTheApplication) {
+  wxUpdateUIEvent update(VxApp::kAboutCommand);
+  wxTheApp->ProcessEvent(update);
+  EXPECT_TRUE(update.GetSetEnabled() && update.GetEnabled());
+  EXPECT_EQ(update.GetText(), "&About VxApp Test...");
+}
+
+TEST(VxApp, MutedInformationIsNotShownButQuestionsAre) {
+  VxApp & app = *VxGetApp();
+  struct Case {
+    bool mute;
+    UINT type;
+    bool shown;
+  };
+  Case const cases[] = {
+      {true, MB_OK, false},
+      {true, MB_OK | MB_ICONINFORMATION, false},
+      {true, MB_YESNO, true},
+      {true, MB_OKCANCEL, true},
+      {false, MB_OK, true},
+  };
+  for (Case const & c : cases) {
+    app.MuteInfoMessages(c.mute);
+    ModalDialogScript script;
+    if (c.shown) script.Answer(c.type == MB_YESNO ? wxID_NO : wxID_OK);
+    int const result = AfxMessageBox(wxString("Something happened"), c.type);
+    EXPECT_EQ(script.Shown().size(), c.shown ? 1u : 0u) << c.mute << " " << c.type;
+    EXPECT_EQ(result, c.type == MB_YESNO ? IDNO : IDOK) << c.mute << " " << c.type;
+  }
+  app.MuteInfoMessages(false);
+}
+
+TEST(VxApp, DefaultsComeFromTheApplicationsResources) {
+  VxApp & app = *VxGetApp();
+  app.SetRegistryLocation();
+  std::unique_ptr<ConfigurationSection> section(app.GetAppSettings("Gauges", 31000));
+  std::string interval;
+  EXPECT_TRUE(section->ReadKey("Interval", interval));
+  EXPECT_EQ(interval, "250");
+  std::unique_ptr<ConfigurationSection> none(app.GetAppSettings("Other", 31001));
+  EXPECT_TRUE(none->IsEmpty());
+}
+
+TEST(VxApp, TheProfileCarriesWideText) {
+  VxApp & app = *VxGetApp();
+  EXPECT_EQ(app.GetProfileName(), "VxApp Test\\3.1");
+  EXPECT_TRUE(app.WriteProfileString("Settings", "Folder", L"/home/ann/Dokumente \u2603"));
+  EXPECT_EQ(app.GetProfileString("Settings", "Folder"), wxString(L"/home/ann/Dokumente \u2603"));
+  EXPECT_EQ(app.GetProfileString("Settings", "Missing", L"fallback"), "fallback");
+  EXPECT_TRUE(app.WriteProfileInt("Settings", "Count", 12));
+  EXPECT_EQ(app.GetProfileInt("Settings", "Count", 0), 12);
+  EXPECT_TRUE(app.WriteProfileString("Settings", "Folder", nullptr));
+  EXPECT_EQ(app.GetProfileString("Settings", "Folder", L"gone"), "gone");
+}
+
+TEST(VxAppCustomization, APackageRenamesAndGivesPicturesAndMarkup) {
+  NameGuard const guard;
+  fs::path const folder = FreshFolder();
+  WriteZip((folder / "brand.appconfig").string(),
+           {{"AppConfig.XML", "<AppConfig><AppName>Branded</AppName></AppConfig>"},
+            {"first.png", Png(16, 16, 200)},
+            {"Splash.PNG", Png(120, 60, 10)},
+            {"notes.txt", "notes"},
+            {"second.png", Png(32, 24, 100)},
+            {"about_us.xaml",
+             "<Image Source=\"file://second.png\"/><Image Source=\"file://first.png\"/>"},
+            {"help_backstage_page.xaml", "<Page>file://first.png</Page>"}});
+  std::unique_ptr<VxAppCustomization> const custom =
+      VxAppCustomization::ReadFromFolder(folder.string());
+
+  EXPECT_EQ(custom->GetPackagePath(), (folder / "brand.appconfig").string());
+  EXPECT_EQ(VxSystemInfo::GetApplicationName(), "Branded");
+  EXPECT_EQ(wxTheApp->GetAppName(), "Branded");
+  EXPECT_EQ(VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionFull), "3.1.4.1");
+
+  ASSERT_TRUE(custom->GetSplashBitmap().IsOk()) << "Splash.PNG is the splash, not icon 1";
+  EXPECT_EQ(custom->GetSplashBitmap().GetSize(), wxSize(120, 60));
+  EXPECT_EQ(custom->GetIconIds(), (std::vector<int>{1, 2}));
+  EXPECT_EQ(custom->GetBitmap(1).GetSize(), wxSize(16, 16));
+  EXPECT_EQ(custom->GetBitmap(2).GetSize(), wxSize(32, 24));
+  EXPECT_EQ(custom->GetBitmap(2).ConvertToImage().GetRed(3, 3), 100);
+
+  EXPECT_EQ(custom->GetAboutDialogMarkupSource(), "<Image Source=\"2\"/><Image Source=\"1\"/>");
+  EXPECT_EQ(custom->GetBackstageAboutMarkupSource(), "<Page>1</Page>");
+  EXPECT_EQ(custom->ReadFile("NOTES.TXT"), "notes");
+
+  std::unique_ptr<VxImageManager> copy(custom->GetImageManagerCopy());
+  copy->RemoveIcon(1);
+  EXPECT_TRUE(custom->HasIcon(1)) << "the copy is the caller's own";
+  EXPECT_TRUE(copy->GetBitmapBundle(2).IsOk());
+}
+
+TEST(VxAppCustomization, NoPackageGivesEmptyResults) {
+  NameGuard const guard;
+  fs::path const folder = FreshFolder();
+  std::unique_ptr<VxAppCustomization> const custom =
+      VxAppCustomization::ReadFromFolder(folder.string());
+  EXPECT_EQ(custom->GetPackagePath(), "");
+  EXPECT_EQ(custom->ReadFile("about_us.xaml"), "");
+  EXPECT_EQ(custom->GetAboutDialogMarkupSource(), "");
+  EXPECT_FALSE(custom->GetSplashBitmap().IsOk());
+  EXPECT_TRUE(custom->GetIconIds().empty());
+  EXPECT_EQ(VxSystemInfo::GetApplicationName(), guard.name);
+}
+
+TEST(VxAppCustomization, BadPicturesAndArchivesAreRefusedAndRenameNothing) {
+  NameGuard const guard;
+  std::string const png = Png(8, 8, 1);
+  std::string huge = png;  // IHDR declares 100000 x 100000
+  for (int at : {16, 20}) {
+    huge[at] = 0, huge[at + 1] = 1, huge[at + 2] = char(0x86), huge[at + 3] = char(0xA0);
+  }
+  std::string cut = png.substr(0, png.size() - 20);
+  struct Case {
+    char const * what;
+    std::string entry;
+    std::string bytes;
+  };
+  Case const cases[] = {
+      {"text as an icon", "icon.png", "not a picture"},
+      {"an enormous picture", "icon.png", huge},
+      {"a cut picture", "icon.png", cut},
+      {"a bad splash", "splash.png", "GIF89a"},
+  };
+  for (Case const & c : cases) {
+    fs::path const folder = FreshFolder();
+    WriteZip((folder / "bad.appconfig").string(),
+             {{"appconfig.xml", "<AppConfig><AppName>Renamed</AppName></AppConfig>"},
+              {c.entry, c.bytes}});
+    try {
+      VxAppCustomization::ReadFromFolder(folder.string());
+      ADD_FAILURE() << c.what << ": accepted";
+    } catch (Exception const & e) {
+      EXPECT_NE(e.Why(std::locale::classic()).find(c.entry), std::string::npos) << c.what;
+    }
+    EXPECT_EQ(VxSystemInfo::GetApplicationName(), guard.name) << c.what;
+  }
+  fs::path const folder = FreshFolder();
+  frame_test::WriteBytes((folder / "a.appconfig").string(), "PK\x03\x04 truncated");
+  EXPECT_THROW(VxAppCustomization::ReadFromFolder(folder.string()), Exception);
+}
+
+}  // namespace
