@@ -2,7 +2,6 @@
 
 #include <wx/app.h>
 #include <wx/frame.h>
-#include <wx/gauge.h>
 #include <wx/thread.h>
 #include <wx/utils.h>
 #include <wx/weakref.h>
@@ -14,12 +13,11 @@
 #include "work/ProgressBreakDialog.h"
 #include "work/ProgressPump.h"
 #include "work/SpinWindow.h"
+#include "work/StatusGauge.h"
 #include "work/VxStatusAccess.h"
 
 namespace {
 
-// The gauge's positions: fine enough for a pane of a few hundred pixels.
-constexpr int kGaugeSteps = 1000;
 constexpr int kPaneWidth = 100;
 
 Progress * gActive = nullptr;
@@ -28,32 +26,15 @@ ProgressBreakDialog * gBreakDialog = nullptr;
 
 // The status bar's gauge: made once; the weak reference lets a later frame
 // get a gauge of its own when the one that held it is gone.
-struct StatusGauge {
-  wxWeakRef<wxGauge> window;
-  float low = 0;
-  float high = 1;
-  float value = 0;
+wxWeakRef<StatusGauge> gGauge;
 
-  // Native gauges count in integers: the value's share of low..high, with
-  // what cannot be placed (an empty or non-finite range, NaN) shown as 0.
-  void Show() {
-    if (window.get() == nullptr) return;
-    float const fraction = (value - low) / (high - low);
-    int position = 0;
-    if (std::isfinite(fraction))
-      position = static_cast<int>(std::lround(std::min(1.0f, std::max(0.0f, fraction)) * kGaugeSteps));
-    if (window->GetValue() != position) window->SetValue(position);
-  }
-  void SetRange(float newLow, float newHigh) {
-    low = newLow;
-    high = newHigh;
-  }
-  void SetValue(float newValue) {
-    value = newValue;
-    Show();
-  }
-};
-StatusGauge gGauge;
+void SetGaugeRange(float low, float high) {
+  if (StatusGauge * gauge = gGauge.get()) gauge->SetRange(low, high);
+}
+void SetGaugeValue(float value) {
+  if (StatusGauge * gauge = gGauge.get()) gauge->SetValue(value);
+}
+
 
 // The application's main window. The application object's own accessor
 // lives on another branch; this stands in for it until that one is merged.
@@ -145,7 +126,7 @@ void Progress::Construct(float from, float to) {
     wxBeginBusyCursor();
     mWaitCursor = true;
   }
-  if (gGauge.window.get() == nullptr) InitProgress();
+  if (gGauge.get() == nullptr) InitProgress();
   if (mParent.get() == nullptr) mParent = ApplicationMainWindow();
   if (gActive == nullptr) Init();
 }
@@ -157,7 +138,7 @@ void Progress::Init() {
   gActive = this;
   wxWindow * const messageBar = GetMessageBar();
   if (messageBar != nullptr) messageBar->Freeze();
-  wxGauge * const gauge = gGauge.window.get();
+  StatusGauge * const gauge = gGauge.get();
   if (!mGauge) {
     if (gauge != nullptr) {
       gauge->Hide();
@@ -167,8 +148,8 @@ void Progress::Init() {
     float low = 0;
     float high = 0;
     GetGaugeRange(low, high);
-    gGauge.SetRange(low, high);
-    gGauge.SetValue(mValue);
+    SetGaugeRange(low, high);
+    SetGaugeValue(mValue);
     if (bar != nullptr && gauge != nullptr) {
       gauge->Show();
       bar->InsertWindow(gauge, kPaneWidth, 0, kGaugePane);
@@ -209,11 +190,11 @@ Progress::~Progress() {
     Send(ProgressBreakDialog::kStop, 0, nullptr);
     if (wxWindow * foreground = mSavedForeground.get()) foreground->Raise();
     if (bar != nullptr) {
-      wxGauge * const gauge = gGauge.window.get();
+      StatusGauge * const gauge = gGauge.get();
       if (!mGauge && gauge != nullptr) bar->InsertWindow(gauge, kPaneWidth, 0, kGaugePane);
       if (messageBar != nullptr) messageBar->Thaw();
-      gGauge.SetRange(0, 1);
-      gGauge.SetValue(0);
+      SetGaugeRange(0, 1);
+      SetGaugeValue(0);
       // The idle text back in the message pane.
       for (int i = 0; i < bar->GetCount(); ++i)
         if (bar->GetItemID(i) == 0) {
@@ -245,7 +226,7 @@ void Progress::ShowGaugeValue() {
   if (mDialog)
     Send(ProgressBreakDialog::kSetValue, 0, &mValue);
   else
-    gGauge.SetValue(mValue);
+    SetGaugeValue(mValue);
 }
 
 void Progress::GetRange(float & from, float & to) const {
@@ -277,8 +258,8 @@ bool Progress::SetRange(float from, float to) {
       Send(ProgressBreakDialog::kSetRange, 0, gaugeRange);
       Send(ProgressBreakDialog::kSetValue, 0, &mValue);
     } else {
-      gGauge.SetRange(gaugeRange[0], gaugeRange[1]);
-      gGauge.SetValue(mValue);
+      SetGaugeRange(gaugeRange[0], gaugeRange[1]);
+      SetGaugeValue(mValue);
     }
   }
   if (IsActive()) MessageLoop();
@@ -400,7 +381,7 @@ wxWindow * Progress::GetBreakWindow() {
 
 void Progress::SetShowProgressDialog(bool show) { gShowDialog = show; }
 void Progress::SetBreakDialog(ProgressBreakDialog * dialog) { gBreakDialog = dialog; }
-wxWindow * Progress::GetStatusGauge() { return gGauge.window.get(); }
+StatusGauge * Progress::GetStatusGauge() { return gGauge.get(); }
 
 void Progress::MessageLoop() {
   if (!wxThread::IsMain()) return;
@@ -417,11 +398,11 @@ VxStatusAccess * Progress::GetStatusBar() { return dynamic_cast<VxStatusAccess *
 void Progress::InitProgress() {
   wxWindow * const messageBar = GetMessageBar();
   VxStatusAccess * const bar = GetStatusBar();
-  if (messageBar == nullptr || bar == nullptr || gGauge.window.get() != nullptr) return;
-  auto * const gauge = new wxGauge(messageBar, wxID_ANY, kGaugeSteps, wxPoint(0, 0), wxSize(1, 1));
-  gGauge.window = gauge;
-  gGauge.SetRange(0, 1);
-  gGauge.SetValue(0);
+  if (messageBar == nullptr || bar == nullptr || gGauge.get() != nullptr) return;
+  auto * const gauge = new StatusGauge(messageBar);
+  gGauge = gauge;
+  SetGaugeRange(0, 1);
+  SetGaugeValue(0);
   bar->InsertWindow(gauge, kPaneWidth, 0, kGaugePane);
   gauge->Show();
 }

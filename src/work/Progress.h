@@ -19,6 +19,7 @@
 #include "work/SpinWindow.h"
 
 class ProgressBreakDialog;
+class StatusGauge;
 class VxStatusAccess;
 class wxWindow;
 
@@ -87,8 +88,8 @@ public:
   static void MessageLoop();
   // Creates the status-bar gauge when the main frame's status bar offers one.
   static void InitProgress();
-  // The status bar's gauge (a native control), null until InitProgress made it.
-  static wxWindow * GetStatusGauge();
+  // The status bar's gauge, null until InitProgress made it.
+  static StatusGauge * GetStatusGauge();
   // The break dialog that dialog progress talks to; null: no dialog road.
   static void SetBreakDialog(ProgressBreakDialog * dialog);
 

@@ -4,14 +4,16 @@
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/frame.h>
-#include <wx/gauge.h>
 
+#include <chrono>
+#include <cmath>
 #include <thread>
 
 #include "FakeBreakDialog.h"
 #include "harness/GuiTestUtilities.h"
 #include "work/Progress.h"
 #include "work/SpinWindow.h"
+#include "work/StatusGauge.h"
 #include "work/VxStatusBar.h"
 
 namespace {
@@ -35,9 +37,11 @@ protected:
     gui_test::Flush();
   }
 
+  // Where the gauge stands in thousandths, as stored; the bar follows from
+  // its timer.
   int GaugePosition() const {
-    auto const * gauge = dynamic_cast<wxGauge *>(Progress::GetStatusGauge());
-    return gauge != nullptr ? gauge->GetValue() : -1;
+    StatusGauge const * gauge = Progress::GetStatusGauge();
+    return gauge != nullptr ? int(std::lround(gauge->GetFraction() * 1000)) : -1;
   }
   wxString MessageText() const { return bar->GetStatusText(bar->CommandToIndex(0)); }
   SpinWindow * Spinner() const {
@@ -63,6 +67,13 @@ TEST_F(ProgressStatusBarTest, GaugeShowsTheWholeTaskAtEveryLevel) {
     progress.PushSubRange(20, 60);
     progress.Set(0.5f);
     EXPECT_EQ(GaugePosition(), 400);
+    // The bar moves from the gauge's timer, which ticks while the progress
+    // pumps.
+    StatusGauge * gauge = Progress::GetStatusGauge();
+    auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (gauge->GetValue() != 400 && std::chrono::steady_clock::now() < deadline)
+      progress.Set(0.5f);
+    EXPECT_EQ(gauge->GetValue(), 400);
     progress.Set(2);  // above the level's scale: shown and stored as its end
     EXPECT_EQ(progress.GetValue(), 1);
     EXPECT_EQ(GaugePosition(), 600);
