@@ -1,6 +1,7 @@
 #include "MainFrame.h"
 
 #include "RunListPanel.h"
+#include "SampleCalculation.h"
 #include <wx/aboutdlg.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
@@ -9,6 +10,7 @@
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
+#include "work/VxStatusBar.h"
 
 using vx3::Tr;
 
@@ -17,21 +19,26 @@ MainFrame::MainFrame()
               wxDefaultPosition, wxSize(720, 480)) {
   BuildMenus();
   BuildPage();
-  CreateStatusBar();
+  SetStatusBar(new VxStatusBar(this));
   SetStatusText(mRuns->Summary());
 }
 
 void MainFrame::BuildMenus() {
   auto * file = new wxMenu;
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
+  auto * tools = new wxMenu;
+  tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   auto * help = new wxMenu;
   help->Append(kAboutCommand, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));
+  bar->Append(tools, Tr("Menu", "&Tools"));
   bar->Append(help, Tr("Menu", "&Help"));
   SetMenuBar(bar);
   Bind(wxEVT_MENU, &MainFrame::OnAbout, this, kAboutCommand);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
+  Bind(wxEVT_MENU, [this](wxCommandEvent &) { RunSampleCalculation(this); },
+       kRunCalculationCommand);
 }
 
 void MainFrame::BuildPage() {

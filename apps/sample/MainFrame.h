@@ -8,6 +8,7 @@ class MainFrame : public wxFrame {
 public:
   // The family's about command (ID_APP_ABOUT).
   static constexpr int kAboutCommand = 57664;
+  static constexpr int kRunCalculationCommand = wxID_HIGHEST + 1;
 
   MainFrame();
 
