@@ -9,7 +9,12 @@
 //   break dialog) and is otherwise copied and held.
 // - wx timer ticks, idle and update-UI events are held by a wxEventFilter, and
 //   wx's queue of pending events is suspended, so that no application code
-//   runs; timers of allowed owners (the status spinner) tick on.
+//   runs; timers of allowed owners (the status spinner and gauge) tick on.
+//   wx's GTK timers are timeout sources of GLib's default context, which the
+//   pump has to iterate for GTK's redraws, so they cannot be left out of the
+//   iteration; their ticks reach the application as wxEVT_TIMER through
+//   ProcessEvent, and that is where they are held. A wxTimer subclass that
+//   overrides Notify() does not go through ProcessEvent and runs in the pump.
 // - Release() (when the active progress ends) puts the held input back at
 //   the end of GDK's queue in the order it came, queues one tick for every
 //   timer that ticked meanwhile, and wakes idle processing.
