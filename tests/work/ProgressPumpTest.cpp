@@ -132,10 +132,23 @@ TEST_F(ProgressPumpTest, CalculationInAModalDialogHoldsItsInputToo) {
   int appliedDuring = -1;
   bool held = false;
   bool deliveredAfter = false;
+  bool painted = false;
   apply->Bind(wxEVT_BUTTON, [&](wxCommandEvent &) { ++applied; });
+  dialog->Bind(wxEVT_PAINT, [&](wxPaintEvent & event) {
+    painted = true;
+    event.Skip();
+  });
   dialog->CallAfter([&] {
-    if (gui_test::WaitUntil([&] { return apply->IsShownOnScreen(); })) {
-      gui_test::Flush();
+    // The window manager places the dialog after mapping it: click once the
+    // dialog has painted and the button stays where it is.
+    wxRect placed;
+    bool const ready = gui_test::WaitUntil([&] {
+      wxRect const now = apply->GetScreenRect();
+      bool const still = painted && apply->IsShownOnScreen() && now == placed;
+      placed = now;
+      return still;
+    });
+    if (ready) {
       {
         Progress progress(nullptr, L"Calculating", 0, 100, false, false, true);
         FakeClick(*apply);
