@@ -7,11 +7,13 @@
 
 #include <chrono>
 #include <cmath>
+#include <string>
 #include <thread>
 
 #include "FakeBreakDialog.h"
 #include "harness/GuiTestUtilities.h"
 #include "work/Progress.h"
+#include "work/ProgressPump.h"
 #include "work/SpinWindow.h"
 #include "work/StatusGauge.h"
 #include "work/VxStatusBar.h"
@@ -222,6 +224,22 @@ TEST_F(ProgressStatusBarTest, AnObjectOfAWorkerThreadIsNeverActive) {
   EXPECT_EQ(value, 5);
   EXPECT_EQ(Spinner(), nullptr);
   EXPECT_EQ(MessageText(), "");
+}
+
+std::string gAssertion;
+
+TEST_F(ProgressStatusBarTest, ThePumpRefusesOtherThreads) {
+  Progress progress(nullptr, L"Outer", 0, 10, false, false, true);
+  gAssertion.clear();
+  wxAssertHandler_t const former = wxSetAssertHandler(
+      [](wxString const &, int, wxString const &, wxString const &, wxString const & message) {
+        gAssertion = message.ToStdString();
+      });
+  std::thread worker([] { progress_pump::Pump(); });
+  worker.join();
+  wxSetAssertHandler(former);
+  EXPECT_NE(gAssertion.find("GUI thread"), std::string::npos) << gAssertion;
+  EXPECT_FALSE(progress_pump::IsPumping());
 }
 
 }  // namespace
