@@ -35,9 +35,8 @@ void SetGaugeValue(float value) {
   if (StatusGauge * gauge = gGauge.get()) gauge->SetValue(value);
 }
 
-
-// The application's main window. The application object's own accessor
-// lives on another branch; this stands in for it until that one is merged.
+// The application's main window: the application's top window, until the
+// application object's VxGetMainWnd is in the library to ask instead.
 wxWindow * ApplicationMainWindow() {
   return wxTheApp != nullptr ? wxTheApp->GetTopWindow() : nullptr;
 }
@@ -108,7 +107,8 @@ Progress & Progress::operator=(Progress const & other) {
 void Progress::Construct(float from, float to) {
   if (mConfirmText.empty()) mConfirmText = vx3::Tr("Do you really want to stop?");
   if (mButtonText.empty()) mButtonText = vx3::Tr("Stop button", "Stop");
-  if (mConfirmCaption.empty()) mConfirmCaption = wxString::FromUTF8(VxSystemInfo::GetApplicationName());
+  if (mConfirmCaption.empty())
+    mConfirmCaption = wxString::FromUTF8(VxSystemInfo::GetApplicationName());
   mOnGuiThread = wxThread::IsMain();
 
   // Ends that are no number at all: the scale starts at 0 and is one wide.
@@ -393,7 +393,9 @@ wxWindow * Progress::GetMessageBar() {
   return frame != nullptr ? frame->GetStatusBar() : nullptr;
 }
 
-VxStatusAccess * Progress::GetStatusBar() { return dynamic_cast<VxStatusAccess *>(GetMessageBar()); }
+VxStatusAccess * Progress::GetStatusBar() {
+  return dynamic_cast<VxStatusAccess *>(GetMessageBar());
+}
 
 void Progress::InitProgress() {
   wxWindow * const messageBar = GetMessageBar();

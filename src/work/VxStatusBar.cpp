@@ -1,5 +1,7 @@
 #include "work/VxStatusBar.h"
 
+#include <algorithm>
+
 VxStatusBar::VxStatusBar(wxWindow * parent) : wxStatusBar(parent, wxID_ANY) {
   mPanes.push_back({0, -1, nullptr, true});
   ApplyPanes(wxString());
