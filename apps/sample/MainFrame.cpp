@@ -1,7 +1,7 @@
 #include "MainFrame.h"
 
 #include "RunListPanel.h"
-#include <wx/aboutdlg.h>
+#include "SampleCalculation.h"
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
@@ -9,6 +9,7 @@
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
+#include "work/VxStatusBar.h"
 
 using vx3::Tr;
 
@@ -17,21 +18,25 @@ MainFrame::MainFrame()
               wxDefaultPosition, wxSize(720, 480)) {
   BuildMenus();
   BuildPage();
-  CreateStatusBar();
+  SetStatusBar(new VxStatusBar(this));
   SetStatusText(mRuns->Summary());
 }
 
 void MainFrame::BuildMenus() {
   auto * file = new wxMenu;
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
+  auto * tools = new wxMenu;
+  tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   auto * help = new wxMenu;
   help->Append(kAboutCommand, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));
+  bar->Append(tools, Tr("Menu", "&Tools"));
   bar->Append(help, Tr("Menu", "&Help"));
   SetMenuBar(bar);
-  Bind(wxEVT_MENU, &MainFrame::OnAbout, this, kAboutCommand);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
+  Bind(wxEVT_MENU, [this](wxCommandEvent &) { RunSampleCalculation(this); },
+       kRunCalculationCommand);
 }
 
 void MainFrame::BuildPage() {
@@ -50,14 +55,6 @@ void MainFrame::BuildPage() {
   mRuns = new RunListPanel(page);
   sizer->Add(mRuns, 1, wxEXPAND | wxALL, 8);
   page->SetSizer(sizer);
-}
-
-void MainFrame::OnAbout(wxCommandEvent &) {
-  wxAboutDialogInfo info;
-  info.SetName(wxString::FromUTF8(VxSystemInfo::GetApplicationName()));
-  info.SetVersion(wxString::FromUTF8(VxSystemInfo::GetApplicationVersionAndBuild()));
-  info.SetDescription(Tr("A sample application of the family, built on TALVOutlwin."));
-  wxAboutBox(info, this);
 }
 
 void MainFrame::OnExit(wxCommandEvent &) { Close(); }

@@ -8,13 +8,13 @@ class MainFrame : public wxFrame {
 public:
   // The family's about command (ID_APP_ABOUT).
   static constexpr int kAboutCommand = 57664;
+  static constexpr int kRunCalculationCommand = wxID_HIGHEST + 1;
 
   MainFrame();
 
 private:
   void BuildMenus();
   void BuildPage();
-  void OnAbout(wxCommandEvent & event);
   void OnExit(wxCommandEvent & event);
 
   class RunListPanel * mRuns = nullptr;

@@ -1,0 +1,8 @@
+#pragma once
+// The sample's "Run calculation" command: a nested calculation on the GUI
+// thread that reports through Progress, shown in the status bar.
+
+class wxWindow;
+
+// Returns the checksum of what was computed, so that the work is real.
+double RunSampleCalculation(wxWindow * parent);

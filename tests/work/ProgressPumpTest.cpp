@@ -1,0 +1,183 @@
+// The event pump of a calculation with real input (XTest on the display's
+// own connection, so that nothing but the pump reads the events): windows
+// repaint, while clicks, timer ticks and queued wx events wait for the end
+// of the calculation and then arrive once each, in order.
+#include <gtest/gtest.h>
+#include <gdk/gdkx.h>
+#include <wx/app.h>
+#include <wx/button.h>
+#include <wx/dialog.h>
+#include <wx/frame.h>
+#include <wx/panel.h>
+#include <wx/timer.h>
+#include <X11/extensions/XTest.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "harness/GuiTestUtilities.h"
+#include "work/Progress.h"
+#include "work/ProgressPump.h"
+#include "work/VxStatusBar.h"
+
+namespace {
+
+// Presses and releases the first button over the middle of `target`; the
+// server has made the events once this returns.
+void FakeClick(wxWindow & target) {
+  Display * const display = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+  wxPoint const centre = target.GetScreenRect().GetPosition() + target.GetSize() / 2;
+  XTestFakeMotionEvent(display, -1, centre.x, centre.y, CurrentTime);
+  XTestFakeButtonEvent(display, 1, True, CurrentTime);
+  XTestFakeButtonEvent(display, 1, False, CurrentTime);
+  XSync(display, False);
+}
+
+// Reports until `condition` holds, then `extra` reports more; false when the
+// condition does not hold within five seconds.
+bool ReportUntil(Progress & progress, std::function<bool()> const & condition, int extra = 20) {
+  auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+  int step = 0;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    progress.Set(float(++step % 100));
+  }
+  for (int i = 0; i < extra; ++i) progress.Set(float(++step % 100));
+  return true;
+}
+
+class ProgressPumpTest : public testing::Test {
+protected:
+  void SetUp() override {
+    frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxDefaultPosition, wxSize(500, 300));
+    frame->SetStatusBar(new VxStatusBar(frame));
+    auto * panel = new wxPanel(frame);
+    first = new wxButton(panel, wxID_ANY, "First", wxPoint(20, 20), wxSize(120, 40));
+    second = new wxButton(panel, wxID_ANY, "Second", wxPoint(200, 20), wxSize(120, 40));
+    canvas = new wxWindow(panel, wxID_ANY, wxPoint(20, 100), wxSize(200, 100));
+    first->Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { delivered.push_back("First"); });
+    second->Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { delivered.push_back("Second"); });
+    canvas->Bind(wxEVT_PAINT, [this](wxPaintEvent & event) {
+      ++paints;
+      event.Skip();
+    });
+    wxTheApp->SetTopWindow(frame);
+    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+  }
+  void TearDown() override {
+    wxTheApp->SetTopWindow(nullptr);
+    frame->Destroy();
+    gui_test::Flush();
+  }
+
+  wxFrame * frame = nullptr;
+  wxButton * first = nullptr;
+  wxButton * second = nullptr;
+  wxWindow * canvas = nullptr;
+  std::vector<std::string> delivered;
+  int paints = 0;
+};
+
+TEST_F(ProgressPumpTest, WindowsRepaintWhileTheCalculationReports) {
+  Progress progress(nullptr, L"Calculating", 0, 100, false, false, true);
+  for (int round = 0; round < 3; ++round) {
+    int const before = paints;
+    canvas->Refresh();
+    EXPECT_TRUE(ReportUntil(progress, [&] { return paints > before; }, 0)) << round;
+  }
+  int const before = paints;
+  canvas->SetSize(wxSize(240, 110));
+  EXPECT_TRUE(ReportUntil(progress, [&] { return paints > before; }, 0));
+}
+
+TEST_F(ProgressPumpTest, ClicksWaitForTheEndAndArriveOnceInOrder) {
+  {
+    Progress progress(nullptr, L"Calculating", 0, 100, false, false, true);
+    FakeClick(*first);
+    FakeClick(*second);
+    EXPECT_TRUE(ReportUntil(progress, [] { return progress_pump::HeldInputCount() >= 4; }));
+    EXPECT_TRUE(delivered.empty());
+  }
+  EXPECT_EQ(progress_pump::HeldInputCount(), 0u);
+  EXPECT_TRUE(gui_test::WaitUntil([&] { return delivered.size() >= 2; }));
+  gui_test::Flush();
+  gui_test::Flush();
+  EXPECT_EQ(delivered, (std::vector<std::string>{"First", "Second"}));
+}
+
+TEST_F(ProgressPumpTest, TimersAndQueuedEventsWaitForTheEnd) {
+  int ticks = 0;
+  bool calledAfter = false;
+  wxTimer timer(frame);
+  frame->Bind(wxEVT_TIMER, [&](wxTimerEvent &) { ++ticks; }, timer.GetId());
+  {
+    Progress progress(nullptr, L"Calculating", 0, 100, false, false, true);
+    timer.Start(1);
+    frame->CallAfter([&] { calledAfter = true; });
+    EXPECT_TRUE(ReportUntil(progress, [] { return progress_pump::HeldTimerCount() >= 1; }));
+    EXPECT_EQ(ticks, 0);
+    EXPECT_FALSE(calledAfter);
+    EXPECT_EQ(progress_pump::HeldTimerCount(), 1u);  // one tick a timer, however many passed
+  }
+  EXPECT_TRUE(gui_test::WaitUntil([&] { return ticks >= 1 && calledAfter; }));
+  timer.Stop();
+}
+
+TEST_F(ProgressPumpTest, CalculationInAModalDialogHoldsItsInputToo) {
+  auto * dialog = new wxDialog(frame, wxID_ANY, "Options", wxDefaultPosition, wxSize(300, 150));
+  auto * apply = new wxButton(dialog, wxID_ANY, "Apply", wxPoint(20, 20), wxSize(120, 40));
+  int applied = 0;
+  int appliedDuring = -1;
+  bool held = false;
+  bool deliveredAfter = false;
+  bool painted = false;
+  apply->Bind(wxEVT_BUTTON, [&](wxCommandEvent &) { ++applied; });
+  dialog->Bind(wxEVT_PAINT, [&](wxPaintEvent & event) {
+    painted = true;
+    event.Skip();
+  });
+  dialog->CallAfter([&] {
+    // The window manager places the dialog after mapping it: click once the
+    // dialog has painted and the button stays where it is.
+    wxRect placed;
+    bool const ready = gui_test::WaitUntil([&] {
+      wxRect const now = apply->GetScreenRect();
+      bool const still = painted && apply->IsShownOnScreen() && now == placed;
+      placed = now;
+      return still;
+    });
+    if (ready) {
+      {
+        Progress progress(nullptr, L"Calculating", 0, 100, false, false, true);
+        FakeClick(*apply);
+        held = ReportUntil(progress, [] { return progress_pump::HeldInputCount() >= 2; });
+        appliedDuring = applied;
+      }
+      deliveredAfter = gui_test::WaitUntil([&] { return applied >= 1; });
+      gui_test::Flush();
+    }
+    dialog->EndModal(wxID_OK);
+  });
+  dialog->ShowModal();
+  dialog->Destroy();
+  EXPECT_TRUE(held);
+  EXPECT_EQ(appliedDuring, 0);
+  EXPECT_TRUE(deliveredAfter);
+  EXPECT_EQ(applied, 1);
+}
+
+TEST_F(ProgressPumpTest, InputToAnAllowedWindowPasses) {
+  progress_pump::AllowWindow(frame);
+  {
+    Progress progress(nullptr, L"Calculating", 0, 100, false, false, true);
+    FakeClick(*first);
+    EXPECT_TRUE(ReportUntil(progress, [&] { return !delivered.empty(); }, 0));
+    EXPECT_EQ(progress_pump::HeldInputCount(), 0u);
+  }
+  progress_pump::DisallowWindow(frame);
+  EXPECT_EQ(delivered, std::vector<std::string>{"First"});
+}
+
+}  // namespace

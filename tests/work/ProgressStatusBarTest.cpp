@@ -1,0 +1,245 @@
+// Progress with a main frame of its own: the gauge and spinner panes of the
+// family's status bar, one active object at a time, and the dialog road
+// through a recording break dialog.
+#include <gtest/gtest.h>
+#include <wx/app.h>
+#include <wx/frame.h>
+
+#include <chrono>
+#include <cmath>
+#include <string>
+#include <thread>
+
+#include "FakeBreakDialog.h"
+#include "harness/GuiTestUtilities.h"
+#include "work/Progress.h"
+#include "work/ProgressPump.h"
+#include "work/SpinWindow.h"
+#include "work/StatusGauge.h"
+#include "work/VxStatusBar.h"
+
+namespace {
+
+using Message = ProgressBreakDialog::Message;
+
+class ProgressStatusBarTest : public testing::Test {
+protected:
+  void SetUp() override {
+    frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxDefaultPosition, wxSize(600, 200));
+    bar = new VxStatusBar(frame);
+    frame->SetStatusBar(bar);
+    wxTheApp->SetTopWindow(frame);
+    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+  }
+  void TearDown() override {
+    Progress::SetBreakDialog(nullptr);
+    Progress::SetShowProgressDialog(true);
+    wxTheApp->SetTopWindow(nullptr);
+    frame->Destroy();
+    gui_test::Flush();
+  }
+
+  // Where the gauge stands in thousandths, as stored; the bar follows from
+  // its timer.
+  int GaugePosition() const {
+    StatusGauge const * gauge = Progress::GetStatusGauge();
+    return gauge != nullptr ? int(std::lround(gauge->GetFraction() * 1000)) : -1;
+  }
+  wxString MessageText() const { return bar->GetStatusText(bar->CommandToIndex(0)); }
+  SpinWindow * Spinner() const {
+    int const index = bar->CommandToIndex(Progress::kSpinnerPane);
+    if (index < 0) return nullptr;
+    for (wxWindow * child : bar->GetChildren())
+      if (auto * spinner = dynamic_cast<SpinWindow *>(child)) return spinner;
+    return nullptr;
+  }
+
+  wxFrame * frame = nullptr;
+  VxStatusBar * bar = nullptr;
+};
+
+TEST_F(ProgressStatusBarTest, GaugeShowsTheWholeTaskAtEveryLevel) {
+  {
+    Progress progress(nullptr, L"Fitting curves", 0, 100, false, false, true);
+    ASSERT_EQ(Progress::GetActiveProgress(), &progress);
+    EXPECT_TRUE(bar->IsPaneVisible(Progress::kGaugePane));
+    EXPECT_EQ(MessageText(), "Fitting curves");
+    progress.Set(50);
+    EXPECT_EQ(GaugePosition(), 500);
+    progress.PushSubRange(20, 60);
+    progress.Set(0.5f);
+    EXPECT_EQ(GaugePosition(), 400);
+    // The bar moves from the gauge's timer, which ticks while the progress
+    // pumps.
+    StatusGauge * gauge = Progress::GetStatusGauge();
+    auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (gauge->GetValue() != 400 && std::chrono::steady_clock::now() < deadline)
+      progress.Set(0.5f);
+    EXPECT_EQ(gauge->GetValue(), 400);
+    progress.Set(2);  // above the level's scale: shown and stored as its end
+    EXPECT_EQ(progress.GetValue(), 1);
+    EXPECT_EQ(GaugePosition(), 600);
+    progress.Set(std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(progress.GetValue(), 0);
+    EXPECT_EQ(GaugePosition(), 200);
+    progress.PopSubRange();
+    EXPECT_FLOAT_EQ(progress.GetValue(), 60);
+    EXPECT_EQ(GaugePosition(), 600);
+    progress.SetInfoStr(L"Writing the report");
+    EXPECT_EQ(MessageText(), "Writing the report");
+    progress.SetRange(5, 5);  // an empty scale shows nothing, breaks nothing
+    EXPECT_TRUE(progress.Set(5));
+    EXPECT_EQ(GaugePosition(), 0);
+  }
+  EXPECT_FALSE(Progress::IsProgressActive());
+  EXPECT_EQ(GaugePosition(), 0);
+  EXPECT_EQ(MessageText(), "Ready");
+}
+
+TEST_F(ProgressStatusBarTest, OnlyTheFirstObjectIsActive) {
+  auto active = std::make_unique<Progress>(nullptr, L"Outer", 0, 10, false, false, true);
+  active->Set(5);
+  {
+    Progress silent(nullptr, L"Inner", 0, 10, false, false, true);
+    EXPECT_EQ(Progress::GetActiveProgress(), active.get());
+    EXPECT_TRUE(silent.Set(20));
+    EXPECT_EQ(silent.GetValue(), 20);  // kept, not clamped
+    EXPECT_EQ(GaugePosition(), 500);
+    EXPECT_EQ(MessageText(), "Outer");
+  }
+  Progress silent(nullptr, L"Inner", 0, 10, false, false, true);
+  active.reset();
+  EXPECT_FALSE(Progress::IsProgressActive());  // the silent one does not take over
+  silent.Set(9);
+  EXPECT_FALSE(Progress::IsProgressActive());
+  EXPECT_EQ(GaugePosition(), 0);
+}
+
+TEST_F(ProgressStatusBarTest, SpinnerTurnsInItsPaneWhileTheGaugeIsHidden) {
+  {
+    Progress progress(L"Loading");
+    ASSERT_TRUE(Progress::IsProgressActive());
+    SpinWindow * spinner = Spinner();
+    ASSERT_NE(spinner, nullptr);
+    EXPECT_TRUE(spinner->IsShown());
+    EXPECT_TRUE(spinner->IsSelfTurning());
+    EXPECT_FALSE(bar->IsPaneVisible(Progress::kGaugePane));
+    progress.SpinDone();
+    EXPECT_EQ(spinner->GetStep(), 0);
+    EXPECT_FALSE(spinner->IsSelfTurning());
+    progress.NextSpin();
+    progress.NextSpin();
+    EXPECT_EQ(spinner->GetStep(), 2);
+  }
+  EXPECT_EQ(bar->CommandToIndex(Progress::kSpinnerPane), -1);
+  EXPECT_TRUE(bar->IsPaneVisible(Progress::kGaugePane));
+}
+
+TEST_F(ProgressStatusBarTest, DialogProgressTalksToTheBreakDialogOnly) {
+  FakeBreakDialog dialog;
+  dialog.window = frame;
+  Progress::SetBreakDialog(&dialog);
+  {
+    Progress progress(nullptr, L"Integrating", 0, 10, false, true, true, nullptr, nullptr,
+                      nullptr, 750);
+    // The dialog reads the title from the progress it is given at the start.
+    ASSERT_EQ(dialog.messages.size(), 3u);
+    EXPECT_EQ(dialog.messages[0].message, Message::kStart);
+    EXPECT_EQ(dialog.messages[0].wParam, 750u);
+    EXPECT_EQ(dialog.progress, &progress);
+    EXPECT_EQ(dialog.progress->GetInfoText(), "Integrating");
+    EXPECT_EQ(dialog.messages[1].message, Message::kSetRange);  // the level's own scale
+    EXPECT_EQ(dialog.messages[1].first, 0);
+    EXPECT_EQ(dialog.messages[1].second, 10);
+    EXPECT_EQ(dialog.messages[2].message, Message::kSetValue);
+    dialog.messages.clear();
+
+    progress.Set(12);
+    progress.PushSubRange(2, 4);  // the gauge range of the new level: -1..4
+    progress.NextSpin();
+    progress.SpinDone();
+    progress.SetInfoStr(L"Summing");
+    EXPECT_EQ(dialog.messages.back().text, "Summing");
+    Progress::Hide();
+    EXPECT_EQ(Progress::GetBreakWindow(), frame);
+    using V = std::vector<unsigned int>;
+    EXPECT_EQ(dialog.Kinds(), (V{Message::kSetValue, Message::kSetRange, Message::kSetValue,
+                                 Message::kSetValue, Message::kNextSpin, Message::kSpinDone,
+                                 Message::kSetTitle, Message::kShow, Message::kShow}));
+    EXPECT_EQ(dialog.messages[0].first, 10);  // clamped
+    EXPECT_FLOAT_EQ(dialog.messages[1].first, -1);
+    EXPECT_FLOAT_EQ(dialog.messages[1].second, 4);
+    EXPECT_EQ(dialog.messages[7].wParam, 0u);
+    EXPECT_EQ(dialog.messages[8].wParam, 1u);
+    EXPECT_EQ(GaugePosition(), 0);  // the status bar shows nothing of it
+
+    dialog.progress->PressBreak();  // the user confirmed a stop
+    EXPECT_FALSE(progress.Set(1));
+    Progress silent(nullptr, L"Inner", 0, 1, false, true, true);
+    EXPECT_FALSE(silent.IsBreakPressed());
+    EXPECT_TRUE(silent.Set(1));
+
+    dialog.alive = false;  // the window is gone: nothing more is sent
+    dialog.messages.clear();
+    progress.Set(2);
+    Progress::Show();
+    EXPECT_EQ(Progress::GetBreakWindow(), nullptr);
+    EXPECT_TRUE(dialog.messages.empty());
+    dialog.alive = true;
+  }
+  EXPECT_EQ(dialog.Kinds().back(), Message::kStop);
+  EXPECT_EQ(dialog.progress, nullptr);
+  dialog.messages.clear();
+  Progress::Show();
+  Progress::Hide();
+  EXPECT_EQ(Progress::GetBreakWindow(), nullptr);
+  EXPECT_TRUE(dialog.messages.empty());  // nothing active, nothing sent
+}
+
+TEST_F(ProgressStatusBarTest, WithoutTheDialogEverythingGoesToTheStatusBar) {
+  FakeBreakDialog dialog;
+  Progress::SetBreakDialog(&dialog);
+  Progress::SetShowProgressDialog(false);
+  Progress progress(nullptr, L"Sorting", 0, 4, false, true, true);
+  progress.Set(1);
+  EXPECT_TRUE(dialog.messages.empty());
+  EXPECT_EQ(GaugePosition(), 250);
+  EXPECT_EQ(MessageText(), "Sorting");
+}
+
+TEST_F(ProgressStatusBarTest, AnObjectOfAWorkerThreadIsNeverActive) {
+  bool activeInWorker = true;
+  float value = 0;
+  std::thread worker([&] {
+    Progress progress(nullptr, L"Worker", 0, 10, true, false, true);
+    progress.PushSubRange(0, 5);
+    progress.Set(1);
+    progress.PopSubRange();
+    Progress::MessageLoop();  // returns at once off the GUI thread
+    activeInWorker = Progress::IsProgressActive();
+    value = progress.GetValue();
+  });
+  worker.join();
+  EXPECT_FALSE(activeInWorker);
+  EXPECT_EQ(value, 5);
+  EXPECT_EQ(Spinner(), nullptr);
+  EXPECT_EQ(MessageText(), "");
+}
+
+std::string gAssertion;
+
+TEST_F(ProgressStatusBarTest, ThePumpRefusesOtherThreads) {
+  Progress progress(nullptr, L"Outer", 0, 10, false, false, true);
+  gAssertion.clear();
+  wxAssertHandler_t const former = wxSetAssertHandler(
+      [](wxString const &, int, wxString const &, wxString const &, wxString const & message) {
+        gAssertion = message.ToStdString();
+      });
+  std::thread worker([] { progress_pump::Pump(); });
+  worker.join();
+  wxSetAssertHandler(former);
+  EXPECT_NE(gAssertion.find("GUI thread"), std::string::npos) << gAssertion;
+  EXPECT_FALSE(progress_pump::IsPumping());
+}
+
+}  // namespace
