@@ -9,28 +9,14 @@
 #include <libxslt/xsltutils.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <regex>
 
 #include "InMemorySection.h"
+#include "TestFiles.h"
 #include "utl/AuditTrail.h"
 #include "utl/Exception.h"
-#include "utl/Paths.h"
 
 namespace {
-
-std::string Temp(std::string const & name) { return VxPathAppend(std::getenv("TMPDIR"), name); }
-
-std::string Slurp(std::string const & path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-void Spit(std::string const & path, std::string const & bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
 
 std::string Replace(std::string text, std::string const & from, std::string const & to) {
   auto const at = text.find(from);

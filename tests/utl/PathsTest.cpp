@@ -6,11 +6,10 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "TestFiles.h"
 #include "utl/Paths.h"
 
 namespace {
-
-std::string Temp(std::string const & name) { return VxPathAppend(std::getenv("TMPDIR"), name); }
 
 TEST(Paths, SplitsFolderNameAndExtension) {
   struct Case {

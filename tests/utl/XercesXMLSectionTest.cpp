@@ -5,29 +5,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <memory>
 
+#include "TestFiles.h"
 #include "utl/Exception.h"
-#include "utl/Paths.h"
 #include "utl/XercesXMLSection.h"
 
 namespace {
 
 using Section = std::unique_ptr<ConfigurationSection>;
-
-std::string Temp(std::string const & name) { return VxPathAppend(std::getenv("TMPDIR"), name); }
-
-std::string Slurp(std::string const & path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-void Spit(std::string const & path, std::string const & bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
 
 // Why the file is refused; the message names it.
 std::string Refusal(std::string const & path) {
