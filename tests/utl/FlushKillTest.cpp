@@ -7,12 +7,11 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <random>
 #include <string>
 
+#include "TestFiles.h"
 #include "utl/Exception.h"
-#include "utl/Paths.h"
 #include "utl/XercesXMLSection.h"
 
 namespace {
@@ -48,7 +47,7 @@ int GenerationOf(std::string const & path) {
 }
 
 TEST(FlushKill, KilledFlushLeavesOldOrNewNeverBroken) {
-  std::string const path = VxPathAppend(std::getenv("TMPDIR"), "killed.kvxml");
+  std::string const path = Temp("killed.kvxml");
   std::mt19937 random(20240611);
   for (int round = 0; round < 25; ++round) {
     SCOPED_TRACE(round);

