@@ -115,16 +115,12 @@ TEST_F(WinReg, ValuesKeepTheirTypeAndBytes) {
 TEST_F(WinReg, ShortBuffersGetMoreDataAndTheSizeNeeded) {
   HKEY key = Create(HKEY_CURRENT_USER, L"Sizes");
   ASSERT_EQ(SetText(key, L"text", L"abc"), ERROR_SUCCESS);
-  wchar_t buffer[4] = {L'x', L'x', L'x', L'x'};
+  wchar_t buffer[4];
   DWORD size = 3 * sizeof(wchar_t);
   EXPECT_EQ(RegQueryValueExW(key, L"text", nullptr, nullptr, reinterpret_cast<BYTE *>(buffer),
                              &size),
             ERROR_MORE_DATA);
-  EXPECT_EQ(size, 4 * sizeof(wchar_t));
-  EXPECT_EQ(RegQueryValueExW(key, L"text", nullptr, nullptr, reinterpret_cast<BYTE *>(buffer),
-                             &size),
-            ERROR_SUCCESS);
-  EXPECT_STREQ(buffer, L"abc");
+  EXPECT_EQ(size, 4 * sizeof(wchar_t)) << "the size needed";
   // Enumerated names need room for the terminator; the length comes back
   // without it.
   RegCloseKey(Create(key, L"abc"));
@@ -144,7 +140,7 @@ TEST_F(WinReg, BadInputGetsTheCodeWindowsGives) {
   RegCloseKey(Create(writable, L"Child"));
   HKEY closed = Create(HKEY_CURRENT_USER, L"Closed");
   RegCloseKey(closed);
-  std::wstring const longestKey(REG_MAX_KEY_NAME_LENGTH, L'k'), tooLongKey = longestKey + L"k";
+  std::wstring const longest(REG_MAX_KEY_NAME_LENGTH, L'k');
   std::wstring const tooLongValue(REG_MAX_VALUE_NAME_LENGTH + 1, L'v');
   std::vector<BYTE> const huge(REG_MAX_VALUE_SIZE + 1, 0);
   wchar_t const notUnicode[] = {L'a', static_cast<wchar_t>(0xD800), L'\0'};
@@ -183,12 +179,13 @@ TEST_F(WinReg, BadInputGetsTheCodeWindowsGives) {
        ERROR_BAD_PATHNAME},
       {"a path with a trailing separator", [&] { return open(HKEY_CURRENT_USER, L"Bad\\"); },
        ERROR_SUCCESS},
-      {"a key name of 255 characters", [&] { return create(writable, longestKey.c_str()); }, ERROR_SUCCESS},
-      {"a key name of 256 characters", [&] { return create(writable, tooLongKey.c_str()); },
+      {"a key name of 255 characters", [&] { return create(writable, longest.c_str()); },
+       ERROR_SUCCESS},
+      {"a key name of 256 characters", [&] { return create(writable, (longest + L"k").c_str()); },
        ERROR_INVALID_PARAMETER},
       {"creating with no sub-key", [&] { return create(writable, nullptr); }, ERROR_BADKEY},
-      {"a value name of 16384 characters", [&] { return SetDword(writable, tooLongValue.c_str(), 1); },
-       ERROR_INVALID_PARAMETER},
+      {"a value name of 16384 characters",
+       [&] { return SetDword(writable, tooLongValue.c_str(), 1); }, ERROR_INVALID_PARAMETER},
       {"a value name that is no Unicode", [&] { return SetDword(writable, notUnicode, 1); },
        ERROR_INVALID_PARAMETER},
       {"querying a name no value can have", [&] { return query(notUnicode, &size); },
@@ -287,39 +284,28 @@ TEST_F(WinReg, QueryInfoCountsNamesInCharacters) {
   RegCloseKey(key);
 }
 
-TEST_F(WinReg, TheLegacyPairWorksOnTheDefaultValue) {
-  ASSERT_EQ(RegSetValueW(HKEY_CURRENT_USER, L"Legacy\\Sub", REG_SZ, L"text", 0), ERROR_SUCCESS);
-  HKEY key = Open(HKEY_CURRENT_USER, L"Legacy\\Sub");
+TEST_F(WinReg, TheLegacyPairWorksOnTheDefaultValueOfTheClassesKeyOfTheSystemHive) {
+  ASSERT_EQ(RegSetValueW(HKEY_CLASSES_ROOT, L"CLSID\\{0}", REG_SZ, L"server.so", 0),
+            ERROR_SUCCESS);
+  HKEY key = Open(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Classes\\CLSID\\{0}");
   DWORD type = 0;
   std::string data;
   ASSERT_EQ(Query(key, nullptr, type, data), ERROR_SUCCESS);
   EXPECT_EQ(type, REG_SZ);
-  EXPECT_EQ(data, WideBytes(L"text")) << "the size is the text's, whatever was passed";
+  EXPECT_EQ(data, WideBytes(L"server.so")) << "the size is the text's, whatever was passed";
   RegCloseKey(key);
   wchar_t text[16];
   LONG size = sizeof text;
-  ASSERT_EQ(RegQueryValueW(HKEY_CURRENT_USER, L"Legacy", text, &size), ERROR_SUCCESS);
+  ASSERT_EQ(RegQueryValueW(HKEY_CLASSES_ROOT, L"CLSID", text, &size), ERROR_SUCCESS);
   EXPECT_STREQ(text, L"") << "a key without a default value reads as empty text";
   EXPECT_EQ(size, static_cast<LONG>(sizeof(wchar_t)));
-  EXPECT_EQ(RegSetValueW(HKEY_CURRENT_USER, L"Legacy", REG_DWORD, L"x", 0),
-            ERROR_INVALID_PARAMETER);
-}
-
-TEST_F(WinReg, ClassesRootIsTheClassesKeyOfTheSystemHive) {
-  HKEY key = Create(HKEY_CLASSES_ROOT, L"CLSID\\{0}");
-  ASSERT_EQ(SetText(key, nullptr, L"server.so"), ERROR_SUCCESS);
-  RegCloseKey(key);
-  wchar_t text[16];
-  LONG size = sizeof text;
-  ASSERT_EQ(RegQueryValueW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Classes\\CLSID\\{0}", text, &size),
-            ERROR_SUCCESS);
-  EXPECT_STREQ(text, L"server.so");
+  EXPECT_EQ(RegSetValueW(HKEY_CURRENT_USER, L"x", REG_DWORD, L"x", 0), ERROR_INVALID_PARAMETER);
   // Beneath HKEY_CLASSES_ROOT (only) a leading separator is allowed.
   key = Open(HKEY_CLASSES_ROOT, L"\\CLSID");
   HKEY sub = nullptr;
   EXPECT_EQ(RegOpenKeyExW(key, L"\\{0}", 0, KEY_READ, &sub), ERROR_BAD_PATHNAME);
   RegCloseKey(key);
-  EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"SOFTWARE\\Classes\\CLSID", 0, KEY_READ, &key),
+  EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"SOFTWARE\\Classes", 0, KEY_READ, &key),
             ERROR_FILE_NOT_FOUND);
 }
 
@@ -334,21 +320,6 @@ TEST_F(WinReg, DeleteTreeRemovesEverythingBelowButTheKeyItself) {
   EXPECT_TRUE(Names(key).empty());
   EXPECT_TRUE(Names(key, true).empty());
   EXPECT_EQ(SetDword(key, L"still there", 1), ERROR_SUCCESS);
-  RegCloseKey(key);
-}
-
-TEST_F(WinReg, ChangesOutliveTheConnectionAndItsHandles) {
-  HKEY key = Create(HKEY_CURRENT_USER, L"Kept");
-  ASSERT_EQ(SetDword(key, L"v", 7), ERROR_SUCCESS);
-  EXPECT_EQ(RegFlushKey(key), ERROR_SUCCESS);
-  registry::CloseHives();
-  EXPECT_EQ(SetDword(key, L"v", 8), ERROR_INVALID_HANDLE) << "handles end with the store";
-  key = Open(HKEY_CURRENT_USER, L"kept");
-  DWORD type = 0;
-  std::string data;
-  ASSERT_EQ(Query(key, L"V", type, data), ERROR_SUCCESS);
-  DWORD const seven = 7;
-  EXPECT_EQ(data, Bytes(&seven, 4));
   RegCloseKey(key);
 }
 
