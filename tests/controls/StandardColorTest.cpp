@@ -114,7 +114,8 @@ TEST(StandardColorHsv, HsvToRgbCutsEachChannelDown) {
       {360, 1, 1, 0x0000FF},                         // 360 is 0
       {30, 1, 1, 0x007FFF},                          // half of 255 cut to 127
       {90, 0.5, 1, 0x7FFFBF},                        // q = 0.75 gives 191
-      {300, 1, 1, 0xFF00FF},  {180, 1, 0.5, 0x7F7F00},
+      {180, 1, 0.5, 0x7F7F00}, {270, 1, 1, 0xFF007F},  // blue to magenta: red half
+      {300, 1, 1, 0xFF00FF},
       {StandardColor::NoHue, 0, 0.5, 0x7F7F7F},      // a gray
       {45, 0, 0.5, 0x000000},                        // no saturation with a hue
       {400, 1, 1, 0x000000},  {-30, 1, 1, 0x000000}, {nan, 1, 1, 0x000000}};
