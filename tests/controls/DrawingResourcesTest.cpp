@@ -23,13 +23,13 @@ TEST(StandardPen, EveryStyleOfTheTable) {
                         {StandardPen::Thick, black, 2, wxPENSTYLE_SOLID},
                         {StandardPen::None, black, 1, wxPENSTYLE_TRANSPARENT}};
   for (Case const & c : cases) {
+    SCOPED_TRACE(c.style);
     wxPen const * pen = StandardPen::GetPen(c.style);
-    ASSERT_NE(pen, nullptr) << c.style;
-    ASSERT_TRUE(pen->IsOk()) << c.style;
-    EXPECT_EQ(pen->GetStyle(), c.penStyle) << c.style;
+    ASSERT_TRUE(pen != nullptr && pen->IsOk());
+    EXPECT_EQ(pen->GetStyle(), c.penStyle);
     if (c.penStyle == wxPENSTYLE_TRANSPARENT) continue;
-    EXPECT_EQ(pen->GetColour(), c.colour) << c.style;
-    EXPECT_EQ(pen->GetWidth(), c.width) << c.style;
+    EXPECT_EQ(pen->GetColour(), c.colour);
+    EXPECT_EQ(pen->GetWidth(), c.width);
   }
   EXPECT_EQ(StandardPen::GetPen(0), nullptr);
   EXPECT_EQ(StandardPen::GetPen(9), nullptr);
@@ -51,27 +51,25 @@ TEST(StandardFont, EveryTypeOfTheTable) {
                         {10, 9, 300, false, false, "Courier New", 49},
                         {11, 0, 0, false, true, nullptr, 0}};
   for (Case const & c : cases) {
+    SCOPED_TRACE(c.type);
     LOGFONTW log{};
-    ASSERT_TRUE(StandardFont::GetLogFont(c.type, log)) << c.type;
+    ASSERT_TRUE(StandardFont::GetLogFont(c.type, log));
     LONG const height = c.points > 0 ? StandardFont::PointsToHeight(c.points) : baseLog.lfHeight;
-    EXPECT_EQ(log.lfHeight, height) << c.type;
-    EXPECT_LT(log.lfHeight, 0) << c.type;
-    EXPECT_EQ(log.lfWeight, c.weight > 0 ? c.weight : base.GetNumericWeight()) << c.type;
-    EXPECT_EQ(log.lfItalic != 0, c.italic) << c.type;
-    EXPECT_EQ(log.lfUnderline != 0, c.underline) << c.type;
-    EXPECT_EQ(log.lfPitchAndFamily, c.pitchAndFamily) << c.type;
-    wxString const face = c.face != nullptr ? wxString(c.face) : base.GetFaceName();
-    EXPECT_EQ(wxString(log.lfFaceName), face) << c.type;
-
+    EXPECT_EQ(log.lfHeight, height);
+    EXPECT_LT(log.lfHeight, 0);
+    int const weight = c.weight > 0 ? c.weight : base.GetNumericWeight();
+    EXPECT_EQ(log.lfWeight, weight);
+    EXPECT_EQ(log.lfItalic != 0, c.italic);
+    EXPECT_EQ(log.lfUnderline != 0, c.underline);
+    EXPECT_EQ(log.lfPitchAndFamily, c.pitchAndFamily);
+    EXPECT_EQ(wxString(log.lfFaceName), c.face != nullptr ? wxString(c.face) : base.GetFaceName());
     wxFont const * font = StandardFont::GetFont(c.type);
-    ASSERT_NE(font, nullptr) << c.type;
-    ASSERT_TRUE(font->IsOk()) << c.type;
+    ASSERT_NE(font, nullptr);
     EXPECT_DOUBLE_EQ(font->GetFractionalPointSize(),
-                     c.points > 0 ? c.points : base.GetFractionalPointSize()) << c.type;
-    EXPECT_EQ(font->GetNumericWeight(), c.weight > 0 ? c.weight : base.GetNumericWeight())
-        << c.type;
-    EXPECT_EQ(font->GetStyle() == wxFONTSTYLE_ITALIC, c.italic) << c.type;
-    EXPECT_EQ(font->GetUnderlined(), c.underline) << c.type;
+                     c.points > 0 ? c.points : base.GetFractionalPointSize());
+    EXPECT_EQ(font->GetNumericWeight(), weight);
+    EXPECT_EQ(font->GetStyle() == wxFONTSTYLE_ITALIC, c.italic);
+    EXPECT_EQ(font->GetUnderlined(), c.underline);
   }
   LOGFONTW unused{};
   EXPECT_FALSE(StandardFont::GetLogFont(12, unused));

@@ -144,19 +144,15 @@ TEST_F(WinReg, BadInputGetsTheCodeWindowsGives) {
   std::wstring const tooLongValue(REG_MAX_VALUE_NAME_LENGTH + 1, L'v');
   std::vector<BYTE> const huge(REG_MAX_VALUE_SIZE + 1, 0);
   wchar_t const notUnicode[] = {L'a', static_cast<wchar_t>(0xD800), L'\0'};
-  auto const create = [](HKEY parent, wchar_t const * path) {
+  auto const open = [](HKEY parent, wchar_t const * path, bool create = false) {
     HKEY key = nullptr;
-    LONG const rc =
-        RegCreateKeyExW(parent, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
+    LONG const rc = create ? RegCreateKeyExW(parent, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                                             &key, nullptr)
+                           : RegOpenKeyExW(parent, path, 0, KEY_READ, &key);
     if (rc == ERROR_SUCCESS) RegCloseKey(key);
     return rc;
   };
-  auto const open = [](HKEY parent, wchar_t const * path) {
-    HKEY key = nullptr;
-    LONG const rc = RegOpenKeyExW(parent, path, 0, KEY_READ, &key);
-    if (rc == ERROR_SUCCESS) RegCloseKey(key);
-    return rc;
-  };
+  auto const create = [&](HKEY parent, wchar_t const * path) { return open(parent, path, true); };
   auto const query = [&](wchar_t const * name, DWORD * size, DWORD * reserved = nullptr) {
     BYTE buffer[4];
     return RegQueryValueExW(writable, name, reserved, nullptr, size ? nullptr : buffer, size);
