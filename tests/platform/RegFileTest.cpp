@@ -2,9 +2,6 @@
 // are refused with their line number and change nothing.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "RegistryTestSupport.h"
 #include "platform/RegFile.h"
 #include "platform/RegFileExport.h"
@@ -203,9 +200,7 @@ TEST_F(RegFile, SavingReplacesTheFileWhole) {
   ExceptionMessage error;
   ASSERT_TRUE(registry::SaveRegFile(file, "first", error));
   ASSERT_TRUE(registry::SaveRegFile(file, kSample, error));
-  std::ifstream in(file, std::ios::binary);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()),
-            kSample);
+  EXPECT_EQ(FileBytes(file), kSample);
   EXPECT_FALSE(registry::SaveRegFile(mFolder + "/no/such/folder/x.reg", kSample, error));
   EXPECT_NE(error.ToString(std::locale::classic()).find("cannot be written"), std::string::npos);
 }

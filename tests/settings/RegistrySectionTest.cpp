@@ -80,14 +80,14 @@ TEST_F(RegistrySectionTest, ValuesAreReadOnlyInTheirOwnType) {
 
   // The stored forms: REG_DWORD of 4 bytes, REG_SZ with its terminator.
   HKEY key = Create(HKEY_CURRENT_USER, L"Software\\Values");
-  DWORD type = 0;
-  std::string data;
-  ASSERT_EQ(Query(key, L"on", type, data), ERROR_SUCCESS);
-  EXPECT_EQ(type, REG_DWORD);
-  EXPECT_EQ(data, std::string("\1\0\0\0", 4));
-  ASSERT_EQ(Query(key, L"four", type, data), ERROR_SUCCESS);
-  EXPECT_EQ(type, REG_SZ);
-  EXPECT_EQ(data.size(), 5 * sizeof(wchar_t));
+  DWORD onType = 0, fourType = 0;
+  std::string on, four;
+  ASSERT_EQ(Query(key, L"on", onType, on), ERROR_SUCCESS);
+  ASSERT_EQ(Query(key, L"four", fourType, four), ERROR_SUCCESS);
+  EXPECT_EQ(onType, static_cast<DWORD>(REG_DWORD));
+  EXPECT_EQ(on, std::string("\1\0\0\0", 4));
+  EXPECT_EQ(fourType, static_cast<DWORD>(REG_SZ));
+  EXPECT_EQ(four.size(), 5 * sizeof(wchar_t));
   RegCloseKey(key);
 
   EXPECT_TRUE(section->HasKey("Dword"));
