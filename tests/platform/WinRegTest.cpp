@@ -34,17 +34,18 @@ HKEY Open(HKEY parent, wchar_t const * path, REGSAM access = KEY_READ) {
 }
 
 TEST_F(WinReg, NamesCompareWithoutCaseAndKeepTheCaseTheyWereMadeWith) {
-  HKEY root = nullptr;
-  DWORD disposition = 0;
-  ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Äpfel\\App", 0, nullptr, 0,
-                            KEY_ALL_ACCESS, nullptr, &root, &disposition),
-            ERROR_SUCCESS);
-  EXPECT_EQ(disposition, static_cast<DWORD>(REG_CREATED_NEW_KEY));
-  RegCloseKey(root);
-  ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, L"SOFTWARE\\äPFEL", 0, nullptr, 0, KEY_ALL_ACCESS,
-                            nullptr, &root, &disposition),
-            ERROR_SUCCESS);
-  EXPECT_EQ(disposition, static_cast<DWORD>(REG_OPENED_EXISTING_KEY));
+  auto const disposition = [](wchar_t const * path) {
+    HKEY key = nullptr;
+    DWORD made = 0;
+    EXPECT_EQ(
+        RegCreateKeyExW(HKEY_CURRENT_USER, path, 0, nullptr, 0, KEY_READ, nullptr, &key, &made),
+        ERROR_SUCCESS);
+    RegCloseKey(key);
+    return made;
+  };
+  EXPECT_EQ(disposition(L"Software\\Äpfel\\App"), static_cast<DWORD>(REG_CREATED_NEW_KEY));
+  EXPECT_EQ(disposition(L"SOFTWARE\\äPFEL"), static_cast<DWORD>(REG_OPENED_EXISTING_KEY));
+  HKEY root = Create(HKEY_CURRENT_USER, L"software\\ÄPFEL");
   ASSERT_EQ(SetDword(root, L"Colour", 1), ERROR_SUCCESS);
   ASSERT_EQ(SetDword(root, L"COLOUR", 2), ERROR_SUCCESS);
   DWORD type = 0;
