@@ -168,6 +168,7 @@ TEST_F(VxGaugeWindow, EachTickPaintsTheNextFrameOfTheBreath) {
 
 TEST_F(VxGaugeWindow, AHiddenGaugeRestartsItsPulse) {
   for (int i = 0; i < 90; ++i) gauge->OnFrameTimer();
+  ASSERT_EQ(gauge->GetPulseFrame(), 90);
   gauge->Hide();
   gauge->OnFrameTimer();
   EXPECT_EQ(gauge->GetPulseFrame(), 0);
