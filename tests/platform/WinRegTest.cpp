@@ -224,18 +224,17 @@ TEST_F(WinReg, AccessRightsAreThoseAskedFor) {
   };
   auto const expect = [](bool may, LONG allowed) { return may ? allowed : ERROR_ACCESS_DENIED; };
   for (Case const & c : cases) {
+    SCOPED_TRACE(testing::Message() << std::hex << c.asked);
     HKEY key = Open(HKEY_CURRENT_USER, L"Rights", c.asked);
     DWORD size = 0;
     EXPECT_EQ(RegQueryValueExW(key, L"absent", nullptr, nullptr, nullptr, &size),
-              expect(c.mayQuery, ERROR_FILE_NOT_FOUND))
-        << std::hex << c.asked;
-    EXPECT_EQ(SetDword(key, L"v", 1), expect(c.maySet, ERROR_SUCCESS)) << std::hex << c.asked;
+              expect(c.mayQuery, ERROR_FILE_NOT_FOUND));
+    EXPECT_EQ(SetDword(key, L"v", 1), expect(c.maySet, ERROR_SUCCESS));
     EXPECT_EQ(RegDeleteValueW(key, L"absent"), expect(c.maySet, ERROR_FILE_NOT_FOUND));
     wchar_t name[8];
     DWORD length = 8;
     EXPECT_EQ(RegEnumKeyExW(key, 0, name, &length, nullptr, nullptr, nullptr, nullptr),
-              expect(c.mayEnumerate, ERROR_NO_MORE_ITEMS))
-        << std::hex << c.asked;
+              expect(c.mayEnumerate, ERROR_NO_MORE_ITEMS));
     RegCloseKey(key);
   }
 }
