@@ -24,31 +24,28 @@ int Write(std::wstring const & path, std::wstring const & prefix, long count, bo
   HKEY key = nullptr;
   LONG rc = RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
                             &key, nullptr);
-  if (rc != ERROR_SUCCESS) {
-    std::fprintf(stderr, "create: %d\n", static_cast<int>(rc));
-    return 2;
-  }
-  for (long i = 0; i < count; ++i) {
+  for (long i = 0; rc == ERROR_SUCCESS && i < count; ++i) {
     auto const value = static_cast<DWORD>(i);
-    std::wstring const name = prefix + std::to_wstring(i);
-    rc = RegSetValueExW(key, name.c_str(), 0, REG_DWORD, reinterpret_cast<BYTE const *>(&value),
-                        sizeof value);
-    if (rc != ERROR_SUCCESS) {
-      std::fprintf(stderr, "set %ld: %d\n", i, static_cast<int>(rc));
-      return 2;
-    }
-    if (report && ::write(STDOUT_FILENO, "+", 1) != 1) return 3;
+    rc = RegSetValueExW(key, (prefix + std::to_wstring(i)).c_str(), 0, REG_DWORD,
+                        reinterpret_cast<BYTE const *>(&value), sizeof value);
+    if (rc == ERROR_SUCCESS && report && ::write(STDOUT_FILENO, "+", 1) != 1) return 3;
   }
+  if (rc != ERROR_SUCCESS) std::fprintf(stderr, "registry error %d\n", static_cast<int>(rc));
   RegCloseKey(key);
-  return 0;
+  return rc == ERROR_SUCCESS ? 0 : 2;
 }
 
 void Print(char const * what, LONG code) { std::printf("%s %d\n", what, static_cast<int>(code)); }
 
+// Prints the code of an open or create; the key made, or null when it failed.
+HKEY Opened(char const * what, LONG code, HKEY const & key) {
+  Print(what, code);
+  return code == ERROR_SUCCESS ? key : nullptr;
+}
+
 int Probe(std::wstring const & path) {
   HKEY key = nullptr;
-  LONG rc = RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, &key);
-  Print("open-read", rc);
+  Print("open-read", RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, &key));
   DWORD value = 0;
   DWORD size = sizeof value;
   Print("query", RegQueryValueExW(key, L"Setting", nullptr, nullptr,
@@ -57,33 +54,28 @@ int Probe(std::wstring const & path) {
   wchar_t name[64];
   DWORD length = 64;
   Print("enumerate", RegEnumValueW(key, 0, name, &length, nullptr, nullptr, nullptr, nullptr));
-  DWORD values = 0;
   Print("query-info", RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                       &values, nullptr, nullptr, nullptr, nullptr));
+                                       &size, nullptr, nullptr, nullptr, nullptr));
   DWORD const one = 1;
   auto const * data = reinterpret_cast<BYTE const *>(&one);
   Print("set-through-read-handle", RegSetValueExW(key, L"Setting", 0, REG_DWORD, data, 4));
   RegCloseKey(key);
 
-  HKEY other = nullptr;
-  rc = RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_WRITE, &other);
-  Print("open-write", rc);
-  if (rc == ERROR_SUCCESS) RegCloseKey(other);
-  rc = RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, MAXIMUM_ALLOWED, &other);
-  Print("open-maximum-allowed", rc);
-  if (rc == ERROR_SUCCESS) {
-    Print("set-through-maximum-allowed", RegSetValueExW(other, L"Setting", 0, REG_DWORD, data, 4));
-    RegCloseKey(other);
+  auto const open = [&](REGSAM access) {
+    return RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, access, &key);
+  };
+  auto const create = [&](std::wstring const & at, REGSAM access) {
+    return RegCreateKeyExW(HKEY_LOCAL_MACHINE, at.c_str(), 0, nullptr, 0, access, nullptr, &key,
+                           nullptr);
+  };
+  RegCloseKey(Opened("open-write", open(KEY_WRITE), key));
+  if (HKEY all = Opened("open-maximum-allowed", open(MAXIMUM_ALLOWED), key)) {
+    Print("set-through-maximum-allowed", RegSetValueExW(all, L"Setting", 0, REG_DWORD, data, 4));
+    RegCloseKey(all);
   }
-  rc = RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_READ, nullptr, &other,
-                       nullptr);
-  Print("create-existing-for-reading", rc);
-  if (rc == ERROR_SUCCESS) RegCloseKey(other);
-  Print("create-existing-for-writing", RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr,
-                                                       0, KEY_WRITE, nullptr, &other, nullptr));
-  std::wstring const child = path + L"\\New";
-  Print("create-new", RegCreateKeyExW(HKEY_LOCAL_MACHINE, child.c_str(), 0, nullptr, 0, KEY_READ,
-                                      nullptr, &other, nullptr));
+  RegCloseKey(Opened("create-existing-for-reading", create(path, KEY_READ), key));
+  RegCloseKey(Opened("create-existing-for-writing", create(path, KEY_WRITE), key));
+  RegCloseKey(Opened("create-new", create(path + L"\\New", KEY_READ), key));
   Print("set-on-predefined", RegSetValueExW(HKEY_LOCAL_MACHINE, L"x", 0, REG_DWORD, data, 4));
   Print("set-legacy", RegSetValueW(HKEY_LOCAL_MACHINE, path.c_str(), REG_SZ, L"x", 0));
   Print("delete-value", RegDeleteValueW(HKEY_LOCAL_MACHINE, L"Setting"));

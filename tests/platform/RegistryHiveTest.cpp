@@ -6,18 +6,12 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include <fstream>
 #include <set>
 
 #include "RegistryTestSupport.h"
 #include "utl/Log.h"
 
 namespace {
-
-std::string FileBytes(std::string const & path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
 
 std::set<std::string> FilesIn(std::string const & folder) {
   std::set<std::string> names;
@@ -35,7 +29,32 @@ unsigned Mode(std::string const & path) {
   return info.st_mode & 0777;
 }
 
-using RegistryHive = RegistryTest;
+class RegistryHive : public RegistryTest {
+protected:
+  // A valid hive whose table pages are overwritten: SQLite opens it, only the
+  // check finds the damage.
+  static std::string TornHive(std::string const & path) {
+    ::setenv("TALVO_REGISTRY_USER_HIVE", path.c_str(), 1);
+    registry::CloseHives();
+    HKEY key = Create(HKEY_CURRENT_USER, L"Software");
+    std::vector<BYTE> const data(3000, 0x5A);
+    for (int i = 0; i < 20; ++i)
+      RegSetValueExW(key, std::to_wstring(i).c_str(), 0, REG_BINARY, data.data(), 3000);
+    RegCloseKey(key);
+    registry::CloseHives();
+    std::string bytes = FileBytes(path);
+    for (size_t at = 4096; at < bytes.size() && at < 3 * 4096; ++at) bytes[at] = '\x5A';
+    return bytes;
+  }
+
+  static std::string ForeignDatabase(std::string const & path) {
+    sqlite3 * db = nullptr;
+    sqlite3_open(path.c_str(), &db);
+    sqlite3_exec(db, "CREATE TABLE notes(text);", nullptr, nullptr, nullptr);
+    sqlite3_close(db);
+    return FileBytes(path);
+  }
+};
 
 TEST_F(RegistryHive, ANewHiveAppearsCompleteWithTheRightPermissions) {
   EXPECT_EQ(VxFileExist(UserHive()), VxNothing) << "made on first use only";
@@ -50,35 +69,6 @@ TEST_F(RegistryHive, ANewHiveAppearsCompleteWithTheRightPermissions) {
       (std::set<std::string>{"system.db", "system.db-shm", "system.db-wal", "system.db.lock"}));
 }
 
-// A valid hive whose table pages are overwritten: SQLite opens it, the check
-// finds the damage.
-std::string TornHive(std::string const & folder) {
-  std::string const path = folder + "/torn.db";
-  ::setenv("TALVO_REGISTRY_USER_HIVE", path.c_str(), 1);
-  registry::CloseHives();
-  HKEY key = nullptr;
-  RegCreateKeyExW(HKEY_CURRENT_USER, L"Software", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                  nullptr);
-  std::vector<BYTE> const data(3000, 0x5A);
-  for (int i = 0; i < 20; ++i)
-    RegSetValueExW(key, std::to_wstring(i).c_str(), 0, REG_BINARY, data.data(), 3000);
-  RegCloseKey(key);
-  registry::CloseHives();
-  std::string bytes = FileBytes(path);
-  for (size_t at = 4096; at < bytes.size() && at < 3 * 4096; ++at) bytes[at] = '\x5A';
-  return bytes;
-}
-
-std::string ForeignDatabase(std::string const & folder) {
-  std::string const path = folder + "/foreign.db";
-  sqlite3 * db = nullptr;
-  sqlite3_open(path.c_str(), &db);
-  sqlite3_exec(db, "CREATE TABLE notes(text); INSERT INTO notes VALUES('mine');", nullptr, nullptr,
-               nullptr);
-  sqlite3_close(db);
-  return FileBytes(path);
-}
-
 TEST_F(RegistryHive, AFileThatIsNoHiveIsKeptAsideAndReplaced) {
   struct Case {
     char const * what;
@@ -86,9 +76,8 @@ TEST_F(RegistryHive, AFileThatIsNoHiveIsKeptAsideAndReplaced) {
   } const cases[] = {
       {"text", "REGEDIT4\n\n[HKEY_CURRENT_USER\\Software]\n"},
       {"an empty file", ""},
-      {"a truncated header", std::string("SQLite format 3\0\x10", 18)},
-      {"another application's database", ForeignDatabase(mFolder)},
-      {"a hive with torn pages", TornHive(mFolder)},
+      {"another application's database", ForeignDatabase(mFolder + "/foreign.db")},
+      {"a hive with torn pages", TornHive(mFolder + "/torn.db")},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.what);

@@ -7,8 +7,6 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include <cstdio>
-#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -34,11 +32,6 @@ std::string IntegrityCheck(std::string const & path) {
   return result;
 }
 
-std::string FileBytes(std::string const & path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
 class RegistryProcesses : public RegistryTest {
 protected:
   // Checks that HKEY_CURRENT_USER\`path` holds prefix0 = 0 ... and returns
@@ -58,26 +51,26 @@ protected:
     RegCloseKey(key);
     return count;
   }
+  static DWORD ValueCount(wchar_t const * path) {
+    HKEY key = Create(HKEY_CURRENT_USER, path);
+    DWORD values = 0;
+    EXPECT_EQ(RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values,
+                               nullptr, nullptr, nullptr, nullptr),
+              ERROR_SUCCESS);
+    RegCloseKey(key);
+    return values;
+  }
 };
 
 TEST_F(RegistryProcesses, FourWritersAtOnceLoseNothing) {
   constexpr int kWriters = 4;
   constexpr long kEach = 10000;
   ChildProcess writers[kWriters];
-  for (int w = 0; w < kWriters; ++w) {
+  for (int w = 0; w < kWriters; ++w)
     ASSERT_TRUE(writers[w].Start({Helper(), "write", "Software\\Stress",
                                   "w" + std::to_string(w) + "-", std::to_string(kEach)}));
-  }
   for (ChildProcess & writer : writers) EXPECT_EQ(writer.Wait(), 0);
-  HKEY key = nullptr;
-  ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Stress", 0, KEY_READ, &key),
-            ERROR_SUCCESS);
-  DWORD values = 0;
-  ASSERT_EQ(RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values,
-                             nullptr, nullptr, nullptr, nullptr),
-            ERROR_SUCCESS);
-  EXPECT_EQ(values, static_cast<DWORD>(kWriters * kEach));
-  RegCloseKey(key);
+  EXPECT_EQ(ValueCount(L"Software\\Stress"), static_cast<DWORD>(kWriters * kEach));
   for (int w = 0; w < kWriters; ++w)
     EXPECT_EQ(CountRun(L"Software\\Stress", L"w" + std::to_wstring(w) + L"-"),
               static_cast<DWORD>(kEach));
@@ -96,13 +89,8 @@ TEST_F(RegistryProcesses, AWriterKilledMidWayLeavesEveryCommittedValue) {
   EXPECT_EQ(IntegrityCheck(UserHive()), "ok");
   DWORD const present = CountRun(L"Software\\Killed", L"v");
   EXPECT_GE(present, static_cast<DWORD>(kAcknowledged));
-  HKEY key = nullptr;
-  ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Killed", 0, KEY_ALL_ACCESS, &key),
-            ERROR_SUCCESS);
-  DWORD values = 0;
-  RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr,
-                   nullptr, nullptr, nullptr);
-  EXPECT_EQ(values, present) << "no value beyond an unbroken run";
+  EXPECT_EQ(ValueCount(L"Software\\Killed"), present) << "no value beyond an unbroken run";
+  HKEY key = Create(HKEY_CURRENT_USER, L"Software\\Killed");
   EXPECT_EQ(SetDword(key, L"after", 1), ERROR_SUCCESS);
   RegCloseKey(key);
   EXPECT_TRUE(registry::TakeNotices().empty()) << "the hive was not taken for damaged";
@@ -159,26 +147,14 @@ TEST_F(UnprivilegedUser, ReadsTheSystemHiveAndIsDeniedEveryChange) {
   auto const results = Probe();
   ASSERT_EQ(results.count("exit"), 1u) << "the probe did not run";
   EXPECT_EQ(results.at("exit"), 0);
+  long const ok = ERROR_SUCCESS, denied = ERROR_ACCESS_DENIED;
   std::map<std::string, long> const expected = {
-      {"open-read", ERROR_SUCCESS},
-      {"query", ERROR_SUCCESS},
-      {"value", 42},
-      {"enumerate", ERROR_SUCCESS},
-      {"query-info", ERROR_SUCCESS},
-      {"set-through-read-handle", ERROR_ACCESS_DENIED},
-      {"open-write", ERROR_ACCESS_DENIED},
-      {"open-maximum-allowed", ERROR_SUCCESS},
-      {"set-through-maximum-allowed", ERROR_ACCESS_DENIED},
-      {"create-existing-for-reading", ERROR_SUCCESS},
-      {"create-existing-for-writing", ERROR_ACCESS_DENIED},
-      {"create-new", ERROR_ACCESS_DENIED},
-      {"set-on-predefined", ERROR_ACCESS_DENIED},
-      {"set-legacy", ERROR_ACCESS_DENIED},
-      {"delete-value", ERROR_ACCESS_DENIED},
-      {"delete-key", ERROR_ACCESS_DENIED},
-      {"delete-tree", ERROR_ACCESS_DENIED},
-      {"flush", ERROR_SUCCESS},
-  };
+      {"open-read", ok}, {"query", ok}, {"value", 42}, {"enumerate", ok}, {"query-info", ok},
+      {"set-through-read-handle", denied}, {"open-write", denied}, {"open-maximum-allowed", ok},
+      {"set-through-maximum-allowed", denied}, {"create-existing-for-reading", ok},
+      {"create-existing-for-writing", denied}, {"create-new", denied},
+      {"set-on-predefined", denied}, {"set-legacy", denied}, {"delete-value", denied},
+      {"delete-key", denied}, {"delete-tree", denied}, {"flush", ok}};
   for (auto const & [what, code] : expected) {
     auto const found = results.find(what);
     ASSERT_NE(found, results.end()) << what;

@@ -1,11 +1,12 @@
 #pragma once
-// Each registry test gets hives of its own: both locations point into a
-// folder named after the test, and the store is closed before and after, so
-// that no test sees another's keys.
+// Each registry test gets hives of its own in a folder named after the test,
+// with the store closed before and after, so that no test sees another's keys.
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -37,19 +38,12 @@ protected:
   // A key created (or opened) with every right; fails the test otherwise.
   static HKEY Create(HKEY parent, wchar_t const * path) {
     HKEY key = nullptr;
-    LONG const rc =
-        RegCreateKeyExW(parent, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
-    EXPECT_EQ(rc, ERROR_SUCCESS) << "creating a key";
+    EXPECT_EQ(RegCreateKeyExW(parent, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+              ERROR_SUCCESS);
     return key;
   }
-
   static LONG SetDword(HKEY key, wchar_t const * name, DWORD value) {
-    return RegSetValueExW(key, name, 0, REG_DWORD, reinterpret_cast<BYTE const *>(&value),
-                          sizeof value);
-  }
-  static LONG SetText(HKEY key, wchar_t const * name, std::wstring const & text) {
-    return RegSetValueExW(key, name, 0, REG_SZ, reinterpret_cast<BYTE const *>(text.c_str()),
-                          static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    return RegSetValueExW(key, name, 0, REG_DWORD, reinterpret_cast<BYTE const *>(&value), 4);
   }
   // The value's type and bytes, or the code of the failed query.
   static LONG Query(HKEY key, wchar_t const * name, DWORD & type, std::string & data) {
@@ -61,28 +55,22 @@ protected:
     data.resize(size);
     return rc;
   }
-
-  static std::vector<std::wstring> SubKeyNames(HKEY key) {
+  // The names of the sub-keys, or of the values, in the order they enumerate.
+  static std::vector<std::wstring> Names(HKEY key, bool values = false) {
     std::vector<std::wstring> names;
     wchar_t name[300];
-    for (DWORD index = 0;; ++index) {
-      DWORD length = 300;
-      if (RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
+    for (DWORD index = 0, length = 300;; ++index, length = 300) {
+      if ((values ? RegEnumValueW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr)
+                  : RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr)) !=
           ERROR_SUCCESS)
         return names;
       names.emplace_back(name, length);
     }
   }
-  static std::vector<std::wstring> ValueNames(HKEY key) {
-    std::vector<std::wstring> names;
-    wchar_t name[300];
-    for (DWORD index = 0;; ++index) {
-      DWORD length = 300;
-      if (RegEnumValueW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
-          ERROR_SUCCESS)
-        return names;
-      names.emplace_back(name, length);
-    }
+
+  static std::string FileBytes(std::string const & path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   }
 
   std::string mFolder;

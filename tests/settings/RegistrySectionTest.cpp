@@ -12,11 +12,9 @@ namespace {
 
 constexpr REGSAM kReadWrite = 0x2001F;
 
-std::string Why(Exception const & e) { return e.Why(std::locale::classic()); }
-
 class RegistrySectionTest : public RegistryTest {
 protected:
-  // A section on HKCU\`path`, made if absent, for reading and writing.
+  // A section on HKCU\`path`, made if absent.
   static std::unique_ptr<RegistrySection> Section(char const * path, REGSAM access = kReadWrite) {
     return std::make_unique<RegistrySection>(HKEY_CURRENT_USER, path, access, true);
   }
@@ -26,41 +24,32 @@ protected:
     RegCloseKey(key);
     return true;
   }
+  static std::string Why(char const * path, bool create) {
+    try {
+      RegistrySection(HKEY_CURRENT_USER, path, kReadWrite, create);
+      return "no exception";
+    } catch (Exception const & e) {
+      return e.Why(std::locale::classic());
+    }
+  }
 };
 
-TEST_F(RegistrySectionTest, TheConstructorOpensCreatesOrThrows) {
-  try {
-    RegistrySection(HKEY_CURRENT_USER, "Software\\Missing", KEY_READ, false);
-    ADD_FAILURE() << "no exception";
-  } catch (Exception const & e) {
-    EXPECT_EQ(Why(e), "Registry Key not found.");
-  }
-  try {
-    RegistrySection(HKEY_CURRENT_USER, "Software\\\\Empty element", kReadWrite, true);
-    ADD_FAILURE() << "no exception";
-  } catch (Exception const & e) {
-    EXPECT_EQ(Why(e), "Registry Key couldn't be created.");
-  }
-  RegistrySection const created(HKEY_CURRENT_USER, "Software\\Made", kReadWrite, true);
-  EXPECT_TRUE(Exists(L"Software\\Made"));
-  RegistrySection const opened(HKEY_CURRENT_USER, "software\\made", KEY_READ, false);
+TEST_F(RegistrySectionTest, OpeningFailsLoudlyInTheConstructorAndQuietlyLater) {
+  EXPECT_EQ(Why("Software\\Missing", false), "Registry Key not found.");
+  EXPECT_EQ(Why("Software\\\\Empty element", true), "Registry Key couldn't be created.");
+  EXPECT_EQ(Why("Software\\Made", true), "no exception");
+  EXPECT_EQ(Why("software\\made", false), "no exception");
 
-  RegistrySection empty;
-  EXPECT_FALSE(empty.Open(HKEY_CURRENT_USER, "Software\\Missing", KEY_READ, false));
-  EXPECT_FALSE(empty.Open(HKEY_CURRENT_USER, "\\Bad", kReadWrite, true));
-  EXPECT_TRUE(empty.Open(HKEY_CURRENT_USER, "Software\\Other", kReadWrite, true));
-  EXPECT_TRUE(empty.WriteInt("n", 1));
-}
-
-TEST_F(RegistrySectionTest, AnUnopenedSectionFailsQuietly) {
   RegistrySection section;
   int number = 5;
   EXPECT_FALSE(section.ReadInt("n", number));
   EXPECT_EQ(number, 5);
   EXPECT_FALSE(section.WriteInt("n", 1));
-  EXPECT_FALSE(section.HasKey("n"));
   EXPECT_TRUE(section.GetSectionNames().empty());
-  EXPECT_TRUE(section.Flush());
+  EXPECT_FALSE(section.Open(HKEY_CURRENT_USER, "Software\\Missing", KEY_READ, false));
+  EXPECT_FALSE(section.Open(HKEY_CURRENT_USER, "\\Bad", kReadWrite, true));
+  EXPECT_TRUE(section.Open(HKEY_CURRENT_USER, "Software\\Other", kReadWrite, true));
+  EXPECT_TRUE(section.WriteInt("n", 1));
 }
 
 TEST_F(RegistrySectionTest, ValuesAreReadOnlyInTheirOwnType) {
@@ -69,7 +58,6 @@ TEST_F(RegistrySectionTest, ValuesAreReadOnlyInTheirOwnType) {
   ASSERT_TRUE(section->WriteKey("text", "naïve ☃"));
   ASSERT_TRUE(section->WriteKey("empty", ""));
   ASSERT_TRUE(section->WriteKey("four", std::string("1234")));
-  ASSERT_TRUE(section->WriteInt("negative", -1));
   ASSERT_TRUE(section->WriteBool("on", true));
   ASSERT_TRUE(section->WriteFloat("ratio", 0.25));
 
@@ -83,33 +71,23 @@ TEST_F(RegistrySectionTest, ValuesAreReadOnlyInTheirOwnType) {
   bool flag = false;
   EXPECT_TRUE(section->ReadBool("dword", flag));
   EXPECT_TRUE(flag) << "2 reads as true";
-  EXPECT_TRUE(section->ReadKey("empty", text));
-  EXPECT_EQ(text, "");
-  EXPECT_TRUE(section->ReadKey("text", text));
-  EXPECT_EQ(text, "naïve ☃");
   std::wstring wide;
   EXPECT_TRUE(section->ReadKey("TEXT", wide));
   EXPECT_EQ(wide, L"naïve ☃");
-  EXPECT_TRUE(section->ReadInt("negative", number));
-  EXPECT_EQ(number, -1);
   double ratio = 0;
   EXPECT_TRUE(section->ReadDouble("ratio", ratio)) << "through the base's text form";
   EXPECT_EQ(ratio, 0.25);
 
   // The stored forms: REG_DWORD of 4 bytes, REG_SZ with its terminator.
-  HKEY key = nullptr;
-  ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Values", 0, KEY_READ, &key),
-            ERROR_SUCCESS);
-  DWORD type = 0;
-  std::string data;
-  ASSERT_EQ(Query(key, L"on", type, data), ERROR_SUCCESS);
-  EXPECT_EQ(type, REG_DWORD);
-  EXPECT_EQ(data, std::string("\1\0\0\0", 4));
-  ASSERT_EQ(Query(key, L"four", type, data), ERROR_SUCCESS);
-  EXPECT_EQ(type, REG_SZ);
-  EXPECT_EQ(data.size(), 5 * sizeof(wchar_t));
-  ASSERT_EQ(Query(key, L"ratio", type, data), ERROR_SUCCESS);
-  EXPECT_EQ(type, REG_SZ);
+  HKEY key = Create(HKEY_CURRENT_USER, L"Software\\Values");
+  DWORD onType = 0, fourType = 0;
+  std::string on, four;
+  ASSERT_EQ(Query(key, L"on", onType, on), ERROR_SUCCESS);
+  ASSERT_EQ(Query(key, L"four", fourType, four), ERROR_SUCCESS);
+  EXPECT_EQ(onType, static_cast<DWORD>(REG_DWORD));
+  EXPECT_EQ(on, std::string("\1\0\0\0", 4));
+  EXPECT_EQ(fourType, static_cast<DWORD>(REG_SZ));
+  EXPECT_EQ(four.size(), 5 * sizeof(wchar_t));
   RegCloseKey(key);
 
   EXPECT_TRUE(section->HasKey("Dword"));
@@ -118,7 +96,7 @@ TEST_F(RegistrySectionTest, ValuesAreReadOnlyInTheirOwnType) {
   EXPECT_FALSE(section->DeleteKey("dword"));
 }
 
-TEST_F(RegistrySectionTest, TextWithoutATerminatorStillReads) {
+TEST_F(RegistrySectionTest, TextReadsUpToItsFirstNulOrItsEnd) {
   HKEY key = Create(HKEY_CURRENT_USER, L"Software\\Raw");
   ASSERT_EQ(RegSetValueExW(key, L"raw", 0, REG_SZ, reinterpret_cast<BYTE const *>(L"abc"),
                            3 * sizeof(wchar_t)),
@@ -132,18 +110,9 @@ TEST_F(RegistrySectionTest, TextWithoutATerminatorStillReads) {
   EXPECT_TRUE(section->ReadKey("raw", text));
   EXPECT_EQ(text, "abc");
   EXPECT_TRUE(section->ReadKey("nul", text));
-  EXPECT_EQ(text, "ab") << "up to the first NUL";
-}
-
-TEST_F(RegistrySectionTest, WritingThroughAReadSectionFails) {
-  Section("Software\\ReadOnly")->WriteInt("n", 1);
-  auto section = Section("Software\\ReadOnly", KEY_READ);
-  EXPECT_FALSE(section->WriteInt("n", 2));
-  EXPECT_FALSE(section->WriteKey("t", "x"));
-  EXPECT_FALSE(section->DeleteKey("n"));
-  int number = 0;
-  EXPECT_TRUE(section->ReadInt("n", number));
-  EXPECT_EQ(number, 1);
+  EXPECT_EQ(text, "ab");
+  EXPECT_FALSE(section->WriteKey("t", "x")) << "a section opened for reading";
+  EXPECT_FALSE(section->DeleteKey("raw"));
 }
 
 TEST_F(RegistrySectionTest, IsEmptyIsTrueWhenTheKeyHasAValue) {
@@ -165,8 +134,6 @@ TEST_F(RegistrySectionTest, ChangeSubSectionMovesDownOrStays) {
   EXPECT_FALSE(section->HasSection("Item 4", 1));
   EXPECT_TRUE(section->ChangeSubSection("Item", 3));
   EXPECT_FALSE(section->ReadInt("level", level));
-  section->WriteInt("level", 1);
-  EXPECT_TRUE(Exists(L"Software\\Down\\Item 3"));
   // The path grew by "\Item 3": a sideways move now stays below "Down".
   section->ChangeSection("\\Item 4");
   EXPECT_TRUE(Exists(L"Software\\Down\\Item 4"));
@@ -176,7 +143,6 @@ TEST_F(RegistrySectionTest, ChangeSectionJoinsTheNameAsItIs) {
   auto section = Section("Software\\A\\B");
   section->ChangeSection("\\C");
   EXPECT_TRUE(Exists(L"Software\\A\\C"));
-  section->WriteInt("here", 1);
   section->ChangeSection("D");  // no separator of its own: "Software\A" + "D"
   EXPECT_TRUE(Exists(L"Software\\AD"));
   RegistrySection top(HKEY_CURRENT_USER, "First", kReadWrite, true);
@@ -185,8 +151,7 @@ TEST_F(RegistrySectionTest, ChangeSectionJoinsTheNameAsItIs) {
   section->ChangeSection("\\\\bad");  // neither opens nor is created: it stays
   EXPECT_TRUE(section->WriteInt("still", 1));
   int value = 0;
-  RegistrySection check(HKEY_CURRENT_USER, "Software\\AD", KEY_READ, false);
-  EXPECT_TRUE(check.ReadInt("still", value));
+  EXPECT_TRUE(Section("Software\\AD", KEY_READ)->ReadInt("still", value));
 }
 
 TEST_F(RegistrySectionTest, DeleteSectionRemovesOnlyAKeyWithoutSubKeys) {
@@ -212,17 +177,11 @@ TEST_F(RegistrySectionTest, SectionsMadeFromASectionStandOnItsKey) {
   EXPECT_TRUE(copy->ReadInt("n", number));
   EXPECT_EQ(number, 7);
   EXPECT_TRUE(copy->WriteInt("m", 8)) << "with the source's access";
-  std::unique_ptr<ConfigurationSection> child(section->CreateSubSection("Child"));
-  child->WriteInt("c", 1);
-  EXPECT_TRUE(Exists(L"Software\\Made\\Child"));
   EXPECT_THROW(delete section->CreateSubSection("\\bad"), Exception);
-
-  for (int index : {1, 2, 3}) delete section->CreateSubSection("Item", index);
-  EXPECT_EQ(section->NumSubSections("Item"), 3) << "the base finds indexed sections by name";
-  EXPECT_EQ(section->GetSectionNames(),
-            (std::vector<std::string>{"Child", "Item 1", "Item 2", "Item 3"}));
-  EXPECT_TRUE(section->SupportsSubSections());
-  EXPECT_TRUE(section->Flush());
+  for (int index : {2, 1}) delete section->CreateSubSection("Item", index);
+  delete section->CreateSubSection("Child");
+  EXPECT_EQ(section->GetSectionNames(), (std::vector<std::string>{"Child", "Item 1", "Item 2"}));
+  EXPECT_EQ(section->NumSubSections("Item"), 2);
   EXPECT_FALSE(section->WriteToSection(copy.get()));
 }
 
