@@ -100,7 +100,9 @@ TEST(AuditTrail, RecordsEventsAndReadsThemBackVerified) {
     EXPECT_EQ(events[i].sequence, i + 1);
     EXPECT_EQ(events[i].type, expected[i][0]);
     EXPECT_EQ(events[i].text, expected[i][1]);
-    if (i != 0 && i != 4) EXPECT_EQ(events[i].detail, expected[i][2]);
+    if (i != 0 && i != 4) {
+      EXPECT_EQ(events[i].detail, expected[i][2]);
+    }
     EXPECT_EQ(events[i].level, i == 2 ? 1 : 0);
     EXPECT_EQ(events[i].user, "ann");
   }
