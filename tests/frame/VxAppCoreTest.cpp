@@ -206,6 +206,10 @@ TEST_F(VxAppCoreTest, TheProfileLivesUnderTheRegistryBase) {
   EXPECT_EQ(AppProfile::GetProfileInt("window", "LEFT", 0), -25);
   EXPECT_EQ(AppProfile::GetProfileString("WINDOW", "placement", ""), "0,1,10,20 ☃");
   EXPECT_EQ(AppProfile::GetProfileInt("Window", "Placement", 7), 7) << "only its own type";
+  EXPECT_TRUE(AppProfile::WriteProfileString("Window", "Placement", nullptr));
+  EXPECT_EQ(AppProfile::GetProfileString("Window", "Placement", "gone"), "gone");
+  EXPECT_TRUE(AppProfile::WriteProfileString("Window", nullptr, nullptr));  // the whole section
+  EXPECT_EQ(AppProfile::GetProfileInt("Window", "Left", 0), 0);
 
   // Another application version has a profile of its own.
   AppProfile::WriteProfileInt("Window", "Left", 5);
