@@ -16,28 +16,6 @@ namespace frame_test {
 
 using ZipEntries = std::vector<std::pair<std::string, std::string>>;
 
-// Writes the package to `path` (deflated entries) and returns its bytes.
-inline std::string WriteZip(std::string const & path, ZipEntries const & entries) {
-  int error = 0;
-  zip_t * archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
-  if (archive == nullptr) throw std::runtime_error("zip_open failed");
-  for (auto const & [name, bytes] : entries) {
-    // libzip reads the buffer at zip_close: copy it to the heap and let
-    // libzip free it.
-    void * copy = std::malloc(bytes.size() + 1);
-    std::memcpy(copy, bytes.data(), bytes.size());
-    zip_source_t * source = zip_source_buffer(archive, copy, bytes.size(), 1);
-    zip_int64_t const index = zip_file_add(archive, name.c_str(), source, ZIP_FL_ENC_UTF_8);
-    if (index < 0) throw std::runtime_error("zip_file_add failed: " + name);
-    zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), ZIP_CM_DEFLATE, 9);
-  }
-  if (zip_close(archive) != 0) throw std::runtime_error("zip_close failed");
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  return bytes.str();
-}
-
 inline void WriteBytes(std::string const & path, std::string const & bytes) {
   std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 }
@@ -47,6 +25,24 @@ inline std::string ReadBytes(std::string const & path) {
   std::ostringstream bytes;
   bytes << in.rdbuf();
   return bytes.str();
+}
+
+// Writes the package to `path` (deflated entries) and returns its bytes.
+inline std::string WriteZip(std::string const & path, ZipEntries const & entries) {
+  int error = 0;
+  zip_t * archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
+  if (archive == nullptr) throw std::runtime_error("zip_open failed");
+  for (auto const & [name, bytes] : entries) {
+    // libzip reads the buffer at zip_close: a heap copy that libzip frees.
+    void * copy = std::malloc(bytes.size() + 1);
+    std::memcpy(copy, bytes.data(), bytes.size());
+    zip_source_t * source = zip_source_buffer(archive, copy, bytes.size(), 1);
+    zip_int64_t const index = zip_file_add(archive, name.c_str(), source, ZIP_FL_ENC_UTF_8);
+    if (index < 0) throw std::runtime_error("zip_file_add failed: " + name);
+    zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), ZIP_CM_DEFLATE, 9);
+  }
+  if (zip_close(archive) != 0) throw std::runtime_error("zip_close failed");
+  return ReadBytes(path);
 }
 
 }  // namespace frame_test

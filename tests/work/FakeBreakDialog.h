@@ -13,9 +13,8 @@
 struct SentMessage {
   unsigned int message;
   std::uintptr_t wParam;
-  float first;   // the value (1029), scale from (1030)
-  float second;  // scale to (1030)
-  wxString text; // the title (1028)
+  float first, second;  // the value (kSetValue); the scale (kSetRange)
+  wxString text;        // the title (kSetTitle)
 };
 
 class FakeBreakDialog : public ProgressBreakDialog {
@@ -24,18 +23,15 @@ public:
   wxWindow * Window() const override { return window; }
   std::intptr_t Send(Message message, std::uintptr_t wParam, void const * lParam) override {
     SentMessage sent{message, wParam, 0, 0, wxString()};
-    if (message == kSetValue) sent.first = *static_cast<float const *>(lParam);
-    if (message == kSetRange) {
-      sent.first = static_cast<float const *>(lParam)[0];
-      sent.second = static_cast<float const *>(lParam)[1];
-    }
+    auto const * floats = static_cast<float const *>(lParam);
+    if (message == kSetValue || message == kSetRange) sent.first = floats[0];
+    if (message == kSetRange) sent.second = floats[1];
     if (message == kSetTitle) sent.text = static_cast<wchar_t const *>(lParam);
     if (message == kStart) progress = static_cast<Progress *>(const_cast<void *>(lParam));
     if (message == kStop) progress = nullptr;
     messages.push_back(sent);
     return 0;
   }
-
   std::vector<unsigned int> Kinds() const {
     std::vector<unsigned int> kinds;
     for (auto const & sent : messages) kinds.push_back(sent.message);
