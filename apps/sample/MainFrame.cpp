@@ -42,16 +42,15 @@ void MainFrame::BuildMenus() {
 void MainFrame::BuildPage() {
   auto * page = new wxPanel(this);
   auto * sizer = new wxBoxSizer(wxVERTICAL);
-  auto * heading = new wxStaticText(page, wxID_ANY, GetTitle());
-  heading->SetFont(heading->GetFont().Scaled(1.6f).Bold());
-  sizer->Add(heading, 0, wxALL, 16);
   auto * intro = new wxStaticText(
       page, wxID_ANY,
       Tr("This application shows the manner of working that every application of the family "
          "shares: settings, questions and messages, progress, lists, favourites, pictures and "
          "help. Use the menus to try what is there."));
   intro->Wrap(640);
-  sizer->Add(intro, 0, wxLEFT | wxRIGHT, 16);
+  // The window title names the application; a heading in another font
+  // face would cost the start-up a font load (several milliseconds).
+  sizer->Add(intro, 0, wxLEFT | wxRIGHT | wxTOP, 16);
   mRuns = new RunListPanel(page);
   sizer->Add(mRuns, 1, wxEXPAND | wxALL, 8);
   page->SetSizer(sizer);

@@ -38,7 +38,6 @@ RunListPanel::RunListPanel(wxWindow * parent) : wxPanel(parent), mRuns(SampleRun
 
   auto * sizer = new wxBoxSizer(wxVERTICAL);
   auto * label = new wxStaticText(this, wxID_ANY, vx3::Tr("Measurement runs"));
-  label->SetFont(label->GetFont().Bold());
   sizer->Add(label, 0, wxLEFT | wxRIGHT | wxTOP, 8);
   mFilter = new wxSearchCtrl(this, wxID_ANY);
   mFilter->SetDescriptiveText(vx3::Tr("Filter: words, \"phrases\", -exclude, a*|b?"));

@@ -42,6 +42,11 @@ std::string Lookup(char const * context, char const * id, std::locale const & lo
 std::locale InstallTranslation(TranslationSetup const & setup) {
   boost::locale::generator generator;
   generator.use_ansi_encoding(false);
+  // Only what the library uses: catalogs, case conversion and the locale's
+  // name. ICU's date and number formatters and its collators would cost
+  // ~20 million instructions at start-up and nothing here reads them.
+  generator.categories(boost::locale::message_facet | boost::locale::convert_facet |
+                       boost::locale::information_facet | boost::locale::codepage_facet);
   for (auto const & path : setup.catalogPaths) generator.add_messages_path(path);
   for (auto const & domain : setup.domains) generator.add_messages_domain(domain);
   std::string const name = setup.localeName.empty() ? LocaleNameFromEnvironment()

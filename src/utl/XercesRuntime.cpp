@@ -4,6 +4,7 @@
 #include <xercesc/util/XMLException.hpp>
 
 #include <exception>
+#include <future>
 #include <mutex>
 
 #include "utl/Exception.h"
@@ -20,6 +21,21 @@ void EnsureXercesInitialized() {
     } catch (xercesc::XMLException const &) {
       throw Exception(ExceptionMessage::translate("The XML parser could not be initialised."));
     }
+  });
+}
+
+void StartXercesInitialization() {
+  static std::once_flag started;
+  std::call_once(started, [] {
+    // The future lives to the end of the process; its destructor waits for
+    // the worker, so no thread is left running during static destruction.
+    static std::future<void> worker = std::async(std::launch::async, [] {
+      try {
+        EnsureXercesInitialized();
+      } catch (...) {
+        // The next EnsureXercesInitialized tries again and reports it.
+      }
+    });
   });
 }
 

@@ -14,4 +14,12 @@ namespace vx3 {
 // Xerces cannot start (no transcoding service, out of memory).
 void EnsureXercesInitialized();
 
+// Starts that initialisation on a worker thread and returns at once, so that
+// it overlaps the application's own start (opening the display), which
+// mostly waits for the X server. Xerces builds its character-class tables
+// when it starts, several milliseconds of work. A later
+// EnsureXercesInitialized waits for the worker; a failure there is simply
+// retried by that call. The process waits for the worker at exit.
+void StartXercesInitialization();
+
 }  // namespace vx3
