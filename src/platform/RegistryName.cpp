@@ -3,6 +3,7 @@
 #include <unicode/uchar.h>
 
 #include "platform/WinReg.h"
+#include "utl/Utf.h"
 
 namespace registry {
 
@@ -11,24 +12,6 @@ namespace {
 bool IsScalarValue(wchar_t c) {
   auto const code = static_cast<uint32_t>(c);
   return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
-}
-
-void AppendUtf8(std::string & out, char32_t code) {
-  if (code < 0x80) {
-    out += static_cast<char>(code);
-  } else if (code < 0x800) {
-    out += static_cast<char>(0xC0 | (code >> 6));
-    out += static_cast<char>(0x80 | (code & 0x3F));
-  } else if (code < 0x10000) {
-    out += static_cast<char>(0xE0 | (code >> 12));
-    out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (code & 0x3F));
-  } else {
-    out += static_cast<char>(0xF0 | (code >> 18));
-    out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-    out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (code & 0x3F));
-  }
 }
 
 char32_t Upper(char32_t code) {
@@ -44,8 +27,8 @@ bool MakeName(wchar_t const * begin, wchar_t const * end, DWORD limit, Name & ou
   out.folded.clear();
   for (wchar_t const * c = begin; c != end; ++c) {
     if (!IsScalarValue(*c)) return false;
-    AppendUtf8(out.text, static_cast<char32_t>(*c));
-    AppendUtf8(out.folded, Upper(static_cast<char32_t>(*c)));
+    vx3::AppendUtf8(static_cast<char32_t>(*c), out.text);
+    vx3::AppendUtf8(Upper(static_cast<char32_t>(*c)), out.folded);
   }
   return true;
 }

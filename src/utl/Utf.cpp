@@ -55,7 +55,7 @@ char32_t Decode(std::string_view text, size_t & at) {
 
 bool IsScalar(char32_t code) { return code <= 0x10FFFF && !(code >= 0xD800 && code <= 0xDFFF); }
 
-void Encode(char32_t code, std::string & out) {
+void EncodeScalar(char32_t code, std::string & out) {
   if (code < 0x80) {
     out += static_cast<char>(code);
   } else if (code < 0x800) {
@@ -90,7 +90,7 @@ std::string Encode(std::basic_string_view<Char> text) {
   out.reserve(text.size());
   for (Char const c : text) {
     auto const code = static_cast<char32_t>(static_cast<std::make_unsigned_t<Char>>(c));
-    if (IsScalar(code)) Encode(code, out);
+    if (IsScalar(code)) EncodeScalar(code, out);
   }
   return out;
 }
@@ -117,5 +117,7 @@ std::string SanitizeUtf8(std::string_view text) {
   }
   return std::string(text);
 }
+
+void AppendUtf8(char32_t code, std::string & out) { EncodeScalar(code, out); }
 
 }  // namespace vx3

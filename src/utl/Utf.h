@@ -26,4 +26,7 @@ constexpr char32_t kInvalidCodePoint = 0xFFFFFFFF;
 // walks text without converting all of it first.
 char32_t DecodeUtf8(std::string_view text, size_t & at);
 
+// Appends the UTF-8 form of `code`, which must be a Unicode scalar value.
+void AppendUtf8(char32_t code, std::string & out);
+
 }  // namespace vx3
