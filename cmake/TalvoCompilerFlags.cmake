@@ -1,5 +1,8 @@
 # Warnings and sanitizer flags shared by every target of the project.
 add_compile_options(-Wall -Wextra -Wno-unused-parameter)
+# Record only the libraries a binary really uses: every needless one costs
+# every process of the family its loading and relocation at start.
+add_link_options(-Wl,--as-needed)
 
 if(TALVO_SANITIZE)
   set(_talvo_san -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
