@@ -44,9 +44,9 @@ struct FullTextSearchQuery {
 static_assert(sizeof(void *) != 8 || sizeof(FullTextSearchQuery) == 40,
               "the search record keeps the engine's 64-bit layout");
 
-// The value of a request: nothing (0), a topic number, a search query or the
+// The value of a request: a number (0 when the command takes none), a search query or the
 // control-to-topic table of a dialog.
-using HelpValue = std::variant<std::monostate, int, FullTextSearchQuery, ContextHelpTable>;
+using HelpValue = std::variant<int, FullTextSearchQuery, ContextHelpTable>;
 
 struct HelpRequest {
   wxWindow * window = nullptr;  // the window the help is for; may be null

@@ -6,6 +6,22 @@
 #include <vector>
 
 #include "html/WindowContextHelpId.h"
+#include "platform/WinUser.h"
+
+namespace {
+
+// Dialogs made in wx give their OK, Cancel and Help buttons wx's stock ids;
+// the table knows them by their Windows ids, which it passes over.
+int32_t ControlIdOf(wxWindow const & control) {
+  switch (control.GetId()) {
+    case wxID_OK: return IDOK;
+    case wxID_CANCEL: return IDCANCEL;
+    case wxID_HELP: return IDHELP;
+    default: return control.GetId();
+  }
+}
+
+}  // namespace
 
 VxHtmlHelp::~VxHtmlHelp() {
   if (m_engineUsed) Call(nullptr, std::wstring(), HelpCommand::CloseAll, 0);
@@ -65,7 +81,7 @@ void VxHtmlHelp::FillContextHelpLookUpTable(wxWindow * dialog) {
   std::vector<ContextHelpPair> children;
   if (dialog != nullptr) {
     for (wxWindow * child : dialog->GetChildren())
-      children.push_back({child->GetId(), VxGetWindowContextHelpId(child)});
+      children.push_back({ControlIdOf(*child), VxGetWindowContextHelpId(child)});
   }
   m_contextHelp.Fill(children);
 }
