@@ -18,6 +18,14 @@
 
 namespace {
 
+// A value that is no Unicode scalar (a lone surrogate, beyond U+10FFFF)
+// stands as U+FFFD: neither ICU nor the text layout accepts it.
+wchar_t CodePoint(wchar_t value) {
+  auto const code = static_cast<uint32_t>(value);
+  bool const valid = code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+  return valid ? value : wchar_t(0xFFFD);
+}
+
 // The text in UTF-16 for ICU, and where each UTF-16 offset starts in the
 // original UTF-32 text. A value that is no code point becomes U+FFFD, one
 // unit, so that every original character keeps a place.
@@ -26,10 +34,7 @@ public:
   explicit Utf16View(std::wstring const & text) {
     mToWide.reserve(text.size() + 1);
     for (size_t at = 0; at < text.size(); ++at) {
-      auto code = static_cast<uint32_t>(text[at]);
-      bool const valid = code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
-      UChar32 const point = valid ? static_cast<UChar32>(code) : 0xFFFD;
-      mText.append(point);
+      mText.append(static_cast<UChar32>(CodePoint(text[at])));
       mToWide.resize(static_cast<size_t>(mText.length()), at);
     }
     mToWide.push_back(text.size());
@@ -186,6 +191,7 @@ std::wstring LimitLineLength::ByPixels(std::wstring const & text, wxDC & dc, siz
   return Wrapper(text, view, limit, [&](int32_t begin, int32_t end) {
     size_t const first = view.Wide(begin);
     std::wstring piece = text.substr(first, view.Wide(end) - first);
+    for (wchar_t & c : piece) c = CodePoint(c);
     auto found = widths.find(piece);
     if (found != widths.end()) return found->second;
     wxCoord width = 0;
