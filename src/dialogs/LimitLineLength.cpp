@@ -146,12 +146,13 @@ private:
     for (int32_t cluster = begin; cluster < end;) {
       int32_t const clusterEnd = NextBoundary(clusters, cluster, end);
       size_t const measure = mMeasure(cluster, clusterEnd);
-      if (mLineLength != 0 && mLineLength + measure > mLimit) {
+      // A line feed ends the line it stands on; it never opens one.
+      if (mLineLength != 0 && mLineLength + measure > mLimit && !EndsInLineFeed(clusterEnd)) {
         mResult += L'\n';
         mLineLength = 0;
       }
-      Append(cluster, clusterEnd);
       mLineLength += measure;
+      Append(cluster, clusterEnd);
       cluster = clusterEnd;
     }
   }
@@ -206,10 +207,12 @@ public:
     icu::BreakIterator & clusters = ClusterBreaks();
     size_t width = 0;
     for (int32_t cluster = begin; cluster < end;) {
-      // Plain ASCII but a carriage return is one cluster a character: no
-      // break iterator, no hashing.
-      wchar_t const single = text[view.Wide(cluster)];
-      if (single < 0x80 && single != L'\r') {
+      // An ASCII character but a carriage return, followed by ASCII (not by
+      // a combining mark), is a cluster of its own: no iterator, no hashing.
+      size_t const at = view.Wide(cluster);
+      wchar_t const single = text[at];
+      bool const alone = cluster + 1 == end || static_cast<uint32_t>(text[at + 1]) < 0x80;
+      if (single < 0x80 && single != L'\r' && alone) {
         if (mAscii[single] == Unknown) {
           mKey.assign(1, single);
           mAscii[single] = Advance();

@@ -86,6 +86,7 @@ TEST(LimitLineLength, ByCharactersBreaksWhereExpected) {
       {L"one two\nthree four", 9, L"one two\nthree \nfour"},
       // The long word fills whole lines; its rest shares a line if it can.
       {L"ab abcdefghij cd", 4, L"ab \nabcd\nefgh\nij \ncd"},
+      {L"abcdef\ngh", 3, L"abc\ndef\ngh"},
       // A surrogate pair and a combining sequence count as one character.
       {Repeat(L"\U0001F600", 140), 140, Repeat(L"\U0001F600", 140)},
       {Repeat(L"o\u0308", 140), 140, Repeat(L"o\u0308", 140)},
