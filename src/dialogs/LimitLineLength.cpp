@@ -252,7 +252,7 @@ private:
     return measured;
   }
 
-  static size_t const Unknown = SIZE_MAX;
+  static constexpr size_t Unknown = SIZE_MAX;
 
   wxDC & mDc;
   wxGraphicsContext * const mContext;
