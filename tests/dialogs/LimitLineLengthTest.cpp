@@ -1,99 +1,18 @@
-// Wrapping checked as relations that hold in any font: every line within the
-// limit, the text unchanged but for inserted line feeds, no cluster cut.
+// The pixel wrap and the bounds, checked as relations that hold in any font:
+// every line within the width, the text unchanged but for inserted line feeds.
 #include <gtest/gtest.h>
 
 #include <wx/dcmemory.h>
 
-#include <locale>
 #include <string>
 #include <vector>
 
+#include "WrapChecks.h"
 #include "dialogs/LimitLineLength.h"
-#include "utl/Utf.h"
-#include "utl/VxStdString.h"
 
 namespace {
 
-std::vector<std::wstring> Lines(std::wstring const & text) {
-  std::vector<std::wstring> lines(1);
-  for (wchar_t c : text) {
-    if (c == L'\n') lines.emplace_back();
-    else lines.back() += c;
-  }
-  return lines;
-}
-
-// True when `wrapped` is `original` with line feeds inserted and nothing else.
-bool OnlyFeedsInserted(std::wstring const & original, std::wstring const & wrapped) {
-  size_t at = 0;
-  for (wchar_t c : wrapped) {
-    if (at < original.size() && c == original[at]) ++at;
-    else if (c != L'\n') return false;
-  }
-  return at == original.size();
-}
-
-size_t Clusters(std::wstring const & line) {
-  return VxStdString::GraphemeClusterCount(vx3::WideToUtf8(line), std::locale::classic());
-}
-
-bool IsCombining(wchar_t c) { return c >= 0x300 && c <= 0x36F; }
-
-std::wstring Repeat(std::wstring const & part, size_t times) {
-  std::wstring text;
-  for (size_t i = 0; i < times; ++i) text += part;
-  return text;
-}
-
-struct Case {
-  char const * name;
-  std::wstring text;
-  size_t limit;
-};
-
-std::vector<Case> Cases() {
-  return {{"empty", L"", 10},
-          {"fits", L"short text", 40},
-          {"words", L"The quick brown fox jumps over the lazy dog. Again and again.", 12},
-          {"line feeds", L"one two\nthree four\n\nfive six seven", 9},
-          {"unbreakable", Repeat(L"x", 300), 25},
-          {"long word among short", L"ab " + Repeat(L"W", 70) + L" cd ef", 20},
-          {"combining", Repeat(L"e\u0301", 40), 7},
-          {"outside the BMP", Repeat(L"\U0001F600", 30) + L" " + Repeat(L"\U00020000", 30), 4},
-          {"flags", Repeat(L"\U0001F1EB\U0001F1F7", 12), 5},
-          {"limit zero", L"ab c", 0},
-          {"invalid code points", std::wstring(L"a\xD800 b ") + wchar_t(0x110000) + L" c", 2},
-          {"hundred thousand", Repeat(L"lorem ipsum dolor sit amet, ", 3572), 60}};
-}
-
-TEST(LimitLineLength, ByCharactersKeepsEveryLineWithinTheLimit) {
-  for (Case const & c : Cases()) {
-    std::wstring const wrapped = LimitLineLength::ByCharacters(c.text, c.limit);
-    EXPECT_TRUE(OnlyFeedsInserted(c.text, wrapped)) << c.name;
-    for (std::wstring const & line : Lines(wrapped)) {
-      EXPECT_LE(Clusters(line), std::max<size_t>(c.limit, 1)) << c.name;
-      if (!line.empty()) {
-        EXPECT_FALSE(IsCombining(line.front())) << c.name;
-      }
-    }
-  }
-}
-
-TEST(LimitLineLength, ByCharactersBreaksWhereExpected) {
-  struct Expected { std::wstring text; size_t limit; std::wstring wrapped; };
-  Expected const cases[] = {
-      {L"aaa bbb ccc", 7, L"aaa \nbbb ccc"},
-      {L"one two\nthree four", 9, L"one two\nthree \nfour"},
-      // The long word fills whole lines; its rest shares a line if it can.
-      {L"ab abcdefghij cd", 4, L"ab \nabcd\nefgh\nij \ncd"},
-      {L"abcdef\ngh", 3, L"abc\ndef\ngh"},
-      // A surrogate pair and a combining sequence count as one character.
-      {Repeat(L"\U0001F600", 140), 140, Repeat(L"\U0001F600", 140)},
-      {Repeat(L"o\u0308", 140), 140, Repeat(L"o\u0308", 140)},
-      {L"", 5, L""}};
-  for (Expected const & c : cases)
-    EXPECT_EQ(LimitLineLength::ByCharacters(c.text, c.limit), c.wrapped) << c.limit;
-}
+using namespace wrap_checks;
 
 class LimitLineLengthPixels : public ::testing::Test {
 protected:

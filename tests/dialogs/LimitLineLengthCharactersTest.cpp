@@ -1,0 +1,41 @@
+// The character wrap needs no display: every line within the limit, the text
+// unchanged but for inserted line feeds, no cluster cut.
+#include <gtest/gtest.h>
+
+#include "WrapChecks.h"
+#include "dialogs/LimitLineLength.h"
+
+namespace {
+
+using namespace wrap_checks;
+
+TEST(LimitLineLength, ByCharactersKeepsEveryLineWithinTheLimit) {
+  for (Case const & c : Cases()) {
+    std::wstring const wrapped = LimitLineLength::ByCharacters(c.text, c.limit);
+    EXPECT_TRUE(OnlyFeedsInserted(c.text, wrapped)) << c.name;
+    for (std::wstring const & line : Lines(wrapped)) {
+      EXPECT_LE(Clusters(line), std::max<size_t>(c.limit, 1)) << c.name;
+      if (!line.empty()) {
+        EXPECT_FALSE(IsCombining(line.front())) << c.name;
+      }
+    }
+  }
+}
+
+TEST(LimitLineLength, ByCharactersBreaksWhereExpected) {
+  struct Expected { std::wstring text; size_t limit; std::wstring wrapped; };
+  Expected const cases[] = {
+      {L"aaa bbb ccc", 7, L"aaa \nbbb ccc"},
+      {L"one two\nthree four", 9, L"one two\nthree \nfour"},
+      // The long word fills whole lines; its rest shares a line if it can.
+      {L"ab abcdefghij cd", 4, L"ab \nabcd\nefgh\nij \ncd"},
+      {L"abcdef\ngh", 3, L"abc\ndef\ngh"},
+      // A surrogate pair and a combining sequence count as one character.
+      {Repeat(L"\U0001F600", 140), 140, Repeat(L"\U0001F600", 140)},
+      {Repeat(L"o\u0308", 140), 140, Repeat(L"o\u0308", 140)},
+      {L"", 5, L""}};
+  for (Expected const & c : cases)
+    EXPECT_EQ(LimitLineLength::ByCharacters(c.text, c.limit), c.wrapped) << c.limit;
+}
+
+}  // namespace
