@@ -118,6 +118,9 @@ public:
   }
 
 private:
+  // One line-break piece: it joins the line when it fits; otherwise it
+  // starts the next line; a piece too long for any line stands alone on
+  // its line, whole: pieces are never split.
   void Place(int32_t begin, int32_t end) {
     size_t const before = mLineLength;
     size_t const measure = mMeasure(begin, end);
@@ -128,33 +131,13 @@ private:
     }
     if (before != 0) {
       mResult += L'\n';
-      mLineLength = 0;
-      if (measure <= mLimit) {
-        Append(begin, end);
-        mLineLength = EndsInLineFeed(end) ? 0 : measure;
-        return;
-      }
+      mLineLength = measure;
+      Append(begin, end);
+      return;
     }
+    Append(begin, end);
+    mResult += L'\n';
     mLineLength = 0;
-    SplitAtClusters(begin, end);
-  }
-
-  // A piece too long for any line: as many whole clusters a line as fit, at
-  // least one; the rest stays on the line for the next pieces.
-  void SplitAtClusters(int32_t begin, int32_t end) {
-    icu::BreakIterator & clusters = ClusterBreaks();
-    for (int32_t cluster = begin; cluster < end;) {
-      int32_t const clusterEnd = NextBoundary(clusters, cluster, end);
-      size_t const measure = mMeasure(cluster, clusterEnd);
-      // A line feed ends the line it stands on; it never opens one.
-      if (mLineLength != 0 && mLineLength + measure > mLimit && !EndsInLineFeed(clusterEnd)) {
-        mResult += L'\n';
-        mLineLength = 0;
-      }
-      mLineLength += measure;
-      Append(cluster, clusterEnd);
-      cluster = clusterEnd;
-    }
   }
 
   void Append(int32_t begin, int32_t end) {

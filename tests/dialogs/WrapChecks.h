@@ -33,6 +33,13 @@ inline size_t Clusters(std::wstring const & line) {
   return VxStdString::GraphemeClusterCount(vx3::WideToUtf8(line), std::locale::classic());
 }
 
+// True when `line` holds one line-break piece only: no blank before its
+// trailing blanks. Only such a line may exceed the limit.
+inline bool IsOnePiece(std::wstring const & line) {
+  size_t const last = line.find_last_not_of(L' ');
+  return last == std::wstring::npos || line.find(L' ') > last;
+}
+
 inline bool IsCombining(wchar_t c) { return c >= 0x300 && c <= 0x36F; }
 
 inline std::wstring Repeat(std::wstring const & part, size_t times) {
