@@ -1,0 +1,62 @@
+#pragma once
+// Stops exceptions at the edge of a window: a handler of a dialog, sheet or
+// page must not let one reach the window system. Every event the window
+// processes (its own and those its children pass up) runs inside a try; a
+// failure whose class is switched on in the window's mask ends in the
+// internal-error dialog and the event counts as handled, any other travels
+// on unchanged.
+//
+//   class VxDialog : public ExceptionGuarded<wxDialog> { ... };
+
+#include <exception>
+#include <locale>
+#include <string>
+
+#include <wx/event.h>
+
+#include "frame/CException.h"
+#include "frame/ExceptionsHandled.h"
+#include "frame/InternalErrorDialog.h"
+#include "utl/Exception.h"
+
+template <class Base>
+class ExceptionGuarded : public Base {
+public:
+  using Base::Base;
+
+  void SetExceptionsHandled(int mask) { mExceptionsHandled = mask; }
+  int GetExceptionsHandled() const { return mExceptionsHandled; }
+
+  bool ProcessEvent(wxEvent & event) override {
+    // Filled before the dialog shows and never cleared, so that the text
+    // outlives the dialog whatever it does.
+    static std::string text;
+    try {
+      return Base::ProcessEvent(event);
+    } catch (Exception & e) {
+      if (!Handles(kHandleException)) throw;
+      text = e.Why(std::locale());
+    } catch (std::exception & e) {
+      if (!Handles(kHandleStdException)) throw;
+      text = e.what();
+    } catch (std::exception const * e) {
+      if (!Handles(kHandleStdException)) throw;
+      text = e->what();  // not ours to delete
+    } catch (CException * e) {
+      if (!Handles(kHandleFrameworkException)) throw;
+      text = FrameworkExceptionText(e);
+      e->Delete();
+    } catch (...) {
+      if (!Handles(kHandleOtherExceptions)) throw;
+      text = kUnknownExceptionText;
+    }
+    // Outside the handlers: a failure inside the dialog is a new one.
+    ShowInternalErrorDialog(text);
+    return true;
+  }
+
+private:
+  bool Handles(int bit) const { return (mExceptionsHandled & bit) != 0; }
+
+  int mExceptionsHandled = GetDefaultExceptionsHandled();
+};

@@ -1,0 +1,9 @@
+#include "frame/ExceptionsHandled.h"
+
+namespace {
+int gDefaultExceptionsHandled = kHandleAllExceptions;
+}
+
+void SetDefaultExceptionsHandled(int mask) { gDefaultExceptionsHandled = mask; }
+
+int GetDefaultExceptionsHandled() { return gDefaultExceptionsHandled; }
