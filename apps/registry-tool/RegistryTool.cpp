@@ -117,32 +117,20 @@ std::string Display(registry::StoredValue const & value) {
 }
 
 int List(HKEY root, std::wstring const & path) {
-  HKEY handle = nullptr;
-  LONG rc = RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &handle);
-  registry::OpenKey key;
-  if (rc == ERROR_SUCCESS) rc = registry::FindKey(handle, key);
   std::string top = registry::RegFileRootName(root);
   if (!path.empty()) top += "\\" + vx3::WideToUtf8(path);
-  std::vector<std::pair<registry::KeyId, std::string>> pending;
-  if (rc == ERROR_SUCCESS) pending.emplace_back(key.id, top);
-  std::vector<registry::StoredValue> values;
-  std::vector<registry::StoredKey> subKeys;
-  while (rc == ERROR_SUCCESS && !pending.empty()) {
-    auto const [id, name] = pending.back();
-    pending.pop_back();
-    rc = key.hive->Values(id, values);
-    if (rc == ERROR_SUCCESS) rc = key.hive->SubKeys(id, subKeys);
-    if (rc != ERROR_SUCCESS) break;
-    std::printf("%s\n", name.c_str());
-    for (registry::StoredValue const & value : values) {
-      std::printf("    %s    %s    %s\n", value.name.empty() ? "(Default)" : value.name.c_str(),
-                  TypeName(value.type).c_str(), Display(value).c_str());
-    }
-    std::printf("\n");
-    for (auto sub = subKeys.rbegin(); sub != subKeys.rend(); ++sub)
-      pending.emplace_back(sub->id, name + "\\" + sub->name);
-  }
-  if (handle != nullptr) RegCloseKey(handle);
+  LONG const rc = registry::WalkKeyTree(
+      root, path, top,
+      [](std::string const & name, std::vector<registry::StoredValue> const & values) {
+        std::printf("%s\n", name.c_str());
+        for (registry::StoredValue const & value : values) {
+          std::printf("    %s    %s    %s\n",
+                      value.name.empty() ? "(Default)" : value.name.c_str(),
+                      TypeName(value.type).c_str(), Display(value).c_str());
+        }
+        std::printf("\n");
+        return true;
+      });
   if (rc == ERROR_SUCCESS) return 0;
   char const * why = registry::ErrorText(rc);
   Tell(ExceptionMessage::translate("The key {1} cannot be listed: {2} (system error {3}).") % top %

@@ -99,18 +99,14 @@ ExceptionMessage LineBreakError(std::string const & name) {
 
 }  // namespace
 
-bool ExportRegFile(HKEY root, std::wstring const & path, std::string & text,
-                   ExceptionMessage & error) {
-  std::string top = RegFileRootName(root);
-  std::string const relative = vx3::WideToUtf8(path);
-  if (!relative.empty()) top += "\\" + relative.substr(0, relative.find_last_not_of('\\') + 1);
+LONG WalkKeyTree(HKEY root, std::wstring const & path, std::string const & top,
+                 KeyVisitor const & visit) {
   HKEY handle = nullptr;
   LONG rc = RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &handle);
   OpenKey key;
   if (rc == ERROR_SUCCESS) rc = FindKey(handle, key);
-  std::vector<std::pair<KeyId, std::string>> pending;  // depth first, without recursion
+  std::vector<std::pair<KeyId, std::string>> pending;
   if (rc == ERROR_SUCCESS) pending.emplace_back(key.id, top);
-  text = "Windows Registry Editor Version 5.00\n";
   std::vector<StoredValue> values;
   std::vector<StoredKey> subKeys;
   while (rc == ERROR_SUCCESS && !pending.empty()) {
@@ -119,24 +115,43 @@ bool ExportRegFile(HKEY root, std::wstring const & path, std::string & text,
     rc = key.hive->Values(id, values);
     if (rc == ERROR_SUCCESS) rc = key.hive->SubKeys(id, subKeys);
     if (rc != ERROR_SUCCESS) break;
+    if (!visit(name, values)) {
+      rc = ERROR_CANCELLED;
+      break;
+    }
+    for (auto sub = subKeys.rbegin(); sub != subKeys.rend(); ++sub)
+      pending.emplace_back(sub->id, name + "\\" + sub->name);
+  }
+  if (handle != nullptr) RegCloseKey(handle);
+  return rc;
+}
+
+bool ExportRegFile(HKEY root, std::wstring const & path, std::string & text,
+                   ExceptionMessage & error) {
+  std::string top = RegFileRootName(root);
+  std::string const relative = vx3::WideToUtf8(path);
+  if (!relative.empty()) top += "\\" + relative.substr(0, relative.find_last_not_of('\\') + 1);
+  text = "Windows Registry Editor Version 5.00\n";
+  bool lineBreak = false;
+  LONG const rc = WalkKeyTree(root, path, top, [&](std::string const & name,
+                                                   std::vector<StoredValue> const & values) {
     if (HasLineBreak(name)) {
       error = LineBreakError(name);
-      RegCloseKey(handle);
+      lineBreak = true;
       return false;
     }
     text += "\n[" + name + "]\n";
     for (StoredValue const & value : values) {
       if (HasLineBreak(value.name)) {
         error = LineBreakError(value.name);
-        RegCloseKey(handle);
+        lineBreak = true;
         return false;
       }
       AppendValue(text, value);
     }
-    for (auto sub = subKeys.rbegin(); sub != subKeys.rend(); ++sub)
-      pending.emplace_back(sub->id, name + "\\" + sub->name);
-  }
-  if (handle != nullptr) RegCloseKey(handle);
+    return true;
+  });
+  if (lineBreak) return false;
   if (rc == ERROR_SUCCESS) return true;
   char const * why = ErrorText(rc);
   error = ExceptionMessage::translate("The key {1} cannot be exported: {2} (system error {3}).") %

@@ -24,6 +24,8 @@ char const * ErrorText(LONG code) {
       return "The requested resource is in use.";
     case ERROR_MORE_DATA:
       return "More data is available.";
+    case ERROR_CANCELLED:
+      return "The operation was canceled by the user.";
     case ERROR_NO_MORE_ITEMS:
       return "No more data is available.";
     case ERROR_NOACCESS:
