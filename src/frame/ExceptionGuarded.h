@@ -28,11 +28,22 @@ public:
   int GetExceptionsHandled() const { return mExceptionsHandled; }
 
   bool ProcessEvent(wxEvent & event) override {
+    bool handled = true;
+    RunGuarded([&] { handled = Base::ProcessEvent(event); });
+    return handled;
+  }
+
+protected:
+  // Runs `action` under the same guard as an event (the window's own
+  // initialisation, which no event reaches); false when it failed.
+  template <class Action>
+  bool RunGuarded(Action && action) {
     // Filled before the dialog shows and never cleared, so that the text
     // outlives the dialog whatever it does.
     static std::string text;
     try {
-      return Base::ProcessEvent(event);
+      action();
+      return true;
     } catch (Exception & e) {
       if (!Handles(kHandleException)) throw;
       text = e.Why(std::locale());
@@ -52,7 +63,7 @@ public:
     }
     // Outside the handlers: a failure inside the dialog is a new one.
     ShowInternalErrorDialog(text);
-    return true;
+    return false;
   }
 
 private:

@@ -17,8 +17,42 @@
 #include <wx/stattext.h>
 #include <wx/xml/xml.h>
 #include <wx/xrc/xmlres.h>
+#include <wx/xrc/xh_dlg.h>
 
 #include "utl/Translation.h"
+
+namespace {
+
+// Style bits the dialog being loaded asks for beyond its template's
+// (a resizable border, a maximise box); set around one LoadDialog call.
+long gExtraDialogStyle = 0;
+
+// Builds the templates' wxDialog objects. Beside what wx's own handler does,
+// it adds the extra style, and it fills a dialog whose window lives on from
+// an earlier run (a dialog object runs again after its controls were
+// destroyed) with fresh controls instead of creating the window twice.
+class TemplateDialogHandler : public wxDialogXmlHandler {
+public:
+  wxObject * DoCreateResource() override {
+    wxDialog * dialog = wxDynamicCast(m_instance, wxDialog);
+    if (dialog == nullptr) dialog = new wxDialog;
+    if (dialog->GetHandle() == nullptr) {
+      dialog->Create(m_parentAsWindow, GetID(), GetText("title"), wxDefaultPosition,
+                     wxDefaultSize, GetStyle("style", wxDEFAULT_DIALOG_STYLE) | gExtraDialogStyle,
+                     GetName());
+    } else {
+      dialog->SetTitle(GetText("title"));
+    }
+    if (HasParam("size")) dialog->SetClientSize(GetSize("size", dialog));
+    if (HasParam("pos")) dialog->Move(GetPosition());
+    SetupWindow(dialog);
+    CreateChildren(dialog);
+    if (GetBool("centered", false)) dialog->Centre();
+    return dialog;
+  }
+};
+
+}  // namespace
 
 class ResourceModule {
 public:
@@ -54,6 +88,7 @@ public:
       // Labels are translated by the library (Boost.Locale), not by wx.
       mTemplates = std::make_unique<wxXmlResource>(0);
       mTemplates->InitAllHandlers();
+      mTemplates->InsertHandler(new TemplateDialogHandler);
     }
     if (mLoadedTemplates.insert(item.id).second) {
       wxMemoryInputStream stream(item.data, item.size);
@@ -229,12 +264,16 @@ wxBitmap LoadResourceBitmap(unsigned id) {
   return image.IsOk() ? wxBitmap(image) : wxBitmap();
 }
 
-bool LoadDialogTemplate(wxDialog & dialog, wxWindow * parent, unsigned templateId) {
+bool LoadDialogTemplate(wxDialog & dialog, wxWindow * parent, unsigned templateId,
+                        long extraStyle) {
   ResourceModule const * owner = nullptr;
   ResourceItem const * item = FindInChain(RT_DIALOG, templateId, &owner);
   if (item == nullptr) return false;
   wxXmlResource & templates = owner->TemplatesWith(*item);
-  if (!templates.LoadDialog(&dialog, parent, wxString::Format("%u", templateId))) return false;
+  gExtraDialogStyle = extraStyle;
+  bool const loaded = templates.LoadDialog(&dialog, parent, wxString::Format("%u", templateId));
+  gExtraDialogStyle = 0;
+  if (!loaded) return false;
   if (!dialog.GetTitle().empty()) dialog.SetTitle(vx3::Tr(dialog.GetTitle().utf8_str().data()));
   TranslateLabels(dialog);
   return true;

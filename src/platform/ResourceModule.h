@@ -57,9 +57,12 @@ std::string LoadResourceBytes(unsigned id, unsigned type);
 wxBitmap LoadResourceBitmap(unsigned id);
 // Creates `dialog` from template `templateId`: the XRC wxDialog object named
 // "<templateId>", whose controls named by number get those numbers as ids.
-// Titles and labels are translated. False when no module has the template
-// or it cannot be built.
-bool LoadDialogTemplate(wxDialog & dialog, wxWindow * parent, unsigned templateId);
+// Titles and labels are translated. `extraStyle` is added to the template's
+// window style. A dialog whose window exists already (it ran before and its
+// controls were destroyed) gets the template's title, size and controls
+// anew. False when no module has the template or it cannot be built.
+bool LoadDialogTemplate(wxDialog & dialog, wxWindow * parent, unsigned templateId,
+                        long extraStyle = 0);
 
 // --- In one module only ----------------------------------------------------
 
