@@ -6,6 +6,8 @@ find_package(Boost 1.74 REQUIRED COMPONENTS locale filesystem system thread date
 find_package(XercesC 3.2 REQUIRED)
 find_package(OpenSSL 3.0 REQUIRED COMPONENTS Crypto)
 find_package(SQLite3 3.35 REQUIRED)
+# CUPS lists the printers the printer browser offers.
+find_package(Cups 2.4 REQUIRED)
 pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-uc icu-i18n)
 pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
 pkg_check_modules(LIBXSLT REQUIRED IMPORTED_TARGET libxslt)

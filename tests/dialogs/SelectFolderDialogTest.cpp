@@ -1,0 +1,234 @@
+// The folder picker on real windows: what Select takes, refuses and asks,
+// what the tree puts into the edit, and that nothing is created on the
+// user's behalf.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include <wx/choice.h>
+#include <wx/dirctrl.h>
+#include <wx/treectrl.h>
+
+#include "dialogs/CSelectFolderDialog.h"
+#include "dialogs/FolderDialogTestSupport.h"
+#include "harness/ModalDialogScript.h"
+#include "platform/WinUser.h"
+#include "utl/Paths.h"
+
+using namespace folder_test;
+
+namespace {
+
+constexpr int kEdit = CSelectFolderDialog::kFolderEditId;
+
+struct Picked {
+  int result = 0;
+  wxString selected;
+};
+
+// Runs a picker starting at `start`, types `typed` and presses Select;
+// the message boxes that follow get `answers`, then the dialog is cancelled
+// if `cancelAfterwards`.
+Picked TypeAndSelect(std::string const & start, std::string const & typed,
+                     ModalDialogScript & script, std::vector<int> const & answers = {},
+                     bool cancelAfterwards = false) {
+  CSelectFolderDialog dialog(0, wxString::FromUTF8(start).wc_str());
+  script.Act([&](wxDialog & d) {
+    Type(d, kEdit, typed);
+    Click(d, IDOK);
+    if (cancelAfterwards) {
+      EXPECT_TRUE(d.IsModal());  // still open after the boxes
+      Click(d, IDCANCEL);
+    }
+  });
+  for (int answer : answers) script.Answer(answer);
+  Picked picked;
+  picked.result = dialog.DoModal();
+  picked.selected = dialog.GetSelectedPath();
+  return picked;
+}
+
+TEST(SelectFolderDialog, SelectTakesAnExistingFolderWithATrailingSeparator) {
+  std::string const runs = TempFolder("picker/runs");
+  struct Case {
+    char const * name;
+    std::string typed;
+  };
+  Case const cases[] = {
+      {"typed", runs},
+      {"typed with separator", runs + "/"},
+      {"relative to the tree's folder", "runs"},
+      {"with white space around", "  " + runs + " "},
+      {"empty edit takes the tree's folder", ""},
+  };
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.name);
+    ModalDialogScript script;
+    std::string const start = c.typed.empty() ? runs : VxGetDirectory(runs);
+    Picked const picked = TypeAndSelect(start, c.typed, script);
+    EXPECT_EQ(picked.result, IDOK);
+    EXPECT_EQ(picked.selected.utf8_string(), runs + "/");
+  }
+}
+
+TEST(SelectFolderDialog, ADoubledSeparatorIsRefusedUnlessAllowed) {
+  std::string const runs = TempFolder("picker/double");
+  std::string const typed = VxGetDirectory(runs) + "//double";
+  {
+    ModalDialogScript script;
+    Picked const picked = TypeAndSelect(runs, typed, script, {wxID_OK}, true);
+    EXPECT_EQ(picked.result, IDCANCEL);
+    ASSERT_EQ(script.Shown().size(), 2u);
+    EXPECT_EQ(script.Shown()[1].message, "Invalid Folder");
+  }
+  bool const former = CSelectFolderDialog::SetAllowDoubleSlash(true);
+  EXPECT_FALSE(former);
+  {
+    ModalDialogScript script;
+    Picked const picked = TypeAndSelect(runs, typed, script);
+    EXPECT_EQ(picked.result, IDOK);
+    EXPECT_EQ(picked.selected.utf8_string(), typed + "/");  // as typed: Linux reads "//" as "/"
+  }
+  EXPECT_TRUE(CSelectFolderDialog::SetAllowDoubleSlash(false));
+}
+
+TEST(SelectFolderDialog, AMissingFolderIsAskedForAndNeverCreatedHere) {
+  std::string const base = TempFolder("picker/missing");
+  std::string const missing = base + "/new\nline";  // a line feed is a legal name
+  {
+    SCOPED_TRACE("No takes the path as typed");
+    ModalDialogScript script;
+    Picked const picked = TypeAndSelect(base, missing, script, {wxID_NO});
+    EXPECT_EQ(picked.result, IDOK);
+    EXPECT_EQ(picked.selected.utf8_string(), missing + "/");
+    ASSERT_EQ(script.Shown().size(), 2u);
+    EXPECT_EQ(script.Shown()[1].message,
+              wxString::FromUTF8(base + "/new\\nline\n\n"
+                                        "This path does not exist. Do you want to create it?"));
+  }
+  {
+    SCOPED_TRACE("Yes leaves the dialog open with the failure box");
+    ModalDialogScript script;
+    Picked const picked = TypeAndSelect(base, missing, script, {wxID_YES, wxID_OK}, true);
+    EXPECT_EQ(picked.result, IDCANCEL);
+    ASSERT_EQ(script.Shown().size(), 3u);
+    EXPECT_EQ(script.Shown()[2].message,
+              wxString::FromUTF8("Could not create folder:\n" + base + "/new\\nline"));
+  }
+  EXPECT_EQ(VxFileExist(missing), VxNothing);
+}
+
+TEST(SelectFolderDialog, PathsThatCannotBeFoldersAreRefusedWithTheReason) {
+  std::string const base = TempFolder("picker/refused");
+  std::string const file = base + "/notes.txt";
+  FILE * out = std::fopen(file.c_str(), "w");
+  ASSERT_NE(out, nullptr);
+  std::fclose(out);
+  std::string tooLong = base;
+  while (tooLong.size() < 4000) tooLong += "/" + std::string(300, 'x');
+  struct Case {
+    char const * name;
+    std::string typed;
+    char const * says;
+  };
+  Case const cases[] = {
+      {"a file", file, "is a file, not a folder"},
+      {"below a file", file + "/sub", "Not a directory"},
+      {"4,000 characters", tooLong, "File name too long"},
+  };
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.name);
+    ModalDialogScript script;
+    Picked const picked = TypeAndSelect(base, c.typed, script, {wxID_OK}, true);
+    EXPECT_EQ(picked.result, IDCANCEL);
+    ASSERT_EQ(script.Shown().size(), 2u);
+    EXPECT_NE(script.Shown()[1].message.Find(c.says), wxNOT_FOUND)
+        << script.Shown()[1].message.utf8_string();
+  }
+  EXPECT_EQ(VxFileExist(base + "/" + std::string(300, 'x')), VxNothing);
+}
+
+TEST(SelectFolderDialog, TheTreeFillsTheEditAndAVanishedFolderSaysSo) {
+  std::string const base = TempFolder("picker/tree");
+  std::string const kept = TempFolder("picker/tree/kept");
+  std::string const gone = TempFolder("picker/tree/gone");
+  TempFolder("picker/tree/gone/inner");
+  CSelectFolderDialog dialog(0, wxString::FromUTF8(base).wc_str());
+  dialog.SetTitle("Pick the data folder");
+  ModalDialogScript script;
+  wxString editAtStart, editAfterSelect, title, selectLabel;
+  bool goneExpanded = true;
+  script.Act([&](wxDialog & d) {
+    Snapshot(d, "select-folder.png");
+    title = d.GetTitle();
+    selectLabel = d.FindWindow(IDOK)->GetLabel();
+    auto * tree = dynamic_cast<wxGenericDirCtrl *>(d.FindWindow(CSelectFolderDialog::kTreeId));
+    ASSERT_NE(tree, nullptr);
+    auto * edit = dynamic_cast<wxTextCtrl *>(d.FindWindow(kEdit));
+    editAtStart = edit->GetValue();
+    wxTreeItemId const baseItem = tree->GetTreeCtrl()->GetSelection();
+    tree->SelectPath(wxString::FromUTF8(kept));
+    editAfterSelect = edit->GetValue();
+    // The folder is listed, then deleted before the user opens it.
+    bool exact = false;
+    wxTreeItemId const item = tree->FindChild(baseItem, wxString::FromUTF8(gone), exact);
+    ASSERT_TRUE(item.IsOk());
+    std::remove((gone + "/inner").c_str());
+    std::remove(gone.c_str());
+    tree->GetTreeCtrl()->Expand(item);
+    goneExpanded = tree->GetTreeCtrl()->IsExpanded(item);
+    Click(d, IDOK);
+  });
+  script.Answer(wxID_OK);
+  EXPECT_EQ(dialog.DoModal(), IDOK);
+  EXPECT_EQ(title, "Pick the data folder");
+  EXPECT_EQ(selectLabel, "Select");
+  EXPECT_EQ(editAtStart.utf8_string(), base);
+  EXPECT_EQ(editAfterSelect.utf8_string(), kept);
+  EXPECT_FALSE(goneExpanded);
+  ASSERT_EQ(script.Shown().size(), 2u);
+  EXPECT_NE(script.Shown()[1].message.Find("is no longer there"), wxNOT_FOUND);
+  EXPECT_EQ(dialog.GetSelectedPath().utf8_string(), kept + "/");
+}
+
+TEST(SelectFolderDialog, FileTypesShowOnlyWithFilesAndAFilter) {
+  std::string const base = TempFolder("picker/types");
+  struct Case {
+    int showFiles;
+    wchar_t const * filter;
+    bool typesShown;
+  };
+  Case const cases[] = {
+      {0, L"Data (*.dat)|*.dat||", false},
+      {1, nullptr, false},
+      {1, L"Data (*.dat)|*.dat|All files (*.*)|*.*||", true},
+  };
+  int heightWithout = 0;
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.showFiles);
+    CSelectFolderDialog dialog(c.showFiles, wxString::FromUTF8(base).wc_str(), 0, c.filter);
+    bool shown = false;
+    int height = 0;
+    unsigned choices = 0;
+    ModalDialogScript script;
+    script.Act([&](wxDialog & d) {
+      if (c.typesShown) Snapshot(d, "select-folder-types.png");
+      auto * types = dynamic_cast<wxChoice *>(d.FindWindow(CSelectFolderDialog::kTypeChoiceId));
+      shown = types->IsShown();
+      choices = types->GetCount();
+      height = d.GetClientSize().y;
+      Click(d, IDCANCEL);
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(shown, c.typesShown);
+    if (c.typesShown) {
+      EXPECT_EQ(choices, 2u);
+      EXPECT_GT(height, heightWithout);  // room was made, nothing overlaps
+    } else {
+      heightWithout = height;
+    }
+  }
+}
+
+}  // namespace
