@@ -1,5 +1,6 @@
 #include "MainFrame.h"
 
+#include "FileCommands.h"
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
 #include <wx/menu.h>
@@ -24,6 +25,7 @@ MainFrame::MainFrame()
 
 void MainFrame::BuildMenus() {
   auto * file = new wxMenu;
+  AddFileCommands(*this, *file, [this] { return mRuns->Shown(); });
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
