@@ -9,6 +9,7 @@
 #include "controls/VxMenu.h"
 #include "dialogs/CFileDialog.h"
 #include "dialogs/CFolderDialog.h"
+#include "dialogs/FileSystemNames.h"
 #include "platform/WinUser.h"
 #include "platform/WindowMessage.h"
 #include "utl/Log.h"
@@ -109,24 +110,24 @@ void VxBrowseButton::OnClicked() {
 }
 
 void VxBrowseButton::BrowseFolder() {
-  std::string path = BuddyText(mBuddy).utf8_string();
+  std::string path = ToFileSystemPath(BuddyText(mBuddy));
   std::string const title = mBrowseTitle.utf8_string();
   if (BrowseForFolder(path, this, title.c_str(), path.c_str()))
-    SetBuddyText(mBuddy, wxString::FromUTF8(path));
+    SetBuddyText(mBuddy, FromFileSystemPath(path));
 }
 
 void VxBrowseButton::BrowseFile() {
   // The buddy's file, when it names one, is where the dialog starts.
-  std::string const current = BuddyText(mBuddy).utf8_string();
+  std::string const current = ToFileSystemPath(BuddyText(mBuddy));
   wxString fileName = mFileName;
   if (!current.empty() && !VxGetFileName(current).empty())
-    fileName = wxString::FromUTF8(VxGetFileName(current));
+    fileName = FromFileSystemPath(VxGetFileName(current));
   CFileDialog dialog(mOpen ? 1 : 0, mDefaultExtension.empty() ? nullptr : mDefaultExtension.wc_str(),
                      fileName.wc_str(), mFlags, mFilter.empty() ? nullptr : mFilter.wc_str(),
                      this);
   std::string const folder = VxGetDirectory(current);
   if (!folder.empty() && VxFileExist(folder) == VxFolder)
-    dialog.m_ofn.lpstrInitialDir = wxString::FromUTF8(folder);
+    dialog.m_ofn.lpstrInitialDir = FromFileSystemPath(folder);
   if (dialog.DoModal() == IDOK) SetBuddyText(mBuddy, dialog.GetPathName());
 }
 

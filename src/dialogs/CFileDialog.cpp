@@ -3,6 +3,7 @@
 #include <wx/filename.h>
 
 #include "dialogs/FileDialogFilter.h"
+#include "dialogs/FileSystemNames.h"
 #include "dialogs/NativeChoosers.h"
 #include "platform/WinUser.h"
 #include "utl/Paths.h"
@@ -76,7 +77,7 @@ wxString CFileDialog::GetFileTitle() const { return wxFileName(GetPathName()).Ge
 
 wxString CFileDialog::GetFolderPath() const {
   if (mNames.empty()) return wxString();
-  return wxString::FromUTF8(VxGetDirectory(mNames.front().utf8_string()));
+  return FromFileSystemPath(VxGetDirectory(ToFileSystemPath(mNames.front())));
 }
 
 POSITION CFileDialog::GetStartPosition() const {

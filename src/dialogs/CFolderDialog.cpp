@@ -5,6 +5,7 @@
 #include <wx/arrstr.h>
 #include <wx/choicdlg.h>
 
+#include "dialogs/FileSystemNames.h"
 #include "dialogs/FolderPathRules.h"
 #include "dialogs/NativeChoosers.h"
 #include "dialogs/PrinterList.h"
@@ -108,8 +109,8 @@ bool BrowseForFolder(std::string & path, wxWindow * parent, char const * title,
                                                                    : Tr("Browse for a folder.");
   CFolderDialog dialog(parent, shownTitle, CFolderDialog::BrowseForFolder);
   if (start != nullptr && *start != '\0')
-    dialog.SetInitialFolder(wxString::FromUTF8(NearestExistingFolder(start)));
+    dialog.SetInitialFolder(FromFileSystemPath(NearestExistingFolder(start)));
   if (dialog.DoModal() != IDOK) return false;
-  path = dialog.GetFolderName().utf8_string();
+  path = ToFileSystemPath(dialog.GetFolderName());
   return true;
 }

@@ -43,7 +43,8 @@ private:
 
 // The folder browser with `title` (empty or null: "Browse for a folder."),
 // starting at `start` or, when that is gone, at its nearest folder still
-// there. On a choice the folder replaces `path` (UTF-8) and the result is
-// true; otherwise `path` is left as it was.
+// there. On a choice the folder replaces `path` and the result is true;
+// otherwise `path` is left as it was. `path` and `start` are the file
+// system's bytes (UTF-8 for every name that is UTF-8 at all).
 bool BrowseForFolder(std::string & path, wxWindow * parent = nullptr,
                      char const * title = nullptr, char const * start = nullptr);

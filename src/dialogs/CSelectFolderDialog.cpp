@@ -15,6 +15,7 @@
 #include <wx/utils.h>
 
 #include "dialogs/FileDialogFilter.h"
+#include "dialogs/FileSystemNames.h"
 #include "dialogs/FolderPathRules.h"
 #include "platform/MessageBoxes.h"
 #include "platform/WinUser.h"
@@ -101,14 +102,14 @@ void CSelectFolderDialog::CreateTree() {
   if (!mShowFiles) style |= wxDIRCTRL_DIR_ONLY;
   wxString start = mInitialFolder;
   if (start.empty()) start = wxGetCwd();
-  std::string const startPath = FolderPathRules::CutTrailingSeparator(start.utf8_string());
+  std::string const startPath = FolderPathRules::CutTrailingSeparator(ToFileSystemPath(start));
   // Folders that cannot be read are reported when the user opens them, not
   // by wx's log while the tree is built.
   wxLogNull quiet;
   mTree = new wxGenericDirCtrl(this, kTreeId, wxDirDialogDefaultFolderStr, rect.GetPosition(),
                                rect.GetSize(), style, mWildcard);
   mTree->MoveBeforeInTabOrder(GetDlgItem(kFolderLabelId));
-  mTree->ExpandPath(wxString::FromUTF8(startPath));
+  mTree->ExpandPath(FromFileSystemPath(startPath));
   mTree->Bind(wxEVT_DIRCTRL_SELECTIONCHANGED, [this](wxTreeEvent &) { OnFolderChange(); });
   mTree->GetTreeCtrl()->Bind(wxEVT_TREE_ITEM_EXPANDING, &CSelectFolderDialog::OnExpanding, this);
 }
@@ -181,7 +182,7 @@ void CSelectFolderDialog::OnExpanding(wxTreeEvent & event) {
   }
   // The tree lists a folder when it is opened: one that went away or may
   // not be read is said so here, instead of in wx's log.
-  std::string const path = data->m_path.utf8_string();
+  std::string const path = ToFileSystemPath(data->m_path);
   struct stat info {};
   wxString problem;
   if (::stat(path.c_str(), &info) != 0 || !S_ISDIR(info.st_mode))
@@ -201,7 +202,7 @@ void CSelectFolderDialog::OnOK() {
   if (auto * edit = dynamic_cast<wxTextCtrl *>(GetDlgItem(kFolderEditId))) typed = edit->GetValue();
   if (typed.Strip(wxString::both).empty()) typed = TreeFolder();
   std::string path = FolderPathRules::ResolveTypedFolder(
-      typed.utf8_string(), TreeFolder().utf8_string(), wxGetHomeDir().utf8_string());
+      ToFileSystemPath(typed), ToFileSystemPath(TreeFolder()), ToFileSystemPath(wxGetHomeDir()));
   if (path.empty()) return;
 
   if (!mbAllowDoubleSlash && FolderPathRules::HasDoubleSeparator(path)) {
@@ -240,6 +241,6 @@ void CSelectFolderDialog::OnOK() {
 }
 
 void CSelectFolderDialog::Accept(std::string const & folder) {
-  mSelectedPath = wxString::FromUTF8(FolderPathRules::WithTrailingSeparator(folder));
+  mSelectedPath = FromFileSystemPath(FolderPathRules::WithTrailingSeparator(folder));
   EndDialog(IDOK);
 }

@@ -5,6 +5,7 @@
 #include <wx/listctrl.h>
 
 #include "dialogs/CFolderDialog.h"
+#include "dialogs/FileSystemNames.h"
 #include "dialogs/FolderPathRules.h"
 #include "platform/MessageBoxes.h"
 #include "platform/ResourceModule.h"
@@ -20,7 +21,7 @@ namespace {
 wxColour const kMaskColour(0x00, 0x80, 0x80);
 
 wxString Shown(wxString const & path) {
-  return wxString::FromUTF8(FolderPathRules::DisplayablePath(path.utf8_string()));
+  return wxString::FromUTF8(FolderPathRules::DisplayablePath(ToFileSystemPath(path)));
 }
 
 }  // namespace
@@ -157,9 +158,9 @@ void FolderCollectionDialog::OnItemButtonClick() {
   wxListCtrl * list = List();
   long const row = SelectedRow();
   if (list == nullptr || row < 0) return;
-  std::string path = list->GetItemText(row).utf8_string();
+  std::string path = ToFileSystemPath(list->GetItemText(row));
   if (!BrowseForFolder(path, this, mTitle.utf8_string().c_str(), path.c_str())) return;
-  list->SetItemText(row, wxString::FromUTF8(path));
+  list->SetItemText(row, FromFileSystemPath(path));
   CheckEmptyRows();
 }
 
@@ -202,7 +203,7 @@ void FolderCollectionDialog::OnOK() {
   for (wxString const & row : GetRows()) {
     if (row.empty()) continue;
     std::string const folder = row.utf8_string();
-    if (VxFileExist(folder) != VxFolder) {
+    if (VxFileExist(ToFileSystemPath(row)) != VxFolder) {
       wxString text = Tr("The folder '%1%' does not exist.");
       text.Replace("%1%", Shown(row));
       AfxMessageBox(text, MB_ICONHAND);

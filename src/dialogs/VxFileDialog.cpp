@@ -2,7 +2,7 @@
 
 #include <glib.h>
 
-#include "dialogs/FolderPathRules.h"
+#include "dialogs/FileSystemNames.h"
 #include "frame/AppProfile.h"
 #include "platform/WinUser.h"
 #include "utl/Paths.h"
@@ -46,14 +46,18 @@ char const * VxFileDialog::FolderKey(EDirectory kind) {
 }
 
 wxString VxFileDialog::GetDefaultFolder(EDirectory kind) {
-  std::string folder = AppProfile::GetProfileString(kSection, FolderKey(kind), "");
+  auto stored = [](char const * key) {
+    return wxString::FromUTF8(AppProfile::GetProfileString(kSection, key, ""));
+  };
+  wxString folder = stored(FolderKey(kind));
   // A folder deleted since it was stored is passed over; so is a file that
   // has taken its name, where a chooser could not open.
-  if (folder.empty() || VxFileExist(folder) != VxFolder) {
-    folder = AppProfile::GetProfileString(kSection, kAppDefaultFolderKey, "");
-    if (folder.empty()) folder = DocumentsFolder();
+  if (folder.empty() || VxFileExist(ToFileSystemPath(folder)) != VxFolder) {
+    folder = stored(kAppDefaultFolderKey);
+    if (folder.empty()) folder = FromFileSystemPath(DocumentsFolder());
   }
-  return wxString::FromUTF8(FolderPathRules::WithTrailingSeparator(folder));
+  if (!folder.empty() && !folder.EndsWith("/")) folder += "/";
+  return folder;
 }
 
 void VxFileDialog::SetDefaultFolder(EDirectory kind, wchar_t const * folder) {
@@ -71,8 +75,8 @@ int64_t VxFileDialog::DoModal() {
   if (result != IDOK) return result;
   // The folder of the first name stands for the whole selection: a
   // multiple selection comes from one folder.
-  std::string const folder = VxGetDirectory(GetPathName().utf8_string());
-  if (!folder.empty()) SetDefaultFolder(mKind, wxString::FromUTF8(folder).wc_str());
+  std::string const folder = VxGetDirectory(ToFileSystemPath(GetPathName()));
+  if (!folder.empty()) SetDefaultFolder(mKind, FromFileSystemPath(folder).wc_str());
   return result;
 }
 

@@ -35,7 +35,15 @@ inline void Type(wxDialog & dialog, int id, std::string const & utf8) {
 inline void Snapshot(wxWindow & window, char const * name) {
   char const * folder = std::getenv("TALVO_SNAPSHOTS");
   if (folder == nullptr) return;
-  gui_test::WaitUntil([&] { return window.IsShownOnScreen(); });
+  bool painted = false;
+  auto onPaint = [&painted](wxPaintEvent & event) {
+    painted = true;
+    event.Skip();
+  };
+  window.Bind(wxEVT_PAINT, onPaint);
+  window.Refresh();
+  gui_test::WaitUntil([&] { return window.IsShownOnScreen() && painted; });
+  window.Unbind(wxEVT_PAINT, onPaint);
   gui_test::Flush();
   SaveWindowSnapshot(window, wxString::FromUTF8(VxPathAppend(folder, name)));
 }

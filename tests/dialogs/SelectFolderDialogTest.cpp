@@ -11,6 +11,7 @@
 #include <wx/treectrl.h>
 
 #include "dialogs/CSelectFolderDialog.h"
+#include "dialogs/FileSystemNames.h"
 #include "dialogs/FolderDialogTestSupport.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/WinUser.h"
@@ -229,6 +230,30 @@ TEST(SelectFolderDialog, FileTypesShowOnlyWithFilesAndAFilter) {
       heightWithout = height;
     }
   }
+}
+
+}  // namespace
+
+namespace {
+
+TEST(SelectFolderDialog, AFolderWhoseNameIsNoUtf8IsChosenFromTheTreeByItsOwnBytes) {
+  std::string const base = TempFolder("picker/bytes");
+  std::string const odd = TempFolder("picker/bytes/odd\xFF\xFEname");
+  CSelectFolderDialog dialog(0, wxString::FromUTF8(base).wc_str());
+  ModalDialogScript script;
+  script.Act([&](wxDialog & d) {
+    auto * tree = dynamic_cast<wxGenericDirCtrl *>(d.FindWindow(CSelectFolderDialog::kTreeId));
+    wxTreeCtrl * items = tree->GetTreeCtrl();
+    wxTreeItemId const baseItem = items->GetSelection();
+    items->Expand(baseItem);
+    wxTreeItemIdValue cookie;
+    wxTreeItemId const child = items->GetFirstChild(baseItem, cookie);
+    ASSERT_TRUE(child.IsOk());
+    items->SelectItem(child);
+    Click(d, IDOK);
+  });
+  EXPECT_EQ(dialog.DoModal(), IDOK);  // no question: the folder is there
+  EXPECT_EQ(ToFileSystemPath(dialog.GetSelectedPath()), odd + "/");
 }
 
 }  // namespace

@@ -5,8 +5,12 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include <wx/strconv.h>
+
+#include "dialogs/FileSystemNames.h"
 #include "dialogs/NativeChoosers.h"
 #include "dialogs/VxFileDialog.h"
 #include "frame/AppProfile.h"
@@ -222,6 +226,30 @@ TEST_F(VxFileDialogTest, ASaveDialogAddsItsExtensionAndLabelsItsButton) {
     EXPECT_EQ(asked.fileName, "report");
     EXPECT_EQ(asked.acceptLabel, "&Export");
   }
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(VxFileDialogTest, AFolderWhoseNameIsNoUtf8IsStoredAndFoundAgain) {
+  // File names as a GTK application of wx reads them (no display here):
+  // UTF-8, with bytes that are none kept as private-use characters.
+  struct GtkFileNames {
+    wxMBConvUTF8 conversion{wxMBConvUTF8::MAP_INVALID_UTF8_TO_PUA};
+    wxMBConv * former = std::exchange(wxConvFileName, &conversion);
+    ~GtkFileNames() { wxConvFileName = former; }
+  } gtkFileNames;
+  std::string const odd = Temp("odd\xFF\xFEname");
+  VxCreateFolder(odd);
+  FileChooserAnswer answer;
+  answer.accepted = true;
+  answer.paths = {FromFileSystemPath(odd + "/data.dat")};
+  FakeChooser chooser(answer);
+  VxFileDialog dialog(VxFileDialog::eImportDir, 1);
+  ASSERT_EQ(dialog.DoModal(), IDOK);
+  EXPECT_EQ(ToFileSystemPath(dialog.GetFolderPath()), odd);
+  EXPECT_EQ(ToFileSystemPath(VxFileDialog::GetDefaultFolder(VxFileDialog::eImportDir)), odd + "/");
 }
 
 }  // namespace
