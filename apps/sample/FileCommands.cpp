@@ -1,7 +1,5 @@
 #include "FileCommands.h"
 
-#include <exception>
-
 #include <wx/frame.h>
 #include <wx/menu.h>
 
@@ -12,6 +10,7 @@
 #include "platform/MessageBoxes.h"
 #include "platform/WinUser.h"
 #include "utl/AtomicFile.h"
+#include "utl/Exception.h"
 #include "utl/Translation.h"
 
 using vx3::Tr;
@@ -52,8 +51,8 @@ void OnSaveAs(wxFrame & frame, std::vector<std::string> const & rows) {
   for (std::string const & row : rows) bytes += row + "\n";
   try {
     vx3::WriteFileAtomically(dialog.GetPathName().utf8_string(), bytes);
-  } catch (std::exception const & failure) {
-    AfxMessageBox(wxString::FromUTF8(failure.what()), MB_ICONHAND);
+  } catch (Exception const & failure) {
+    AfxMessageBox(wxString::FromUTF8(failure.Why()), MB_ICONHAND);
     return;
   }
   frame.SetStatusText(Tr("Saved ") + dialog.GetPathName());
