@@ -5,6 +5,9 @@
 #include <iterator>
 #include <mutex>
 
+#include <wx/imaggif.h>
+#include <wx/imagpng.h>
+#include <wx/imagtiff.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
 
@@ -48,9 +51,28 @@ bool PngSizeAcceptable(std::string const & bytes) {
   return width * height <= kMaxSourcePixels;
 }
 
+// The format by the file's signature: only these are offered to wxImage,
+// which would otherwise try every handler it has on any bytes.
+wxBitmapType SourceType(std::string const & bytes) {
+  auto const startsWith = [&](char const * signature, size_t length) {
+    return bytes.size() >= length && bytes.compare(0, length, signature, length) == 0;
+  };
+  if (startsWith("\x89PNG\r\n\x1a\n", 8)) return wxBITMAP_TYPE_PNG;
+  if (startsWith("GIF87a", 6) || startsWith("GIF89a", 6)) return wxBITMAP_TYPE_GIF;
+  if (startsWith("II*\0", 4) || startsWith("MM\0*", 4)) return wxBITMAP_TYPE_TIFF;
+  if (startsWith("BM", 2)) return wxBITMAP_TYPE_BMP;
+  return wxBITMAP_TYPE_INVALID;
+}
+
+// The handlers for the source formats, each added unless the application
+// has added it already.
 void EnsureImageHandlers() {
   static std::once_flag once;
-  std::call_once(once, [] { wxInitAllImageHandlers(); });
+  std::call_once(once, [] {
+    if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
+    if (wxImage::FindHandler(wxBITMAP_TYPE_GIF) == nullptr) wxImage::AddHandler(new wxGIFHandler);
+    if (wxImage::FindHandler(wxBITMAP_TYPE_TIFF) == nullptr) wxImage::AddHandler(new wxTIFFHandler);
+  });
 }
 
 bool QuarterTurnsSwapSides(int rotation) {
@@ -108,8 +130,10 @@ wxImage LoadArtPicture(std::string const & path, int maxWidth, int maxHeight, in
     if (!PngSizeAcceptable(bytes)) return wxImage();
     EnsureImageHandlers();
     wxLogNull quiet;
+    wxBitmapType const type = SourceType(bytes);
+    if (type == wxBITMAP_TYPE_INVALID) return wxImage();
     wxMemoryInputStream in(bytes.data(), bytes.size());
-    if (!picture.LoadFile(in, wxBITMAP_TYPE_ANY) || !picture.IsOk()) return wxImage();
+    if (!picture.LoadFile(in, type) || !picture.IsOk()) return wxImage();
     picture = TurnArtPicture(picture, rotation);
     target = FitArtPicture(picture.GetWidth(), picture.GetHeight(), maxWidth, maxHeight);
   }

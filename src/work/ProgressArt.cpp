@@ -182,7 +182,7 @@ std::string ProgressArt::GetArtistName(int artist, int painting) {
   std::lock_guard<std::mutex> const guard(registry.lock);
   int const n = Collections(registry);
   if (painting < 0) {
-    if (artist >= n) return n > 0 ? kRandomArtist : "";
+    if (artist >= n) return kRandomArtist;
     return artist >= 0 ? Collection(registry, artist).artistName : "";
   }
   return Resolve(registry, artist, painting) ? Collection(registry, artist).artistName : "";
