@@ -3,6 +3,7 @@
 #include <boost/format.hpp>
 #include <boost/iostreams/stream.hpp>
 
+#include <gsf/gsf-input-memory.h>
 #include <gsf/gsf-input.h>
 #include <gsf/gsf-output.h>
 #include <unistd.h>
@@ -16,6 +17,7 @@
 #include "pictures/ArtJpeg.h"
 #include "pictures/ArtPictureSource.h"
 #include "pictures/CompoundFile.h"
+#include "pictures/CompoundFileStream.h"
 #include "pictures/IStreamDevice.h"
 #include "platform/MessageBoxes.h"
 #include "utl/AtomicFile.h"
@@ -55,17 +57,16 @@ ArtInfo const * ArtInfo::ReadArtInfo(wchar_t const * path) {
 
 ArtInfo const * ArtInfo::ReadArtInfo(std::string const & path) {
   if (::access(path.c_str(), F_OK) != 0) return nullptr;
-  try {
-    vx3::CompoundFileReader const storage(path);
-    vx3::GsfPtr<GsfInput> const stream = storage.OpenStream(kArtInfoStream);
-    if (!stream) return nullptr;
-    auto art = std::make_unique<ArtInfo>();
-    if (!art->ReadFromIStream(stream.get())) return nullptr;
-    for (CollectionInfo & collection : art->mCollections) collection.file = path;
-    return art.release();
-  } catch (std::exception const &) {
+  std::string text;
+  if (!vx3::ReadCompoundFileStream(path, kArtInfoStream, vx3::ArtInfoTextLimits::kMaxTextBytes,
+                                   text))
     return nullptr;
-  }
+  vx3::GsfPtr<GsfInput> const stream(gsf_input_memory_new(
+      reinterpret_cast<guint8 const *>(text.data()), static_cast<gsf_off_t>(text.size()), FALSE));
+  auto art = std::make_unique<ArtInfo>();
+  if (!stream || !art->ReadFromIStream(stream.get())) return nullptr;
+  for (CollectionInfo & collection : art->mCollections) collection.file = path;
+  return art.release();
 }
 
 void ArtInfo::AddCollection(CollectionInfo const & collection) {
@@ -92,18 +93,12 @@ wxImage ArtInfo::GetImage(int collection, int picture) const {
 }
 
 wxImage ArtInfo::GetBitMap(std::string const & file, std::string const & stream) {
+  std::string bytes;
+  if (!vx3::ReadCompoundFileStream(file, stream, kMaxPictureStreamBytes, bytes)) return wxImage();
   try {
-    vx3::CompoundFileReader const storage(file);
-    vx3::GsfPtr<GsfInput> const input = storage.OpenStream(stream);
-    if (!input) return wxImage();
-    gsf_off_t const size = gsf_input_size(input.get());
-    if (size <= 0 || static_cast<unsigned long long>(size) > kMaxPictureStreamBytes)
-      return wxImage();
-    // Contiguous streams are handed out without a copy.
-    guint8 const * const bytes = gsf_input_read(input.get(), static_cast<size_t>(size), nullptr);
-    if (bytes == nullptr) return wxImage();
-    return vx3::DecodeArtJpeg(bytes, static_cast<size_t>(size), vx3::JpegDecodeLimits());
-  } catch (std::exception const &) {
+    return vx3::DecodeArtJpeg(reinterpret_cast<unsigned char const *>(bytes.data()), bytes.size(),
+                              vx3::JpegDecodeLimits());
+  } catch (vx3::ArtJpegError const &) {
     return wxImage();
   }
 }
