@@ -37,16 +37,12 @@ Exception InternalError() {
   return Exception(ExceptionMessage::translate("Internal error in ArtInfo::SaveToFile"));
 }
 
-// The streams that this save writes, by name; a later one of the same name
-// replaces an earlier one, as re-creating a stream does.
-using NewStreams = std::map<std::string, std::string>;
-
 void CheckStreamName(std::string const & name) {
-  if (!vx3::IsValidStreamName(name))
-    throw Exception(
-        ExceptionMessage::translate(
-            "The stream name \"{1}\" is empty or longer than 31 characters.") %
-        name);
+  if (!vx3::IsValidStreamName(name) || name == kArtInfoStream)
+    throw Exception(ExceptionMessage::translate("The stream name \"{1}\" cannot be used: it is "
+                                                "empty, \"ArtInfo\" or longer than 31 "
+                                                "characters.") %
+                    name);
 }
 
 }  // namespace
@@ -131,7 +127,7 @@ bool ArtInfo::SaveToIStream(GsfOutput * stream) const {
   }
 }
 
-void ArtInfo::SavePicture(vx3::CompoundFileWriter & storage, std::string const & source,
+void ArtInfo::SavePicture(std::map<std::string, std::string> & streams, std::string const & source,
                           std::string const & stream, unsigned int maxHeight, unsigned int maxWidth,
                           int rotation) const {
   wxImage const picture = vx3::LoadArtPicture(source, static_cast<int>(maxWidth),
@@ -140,7 +136,7 @@ void ArtInfo::SavePicture(vx3::CompoundFileWriter & storage, std::string const &
     throw Exception(ExceptionMessage::translate("{1} could not be read.\nThe file was skipped.") %
                     source);
   try {
-    storage.AddStream(stream, vx3::EncodeArtJpeg(picture, kJpegQuality));
+    streams[stream] = vx3::EncodeArtJpeg(picture, kJpegQuality);
   } catch (std::exception const &) {
     throw Exception(ExceptionMessage::translate("The file {1} could not be saved.") % source);
   }
@@ -192,38 +188,35 @@ bool ArtInfo::SaveToFile(std::string const & file,
       throw Exception(ExceptionMessage::translate("Reading from {1} failed.") % file);
   }
 
-  vx3::CompoundFileWriter storage;
-  std::set<std::string> replaced{kArtInfoStream};
-  for (size_t i = 0; i < count; ++i) {
-    for (PictureInfo const & picture : mCollections[i].pictures)
-      replaced.insert(picture.GetFileName());
-    if (i < icons.size() && !icons[i].empty()) replaced.insert(mCollections[i].iconName);
-  }
-  Exception const writeFailure(ExceptionMessage::translate("Writing to {1} failed.") % file);
-  try {
-    if (old) storage.CopyFrom(*old, replaced);
-  } catch (std::exception const &) {
-    throw writeFailure;
-  }
-
+  // The pictures first, in memory: a stream written twice in one save keeps
+  // the later picture, as re-creating a stream does.
+  std::map<std::string, std::string> pictureStreams;
   for (size_t i = 0; i < count; ++i) {
     for (size_t j = 0; j < pictures[i].size(); ++j)
-      SavePicture(storage, pictures[i][j], mCollections[i].pictures[j].GetFileName(),
+      SavePicture(pictureStreams, pictures[i][j], mCollections[i].pictures[j].GetFileName(),
                   nMaxPixHeight, nMaxPixWidth, rotations[i][j]);
     merged.AddCollection(mCollections[i]);
   }
+  for (size_t i = 0; i < count && i < icons.size(); ++i) {
+    if (!icons[i].empty())
+      SavePicture(pictureStreams, icons[i], mCollections[i].iconName, nMaxPortraitHeight,
+                  nMaxPortraitWidth, iconRotations[i]);
+  }
   for (CollectionInfo & collection : merged.mCollections) collection.file.clear();
+
+  // The old streams that this save does not replace, the new ones, the list.
+  Exception const writeFailure(ExceptionMessage::translate("Writing to {1} failed.") % file);
+  vx3::CompoundFileWriter storage;
   try {
+    std::set<std::string> replaced{kArtInfoStream};
+    for (auto const & stream : pictureStreams) replaced.insert(stream.first);
+    if (old) storage.CopyFrom(*old, replaced);
+    for (auto const & stream : pictureStreams) storage.AddStream(stream.first, stream.second);
     vx3::GsfPtr<GsfOutput> const stream = storage.CreateStream(kArtInfoStream);
     bool const saved = merged.SaveToIStream(stream.get());
     if (!gsf_output_close(stream.get()) || !saved) throw writeFailure;
-  } catch (vx3::CompoundFileError const &) {
+  } catch (std::exception const &) {
     throw writeFailure;
-  }
-  for (size_t i = 0; i < count && i < icons.size(); ++i) {
-    if (!icons[i].empty())
-      SavePicture(storage, icons[i], mCollections[i].iconName, nMaxPortraitHeight,
-                  nMaxPortraitWidth, iconRotations[i]);
   }
 
   std::string bytes;

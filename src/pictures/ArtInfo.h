@@ -14,6 +14,7 @@
 // Pictures come back as wxImage, which can be made off the GUI thread; an
 // invalid image stands for "no picture". Nothing here needs a display.
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -29,9 +30,6 @@ class access;
 
 struct _GsfInput;
 struct _GsfOutput;
-namespace vx3 {
-class CompoundFileWriter;
-}
 
 class ArtInfo {
 public:
@@ -72,8 +70,8 @@ public:
   // it was. Returns false, after the message "The file %1% could not be
   // opened!" (framework message box), when the file exists but cannot be
   // opened as a compound file. Throws Exception when the arguments do not
-  // match the collections, a stream name is empty or longer than 31
-  // characters, the old "ArtInfo" cannot be read, a source cannot be read,
+  // match the collections, a stream name is empty, "ArtInfo" or longer
+  // than 31 characters, the old "ArtInfo" cannot be read, a source cannot be read,
   // or the archive cannot be written.
   bool SaveToFile(wchar_t const * file, std::vector<std::vector<std::string>> const & pictures,
                   std::vector<std::vector<int>> const & rotations,
@@ -91,9 +89,9 @@ private:
     archive & mCollections;
   }
 
-  // Shrinks and turns the picture at `source` and adds it as JPEG stream
-  // `stream` to `storage`.
-  void SavePicture(vx3::CompoundFileWriter & storage, std::string const & source,
+  // Turns and shrinks the picture at `source` and puts its JPEG into
+  // `streams` under `stream`, replacing one of that name.
+  void SavePicture(std::map<std::string, std::string> & streams, std::string const & source,
                    std::string const & stream, unsigned int maxHeight, unsigned int maxWidth,
                    int rotation) const;
   static wxImage GetBitMap(std::string const & file, std::string const & stream);

@@ -155,6 +155,21 @@ TEST_F(ArtInfoTest, SavingAgainAppendsAndTheFirstCollectionsKeepTheirStreams) {
   EXPECT_EQ(wxSize(30, 10), art->GetImage(2, 0).GetSize());
 }
 
+TEST_F(ArtInfoTest, AStreamNamedTwiceInOneSaveIsWrittenOnce) {
+  CollectionInfo const twice = Painter("Twice", {"x"}, "5");
+  ArtInfo art;
+  art.AddCollection(twice);
+  art.AddCollection(twice);
+  std::string const small = WriteJpeg("small.jpg", 10, 10);
+  std::string const wide = WriteJpeg("wide.jpg", 30, 10);
+  ASSERT_TRUE(art.SaveToFile(mArchive, {{small}, {wide}}, {{0}, {0}}, {small, wide}, {0, 0}));
+  auto const back = Read(mArchive);
+  ASSERT_TRUE(back);
+  EXPECT_EQ(2u, back->GetCollections().size());
+  EXPECT_EQ(wxSize(30, 10), back->GetImage(0, 0).GetSize());
+  EXPECT_EQ(wxSize(30, 10), back->GetIcon(0).GetSize());
+}
+
 TEST_F(ArtInfoTest, FailuresGiveTheirTextsAndLeaveTheFileAsItWas) {
   std::string const source = WriteJpeg("ok.jpg", 20, 10);
   SaveCollection(mArchive, Painter("Kept", {"k"}), source);
@@ -167,6 +182,8 @@ TEST_F(ArtInfoTest, FailuresGiveTheirTextsAndLeaveTheFileAsItWas) {
   two.AddCollection(Painter("B", {"b1", "b2"}, "123456789012345678901234567890123"));
   ArtInfo oneWithLongName;
   oneWithLongName.AddCollection(Painter("A", {"a1"}, std::string(32, '7')));
+  ArtInfo iconNamedLikeTheList;
+  iconNamedLikeTheList.AddCollection(Painter("A", {}, "ArtInfo"));
   struct Case {
     char const * what;
     std::function<void()> save;
@@ -194,7 +211,12 @@ TEST_F(ArtInfoTest, FailuresGiveTheirTextsAndLeaveTheFileAsItWas) {
        missing + " could not be read.\nThe file was skipped."},
       {"a stream name over 31 characters",
        [&] { oneWithLongName.SaveToFile(mArchive, {{source}}, {{0}}, {source}, {0}); },
-       "The stream name \"" + std::string(32, '7') + "\" is empty or longer than 31 characters."},
+       "The stream name \"" + std::string(32, '7') +
+           "\" cannot be used: it is empty, \"ArtInfo\" or longer than 31 characters."},
+      {"the list's own stream name",
+       [&] { iconNamedLikeTheList.SaveToFile(mArchive, {{}}, {{}}, {source}, {0}); },
+       "The stream name \"ArtInfo\" cannot be used: it is empty, \"ArtInfo\" or longer than 31 "
+       "characters."},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.what);
