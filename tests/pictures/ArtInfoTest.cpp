@@ -11,6 +11,7 @@
 #include "ArtTestFiles.h"
 #include "pictures/ArtInfoText.h"
 #include "pictures/CompoundFile.h"
+#include "pictures/CompoundFileStream.h"
 #include "platform/MessageBoxes.h"
 #include "utl/Exception.h"
 
@@ -132,9 +133,9 @@ TEST_F(ArtInfoTest, PortraitsAreFittedTo80AndAnEmptyIconSavesNone) {
 
 TEST_F(ArtInfoTest, SavingZeroCollectionsMakesAnArchiveWithAnEmptyList) {
   ASSERT_TRUE(ArtInfo().SaveToFile(mArchive, {}, {}, {}, {}));
-  vx3::CompoundFileReader const storage(mArchive);
   std::string text;
-  ASSERT_TRUE(storage.ReadStream("ArtInfo", 1000, text));
+  ASSERT_EQ(vx3::CompoundStreamRead::kRead,
+            vx3::ReadCompoundFileStream(mArchive, "ArtInfo", 1000, text));
   EXPECT_EQ("22 serialization::archive 11 0 0 0 0 0 0\n", text);
   EXPECT_TRUE(Read(mArchive)->GetCollections().empty());
 }
