@@ -8,9 +8,8 @@
 #include <gsf/gsf-output.h>
 #include <unistd.h>
 
-#include <exception>
-#include <iterator>
 #include <map>
+#include <memory>
 #include <set>
 
 #include "pictures/ArtInfoText.h"

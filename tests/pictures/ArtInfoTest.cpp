@@ -14,6 +14,7 @@
 #include "pictures/CompoundFileStream.h"
 #include "platform/MessageBoxes.h"
 #include "utl/Exception.h"
+#include "utl/Utf.h"
 
 namespace {
 
@@ -79,6 +80,11 @@ TEST_F(ArtInfoTest, SavedCollectionsComeBackWithTheirPicturesFromTheirFile) {
   for (auto const & outside : {std::make_pair(0, 2), std::make_pair(1, 0), std::make_pair(-1, 0)})
     EXPECT_FALSE(art->GetImage(outside.first, outside.second).IsOk());
   EXPECT_FALSE(art->GetIcon(1).IsOk());
+
+  // The wide road reaches the same file.
+  std::unique_ptr<ArtInfo const> const wide(ArtInfo::ReadArtInfo(vx3::Utf8ToWide(mArchive).c_str()));
+  ASSERT_TRUE(wide);
+  EXPECT_EQ(mArchive, wide->GetCollections()[0].file);
 }
 
 TEST_F(ArtInfoTest, PicturesAreTurnedThenShrunkToTheLimitsButNeverEnlarged) {
