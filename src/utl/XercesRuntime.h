@@ -11,11 +11,13 @@ namespace vx3 {
 void EnsureXercesInitialized();
 
 // Starts that work on a worker thread and returns at once, so that it
-// overlaps the application's own start (opening the display), which
-// mostly waits for the X server: loading and relocating Xerces and its
-// libraries, and the character-class tables Xerces builds when it starts,
-// several milliseconds in all. A later EnsureXercesInitialized (or any use
-// of XML) waits for the worker; a failure there is simply retried by that
+// overlaps what the process does meanwhile: loading and relocating Xerces
+// and its libraries, and the character-class tables Xerces builds when it
+// starts, several milliseconds in all. It pays only where a core would
+// otherwise idle: the worker takes the dynamic loader's lock, which the
+// main thread may need too, and on a busy machine its work is taken from
+// the main thread's share. A later EnsureXercesInitialized (or any use of
+// XML) waits for the worker; a failure there is simply retried by that
 // call. The process waits for the worker at exit.
 void StartXercesInitialization();
 
