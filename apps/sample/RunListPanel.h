@@ -7,7 +7,7 @@
 
 #include <wx/panel.h>
 
-class wxListBox;
+class wxVListBox;
 class wxSearchCtrl;
 
 class RunListPanel : public wxPanel {
@@ -25,5 +25,5 @@ private:
   std::vector<std::string> mRuns;
   std::vector<std::string> mShown;
   wxSearchCtrl * mFilter = nullptr;
-  wxListBox * mList = nullptr;
+  wxVListBox * mList = nullptr;
 };

@@ -1,6 +1,8 @@
 // The sample application: starts like every application of the family
 // (name and version, translation, customization package, settings location)
-// and opens its main window where the user left it.
+// and opens its main window where the user left it. Its own settings are
+// read once the window has painted: the XML parser is loaded then, so the
+// window appears without waiting for it.
 //
 //   talvo-sample [--screenshot FILE] [--exit-on-paint]
 //
@@ -47,11 +49,14 @@ private:
   void CountStart();
   void PlaceFrame();
   void SavePlacement(wxCloseEvent & event);
-  void ExitOnFirstPaint();
+  void WatchFirstPaint();
+  void AfterFirstPaint();
   void TakeScreenshotWhenPainted();
 
   wxString mScreenshotPath;
   bool mExitOnPaint = false;
+  bool mPainted = false;
+  bool mStartCounted = false;
   VxAppCustomization * mCustomization = nullptr;
   MainFrame * mFrame = nullptr;
   wxTimer mScreenshotTimer;
@@ -85,7 +90,6 @@ bool SampleApp::OnInit() {
   // settings location.
   Customize();
   SetRegistryLocation();
-  CountStart();
 
   mFrame = new MainFrame;
   mFrame->SetTitle(wxString::FromUTF8(VxSystemInfo::GetApplicationName()));
@@ -107,7 +111,7 @@ bool SampleApp::OnInit() {
                        wxSPLASH_CENTRE_ON_SCREEN | wxSPLASH_TIMEOUT, 1500, nullptr, wxID_ANY);
   }
   mFrame->Show();
-  if (mExitOnPaint) ExitOnFirstPaint();
+  WatchFirstPaint();
   if (!mScreenshotPath.empty()) TakeScreenshotWhenPainted();
   return true;
 }
@@ -124,6 +128,8 @@ void SampleApp::Customize() {
 
 void SampleApp::CountStart() {
   // A setting of the sample's own, kept in the settings file between runs.
+  if (mStartCounted) return;
+  mStartCounted = true;
   std::unique_ptr<ConfigurationSection> settings(GetAppSettings("Sample", 0));
   int starts = 0;
   settings->ReadInt("Starts", starts);
@@ -139,25 +145,32 @@ void SampleApp::PlaceFrame() {
 }
 
 void SampleApp::SavePlacement(wxCloseEvent & event) {
+  CountStart();  // should the window close before it ever painted
   std::string const text = WindowPlacementToString(VxGetWindowPlacement(*mFrame));
   WriteProfileString(kWindowSection, kPlacementEntry, wxString::FromUTF8(text).wc_str());
   event.Skip();
 }
 
-void SampleApp::ExitOnFirstPaint() {
+void SampleApp::WatchFirstPaint() {
   // The frame's page covers it, so the first paint arrives at a child.
   for (wxWindow * child : mFrame->GetChildren()) {
     child->Bind(wxEVT_PAINT, [this](wxPaintEvent & event) {
       event.Skip();
+      if (mPainted) return;
+      mPainted = true;
       if (mExitOnPaint) {
-        mExitOnPaint = false;
         // The start-up figure stops its clock at this line, not at the exit.
         wxPrintf("painted\n");
         fflush(stdout);
-        CallAfter([this] { mFrame->Close(true); });
       }
+      CallAfter([this] { AfterFirstPaint(); });
     });
   }
+}
+
+void SampleApp::AfterFirstPaint() {
+  CountStart();
+  if (mExitOnPaint) mFrame->Close(true);
 }
 
 void SampleApp::TakeScreenshotWhenPainted() {

@@ -3,17 +3,13 @@
 #include <dirent.h>
 #include <zip.h>
 
-#include <xercesc/dom/DOMDocument.hpp>
-#include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMNode.hpp>
-
 #include <algorithm>
 #include <memory>
 
 #include "utl/Exception.h"
-#include "utl/HardenedXmlParser.h"
 #include "utl/Paths.h"
-#include "utl/XmlText.h"
+#include "utl/WholeFile.h"
+#include "utl/XmlTree.h"
 
 namespace {
 
@@ -175,18 +171,15 @@ std::string AppConfigPackage::ReadAppName() const {
   Entry const * entry = Find("appconfig.xml");
   if (entry == nullptr) return "";
   std::string const source = mSource + " (appconfig.xml)";
-  vx3::XmlDocumentPtr const document =
-      vx3::ParseHardenedXml(entry->bytes, source, vx3::XmlParseLimits{size_t(1) << 20, 16});
-  xercesc::DOMElement const * root = document->getDocumentElement();
-  if (root == nullptr || vx3::XmlToUtf8(root->getTagName()) != "AppConfig")
+  vx3::XmlTree const document =
+      vx3::ParseXmlTree(entry->bytes, source, vx3::XmlParseLimits{size_t(1) << 20, 16});
+  vx3::XmlNode const & root = document.Root();
+  if (root.name != "AppConfig")
     Refuse("The customization package {1} cannot be read: {2}", mSource,
            "the root element of appconfig.xml is not AppConfig");
-  for (xercesc::DOMNode const * child = root->getFirstChild(); child != nullptr;
-       child = child->getNextSibling()) {
-    if (child->getNodeType() != xercesc::DOMNode::ELEMENT_NODE ||
-        vx3::XmlToUtf8(child->getNodeName()) != "AppName")
-      continue;
-    std::string const name = vx3::XmlToUtf8(child->getTextContent());
+  for (vx3::XmlNode const & child : root.children) {
+    if (child.kind != vx3::XmlNode::Kind::Element || child.name != "AppName") continue;
+    std::string const name = child.TextContent();
     if (!name.empty() && !IsUsableAppName(name))
       Refuse("The customization package {1} cannot be read: {2}", mSource,
              "the application name \"" + name + "\" is not usable");

@@ -1,7 +1,5 @@
 #include "frame/VxApp.h"
 
-#include "utl/XercesRuntime.h"
-
 #include <wx/aboutdlg.h>
 #include <wx/generic/aboutdlgg.h>
 #include <wx/window.h>
@@ -28,9 +26,6 @@ wxString FormatString1(wxString text, wxString const & insert) {
 }  // namespace
 
 VxApp::VxApp(wchar_t const * appName) {
-  // The settings file is read in OnInit; the XML parser's start-up work runs
-  // meanwhile, while the display is opened.
-  vx3::StartXercesInitialization();
   if (appName != nullptr) {
     VxSystemInfo::SetApplication(ToUtf8(appName),
                                  VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionFull));

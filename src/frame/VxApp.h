@@ -9,8 +9,12 @@
 //   VxSystemInfo::SetApplication(name, version);
 //   VxAppCustomization::Instance();   // may rename the application
 //   SetRegistryLocation();            // from here on the locations are fixed
-// The destructor writes the settings back. A file that could not be read is
-// never written over.
+// The settings file is read, and the XML parser loaded, when settings are
+// first asked for: an application that reads them once its main window has
+// painted shows that window without waiting for either. (Loading the parser
+// in the background meanwhile was tried: on a busy machine it only slowed
+// the start.) The destructor writes the settings back. A file that could
+// not be read is never written over.
 //
 // The work that needs no display lies in VxAppCore (VxAppCore.h), in a
 // library without GTK; this class adds the user interface and delegates the

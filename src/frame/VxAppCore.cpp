@@ -41,6 +41,7 @@ std::string SettingsFileIn(std::string const & folder) {
 VxAppCore::VxAppCore() = default;
 
 VxAppCore::~VxAppCore() {
+  OpenUserSettings();
   if (mSettings) mSettings->Flush();
 }
 
@@ -52,11 +53,16 @@ std::string VxAppCore::ProfileName() {
 void VxAppCore::SetRegistryLocation() {
   mUserSettingsFile = SettingsFileIn(GetAppDataDirectory());
   mCommonSettingsFile = SettingsFileIn(GetCommonAppDataDirectory());
-  if (mUserSettingsFile.empty()) {
+  mSettings.reset();
+  mUserSettingsOpened = false;
+  if (mUserSettingsFile.empty())
     Log::WriteMessage("VxAppCore", "SetRegistryLocation",
                       "No per-user data folder: the settings are not kept", Log::Notice, false);
-    return;
-  }
+}
+
+void VxAppCore::OpenUserSettings() const {
+  if (mUserSettingsOpened || mUserSettingsFile.empty()) return;
+  mUserSettingsOpened = true;
   try {
     auto root = boost::make_shared<XercesXMLSection>(mUserSettingsFile.c_str(), true);
     mSettings = root;
@@ -66,7 +72,13 @@ void VxAppCore::SetRegistryLocation() {
     }
   } catch (Exception const &) {
     // A damaged file never stops the application, and is never overwritten.
+    mSettings.reset();
   }
+}
+
+ConfigurationSection * VxAppCore::GetSettingsSection() const {
+  OpenUserSettings();
+  return mSettings.get();
 }
 
 std::string VxAppCore::GetAppDataDirectory() const {
@@ -138,6 +150,7 @@ ConfigurationSection * VxAppCore::GetAppSettings(char const * name,
 
   // Without a user file (none set, or it could not be read) the layers go
   // onto an empty tree that is never written.
+  OpenUserSettings();
   std::unique_ptr<ConfigurationSection> copy(mSettings ? mSettings->Copy()
                                                        : new XercesXMLSection());
   if (copy->HasSection(name, 1)) {

@@ -31,7 +31,8 @@ public:
 
   VxAppCore();
   // Flushes the "AppSettings" section's file, when SetRegistryLocation
-  // opened one.
+  // named one (opening it now if nothing has asked for settings, so that the
+  // first run still writes the application's info).
   ~VxAppCore();
   VxAppCore(VxAppCore const &) = delete;
   VxAppCore & operator=(VxAppCore const &) = delete;
@@ -40,9 +41,12 @@ public:
   // "<App>\<Ver>".
   static std::string ProfileName();
 
-  // Fixes both settings files and opens the user's; see VxApp.h. A file that
-  // cannot be read or parsed is left alone: no section is kept, nothing is
-  // ever written over it, and GetAppSettings works on an empty tree.
+  // Fixes both settings files; see VxApp.h. The user's file is opened when
+  // settings are first asked for (GetSettingsSection, GetAppSettings), so
+  // that an application can show its window before the XML parser has been
+  // loaded. A file that cannot be read or parsed is left alone: no section
+  // is kept, nothing is ever written over it, and GetAppSettings works on an
+  // empty tree.
   void SetRegistryLocation();
 
   // The folders, created when absent. An all-users folder that this process
@@ -60,9 +64,10 @@ public:
 
   std::string const & GetUserSettingsFile() const { return mUserSettingsFile; }
   std::string const & GetCommonSettingsFile() const { return mCommonSettingsFile; }
-  // The "AppSettings" section of the user's file; null until
-  // SetRegistryLocation has opened it.
-  ConfigurationSection * GetSettingsSection() const { return mSettings.get(); }
+  // The "AppSettings" section of the user's file, opened on the first call;
+  // null before SetRegistryLocation and when the file cannot be read. Like
+  // the other settings calls, for one thread at a time.
+  ConfigurationSection * GetSettingsSection() const;
 
   // The settings of the subsystem `name`, layered from (highest first) what
   // the user has, the all-users file and the defaults document `resourceId`
@@ -101,6 +106,8 @@ private:
     std::shared_ptr<ConfigurationSection> root;
   };
 
+  // Opens the user's file named by SetRegistryLocation, once.
+  void OpenUserSettings() const;
   // A new section object on the parsed all-users file, or null.
   std::unique_ptr<ConfigurationSection> CommonSource() const;
   std::unique_ptr<ConfigurationSection> DefaultsSource(unsigned int resourceId) const;
@@ -109,7 +116,8 @@ private:
   std::string mUserSettingsFile;
   std::string mCommonSettingsFile;
   bool mMuteInfoMessages = false;
-  boost::shared_ptr<ConfigurationSection> mSettings;
+  mutable bool mUserSettingsOpened = false;
+  mutable boost::shared_ptr<ConfigurationSection> mSettings;
   DefaultsReader mDefaultsReader;
   mutable ParsedFile mCommon;
   // Parsed defaults documents by number; null for one that is absent.

@@ -3,9 +3,6 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMNode.hpp>
-#include <xercesc/dom/DOMProcessingInstruction.hpp>
 
 #include <cerrno>
 #include <cstdio>
@@ -19,12 +16,12 @@
 #include "utl/ConfigurationSection.h"
 #include "utl/Digest.h"
 #include "utl/Exception.h"
-#include "utl/HardenedXmlParser.h"
 #include "utl/Log.h"
 #include "utl/Paths.h"
 #include "utl/Utf.h"
 #include "utl/VxSystemInfo.h"
-#include "utl/XmlText.h"
+#include "utl/WholeFile.h"
+#include "utl/XmlTree.h"
 #include "utl/XmlWriter.h"
 
 AuditTrail::Signal AuditTrail::msAuditTrailDeleting;
@@ -36,8 +33,7 @@ AuditTrail::Signal AuditTrail::msAuditTrailBeginSession;
 
 namespace {
 
-using xercesc::DOMElement;
-using xercesc::DOMNode;
+using vx3::XmlNode;
 
 AuditTrail * gActiveTrail = nullptr;
 
@@ -166,51 +162,25 @@ void AppendEventXml(AuditTrail::Event const & event, std::string & out) {
   out += "\n  </Event>\n";
 }
 
-std::string Utf8(XMLCh const * text) { return vx3::XmlToUtf8(text); }
-
-std::string TextOf(DOMNode const * element) {
-  std::u16string value;
-  for (DOMNode const * child = element->getFirstChild(); child != nullptr;
-       child = child->getNextSibling())
-    if (child->getNodeType() == DOMNode::TEXT_NODE ||
-        child->getNodeType() == DOMNode::CDATA_SECTION_NODE)
-      value += child->getNodeValue();
-  return vx3::XmlToUtf8(value);
-}
-
-bool IsBlank(DOMNode const * node) {
-  std::u16string_view const text(node->getNodeValue());
-  for (char16_t const c : text)
-    if (c != u' ' && c != u'\t' && c != u'\n' && c != u'\r') return false;
+bool IsBlank(std::string const & text) {
+  for (char const c : text)
+    if (c != ' ' && c != '\t' && c != '\n' && c != '\r') return false;
   return true;
 }
 
 // The element children of `parent`, refusing text other than whitespace;
 // comments are no part of the record and are passed over.
-std::vector<DOMElement const *> ChildElements(DOMNode const * parent, bool & clean) {
-  std::vector<DOMElement const *> elements;
-  for (DOMNode const * child = parent->getFirstChild(); child != nullptr;
-       child = child->getNextSibling()) {
-    switch (child->getNodeType()) {
-      case DOMNode::ELEMENT_NODE:
-        elements.push_back(static_cast<DOMElement const *>(child));
-        break;
-      case DOMNode::COMMENT_NODE:
-        break;
-      case DOMNode::TEXT_NODE:
-        clean = clean && IsBlank(child);
-        break;
-      default:
-        clean = false;
+std::vector<XmlNode const *> ChildElements(XmlNode const & parent, bool & clean) {
+  std::vector<XmlNode const *> elements;
+  for (XmlNode const & child : parent.children) {
+    switch (child.kind) {
+      case XmlNode::Kind::Element: elements.push_back(&child); break;
+      case XmlNode::Kind::Comment: break;
+      case XmlNode::Kind::Text: clean = clean && IsBlank(child.value); break;
+      default: clean = false;
     }
   }
   return elements;
-}
-
-bool Attribute(DOMElement const * element, char16_t const * name, std::string & value) {
-  if (element->getAttributeNode(name) == nullptr) return false;
-  value = Utf8(element->getAttribute(name));
-  return true;
 }
 
 bool ParseSequence(std::string const & text, uint64_t & value) {
@@ -341,54 +311,51 @@ void AuditTrail::Load() {
       ApplyPendingProjectName();
       return;
     }
-    vx3::XmlDocumentPtr document = vx3::ParseHardenedXml(bytes, mPath, limits);
+    vx3::XmlTree const document = vx3::ParseXmlTree(bytes, mPath, limits);
     bytes = std::string();
 
-    for (DOMNode const * node = document->getFirstChild(); node != nullptr;
-         node = node->getNextSibling())
-      if (node->getNodeType() == DOMNode::PROCESSING_INSTRUCTION_NODE)
-        stylesheetReference += Utf8(node->getNodeName()) + " " + Utf8(node->getNodeValue()) + ";";
+    for (XmlNode const & node : document.children)
+      if (node.kind == XmlNode::Kind::ProcessingInstruction)
+        stylesheetReference += node.name + " " + node.value + ";";
 
-    DOMElement const * root = document->getDocumentElement();
-    if (Utf8(root->getTagName()) != "AuditTrail")
-      throw malformed("its root element is not <AuditTrail>");
+    XmlNode const & root = document.Root();
+    if (root.name != "AuditTrail") throw malformed("its root element is not <AuditTrail>");
     std::string format, id;
-    if (!Attribute(root, u"format", format) || format != kFormat)
+    if (!root.Attribute("format", format) || format != kFormat)
       throw malformed("its format is unknown");
-    if (!Attribute(root, u"id", id) || !AuditTrailLedger::IsValidTrailId(id))
+    if (!root.Attribute("id", id) || !AuditTrailLedger::IsValidTrailId(id))
       throw malformed("its id is missing or invalid");
     std::string project;
-    Attribute(root, u"project", project);
+    root.Attribute("project", project);
 
     bool clean = true;
-    std::vector<DOMElement const *> const children = ChildElements(root, clean);
+    std::vector<XmlNode const *> const children = ChildElements(root, clean);
     if (!clean) throw malformed("it holds text outside its events");
-    if (children.empty() || Utf8(children.back()->getTagName()) != "Seal")
-      throw malformed("it has no seal");
-    DOMElement const * seal = children.back();
-    if (!Attribute(seal, u"events", sealCount) || !Attribute(seal, u"head", sealHead) ||
-        !Attribute(seal, u"signer", signer) || !Attribute(seal, u"signature", signature))
+    if (children.empty() || children.back()->name != "Seal") throw malformed("it has no seal");
+    XmlNode const & seal = *children.back();
+    if (!seal.Attribute("events", sealCount) || !seal.Attribute("head", sealHead) ||
+        !seal.Attribute("signer", signer) || !seal.Attribute("signature", signature))
       throw malformed("its seal is incomplete");
 
     std::deque<Event> events;
     for (size_t i = 0; i + 1 < children.size(); ++i) {
-      DOMElement const * element = children[i];
-      if (Utf8(element->getTagName()) != "Event") throw malformed("it holds an unknown element");
+      XmlNode const & element = *children[i];
+      if (element.name != "Event") throw malformed("it holds an unknown element");
       Event event;
       std::string sequence, level;
-      if (!Attribute(element, u"seq", sequence) || !ParseSequence(sequence, event.sequence) ||
-          !Attribute(element, u"time", event.time) || !Attribute(element, u"user", event.user) ||
-          sequence != std::to_string(event.sequence) || !Attribute(element, u"level", level) ||
+      if (!element.Attribute("seq", sequence) || !ParseSequence(sequence, event.sequence) ||
+          !element.Attribute("time", event.time) || !element.Attribute("user", event.user) ||
+          sequence != std::to_string(event.sequence) || !element.Attribute("level", level) ||
           !vx3::ParseInt(level, event.level) || level != std::to_string(event.level) ||
-          !Attribute(element, u"type", event.type) || !Attribute(element, u"hash", event.hash))
+          !element.Attribute("type", event.type) || !element.Attribute("hash", event.hash))
         throw malformed("an event lacks one of its attributes");
       bool eventClean = true;
-      std::vector<DOMElement const *> const parts = ChildElements(element, eventClean);
-      if (!eventClean || parts.size() != 2 || Utf8(parts[0]->getTagName()) != "Text" ||
-          Utf8(parts[1]->getTagName()) != "Detail")
+      std::vector<XmlNode const *> const parts = ChildElements(element, eventClean);
+      if (!eventClean || parts.size() != 2 || parts[0]->name != "Text" ||
+          parts[1]->name != "Detail")
         throw malformed("an event is not made of <Text> and <Detail>");
-      event.text = TextOf(parts[0]);
-      event.detail = TextOf(parts[1]);
+      event.text = parts[0]->Text();
+      event.detail = parts[1]->Text();
       events.push_back(std::move(event));
     }
     mTrailId = id;

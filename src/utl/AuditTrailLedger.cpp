@@ -4,8 +4,8 @@
 
 #include "utl/AtomicFile.h"
 #include "utl/Exception.h"
-#include "utl/HardenedXmlParser.h"
 #include "utl/Paths.h"
+#include "utl/WholeFile.h"
 
 AuditTrailLedger::AuditTrailLedger(std::string keyFolder)
     : mFolder(VxPathAppend(std::move(keyFolder), "ledger")) {}

@@ -16,8 +16,8 @@
 #include "utl/AtomicFile.h"
 #include "utl/Digest.h"
 #include "utl/Exception.h"
-#include "utl/HardenedXmlParser.h"
 #include "utl/Paths.h"
+#include "utl/WholeFile.h"
 
 namespace {
 

@@ -1,28 +1,13 @@
 #include "utl/XercesRuntime.h"
 
-#include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/XMLException.hpp>
-
-#include <exception>
 #include <future>
 #include <mutex>
 
-#include "utl/Exception.h"
+#include "utl/XmlModule.h"
 
 namespace vx3 {
 
-void EnsureXercesInitialized() {
-  static std::once_flag once;
-  // call_once runs the function again on the next call if it threw, so a
-  // failed start is retried rather than remembered.
-  std::call_once(once, [] {
-    try {
-      xercesc::XMLPlatformUtils::Initialize();
-    } catch (xercesc::XMLException const &) {
-      throw Exception(ExceptionMessage::translate("The XML parser could not be initialised."));
-    }
-  });
-}
+void EnsureXercesInitialized() { GetXmlModule().StartParser(); }
 
 void StartXercesInitialization() {
   static std::once_flag started;
@@ -33,7 +18,7 @@ void StartXercesInitialization() {
       try {
         EnsureXercesInitialized();
       } catch (...) {
-        // The next EnsureXercesInitialized tries again and reports it.
+        // The next use of XML tries again and reports it.
       }
     });
   });

@@ -11,11 +11,6 @@ namespace {
 using vx3::XmlSettingsDocument;
 using Element = XmlSettingsDocument::Element;
 
-Element * Dom(XmlSectionElement * element) { return reinterpret_cast<Element *>(element); }
-XmlSectionElement * Opaque(Element * element) {
-  return reinterpret_cast<XmlSectionElement *>(element);
-}
-
 std::u16string Name(char const * name) {
   return vx3::Utf8ToXml(name == nullptr ? std::string_view() : std::string_view(name));
 }
@@ -37,12 +32,11 @@ std::u16string StorableName(char const * name) {
 }  // namespace
 
 XercesXMLSection::XercesXMLSection()
-    : mDocument(std::make_shared<XmlSettingsDocument>()), mElement(Opaque(mDocument->Root())) {}
+    : mDocument(XmlSettingsDocument::Create()), mElement(mDocument->Root()) {}
 
 XercesXMLSection::XercesXMLSection(char const * path, bool createIfMissing)
-    : mDocument(
-          std::make_shared<XmlSettingsDocument>(path == nullptr ? "" : path, createIfMissing)),
-      mElement(Opaque(mDocument->Root())) {}
+    : mDocument(XmlSettingsDocument::Open(path == nullptr ? "" : path, createIfMissing)),
+      mElement(mDocument->Root()) {}
 
 XercesXMLSection::XercesXMLSection(std::shared_ptr<XmlSettingsDocument> document,
                                    XmlSectionElement * element)
@@ -53,7 +47,7 @@ XercesXMLSection::~XercesXMLSection() = default;
 XercesXMLSection * XercesXMLSection::CreateXMLSectionFromString(char const * xml) {
   auto document = XmlSettingsDocument::FromString(xml == nullptr ? "" : xml);
   Element * root = document->Root();
-  return new XercesXMLSection(std::move(document), Opaque(root));
+  return new XercesXMLSection(std::move(document), root);
 }
 
 char const * XercesXMLSection::KarvinelXMLExtension() { return "kvxml"; }
@@ -63,53 +57,53 @@ ConfigurationSection * XercesXMLSection::Copy() const {
 }
 
 void XercesXMLSection::ChangeSection(char const * name) {
-  Element * parent = mDocument->Parent(Dom(mElement));
+  Element * parent = mDocument->Parent(mElement);
   std::u16string converted;
   if (parent == nullptr || !Storable(name, converted)) return;
-  mElement = Opaque(mDocument->ProvideSection(parent, converted, 1, false));
+  mElement = mDocument->ProvideSection(parent, converted, 1, false);
 }
 
 bool XercesXMLSection::ChangeSubSection(char const * name, int index) {
-  Element * child = mDocument->FindSection(Dom(mElement), Name(name), index);
+  Element * child = mDocument->FindSection(mElement, Name(name), index);
   if (child == nullptr) return false;
-  mElement = Opaque(child);
+  mElement = child;
   return true;
 }
 
 bool XercesXMLSection::ChangeSubSection(char const * name) { return ChangeSubSection(name, 1); }
 
 ConfigurationSection * XercesXMLSection::CreateSubSection(char const * name, int index) const {
-  Element * child = mDocument->ProvideSection(Dom(mElement), StorableName(name), index, true);
-  return new XercesXMLSection(mDocument, Opaque(child));
+  Element * child = mDocument->ProvideSection(mElement, StorableName(name), index, true);
+  return new XercesXMLSection(mDocument, child);
 }
 
 ConfigurationSection * XercesXMLSection::CreateSubSection(char const * name) const {
-  Element * child = mDocument->ProvideSection(Dom(mElement), StorableName(name), 1, false);
-  return new XercesXMLSection(mDocument, Opaque(child));
+  Element * child = mDocument->ProvideSection(mElement, StorableName(name), 1, false);
+  return new XercesXMLSection(mDocument, child);
 }
 
 std::vector<boost::shared_ptr<ConfigurationSection>> * XercesXMLSection::GetAllSubSections(
     char const * name) const {
   auto * sections = new std::vector<boost::shared_ptr<ConfigurationSection>>();
-  for (Element * child : mDocument->Sections(Dom(mElement), Name(name)))
-    sections->emplace_back(new XercesXMLSection(mDocument, Opaque(child)));
+  for (Element * child : mDocument->Sections(mElement, Name(name)))
+    sections->emplace_back(new XercesXMLSection(mDocument, child));
   return sections;
 }
 
 int XercesXMLSection::NumSubSections(char const * name) const {
-  return mDocument->CountSections(Dom(mElement), Name(name));
+  return mDocument->CountSections(mElement, Name(name));
 }
 
 bool XercesXMLSection::SupportsSubSections() const { return true; }
 
 bool XercesXMLSection::DeleteKey(char const * name) {
-  return mDocument->RemoveKey(Dom(mElement), Name(name));
+  return mDocument->RemoveKey(mElement, Name(name));
 }
 
 bool XercesXMLSection::DeleteSection() {
-  Element * parent = mDocument->RemoveSection(Dom(mElement));
+  Element * parent = mDocument->RemoveSection(mElement);
   if (parent == nullptr) return false;
-  mElement = Opaque(parent);
+  mElement = parent;
   return true;
 }
 
@@ -122,14 +116,14 @@ bool XercesXMLSection::Flush() const {
   }
 }
 
-bool XercesXMLSection::IsEmpty() const { return !mDocument->HasChildren(Dom(mElement)); }
+bool XercesXMLSection::IsEmpty() const { return !mDocument->HasChildren(mElement); }
 
 bool XercesXMLSection::HasSection(char const * name, int index) const {
-  return mDocument->FindSection(Dom(mElement), Name(name), index) != nullptr;
+  return mDocument->FindSection(mElement, Name(name), index) != nullptr;
 }
 
 bool XercesXMLSection::HasKey(char const * name) const {
-  return mDocument->FindKey(Dom(mElement), Name(name)) != nullptr;
+  return mDocument->FindKey(mElement, Name(name)) != nullptr;
 }
 
 bool XercesXMLSection::ReadKey(char const * name, std::wstring & value) const {
@@ -140,9 +134,9 @@ bool XercesXMLSection::ReadKey(char const * name, std::wstring & value) const {
 }
 
 bool XercesXMLSection::ReadKey(char const * name, std::string & value) const {
-  Element const * key = mDocument->FindKey(Dom(mElement), Name(name));
+  Element const * key = mDocument->FindKey(mElement, Name(name));
   if (key == nullptr) return false;
-  value = vx3::XmlToUtf8(XmlSettingsDocument::KeyValue(key));
+  value = vx3::XmlToUtf8(mDocument->KeyValue(key));
   return true;
 }
 
@@ -154,7 +148,7 @@ bool XercesXMLSection::WriteKey(char const * name, char const * value) {
   std::u16string convertedName;
   std::u16string convertedValue;
   if (!Storable(name, convertedName) || !Storable(value, convertedValue)) return false;
-  mDocument->SetKey(Dom(mElement), convertedName, convertedValue);
+  mDocument->SetKey(mElement, convertedName, convertedValue);
   return true;
 }
 
@@ -163,15 +157,15 @@ namespace {
 bool CopyInto(XmlSettingsDocument & document, Element * source, ConfigurationSection & target) {
   bool complete = true;
   for (Element * key : document.ChildKeys(source)) {
-    std::string const name = vx3::XmlToUtf8(XmlSettingsDocument::NameOf(key));
-    complete = target.WriteKey(name.c_str(), vx3::XmlToUtf8(XmlSettingsDocument::KeyValue(key))) &&
+    std::string const name = vx3::XmlToUtf8(document.NameOf(key));
+    complete = target.WriteKey(name.c_str(), vx3::XmlToUtf8(document.KeyValue(key))) &&
                complete;
   }
   for (Element * section : document.ChildSections(source)) {
     int index = 1;
-    if (!XmlSettingsDocument::IndexOf(section, index)) continue;
-    std::string const name = vx3::XmlToUtf8(XmlSettingsDocument::NameOf(section));
-    std::unique_ptr<ConfigurationSection> child(XmlSettingsDocument::IsIndexed(section)
+    if (!document.IndexOf(section, index)) continue;
+    std::string const name = vx3::XmlToUtf8(document.NameOf(section));
+    std::unique_ptr<ConfigurationSection> child(document.IsIndexed(section)
                                                     ? target.CreateSubSection(name.c_str(), index)
                                                     : target.CreateSubSection(name.c_str()));
     complete = child && CopyInto(document, section, *child) && complete;
@@ -185,10 +179,10 @@ bool XercesXMLSection::WriteToSection(ConfigurationSection * target) const {
   if (target == nullptr) return false;
   // Copying a section into itself or below itself would never end.
   if (auto * xml = dynamic_cast<XercesXMLSection *>(target); xml && xml->mDocument == mDocument)
-    for (Element * at = Dom(xml->mElement); at != nullptr; at = mDocument->Parent(at))
-      if (at == Dom(mElement)) return false;
+    for (Element * at = xml->mElement; at != nullptr; at = mDocument->Parent(at))
+      if (at == mElement) return false;
   try {
-    return CopyInto(*mDocument, Dom(mElement), *target);
+    return CopyInto(*mDocument, mElement, *target);
   } catch (Exception const &) {
     return false;
   }

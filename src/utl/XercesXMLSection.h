@@ -36,7 +36,11 @@
 //    hold (control characters other than tab, line feed and carriage
 //    return) is refused: WriteKey returns false and stores nothing.
 //
-// Reading is hardened for files from elsewhere (see HardenedXmlParser.h):
+// Xerces-C lives in the XML module (XmlModule.h), which the first section
+// made loads; when it cannot be loaded, the constructors and
+// CreateXMLSectionFromString throw Exception.
+//
+// Reading is hardened for files from elsewhere (see XmlTree.h):
 // no document type, nesting at most 128 deep, at most 64 MB; each refused
 // with an Exception naming the file and the line.
 //

@@ -87,6 +87,24 @@ TEST_F(VxAppCoreTest, TheFirstRunWritesTheApplicationInfoAndALaterRunLeavesIt) {
   }
 }
 
+TEST_F(VxAppCoreTest, TheUserFileIsReadWhenSettingsAreFirstAskedFor) {
+  // What the file says when settings are first asked for counts, not what
+  // it said at SetRegistryLocation: an application may show its window
+  // before anything of XML is loaded.
+  VxAppCore core;
+  core.SetRegistryLocation();
+  fs::create_directories(UserFile().parent_path());
+  WriteBytes(UserFile().string(),
+             "<Settings><Section name=\"AppSettings\"><Key name=\"AppName\">Core Test</Key>"
+             "<Section name=\"Late\"><Key name=\"K\">written after</Key></Section>"
+             "</Section></Settings>");
+  std::unique_ptr<ConfigurationSection> section(core.GetAppSettings("Late", 0));
+  EXPECT_EQ(Read(*section, "K"), "written after");
+  // Later changes of the file are not read again: the process owns it now.
+  WriteBytes(UserFile().string(), "<Settings/>");
+  EXPECT_EQ(Read(*core.GetSettingsSection(), "AppName"), "Core Test");
+}
+
 TEST_F(VxAppCoreTest, AnUnreadableSettingsFileIsSwallowedAndNeverOverwritten) {
   fs::create_directories(UserFile().parent_path());
   std::string const damaged = "<?xml version=\"1.0\"?>\n<Settings><Section name=\"AppSet";
