@@ -195,19 +195,36 @@ wxSize CustomMessageBoxDlg::SizeText(wxString const & shown) {
   }
 
   // Still too large (a very long text, a line with no break opportunity):
-  // a read-only text view that scrolls, in the room that is left. A label as
-  // tall as many screens would be laid out whole by GTK and could exceed what
-  // an X window can be; a text view lays out only what it shows and lets
-  // the user select and copy the text. It shows the lines the text was
-  // measured in (ShortParagraphs).
+  // a read-only text view that scrolls. A label as tall as many screens
+  // would be laid out whole by GTK and could exceed what an X window can be;
+  // a text view lays out only what it shows and lets the user select and
+  // copy the text. It shows the lines the text was measured in
+  // (ShortParagraphs), and takes no more than three quarters of the screen's
+  // height, so that the box does not hide the application it speaks for.
+  std::wstring const lines = ShortParagraphs(wrapped, kCharactersPerLine);
+  bounds = LimitLineLength::GetBoundsRect(lines.c_str(), font);
+  int const margin = FromDlgX(2);
   int const scrollBar = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
-  size.x = std::max(std::min(size.x + scrollBar, room.x), FromDlgX(100));
-  size.y = std::max(std::min(size.y, room.y), 3 * GetCharHeight());
+  int const maxHeight = std::min(room.y, screen.y * 3 / 4 - frame.y - otherHeight);
+  size.x = std::max(std::min(bounds.width + 2 * margin + scrollBar, room.x), FromDlgX(100));
+  size.y = std::max(std::min(bounds.height, maxHeight), 3 * GetCharHeight());
   wxPoint const position = text->GetPosition();
   text->Destroy();
-  auto * view = new wxTextCtrl(this, kTextId, ShortParagraphs(wrapped, kCharactersPerLine),
-                               position, size, wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP);
+  auto * view = new wxTextCtrl(this, kTextId, lines, position, size,
+                               wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP);
   view->MoveAfterInTabOrder(icon);
+  // GTK's overlay scroll bars show only under the pointer: a person must see
+  // at once that there is more text. The text keeps off the view's border.
+  if (GTK_IS_SCROLLED_WINDOW(view->GetHandle())) {
+    GtkScrolledWindow * scrolled = GTK_SCROLLED_WINDOW(view->GetHandle());
+    gtk_scrolled_window_set_overlay_scrolling(scrolled, FALSE);
+    gtk_scrolled_window_set_policy(scrolled, GTK_POLICY_NEVER, GTK_POLICY_AUTOMATIC);
+    GtkWidget * textView = gtk_bin_get_child(GTK_BIN(scrolled));
+    if (GTK_IS_TEXT_VIEW(textView)) {
+      gtk_text_view_set_left_margin(GTK_TEXT_VIEW(textView), margin);
+      gtk_text_view_set_right_margin(GTK_TEXT_VIEW(textView), margin);
+    }
+  }
   return size;
 }
 
