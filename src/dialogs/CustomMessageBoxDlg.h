@@ -20,6 +20,7 @@
 #include <wx/string.h>
 
 #include "dialogs/VxDialog.h"
+#include "platform/WinUser.h"
 
 class CustomMessageBoxDlg : public VxDialog {
 public:
