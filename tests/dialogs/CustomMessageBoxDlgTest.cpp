@@ -85,9 +85,41 @@ TEST(CustomMessageBox, EachKindShowsItsButtonsInOneCentredRowBelowTheText) {
     EXPECT_GE(first.x, 1);
     EXPECT_LE(last.GetRight(), probe.client.x);
     EXPECT_FALSE(probe.Shows(CustomMessageBoxDlg::kCheckBoxId));
-    // The box cannot be made smaller than it opens.
+    // The box cannot be made smaller than it opens; Enter answers with the
+    // first button of the row.
     EXPECT_EQ(probe.minimum, probe.window);
+    EXPECT_EQ(probe.focus, row.order.front());
   }
+}
+
+TEST(CustomMessageBox, AWiderBoxWidensTheTextAndKeepsTheRowCentred) {
+  CustomMessageBoxDlg box(MB_YESNOCANCEL);
+  box.SetText(Words(300));
+  box.ShowCheckBox(true);
+  MessageBoxProbe before, after;
+  ModalDialogScript script;
+  script.Act([&](wxDialog & d) {
+    before = MessageBoxProbe::Of(d);
+    d.SetSize(d.GetSize() + wxSize(200, 100));
+    gui_test::WaitUntil([&] { return d.GetClientSize().x >= before.client.x + 200; });
+    after = MessageBoxProbe::Of(d);
+    Click(d, IDCANCEL);
+  });
+  box.DoModal();
+  int const grownX = after.client.x - before.client.x;
+  int const grownY = after.client.y - before.client.y;
+  ASSERT_GE(grownX, 200);
+  wxRect const textBefore = before.Rect(CustomMessageBoxDlg::kTextId);
+  wxRect const textAfter = after.Rect(CustomMessageBoxDlg::kTextId);
+  EXPECT_EQ(textAfter.GetTopLeft(), textBefore.GetTopLeft());
+  EXPECT_EQ(textAfter.GetSize(), textBefore.GetSize() + wxSize(grownX, grownY));
+  for (int id : {IDYES, IDNO, IDCANCEL}) {
+    EXPECT_NEAR(after.Rect(id).x, before.Rect(id).x + grownX / 2, 1);
+    EXPECT_EQ(after.Rect(id).y, before.Rect(id).y + grownY);
+  }
+  wxRect const check = after.Rect(CustomMessageBoxDlg::kCheckBoxId);
+  EXPECT_EQ(check.x, before.Rect(CustomMessageBoxDlg::kCheckBoxId).x);
+  EXPECT_EQ(check.y, before.Rect(CustomMessageBoxDlg::kCheckBoxId).y + grownY);
 }
 
 TEST(CustomMessageBox, TheTextSetsTheWidthUpToALineOfAHundredAndFortyCharacters) {

@@ -25,7 +25,7 @@ struct MessageBoxProbe {
   int x8 = 0;      // X(8)
   bool scrolls = false;  // the text sits in a text view
   wxString textShown;
-  bool checked = false;
+  int focus = 0;  // id of the control with the keyboard focus
 
   static MessageBoxProbe Of(wxDialog & dialog) {
     auto & box = dynamic_cast<CustomMessageBoxDlg &>(dialog);
@@ -42,6 +42,8 @@ struct MessageBoxProbe {
     probe.screen = box.GetScreenRect();
     int display = wxDisplay::GetFromWindow(&box);
     probe.workArea = wxDisplay(display == wxNOT_FOUND ? 0u : unsigned(display)).GetClientArea();
+    wxWindow * focused = wxWindow::FindFocus();
+    probe.focus = focused != nullptr ? focused->GetId() : 0;
     probe.gap = box.FromDlgX(4);
     probe.marginX = box.FromDlgX(6);
     probe.x8 = box.FromDlgX(8);
