@@ -1,7 +1,6 @@
-// The sample's Messages menu, command by command as a person uses it: the
-// boxes it shows, the memory of a ticked answer and forgetting it, and a
-// failing handler that ends in the internal-error dialog and lets the box
-// carry on.
+// The sample's Messages menu as a person uses it: the memory of a ticked
+// answer and forgetting it, and a failing handler that ends in the
+// internal-error dialog and lets the box carry on.
 #include <gtest/gtest.h>
 
 #include <wx/checkbox.h>
@@ -64,36 +63,6 @@ TEST_F(MessagesMenuTest, ATickedAnswerIsGivenBackUntilTheAnswersAreForgotten) {
   Run("Don't-show-again");
   EXPECT_EQ(script.Shown().size(), 2u);
   EXPECT_EQ(Status(), "The box was answered: Cancel.");
-}
-
-TEST_F(MessagesMenuTest, EachKindOfBoxShowsItsButtons) {
-  struct Case {
-    char const * command;
-    int press;
-    wxString yesLabel;  // empty: no Yes button
-    wxString status;
-  };
-  Case const cases[] = {
-      {"Information", IDOK, "", "The box was answered: OK."},
-      {"Warning", IDCANCEL, "", "The box was answered: Cancel."},
-      {"Question", IDNO, "&Yes", "The box was answered: No."},
-      {"Relabelled", IDYES, "&Save", "The box was answered: Yes."},
-      {"With a check box", IDYES, "&Yes",
-       "The box was answered: Yes, the check box is not ticked."},
-  };
-  for (Case const & c : cases) {
-    SCOPED_TRACE(c.command);
-    wxString yesLabel;
-    ModalDialogScript script;
-    script.Act([&](wxDialog & d) {
-      wxWindow * yes = d.FindWindow(IDYES);
-      if (yes->IsShown()) yesLabel = yes->GetLabel();
-      Click(d, c.press);
-    });
-    Run(c.command);
-    EXPECT_EQ(yesLabel, c.yesLabel);
-    EXPECT_EQ(Status(), c.status);
-  }
 }
 
 TEST_F(MessagesMenuTest, AFailingHandlerEndsInTheInternalErrorDialogAndTheBoxCarriesOn) {

@@ -269,29 +269,6 @@ TEST(CustomMessageBox, EscapeCancelsEveryBoxButYesNoWhichMustBeAnswered) {
   }
 }
 
-TEST(CustomMessageBox, YesAndNoEndWithTheirIdsAndReadTheCheckBoxCancelDoesNot) {
-  struct Case {
-    unsigned type;
-    int button;
-    int stateAfter;
-  };
-  Case const cases[] = {{MB_YESNOCANCEL, IDYES, 1}, {MB_YESNOCANCEL, IDNO, 1},
-                        {MB_YESNOCANCEL, IDCANCEL, 0}, {MB_OKCANCEL, IDOK, 1},
-                        {MB_OKCANCEL, IDCANCEL, 0}};
-  for (Case const & c : cases) {
-    SCOPED_TRACE(c.button);
-    CustomMessageBoxDlg box(c.type);
-    box.ShowCheckBox(true);
-    ModalDialogScript script;
-    script.Act([&](wxDialog & d) {
-      static_cast<wxCheckBox *>(d.FindWindow(CustomMessageBoxDlg::kCheckBoxId))->SetValue(true);
-      Click(d, c.button);
-    });
-    EXPECT_EQ(box.DoModal(), c.button);
-    EXPECT_EQ(box.GetCheckState(), c.stateAfter);
-  }
-}
-
 std::wstring Repeat(std::wstring const & piece, size_t times) {
   std::wstring text;
   for (size_t i = 0; i < times; ++i) text += piece;
