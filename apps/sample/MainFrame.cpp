@@ -1,6 +1,7 @@
 #include "MainFrame.h"
 
 #include "FileCommands.h"
+#include "MessagesMenu.h"
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
 #include <wx/dcscreen.h>
@@ -61,6 +62,7 @@ void MainFrame::BuildMenus() {
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));
   bar->Append(tools, Tr("Menu", "&Tools"));
+  bar->Append(CreateMessagesMenu(*this), Tr("Menu", "&Messages"));
   bar->Append(help, Tr("Menu", "&Help"));
   SetMenuBar(bar);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
