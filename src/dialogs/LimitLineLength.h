@@ -1,9 +1,10 @@
 #pragma once
 // Wraps text for the sized dialogs, tips and lists: at a number of
 // user-perceived characters or at a width in pixels, breaking where the
-// Unicode line-breaking rules allow. A piece that cannot fit on a line of its
-// own is split between grapheme clusters, so that no line overflows by more
-// than one cluster and no cluster is ever cut.
+// Unicode line-breaking rules allow. A piece (a word with what follows it)
+// that cannot fit on a line of its own is not split: it stands whole on a
+// line of its own, and the next piece starts a new line. Callers that must
+// fit a width (the message box) cut such lines themselves.
 
 #include <wx/dc.h>
 #include <wx/font.h>
@@ -16,7 +17,8 @@ class LimitLineLength {
 public:
   LimitLineLength() = delete;
 
-  // Inserts "\n" so that no line holds more than `limit` grapheme clusters.
+  // Inserts "\n" so that no line holds more than `limit` grapheme clusters,
+  // except a single piece longer than that.
   static std::wstring ByCharacters(std::wstring const & text, size_t limit);
 
   // Inserts "\n" so that no line is wider than `limit` pixels in the font of
