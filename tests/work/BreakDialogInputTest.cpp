@@ -1,0 +1,90 @@
+// Stopping a calculation with real input (XTest): the user clicks the break
+// dialog's stop button and answers Yes while the calculation goes on
+// reporting, and the next report returns false. The same while the
+// calculation runs under a modal dialog, whose grab must not reach the break
+// dialog. Nothing waits for time: the calculation reports until the click
+// has arrived, as a real one would.
+#include <gtest/gtest.h>
+#include <gtk/gtk.h>
+#include <wx/app.h>
+#include <wx/button.h>
+#include <wx/dialog.h>
+#include <wx/frame.h>
+
+#include <chrono>
+
+#include "ReportUntil.h"
+#include "XTestInput.h"
+#include "harness/GuiTestUtilities.h"
+#include "work/BreakConfirmWindow.h"
+#include "work/BreakDialog.h"
+#include "work/BreakSpinnerThread.h"
+#include "work/Progress.h"
+#include "work/ProgressPump.h"
+
+namespace {
+
+// What the user does while the calculation reports: Stop, then Yes. True
+// when a report returned false after that, and every later one does too.
+bool StopByClicking(Progress & progress) {
+  BreakDialog * const dialog = BreakSpinnerThread::Host().GetDialog();
+  if (dialog == nullptr) return false;
+  dialog->OnShowDelayElapsed();  // the delay ran out
+  if (!ReportUntil(progress, [&] { return IsWherePlaced(*dialog); })) return false;
+  FakeClick(dialog->GetStopButton());
+  auto asked = [&] {
+    BreakConfirmWindow * const confirm = dialog->GetConfirmWindow();
+    return confirm != nullptr && IsWherePlaced(*confirm);
+  };
+  if (!ReportUntil(progress, asked)) return false;
+  FakeClick(dialog->GetConfirmWindow()->GetYesButton());
+  auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+  while (progress.Set(50))
+    if (std::chrono::steady_clock::now() > deadline) return false;
+  return progress.IsBreakPressed() && !progress.Set(60) && !progress.NextSpin();
+}
+
+class BreakDialogInputTest : public testing::Test {
+protected:
+  void SetUp() override {
+    frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxPoint(40, 40), wxSize(640, 480));
+    wxTheApp->SetTopWindow(frame);
+    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+  }
+  void TearDown() override {
+    wxTheApp->SetTopWindow(nullptr);
+    frame->Destroy();
+    gui_test::Flush();
+  }
+
+  wxFrame * frame = nullptr;
+};
+
+TEST_F(BreakDialogInputTest, StopAndYesBreakTheCalculation) {
+  {
+    Progress progress(frame, L"Integrating", 0, 100, false, true, true, nullptr, nullptr, nullptr,
+                      500);
+    EXPECT_TRUE(progress.Set(10));
+    EXPECT_TRUE(StopByClicking(progress));
+  }
+  // The clicks went to the break dialog; none is left to replay.
+  EXPECT_EQ(progress_pump::HeldInputCount(), 0u);
+}
+
+TEST_F(BreakDialogInputTest, StopWorksUnderAModalDialog) {
+  auto * options = new wxDialog(frame, wxID_ANY, "Options", wxDefaultPosition, wxSize(300, 150));
+  bool stopped = false;
+  options->CallAfter([&] {
+    if (gui_test::WaitUntil([&] { return IsWherePlaced(*options); })) {
+      Progress progress(options, L"Integrating", 0, 100, false, true, true, nullptr, nullptr,
+                        nullptr, 500);
+      stopped = StopByClicking(progress);
+    }
+    options->EndModal(wxID_OK);
+  });
+  options->ShowModal();
+  options->Destroy();
+  EXPECT_TRUE(stopped);
+}
+
+}  // namespace

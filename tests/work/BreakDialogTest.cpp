@@ -1,0 +1,295 @@
+// The break dialog as Progress drives it, with a main frame of its own: the
+// show delay, the question and its answers, the spinner's pace, the faces
+// and the paintings. Timers are driven by calling their handlers.
+#include <gtest/gtest.h>
+#include <wx/app.h>
+#include <wx/button.h>
+#include <wx/dcmemory.h>
+#include <wx/frame.h>
+#include <wx/stattext.h>
+#include <wx/weakref.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "harness/GuiTestUtilities.h"
+#include "work/BreakConfirmWindow.h"
+#include "work/BreakDialog.h"
+#include "work/BreakSpinnerThread.h"
+#include "work/Progress.h"
+#include "work/Spinner.h"
+#include "work/VxGauge.h"
+
+namespace {
+
+// Artists with a few paintings each, drawn here; the preferred artist is set
+// by the test.
+class FakeArt : public BreakDialogArt {
+public:
+  explicit FakeArt(std::vector<int> paintings) : mPaintings(std::move(paintings)) {}
+  int GetNumArtists() override { return int(mPaintings.size()); }
+  int GetPreferedArtist() override { return preferred; }
+  int GetNumPaintings(int artist) override { return mPaintings.at(artist); }
+  wxSize GetMaxBitmapSize() override { return wxSize(160, 120); }
+  wxSize GetMaxPortraitSize() override { return wxSize(40, 50); }
+  wxString GetArtistName(int artist, int) override { return wxString::Format("Artist %d", artist); }
+  wxString GetArtistLifeSpan(int, int) override { return "1801-1870"; }
+  wxString GetPaintingName(int artist, int painting) override {
+    return wxString::Format("Painting %d of %d & co", painting, artist);
+  }
+  wxBitmap GetPainting(int, int painting) override {
+    return Draw(wxSize(100 + painting, 80), *wxBLUE);
+  }
+  wxBitmap GetArtistPortrait(int, int) override { return Draw(wxSize(40, 50), *wxRED); }
+
+  int preferred = 0;
+
+private:
+  static wxBitmap Draw(wxSize size, wxColour const & colour) {
+    wxBitmap bitmap(size);
+    wxMemoryDC dc(bitmap);
+    dc.SetBackground(wxBrush(colour));
+    dc.Clear();
+    return bitmap;
+  }
+  std::vector<int> mPaintings;
+};
+
+class BreakDialogTest : public testing::Test {
+protected:
+  void SetUp() override {
+    frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxPoint(50, 50), wxSize(600, 400));
+    wxTheApp->SetTopWindow(frame);
+    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+    host().SetArt(art);
+  }
+  void TearDown() override {
+    host().SetArt(nullptr);
+    wxTheApp->SetTopWindow(nullptr);
+    frame->Destroy();
+    gui_test::Flush();
+  }
+  static BreakSpinnerThread & host() { return BreakSpinnerThread::Host(); }
+  static BreakDialog & dialog() { return *host().GetDialog(); }
+
+  // A dialog progress as an operation makes it, with a delay no test waits for.
+  static std::unique_ptr<Progress> Start(bool spin, bool gauge, wchar_t const * confirm = nullptr) {
+    return std::make_unique<Progress>(nullptr, L"Summing the rows", 0.f, 10.f, spin, true, gauge,
+                                      confirm, L"Sample", L"Halt", 60000);
+  }
+
+  wxFrame * frame = nullptr;
+  std::shared_ptr<FakeArt> art = std::make_shared<FakeArt>(std::vector<int>{5, 3});
+};
+
+TEST_F(BreakDialogTest, ShowsOnlyAfterTheDelay) {
+  EXPECT_EQ(host().GetDialog(), nullptr);  // nothing before the first operation
+  wxWeakRef<BreakDialog> shortLived;
+  {
+    auto progress = Start(false, true);
+    ASSERT_NE(host().GetDialog(), nullptr);
+    shortLived = &dialog();
+    EXPECT_EQ(dialog().GetProgress(), progress.get());
+    EXPECT_TRUE(dialog().IsShowDelayRunning());
+    EXPECT_FALSE(dialog().IsShown());
+    EXPECT_EQ(dialog().GetTitle(), "Summing the rows");
+    EXPECT_EQ(dialog().GetStopButton().GetLabel(), "Halt");
+  }
+  // A short operation ends before the delay: nothing was shown, and the
+  // dialog goes with the operation.
+  EXPECT_EQ(host().GetDialog(), nullptr);
+  ASSERT_TRUE(shortLived);
+  EXPECT_FALSE(shortLived->IsShown());
+  EXPECT_FALSE(shortLived->IsShowDelayRunning());
+  EXPECT_EQ(shortLived->GetProgress(), nullptr);
+  gui_test::Flush();
+  EXPECT_FALSE(shortLived);
+
+  auto progress = Start(false, true);
+  dialog().OnShowDelayElapsed();
+  EXPECT_TRUE(dialog().IsShown());
+  EXPECT_FALSE(dialog().IsShowDelayRunning());
+  progress->SetInfoStr(L"Summing the columns");
+  EXPECT_EQ(dialog().GetTitle(), "Summing the columns");
+  progress->Set(4);
+  EXPECT_FLOAT_EQ(dialog().GetGauge().GetValue(), 4);
+  EXPECT_FLOAT_EQ(dialog().GetGauge().GetHigh(), 10);
+  Progress::Hide();
+  EXPECT_FALSE(dialog().IsShown());
+  Progress::Show();
+  EXPECT_TRUE(dialog().IsShown());
+  BreakDialog & ending = dialog();
+  progress.reset();
+  EXPECT_FALSE(ending.IsShown());
+}
+
+TEST_F(BreakDialogTest, ProgressShowCutsTheDelayShort) {
+  auto progress = Start(true, false);
+  EXPECT_EQ(Progress::GetBreakWindow(), &dialog());
+  EXPECT_TRUE(dialog().IsShown());
+  EXPECT_FALSE(dialog().IsShowDelayRunning());
+}
+
+TEST_F(BreakDialogTest, AnswersToTheQuestion) {
+  struct Case {
+    char const * name;
+    bool yes;
+  };
+  for (Case const & c : {Case{"No", false}, Case{"Yes", true}}) {
+    auto progress = Start(false, true, L"Stop summing?");
+    dialog().OnShowDelayElapsed();
+    dialog().AskToStop();
+    BreakConfirmWindow * const confirm = dialog().GetConfirmWindow();
+    ASSERT_NE(confirm, nullptr) << c.name;
+    EXPECT_TRUE(confirm->IsShown()) << c.name;
+    EXPECT_TRUE(dialog().IsConfirming()) << c.name;
+    EXPECT_EQ(confirm->GetQuestion(), "Stop summing?") << c.name;
+    EXPECT_EQ(confirm->GetTitle(), "Sample") << c.name;
+    // The operation goes on while the user thinks.
+    EXPECT_TRUE(progress->Set(5)) << c.name;
+    dialog().AskToStop();  // a second press only raises the question
+    EXPECT_TRUE(dialog().IsConfirming()) << c.name;
+
+    confirm->Answer(c.yes);
+    EXPECT_FALSE(confirm->IsShown()) << c.name;
+    EXPECT_FALSE(dialog().IsConfirming()) << c.name;
+    EXPECT_EQ(progress->Set(6), !c.yes) << c.name;
+    EXPECT_EQ(progress->IsBreakPressed(), c.yes) << c.name;
+    EXPECT_EQ(dialog().GetStopButton().IsEnabled(), !c.yes) << c.name;
+    EXPECT_EQ(dialog().GetGauge().GetCaption(), c.yes ? "Breaking..." : "") << c.name;
+  }
+  // The next operation starts afresh.
+  auto progress = Start(false, true);
+  EXPECT_TRUE(dialog().GetStopButton().IsEnabled());
+  EXPECT_EQ(dialog().GetGauge().GetCaption(), "");
+  EXPECT_TRUE(progress->Set(1));
+}
+
+TEST_F(BreakDialogTest, TheEndOfTheOperationAnswersNo) {
+  auto progress = Start(false, true);
+  BreakDialog & ending = dialog();
+  ending.OnShowDelayElapsed();
+  ending.AskToStop();
+  ASSERT_TRUE(ending.IsConfirmShown());
+  progress.reset();
+  EXPECT_FALSE(ending.IsConfirmShown());
+  EXPECT_FALSE(ending.IsConfirming());
+  EXPECT_FALSE(ending.IsShown());
+  // Nothing is served now: the stop button asks nothing.
+  ending.AskToStop();
+  EXPECT_FALSE(ending.IsConfirmShown());
+}
+
+TEST_F(BreakDialogTest, CloseBoxAsksAndTheApplicationsCloseEndsTheDialog) {
+  auto progress = Start(false, false);
+  dialog().OnShowDelayElapsed();
+  EXPECT_FALSE(dialog().Close());
+  EXPECT_TRUE(dialog().IsConfirming());
+  dialog().GetConfirmWindow()->Answer(false);
+  EXPECT_TRUE(progress->Set(1));
+  // The application closes all windows: the operation goes on without.
+  EXPECT_TRUE(dialog().Close(true));
+  EXPECT_EQ(host().GetDialog(), nullptr);
+  EXPECT_TRUE(progress->Set(2));
+  progress.reset();
+  progress = Start(false, false);
+  ASSERT_NE(host().GetDialog(), nullptr);
+  EXPECT_EQ(dialog().GetProgress(), progress.get());
+}
+
+TEST_F(BreakDialogTest, FacesFollowTheOperationAndTheArt) {
+  struct Case {
+    bool spin, gauge;
+    int preferred;
+    BreakDialogFace face;
+  };
+  for (Case const & c : {Case{true, true, 0, BreakDialogFace::kSpinner},  // art never with a spinner
+                         Case{false, true, 0, BreakDialogFace::kArt},
+                         Case{false, false, 1, BreakDialogFace::kArt},
+                         Case{false, true, -1, BreakDialogFace::kPlain}}) {
+    art->preferred = c.preferred;
+    auto progress = Start(c.spin, c.gauge);
+    dialog().OnShowDelayElapsed();
+    gui_test::Flush();
+    EXPECT_EQ(dialog().GetFace(), c.face) << c.spin << c.gauge << c.preferred;
+    EXPECT_EQ(dialog().GetGauge().IsShown(), c.gauge);
+    EXPECT_EQ(dialog().GetSpinner().IsShown(), c.face == BreakDialogFace::kSpinner);
+    EXPECT_EQ(dialog().GetArtistText().IsShown(), c.face == BreakDialogFace::kArt);
+    EXPECT_EQ(dialog().IsArtTimerRunning(), c.face == BreakDialogFace::kArt);
+    // Every control inside the dialog.
+    wxRect const client(dialog().GetClientSize());
+    for (wxWindow * child : dialog().GetChildren())
+      if (child->IsShown()) {
+        EXPECT_TRUE(client.Contains(child->GetRect())) << child->GetId();
+      }
+  }
+}
+
+TEST_F(BreakDialogTest, PaintingsComeInShuffledOrderAndContinueAcrossOperations) {
+  art->preferred = 0;
+  std::vector<int> seen;
+  {
+    auto progress = Start(false, true);
+    dialog().OnShowDelayElapsed();
+    seen.push_back(dialog().GetPaintingNumber());
+    EXPECT_EQ(dialog().GetPaintingText().GetLabelText(),
+              wxString::Format("Painting %d of 0 & co", seen.back()));
+    EXPECT_EQ(dialog().GetArtistText().GetLabelText(), "Artist 0\n1801-1870");
+    dialog().OnNextPictureTime();
+    seen.push_back(dialog().GetPaintingNumber());
+  }
+  {
+    // The same artist: the order goes on where it stood.
+    auto progress = Start(false, true);
+    EXPECT_EQ(dialog().GetPaintingNumber(), seen.back());
+    for (int i = 0; i < 3; ++i) {
+      dialog().OnNextPictureTime();
+      seen.push_back(dialog().GetPaintingNumber());
+    }
+    dialog().OnNextPictureTime();  // round the order: the first again
+    EXPECT_EQ(dialog().GetPaintingNumber(), seen.front());
+  }
+  std::vector<int> sorted = seen;
+  std::sort(sorted.begin(), sorted.end());
+  EXPECT_EQ(sorted, (std::vector<int>{0, 1, 2, 3, 4}));
+
+  // Another artist: its own paintings, from the start of a new order.
+  art->preferred = 1;
+  auto progress = Start(false, true);
+  std::set<int> other;
+  for (int i = 0; i < 3; ++i) {
+    other.insert(dialog().GetPaintingNumber());
+    dialog().OnNextPictureTime();
+  }
+  EXPECT_EQ(other, (std::set<int>{0, 1, 2}));
+  EXPECT_EQ(dialog().GetArtistText().GetLabelText(), "Artist 1\n1801-1870");
+}
+
+TEST_F(BreakDialogTest, SpinnerStepsAtMostOnceIn251Milliseconds) {
+  auto progress = Start(true, false);
+  Spinner & spinner = dialog().GetSpinner();
+  std::uint32_t now = 0xFFFFFF00u;  // the clock wraps on the way
+  spinner.SetClock([&now] { return now; });
+  spinner.Rest();
+  EXPECT_EQ(spinner.GetFrame(), Spinner::kRestFrame);
+  std::vector<int> frames;
+  for (int i = 0; i < 8; ++i) {
+    now += 250;
+    progress->NextSpin();  // too early: no turn
+    EXPECT_EQ(spinner.GetFrame(), frames.empty() ? Spinner::kRestFrame : frames.back());
+    now += 1;
+    progress->NextSpin();
+    frames.push_back(spinner.GetFrame());
+  }
+  EXPECT_EQ(frames, (std::vector<int>{0, 1, 2, 3, 4, 5, 0, 1}));
+  progress->SpinDone();
+  EXPECT_EQ(spinner.GetFrame(), Spinner::kRestFrame);
+  now += 251;
+  progress->NextSpin();
+  EXPECT_EQ(spinner.GetFrame(), 0);  // from rest to the first frame
+}
+
+}  // namespace
