@@ -2,7 +2,9 @@
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 
-find_package(Boost 1.74 REQUIRED COMPONENTS locale filesystem system thread date_time)
+find_package(Boost 1.74 REQUIRED COMPONENTS locale filesystem system thread date_time
+                                            serialization iostreams)
+find_package(JPEG REQUIRED)
 find_package(XercesC 3.2 REQUIRED)
 find_package(OpenSSL 3.0 REQUIRED COMPONENTS Crypto)
 find_package(SQLite3 3.35 REQUIRED)
@@ -10,6 +12,7 @@ pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-uc icu-i18n)
 pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
 pkg_check_modules(LIBXSLT REQUIRED IMPORTED_TARGET libxslt)
 pkg_check_modules(LIBZIP REQUIRED IMPORTED_TARGET libzip)
+pkg_check_modules(GSF REQUIRED IMPORTED_TARGET libgsf-1)
 
 # wxBase only for the utility layer; the GUI library takes core, adv, html.
 find_package(wxWidgets 3.2 REQUIRED COMPONENTS base)

@@ -1,0 +1,23 @@
+#pragma once
+// One stream under the root of an OLE2 compound file, read straight from the
+// file: the header, the allocation tables and the directory are mapped and
+// walked only as far as the stream needs. libgsf builds the whole directory
+// (sorted) on open, which costs milliseconds for an archive with thousands
+// of pictures; readers of the art archive want one list or one picture.
+//
+// Every sector number, chain and size is checked against the file, so that a
+// damaged or hostile file gives false, never a read outside it or an endless
+// walk.
+
+#include <cstddef>
+#include <string>
+
+namespace vx3 {
+
+// Fills `bytes` with the stream `name` (UTF-8, compared exactly) directly
+// under the root. False if the file cannot be read, is no compound file, has
+// no such stream, or the stream is longer than `maxBytes` or damaged.
+bool ReadCompoundFileStream(std::string const & path, std::string const & name, size_t maxBytes,
+                            std::string & bytes);
+
+}  // namespace vx3
