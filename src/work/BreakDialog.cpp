@@ -10,9 +10,8 @@
 #include "frame/VxApp.h"
 #include "utl/Translation.h"
 #include "work/BreakConfirmWindow.h"
-#include "work/BreakDialogArt.h"
-#include "work/PaintingOrder.h"
 #include "work/Progress.h"
+#include "work/ProgressArt.h"
 #include "work/ProgressPump.h"
 #include "work/Spinner.h"
 #include "work/VxGauge.h"
@@ -30,11 +29,10 @@ constexpr int kTitleRoomDip = 320;
 
 }  // namespace
 
-BreakDialog::BreakDialog(std::shared_ptr<BreakDialogArt> art, PaintingOrder & order)
+BreakDialog::BreakDialog(ProgressArtShow & paintings)
     : wxDialog(nullptr, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                wxCAPTION | wxCLOSE_BOX),
-      mArt(std::move(art)),
-      mOrder(order),
+      mPaintings(paintings),
       mShowDelayTimer(this, kShowDelayTimerId),
       mArtTimer(this, kArtTimerId) {
   mStopButton = new wxButton(this, wxID_OK, vx3::Tr("Stop button", "Stop"));
@@ -117,7 +115,7 @@ std::intptr_t BreakDialog::HandleMessage(ProgressBreakDialog::Message message,
 
 void BreakDialog::Start(std::uint32_t delay, Progress * progress) {
   mGauge->SetCaption(wxString());
-  bool const art = mOrder.Refresh(*mArt);
+  bool const art = mPaintings.Restart();
   mProgress = progress;
   mHasGauge = progress->HasGauge();
   if (progress->HasSpinner())
@@ -132,8 +130,8 @@ void BreakDialog::Start(std::uint32_t delay, Progress * progress) {
   LayOut();
   if (mFace == BreakDialogFace::kArt) {
     // The painting where the last operation of this artist left it.
-    if (mOrder.HasCurrent())
-      ShowPicture();
+    if (mPaintings.Current().painting.IsOk())
+      ShowPicture(mPaintings.Current());
     else
       NextPicture();
     mArtTimer.Start(kArtIntervalMs);
@@ -160,8 +158,8 @@ void BreakDialog::LayOut() {
   measures.button = mStopButton->GetBestSize();
   measures.spinner = mSpinner->GetDesiredSize();
   measures.placeholder = mPlaceholder->GetBestSize();
-  measures.painting = mArt->GetMaxBitmapSize();
-  measures.portrait = mArt->GetMaxPortraitSize();
+  measures.painting = ProgressArt::GetMaxBitmapSize();
+  measures.portrait = ProgressArt::GetMaxPortraitSize();
   measures.artistText = wxSize(FromDIP(kArtistTextWidthDip), 2 * mArtistText->GetCharHeight());
   measures.paintingTextHeight = mPaintingText->GetCharHeight();
   measures.gaugeHeight = mHasGauge ? mGauge->GetDesiredHeight() : 0;
@@ -249,8 +247,6 @@ void BreakDialog::OnClose(wxCloseEvent & event) {
   Destroy();
 }
 
-int BreakDialog::GetPaintingNumber() const { return mOrder.GetPainting(); }
-
 bool BreakDialog::IsConfirmShown() const { return mConfirm != nullptr && mConfirm->IsShown(); }
 
 void BreakDialog::OnNextPictureTime() {
@@ -258,23 +254,18 @@ void BreakDialog::OnNextPictureTime() {
 }
 
 void BreakDialog::NextPicture() {
-  if (mOrder.IsEmpty()) return;
-  mOrder.Next();
-  ShowPicture();
+  if (mPaintings.HasArt()) ShowPicture(mPaintings.Next());
 }
 
-void BreakDialog::ShowPicture() {
-  int const artist = mOrder.GetArtist();
-  int const painting = mOrder.GetPainting();
-  wxBitmap const picture = mArt->GetPainting(artist, painting);
-  wxBitmap const portrait = mArt->GetArtistPortrait(artist, painting);
+void BreakDialog::ShowPicture(ProgressArtPicture const & shown) {
+  wxBitmap const picture = shown.painting.IsOk() ? wxBitmap(shown.painting) : wxBitmap();
+  wxBitmap const portrait = shown.portrait.IsOk() ? wxBitmap(shown.portrait) : wxBitmap();
   mPainting->SetBitmap(picture);
   mPortrait->SetBitmap(portrait);
   if (picture.IsOk()) mPainting->SetSize(CentreIn(mLayout.painting, picture.GetSize()));
   if (portrait.IsOk()) mPortrait->SetSize(CentreIn(mLayout.portrait, portrait.GetSize()));
   mPainting->Show(picture.IsOk());
   mPortrait->Show(portrait.IsOk());
-  mPaintingText->SetLabelText(mArt->GetPaintingName(artist, painting));
-  mArtistText->SetLabelText(mArt->GetArtistName(artist, painting) + "\n" +
-                        mArt->GetArtistLifeSpan(artist, painting));
+  mPaintingText->SetLabelText(wxString::FromUTF8(shown.paintingName));
+  mArtistText->SetLabelText(wxString::FromUTF8(shown.artistName + "\n" + shown.lifeSpan));
 }

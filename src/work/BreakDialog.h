@@ -22,15 +22,14 @@
 #include <wx/timer.h>
 
 #include <cstdint>
-#include <memory>
 
 #include "work/BreakDialogLayout.h"
 #include "work/ProgressBreakDialog.h"
 
 class BreakConfirmWindow;
-class BreakDialogArt;
-class PaintingOrder;
 class Progress;
+class ProgressArtShow;
+struct ProgressArtPicture;
 class Spinner;
 class VxGauge;
 class wxButton;
@@ -47,8 +46,9 @@ public:
   static constexpr int kGaugeId = 13048;
   static constexpr int kArtIntervalMs = 15000;
 
-  // `order` outlives the dialog: the next operation's dialog goes on with it.
-  BreakDialog(std::shared_ptr<BreakDialogArt> art, PaintingOrder & order);
+  // `paintings` outlives the dialog: the next operation's dialog goes on
+  // where this one left them.
+  explicit BreakDialog(ProgressArtShow & paintings);
   ~BreakDialog() override;
 
   // One message of the seam; returns 0 like the family's handlers.
@@ -66,8 +66,6 @@ public:
   bool IsShowDelayRunning() const { return mShowDelayTimer.IsRunning(); }
   bool IsArtTimerRunning() const { return mArtTimer.IsRunning(); }
   BreakDialogFace GetFace() const { return mFace; }
-  // The painting on show as a number of the artist; -1 before the first.
-  int GetPaintingNumber() const;
   bool IsConfirmShown() const;
   // Null until the question was asked once.
   BreakConfirmWindow * GetConfirmWindow() const { return mConfirm; }
@@ -85,13 +83,12 @@ private:
   void Stop();
   void ShowNow();
   void NextPicture();
-  void ShowPicture();
+  void ShowPicture(ProgressArtPicture const & picture);
   void LayOut();
   void OnAnswer(bool stop);
   void OnClose(wxCloseEvent & event);
 
-  std::shared_ptr<BreakDialogArt> mArt;
-  PaintingOrder & mOrder;
+  ProgressArtShow & mPaintings;
   Progress * mProgress = nullptr;
   wxButton * mStopButton = nullptr;
   Spinner * mSpinner = nullptr;

@@ -10,8 +10,6 @@ BreakSpinnerThread & BreakSpinnerThread::Host() {
   return *host;
 }
 
-BreakSpinnerThread::BreakSpinnerThread() : mArt(MakeProcessBreakDialogArt()) {}
-
 bool BreakSpinnerThread::IsWindow() const { return wxTheApp != nullptr && wxThread::IsMain(); }
 
 BreakDialog * BreakSpinnerThread::GetDialog() const {
@@ -27,7 +25,7 @@ wxWindow * BreakSpinnerThread::Window() const { return GetDialog(); }
 std::intptr_t BreakSpinnerThread::Send(Message message, std::uintptr_t wParam,
                                        void const * lParam) {
   if (!IsWindow()) return 0;
-  if (message == kStart && GetDialog() == nullptr) mDialog = new BreakDialog(mArt, mOrder);
+  if (message == kStart && GetDialog() == nullptr) mDialog = new BreakDialog(mPaintings);
   BreakDialog * const dialog = GetDialog();
   if (dialog == nullptr) return 0;
   std::intptr_t const result = dialog->HandleMessage(message, wParam, lParam);
@@ -39,7 +37,6 @@ std::intptr_t BreakSpinnerThread::Send(Message message, std::uintptr_t wParam,
   return result;
 }
 
-void BreakSpinnerThread::SetArt(std::shared_ptr<BreakDialogArt> art) {
-  mArt = art ? std::move(art) : MakeProcessBreakDialogArt();
-  mOrder = PaintingOrder();
+void BreakSpinnerThread::RestartPaintings(ProgressArtShow paintings) {
+  mPaintings = std::move(paintings);
 }

@@ -6,8 +6,8 @@
 // thread is the laziness: nothing is made before the first dialog progress.
 //
 // Each operation gets a dialog window of its own, made at its start and
-// destroyed at its end; what lasts from one operation to the next (the art
-// and where the paintings stand) lives here. A window hidden and shown
+// destroyed at its end; what lasts from one operation to the next (where
+// the paintings stand) lives here. A window hidden and shown
 // again under a modal dialog comes back misplaced and shrunk under some
 // window managers, so a window is never shown for a second operation.
 
@@ -15,19 +15,14 @@
 
 #include <wx/weakref.h>
 
-#include <memory>
-
 #include "work/BreakDialog.h"
-#include "work/BreakDialogArt.h"
-#include "work/PaintingOrder.h"
+#include "work/ProgressArt.h"
 #include "work/ProgressBreakDialog.h"
 
 class BreakSpinnerThread : public ProgressBreakDialog {
 public:
   // The process's host; Progress uses it unless told otherwise.
   static BreakSpinnerThread & Host();
-
-  BreakSpinnerThread();
 
   // True on the GUI thread of a running GUI: a dialog is made when needed.
   bool IsWindow() const override;
@@ -39,12 +34,11 @@ public:
 
   // The dialog of the operation; null between operations.
   BreakDialog * GetDialog() const;
-  // Replaces the paintings (null: the process's own) from the next
-  // operation on; the order of paintings starts afresh.
-  void SetArt(std::shared_ptr<BreakDialogArt> art);
+  // Starts the walk through the paintings afresh, with `paintings`; after
+  // ProgressArt::Reload, and in tests for an order of their own.
+  void RestartPaintings(ProgressArtShow paintings = ProgressArtShow());
 
 private:
-  std::shared_ptr<BreakDialogArt> mArt;
-  PaintingOrder mOrder;
+  ProgressArtShow mPaintings;
   wxWeakRef<BreakDialog> mDialog;
 };

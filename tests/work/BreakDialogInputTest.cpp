@@ -30,11 +30,11 @@ bool StopByClicking(Progress & progress) {
   BreakDialog * const dialog = BreakSpinnerThread::Host().GetDialog();
   if (dialog == nullptr) return false;
   dialog->OnShowDelayElapsed();  // the delay ran out
-  if (!ReportUntil(progress, [&] { return IsWherePlaced(*dialog); })) return false;
+  if (!ReportUntil(progress, [&] { return IsClickable(dialog->GetStopButton()); })) return false;
   FakeClick(dialog->GetStopButton());
   auto asked = [&] {
     BreakConfirmWindow * const confirm = dialog->GetConfirmWindow();
-    return confirm != nullptr && IsWherePlaced(*confirm);
+    return confirm != nullptr && IsClickable(confirm->GetYesButton());
   };
   if (!ReportUntil(progress, asked)) return false;
   FakeClick(dialog->GetConfirmWindow()->GetYesButton());

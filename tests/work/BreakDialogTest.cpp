@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/button.h>
-#include <wx/dcmemory.h>
 #include <wx/frame.h>
 #include <wx/stattext.h>
 #include <wx/weakref.h>
@@ -16,47 +15,29 @@
 #include <vector>
 
 #include "harness/GuiTestUtilities.h"
+#include "pictures/ArtTestFiles.h"
 #include "work/BreakConfirmWindow.h"
 #include "work/BreakDialog.h"
 #include "work/BreakSpinnerThread.h"
 #include "work/Progress.h"
+#include "work/ProgressArt.h"
 #include "work/Spinner.h"
 #include "work/VxGauge.h"
 
 namespace {
 
-// Artists with a few paintings each, drawn here; the preferred artist is set
-// by the test.
-class FakeArt : public BreakDialogArt {
-public:
-  explicit FakeArt(std::vector<int> paintings) : mPaintings(std::move(paintings)) {}
-  int GetNumArtists() override { return int(mPaintings.size()); }
-  int GetPreferedArtist() override { return preferred; }
-  int GetNumPaintings(int artist) override { return mPaintings.at(artist); }
-  wxSize GetMaxBitmapSize() override { return wxSize(160, 120); }
-  wxSize GetMaxPortraitSize() override { return wxSize(40, 50); }
-  wxString GetArtistName(int artist, int) override { return wxString::Format("Artist %d", artist); }
-  wxString GetArtistLifeSpan(int, int) override { return "1801-1870"; }
-  wxString GetPaintingName(int artist, int painting) override {
-    return wxString::Format("Painting %d of %d & co", painting, artist);
-  }
-  wxBitmap GetPainting(int, int painting) override {
-    return Draw(wxSize(100 + painting, 80), *wxBLUE);
-  }
-  wxBitmap GetArtistPortrait(int, int) override { return Draw(wxSize(40, 50), *wxRED); }
-
-  int preferred = 0;
-
-private:
-  static wxBitmap Draw(wxSize size, wxColour const & colour) {
-    wxBitmap bitmap(size);
-    wxMemoryDC dc(bitmap);
-    dc.SetBackground(wxBrush(colour));
-    dc.Clear();
-    return bitmap;
-  }
-  std::vector<int> mPaintings;
-};
+// Two painters in archives of the test's own: "Alpha & co" with five
+// paintings and "Beta" with three.
+void MakeArchives(std::string const & folder) {
+  if (VxFileExist(VxPathAppend(folder, "a.vart"))) return;
+  VxCreateFolder(folder);
+  std::string const source = WriteJpeg("painting.jpg", 40, 30);
+  std::string const portrait = WriteJpeg("portrait.jpg", 8, 9);
+  CollectionInfo alpha = Painter("Alpha & co", {"A0", "A1", "A2", "A3", "A4"}, "alpha");
+  SaveCollection(VxPathAppend(folder, "a.vart"), alpha, source, portrait);
+  SaveCollection(VxPathAppend(folder, "b.vart"), Painter("Beta", {"B0", "B1", "B2"}, "beta"),
+                 source, portrait);
+}
 
 class BreakDialogTest : public testing::Test {
 protected:
@@ -64,10 +45,12 @@ protected:
     frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxPoint(50, 50), wxSize(600, 400));
     wxTheApp->SetTopWindow(frame);
     ASSERT_TRUE(gui_test::ShowAndWait(*frame));
-    host().SetArt(art);
+    std::string const folder = Temp("art");
+    MakeArchives(folder);
+    ProgressArt::Reload({folder});
+    host().RestartPaintings();
   }
   void TearDown() override {
-    host().SetArt(nullptr);
     wxTheApp->SetTopWindow(nullptr);
     frame->Destroy();
     gui_test::Flush();
@@ -81,8 +64,10 @@ protected:
                                       confirm, L"Sample", L"Halt", 60000);
   }
 
+  // The painting on show, by its title.
+  static wxString Shown() { return dialog().GetPaintingText().GetLabelText(); }
+
   wxFrame * frame = nullptr;
-  std::shared_ptr<FakeArt> art = std::make_shared<FakeArt>(std::vector<int>{5, 3});
 };
 
 TEST_F(BreakDialogTest, ShowsOnlyAfterTheDelay) {
@@ -210,7 +195,7 @@ TEST_F(BreakDialogTest, FacesFollowTheOperationAndTheArt) {
                          Case{false, true, 0, BreakDialogFace::kArt},
                          Case{false, false, 1, BreakDialogFace::kArt},
                          Case{false, true, -1, BreakDialogFace::kPlain}}) {
-    art->preferred = c.preferred;
+    ProgressArt::SetPreferedArtist(c.preferred);
     auto progress = Start(c.spin, c.gauge);
     dialog().OnShowDelayElapsed();
     gui_test::Flush();
@@ -229,43 +214,41 @@ TEST_F(BreakDialogTest, FacesFollowTheOperationAndTheArt) {
 }
 
 TEST_F(BreakDialogTest, PaintingsComeInShuffledOrderAndContinueAcrossOperations) {
-  art->preferred = 0;
-  std::vector<int> seen;
+  // Each draw takes the last place left: the order stays 0, 1, 2, ...
+  host().RestartPaintings(ProgressArtShow([](uint32_t bound) { return bound - 1; }));
+  ProgressArt::SetPreferedArtist(0);
+  std::vector<wxString> seen;
   {
     auto progress = Start(false, true);
     dialog().OnShowDelayElapsed();
-    seen.push_back(dialog().GetPaintingNumber());
-    EXPECT_EQ(dialog().GetPaintingText().GetLabelText(),
-              wxString::Format("Painting %d of 0 & co", seen.back()));
-    EXPECT_EQ(dialog().GetArtistText().GetLabelText(), "Artist 0\n1801-1870");
+    seen.push_back(Shown());
+    EXPECT_EQ(dialog().GetArtistText().GetLabelText(), "Alpha & co\nAlpha & co lived");
     dialog().OnNextPictureTime();
-    seen.push_back(dialog().GetPaintingNumber());
+    seen.push_back(Shown());
   }
   {
-    // The same artist: the order goes on where it stood.
+    // The same artist: the next operation goes on where the last one stood.
     auto progress = Start(false, true);
-    EXPECT_EQ(dialog().GetPaintingNumber(), seen.back());
+    EXPECT_EQ(Shown(), seen.back());
     for (int i = 0; i < 3; ++i) {
       dialog().OnNextPictureTime();
-      seen.push_back(dialog().GetPaintingNumber());
+      seen.push_back(Shown());
     }
     dialog().OnNextPictureTime();  // round the order: the first again
-    EXPECT_EQ(dialog().GetPaintingNumber(), seen.front());
+    EXPECT_EQ(Shown(), seen.front());
   }
-  std::vector<int> sorted = seen;
-  std::sort(sorted.begin(), sorted.end());
-  EXPECT_EQ(sorted, (std::vector<int>{0, 1, 2, 3, 4}));
+  EXPECT_EQ(seen, (std::vector<wxString>{"A0", "A1", "A2", "A3", "A4"}));
 
-  // Another artist: its own paintings, from the start of a new order.
-  art->preferred = 1;
+  // Another artist: its own paintings in an order of its own.
+  ProgressArt::SetPreferedArtist(1);
   auto progress = Start(false, true);
-  std::set<int> other;
+  std::set<wxString> other;
   for (int i = 0; i < 3; ++i) {
-    other.insert(dialog().GetPaintingNumber());
+    other.insert(Shown());
     dialog().OnNextPictureTime();
   }
-  EXPECT_EQ(other, (std::set<int>{0, 1, 2}));
-  EXPECT_EQ(dialog().GetArtistText().GetLabelText(), "Artist 1\n1801-1870");
+  EXPECT_EQ(other, (std::set<wxString>{"B0", "B1", "B2"}));
+  EXPECT_EQ(dialog().GetArtistText().GetLabelText(), "Beta\nBeta lived");
 }
 
 TEST_F(BreakDialogTest, SpinnerStepsAtMostOnceIn251Milliseconds) {

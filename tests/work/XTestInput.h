@@ -33,6 +33,38 @@ inline bool IsWherePlaced(wxTopLevelWindow & window) {
   return std::abs(x - placed.x) < 40 && std::abs(y - placed.y) < 40;
 }
 
+// True when a click on the middle of `target` reaches its window: the X
+// server has it mapped there and no other window over it. The window
+// manager maps, places and stacks a window in steps of its own.
+inline bool IsClickable(wxWindow & target) {
+  if (!target.IsShownOnScreen() || !gtk_widget_get_mapped(target.GetHandle())) return false;
+  Display * const display = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+  Window const rootWindow = DefaultRootWindow(display);
+  // The child of the root that holds the target: the manager's frame.
+  Window mine = GDK_WINDOW_XID(gtk_widget_get_window(gtk_widget_get_toplevel(target.GetHandle())));
+  for (;;) {
+    Window root = 0, parent = 0, * children = nullptr;
+    unsigned count = 0;
+    if (!XQueryTree(display, mine, &root, &parent, &children, &count)) return false;
+    if (children != nullptr) XFree(children);
+    if (parent == rootWindow) break;
+    mine = parent;
+  }
+  wxPoint const centre = ScreenCentre(target);
+  Window root = 0, parent = 0, * children = nullptr;
+  unsigned count = 0;
+  if (!XQueryTree(display, rootWindow, &root, &parent, &children, &count)) return false;
+  Window top = 0;
+  for (unsigned i = count; i-- > 0 && top == 0;) {  // top of the stack first
+    XWindowAttributes a;
+    if (XGetWindowAttributes(display, children[i], &a) && a.map_state == IsViewable &&
+        wxRect(a.x, a.y, a.width, a.height).Contains(centre))
+      top = children[i];
+  }
+  if (children != nullptr) XFree(children);
+  return top == mine;
+}
+
 // Presses and releases the first button over the middle of `target`; the
 // server has made the events once this returns.
 inline void FakeClick(wxWindow & target) {
