@@ -57,7 +57,8 @@ BreakDialogLayout LayOutBreakDialog(BreakDialogMeasures const & in) {
       // painting's lower edge.
       out.button = wxRect(columnLeft + (column - in.button.x) / 2, m + top - in.button.y,
                           in.button.x, in.button.y);
-      out.paintingText = wxRect(m, m + top + 2, out.client.x - 2 * m, in.paintingTextHeight);
+      // The painting's name under the painting, not under the whole dialog.
+      out.paintingText = wxRect(m, m + top + 2, in.painting.x, in.paintingTextHeight);
       out.client.y += 2 + in.paintingTextHeight;
       break;
     }

@@ -108,9 +108,10 @@ TEST(BreakDialogLayout, ArtFaceKeepsRoomForTheLargestPictures) {
   // The column beside the painting is centred: portrait and button alike.
   EXPECT_EQ(layout.portrait.GetLeft() - layout.artistText.GetLeft(),
             layout.artistText.GetRight() - layout.portrait.GetRight());
-  // The painting's name below the painting, as wide as the dialog's inside.
+  // The painting's name below the painting and centred on it.
   EXPECT_GT(layout.paintingText.GetTop(), layout.painting.GetBottom());
-  EXPECT_EQ(layout.paintingText.width, layout.client.x - 2 * kMargin);
+  EXPECT_EQ(layout.paintingText.GetLeft(), layout.painting.GetLeft());
+  EXPECT_EQ(layout.paintingText.width, layout.painting.width);
 
   // A tall column (big portrait) sets the height; the painting is centred on it.
   m.portrait = wxSize(90, 400);
