@@ -9,10 +9,10 @@
 #include <wx/app.h>
 #include <wx/button.h>
 #include <wx/dialog.h>
-#include <wx/frame.h>
 
 #include <chrono>
 
+#include "MainFrameTest.h"
 #include "ReportUntil.h"
 #include "XTestInput.h"
 #include "harness/GuiTestUtilities.h"
@@ -44,21 +44,7 @@ bool StopByClicking(Progress & progress) {
   return progress.IsBreakPressed() && !progress.Set(60) && !progress.NextSpin();
 }
 
-class BreakDialogInputTest : public testing::Test {
-protected:
-  void SetUp() override {
-    frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxPoint(40, 40), wxSize(640, 480));
-    wxTheApp->SetTopWindow(frame);
-    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
-  }
-  void TearDown() override {
-    wxTheApp->SetTopWindow(nullptr);
-    frame->Destroy();
-    gui_test::Flush();
-  }
-
-  wxFrame * frame = nullptr;
-};
+using BreakDialogInputTest = MainFrameTest;
 
 TEST_F(BreakDialogInputTest, StopAndYesBreakTheCalculation) {
   {

@@ -4,16 +4,15 @@
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/button.h>
-#include <wx/frame.h>
 #include <wx/stattext.h>
 #include <wx/weakref.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <set>
 #include <vector>
 
+#include "MainFrameTest.h"
 #include "harness/GuiTestUtilities.h"
 #include "pictures/ArtTestFiles.h"
 #include "work/BreakConfirmWindow.h"
@@ -39,21 +38,14 @@ void MakeArchives(std::string const & folder) {
                  source, portrait);
 }
 
-class BreakDialogTest : public testing::Test {
+class BreakDialogTest : public MainFrameTest {
 protected:
   void SetUp() override {
-    frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxPoint(50, 50), wxSize(600, 400));
-    wxTheApp->SetTopWindow(frame);
-    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+    MainFrameTest::SetUp();
     std::string const folder = Temp("art");
     MakeArchives(folder);
     ProgressArt::Reload({folder});
     host().RestartPaintings();
-  }
-  void TearDown() override {
-    wxTheApp->SetTopWindow(nullptr);
-    frame->Destroy();
-    gui_test::Flush();
   }
   static BreakSpinnerThread & host() { return BreakSpinnerThread::Host(); }
   static BreakDialog & dialog() { return *host().GetDialog(); }
@@ -66,8 +58,6 @@ protected:
 
   // The painting on show, by its title.
   static wxString Shown() { return dialog().GetPaintingText().GetLabelText(); }
-
-  wxFrame * frame = nullptr;
 };
 
 TEST_F(BreakDialogTest, ShowsOnlyAfterTheDelay) {

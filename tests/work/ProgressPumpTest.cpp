@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "MainFrameTest.h"
 #include "ReportUntil.h"
 #include "XTestInput.h"
 #include "harness/GuiTestUtilities.h"
@@ -22,10 +23,9 @@
 
 namespace {
 
-class ProgressPumpTest : public testing::Test {
+class ProgressPumpTest : public MainFrameTest {
 protected:
-  void SetUp() override {
-    frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxDefaultPosition, wxSize(500, 300));
+  void Populate() override {
     frame->SetStatusBar(new VxStatusBar(frame));
     auto * panel = new wxPanel(frame);
     first = new wxButton(panel, wxID_ANY, "First", wxPoint(20, 20), wxSize(120, 40));
@@ -37,16 +37,8 @@ protected:
       ++paints;
       event.Skip();
     });
-    wxTheApp->SetTopWindow(frame);
-    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
-  }
-  void TearDown() override {
-    wxTheApp->SetTopWindow(nullptr);
-    frame->Destroy();
-    gui_test::Flush();
   }
 
-  wxFrame * frame = nullptr;
   wxButton * first = nullptr;
   wxButton * second = nullptr;
   wxWindow * canvas = nullptr;
