@@ -69,8 +69,9 @@ std::array<wxBitmap, Spinner::kFrames> MakeFrames() {
 }  // namespace
 
 wxBitmap const & Spinner::FrameBitmap(int frame) {
-  static std::array<wxBitmap, kFrames> const frames = MakeFrames();
-  return frames[(frame % kFrames + kFrames) % kFrames];
+  // Never freed: bitmaps must not outlive the toolkit at the process's exit.
+  static auto const * const frames = new std::array<wxBitmap, kFrames>(MakeFrames());
+  return (*frames)[(frame % kFrames + kFrames) % kFrames];
 }
 
 Spinner::Spinner(wxWindow * parent, wxWindowID id)
