@@ -2,6 +2,7 @@
 
 #include <gtk/gtk.h>
 #include <wx/button.h>
+#include <wx/display.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
 
@@ -137,16 +138,12 @@ void BreakDialog::Start(std::uint32_t delay, Progress * progress) {
     mArtTimer.Start(kArtIntervalMs);
   }
 
-  // Centred on the main window, above it.
+  // Centred on the main window, on the screen that shows it.
   wxWindow * const main = VxGetMainWnd();
-  if (main != nullptr && main != this) {
-    wxRect const area = main->GetScreenRect();
-    wxSize const size = GetSize();
-    SetPosition(wxPoint((area.GetLeft() + area.GetRight()) / 2 - size.x / 2,
-                        (area.GetTop() + area.GetBottom()) / 2 - size.y / 2));
-  } else {
-    CentreOnScreen();
-  }
+  int const display = wxDisplay::GetFromWindow(main != nullptr ? main : this);
+  wxRect const screen = wxDisplay(display != wxNOT_FOUND ? display : 0).GetClientArea();
+  wxRect const owner = main != nullptr && main != this ? main->GetScreenRect() : screen;
+  SetPosition(PlaceOnScreen(owner, GetSize(), screen));
   // A delay of 0 shows at the first tick: the operation's first report.
   mShowDelayTimer.StartOnce(std::max<std::uint32_t>(delay, 1));
 }
@@ -262,7 +259,7 @@ void BreakDialog::ShowPicture(ProgressArtPicture const & shown) {
   wxBitmap const portrait = shown.portrait.IsOk() ? wxBitmap(shown.portrait) : wxBitmap();
   mPainting->SetBitmap(picture);
   mPortrait->SetBitmap(portrait);
-  if (picture.IsOk()) mPainting->SetSize(CentreIn(mLayout.painting, picture.GetSize()));
+  if (picture.IsOk()) mPainting->SetSize(StandOn(mLayout.painting, picture.GetSize()));
   if (portrait.IsOk()) mPortrait->SetSize(CentreIn(mLayout.portrait, portrait.GetSize()));
   mPainting->Show(picture.IsOk());
   mPortrait->Show(portrait.IsOk());

@@ -17,6 +17,19 @@ wxRect CentreIn(wxRect const & box, wxSize bitmap) {
                 bitmap.y);
 }
 
+wxRect StandOn(wxRect const & box, wxSize bitmap) {
+  return wxRect(box.x + (box.width - bitmap.x) / 2, box.y + box.height - bitmap.y, bitmap.x,
+                bitmap.y);
+}
+
+wxPoint PlaceOnScreen(wxRect const & owner, wxSize size, wxRect const & screen) {
+  auto place = [](int centre, int length, int low, int high) {
+    return std::max(low, std::min(centre - length / 2, high - length));
+  };
+  return wxPoint(place(owner.x + owner.width / 2, size.x, screen.x, screen.GetRight() + 1),
+                 place(owner.y + owner.height / 2, size.y, screen.y, screen.GetBottom() + 1));
+}
+
 BreakDialogLayout LayOutBreakDialog(BreakDialogMeasures const & in) {
   BreakDialogLayout out;
   int const m = in.margin;

@@ -34,3 +34,12 @@ BreakDialogLayout LayOutBreakDialog(BreakDialogMeasures const & measures);
 
 // `bitmap` centred in `box`; it may stick out of a box smaller than itself.
 wxRect CentreIn(wxRect const & box, wxSize bitmap);
+
+// `bitmap` centred across `box` and standing on its bottom edge: a painting
+// keeps its name right under it, whatever its height.
+wxRect StandOn(wxRect const & box, wxSize bitmap);
+
+// Where a window of `size` goes: centred on `owner`, but kept on `screen`
+// so that its title bar can be reached; a window larger than the screen
+// keeps its top-left corner on it.
+wxPoint PlaceOnScreen(wxRect const & owner, wxSize size, wxRect const & screen);

@@ -129,9 +129,28 @@ TEST(BreakDialogLayout, ButtonTallerThanTheSpinnerSetsTheHeight) {
             layout.button.GetBottom() - layout.spinner.GetBottom());
 }
 
-TEST(BreakDialogLayout, CentreInHandlesBitmapsLargerThanTheBox) {
+TEST(BreakDialogLayout, PlacedCentredOnTheOwnerAndKeptOnTheScreen) {
+  wxRect const screen(0, 0, 1280, 1024);
+  struct Case {
+    wxRect owner;
+    wxSize size;
+    wxPoint expected;
+  };
+  for (Case const & c : {Case{{100, 100, 600, 400}, {200, 100}, {300, 250}},
+                         Case{{0, 0, 600, 300}, {400, 500}, {100, 0}},        // owner at the top
+                         Case{{1000, 900, 600, 300}, {400, 300}, {880, 724}},  // at the far corner
+                         Case{{0, 0, 600, 300}, {1400, 1100}, {0, 0}}})        // larger than the screen
+    EXPECT_EQ(PlaceOnScreen(c.owner, c.size, screen), c.expected) << c.owner.x << "," << c.owner.y;
+  // A second screen on the left of the first.
+  EXPECT_EQ(PlaceOnScreen({-1000, 0, 400, 300}, {600, 200}, {-1280, 0, 1280, 1024}),
+            wxPoint(-1100, 50));
+}
+
+TEST(BreakDialogLayout, PicturesCentredOrStandingInTheirBoxes) {
   EXPECT_EQ(CentreIn(wxRect(10, 20, 100, 50), wxSize(40, 10)), wxRect(40, 40, 40, 10));
   EXPECT_EQ(CentreIn(wxRect(10, 20, 100, 50), wxSize(120, 50)), wxRect(0, 20, 120, 50));
+  EXPECT_EQ(StandOn(wxRect(10, 20, 100, 50), wxSize(40, 10)), wxRect(40, 60, 40, 10));
+  EXPECT_EQ(StandOn(wxRect(10, 20, 100, 50), wxSize(100, 50)), wxRect(10, 20, 100, 50));
 }
 
 }  // namespace
