@@ -10,6 +10,8 @@
 #include <wx/button.h>
 #include <wx/dialog.h>
 
+#include <wx/weakref.h>
+
 #include <chrono>
 
 #include "MainFrameTest.h"
@@ -71,6 +73,29 @@ TEST_F(BreakDialogInputTest, StopWorksUnderAModalDialog) {
   options->ShowModal();
   options->Destroy();
   EXPECT_TRUE(stopped);
+}
+
+TEST_F(BreakDialogInputTest, EscapeAsksAndTheEndOfTheCalculationAnswersNo) {
+  wxWeakRef<BreakConfirmWindow> question;
+  bool asked = false;
+  {
+    Progress progress(frame, L"Integrating", 0, 100, true, true, false, nullptr, nullptr, nullptr,
+                      500);
+    BreakDialog * const dialog = BreakSpinnerThread::Host().GetDialog();
+    ASSERT_NE(dialog, nullptr);
+    dialog->OnShowDelayElapsed();
+    ASSERT_TRUE(ReportUntil(progress, [&] {
+      return IsClickable(dialog->GetStopButton()) && dialog->IsActive();
+    }));
+    FakeKey(XK_Escape);
+    asked = ReportUntil(progress, [&] { return dialog->IsConfirmShown(); });
+    question = dialog->GetConfirmWindow();
+    EXPECT_TRUE(progress.NextSpin());  // the calculation goes on meanwhile
+  }
+  EXPECT_TRUE(asked);
+  EXPECT_TRUE(!question || !question->IsShown());
+  EXPECT_EQ(BreakSpinnerThread::Host().GetDialog(), nullptr);
+  EXPECT_EQ(progress_pump::HeldInputCount(), 0u);
 }
 
 }  // namespace

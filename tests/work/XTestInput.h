@@ -65,6 +65,15 @@ inline bool IsClickable(wxWindow & target) {
   return top == mine;
 }
 
+// Presses and releases `keysym` (XK_...) on the window that has the focus.
+inline void FakeKey(KeySym keysym) {
+  Display * const display = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+  KeyCode const code = XKeysymToKeycode(display, keysym);
+  XTestFakeKeyEvent(display, code, True, CurrentTime);
+  XTestFakeKeyEvent(display, code, False, CurrentTime);
+  XSync(display, False);
+}
+
 // Presses and releases the first button over the middle of `target`; the
 // server has made the events once this returns.
 inline void FakeClick(wxWindow & target) {
