@@ -9,6 +9,7 @@
 #include <boost/serialization/string.hpp>
 #include <boost/serialization/vector.hpp>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -32,9 +33,19 @@ TALVO_TIME_LIMIT("ReadArtInfo", 5e6);
 TALVO_RATIO_LIMIT("ArtGetImage", 1.25);
 TALVO_RATIO_LIMIT("ArtSaveToFile", 1 / 0.85);
 
+// The files of these figures, removed when the run ends.
+struct BenchFiles {
+  std::vector<std::string> paths;
+  ~BenchFiles() {
+    for (std::string const & path : paths) ::unlink(path.c_str());
+  }
+};
+
 std::string BenchFile(std::string const & name) {
+  static BenchFiles files;
   char const * tmp = std::getenv("TMPDIR");
-  return VxPathAppend(tmp != nullptr ? tmp : "/tmp", "talvo-bench-art-" + name);
+  files.paths.push_back(VxPathAppend(tmp != nullptr ? tmp : "/tmp", "talvo-bench-art-" + name));
+  return files.paths.back();
 }
 
 void Write(std::string const & path, std::string const & bytes) {

@@ -24,7 +24,7 @@
 
 #include "pictures/ArtInfo.h"
 #include "pictures/ArtPictureSource.h"
-#include "pictures/CompoundFile.h"
+#include "pictures/CompoundFileStream.h"
 #include "platform/MessageBoxes.h"
 #include "utl/Exception.h"
 #include "utl/Paths.h"
@@ -146,12 +146,12 @@ int Extract(std::string const & archive, std::string const & folder) {
   std::unique_ptr<ArtInfo const> const art = Read(archive);
   if (!art) return kFailed;
   if (!VxCreateFolder(folder)) return Fail("cannot make the folder " + folder);
-  try {
-    vx3::CompoundFileReader const storage(archive);
+  {
     int written = 0;
     auto const extract = [&](std::string const & stream) {
       std::string bytes;
-      if (!storage.ReadStream(stream, 64u << 20, bytes)) {
+      if (vx3::ReadCompoundFileStream(archive, stream, 64u << 20, bytes) !=
+          vx3::CompoundStreamRead::kRead) {
         std::cerr << "talvo-art: " << archive << " has no stream " << stream << '\n';
         return false;
       }
@@ -171,8 +171,6 @@ int Extract(std::string const & archive, std::string const & folder) {
     }
     std::cout << written << " pictures written to " << folder << '\n';
     return complete ? kDone : kFailed;
-  } catch (std::exception const & error) {
-    return Fail(error.what());
   }
 }
 

@@ -8,9 +8,8 @@
 #include <gsf/gsf-output.h>
 #include <unistd.h>
 
-#include <exception>
-#include <iterator>
 #include <map>
+#include <memory>
 #include <set>
 
 #include "pictures/ArtInfoText.h"
@@ -53,16 +52,21 @@ ArtInfo const * ArtInfo::ReadArtInfo(wchar_t const * path) {
 
 ArtInfo const * ArtInfo::ReadArtInfo(std::string const & path) {
   if (::access(path.c_str(), F_OK) != 0) return nullptr;
-  std::string text;
-  if (!vx3::ReadCompoundFileStream(path, kArtInfoStream, vx3::ArtInfoTextLimits::kMaxTextBytes,
-                                   text))
-    return nullptr;
-  vx3::GsfPtr<GsfInput> const stream(gsf_input_memory_new(
-      reinterpret_cast<guint8 const *>(text.data()), static_cast<gsf_off_t>(text.size()), FALSE));
   auto art = std::make_unique<ArtInfo>();
-  if (!stream || !art->ReadFromIStream(stream.get())) return nullptr;
+  if (ReadList(path, *art) != vx3::CompoundStreamRead::kRead) return nullptr;
   for (CollectionInfo & collection : art->mCollections) collection.file = path;
   return art.release();
+}
+
+vx3::CompoundStreamRead ArtInfo::ReadList(std::string const & path, ArtInfo & art) {
+  std::string text;
+  vx3::CompoundStreamRead const found = vx3::ReadCompoundFileStream(
+      path, kArtInfoStream, vx3::ArtInfoTextLimits::kMaxTextBytes, text);
+  if (found != vx3::CompoundStreamRead::kRead) return found;
+  vx3::GsfPtr<GsfInput> const stream(gsf_input_memory_new(
+      reinterpret_cast<guint8 const *>(text.data()), static_cast<gsf_off_t>(text.size()), FALSE));
+  return stream && art.ReadFromIStream(stream.get()) ? vx3::CompoundStreamRead::kRead
+                                                     : vx3::CompoundStreamRead::kUnreadable;
 }
 
 void ArtInfo::AddCollection(CollectionInfo const & collection) {
@@ -90,7 +94,9 @@ wxImage ArtInfo::GetImage(int collection, int picture) const {
 
 wxImage ArtInfo::GetBitMap(std::string const & file, std::string const & stream) {
   std::string bytes;
-  if (!vx3::ReadCompoundFileStream(file, stream, kMaxPictureStreamBytes, bytes)) return wxImage();
+  if (vx3::ReadCompoundFileStream(file, stream, kMaxPictureStreamBytes, bytes) !=
+      vx3::CompoundStreamRead::kRead)
+    return wxImage();
   try {
     return vx3::DecodeArtJpeg(reinterpret_cast<unsigned char const *>(bytes.data()), bytes.size(),
                               vx3::JpegDecodeLimits());
@@ -183,8 +189,12 @@ bool ArtInfo::SaveToFile(std::string const & file,
               .str()));
       return false;
     }
-    vx3::GsfPtr<GsfInput> const stream = old->OpenStream(kArtInfoStream);
-    if (stream && !merged.ReadFromIStream(stream.get()))
+    // The list is read as ReadArtInfo reads it. Only a list that is truly
+    // absent counts as empty: one that is listed but damaged must not be
+    // replaced by an empty one.
+    vx3::CompoundStreamRead const list = ReadList(file, merged);
+    if (list == vx3::CompoundStreamRead::kUnreadable ||
+        (list == vx3::CompoundStreamRead::kAbsent && old->Lists(kArtInfoStream)))
       throw Exception(ExceptionMessage::translate("Reading from {1} failed.") % file);
   }
 

@@ -21,6 +21,7 @@
 #include <wx/image.h>
 
 #include "pictures/CollectionInfo.h"
+#include "pictures/CompoundFileStream.h"
 
 namespace boost {
 namespace serialization {
@@ -94,6 +95,8 @@ private:
   void SavePicture(std::map<std::string, std::string> & streams, std::string const & source,
                    std::string const & stream, unsigned int maxHeight, unsigned int maxWidth,
                    int rotation) const;
+  // Reads the list of the archive at `path` into `art`.
+  static vx3::CompoundStreamRead ReadList(std::string const & path, ArtInfo & art);
   static wxImage GetBitMap(std::string const & file, std::string const & stream);
   // Read or write the text archive through an IStreamDevice on a gsf
   // stream; false on any std::exception.

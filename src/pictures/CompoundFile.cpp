@@ -105,23 +105,13 @@ void CompoundFileReader::Open(GsfInput * source, std::string const & what) {
 
 CompoundFileReader::~CompoundFileReader() = default;
 
-GsfPtr<GsfInput> CompoundFileReader::OpenStream(std::string const & name) const {
-  GsfPtr<GsfInput> stream(gsf_infile_child_by_name(mRoot.get(), name.c_str()));
-  if (stream && GSF_IS_INFILE(stream.get()) &&
-      gsf_infile_num_children(GSF_INFILE(stream.get())) >= 0)
-    return nullptr;
-  return stream;
-}
-
-bool CompoundFileReader::ReadStream(std::string const & name, size_t maxBytes,
-                                    std::string & bytes) const {
-  GsfPtr<GsfInput> const stream = OpenStream(name);
-  if (!stream) return false;
-  gsf_off_t const size = gsf_input_size(stream.get());
-  if (size < 0 || static_cast<unsigned long long>(size) > maxBytes) return false;
-  bytes.resize(static_cast<size_t>(size));
-  return size == 0 || gsf_input_read(stream.get(), bytes.size(),
-                                     reinterpret_cast<guint8 *>(&bytes[0])) != nullptr;
+bool CompoundFileReader::Lists(std::string const & name) const {
+  int const count = gsf_infile_num_children(mRoot.get());
+  for (int i = 0; i < count; ++i) {
+    char const * const listed = gsf_infile_name_by_index(mRoot.get(), i);
+    if (listed != nullptr && name == listed) return true;
+  }
+  return false;
 }
 
 CompoundFileWriter::CompoundFileWriter() {

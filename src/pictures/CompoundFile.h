@@ -1,8 +1,9 @@
 #pragma once
 // OLE2 compound files ("structured storage") on libgsf, as the art archive
-// uses them: streams and storages under the root, read from a file, and a
-// new file built in memory and then written in one piece, so that the file
-// on disk is only ever replaced whole.
+// saves them: the old file opened to copy its streams and storages, and a new
+// file built in memory and then written in one piece, so that the file on
+// disk is only ever replaced whole. Readers that want one stream use
+// CompoundFileStream.h, which does not build the whole directory.
 
 #include <memory>
 #include <set>
@@ -44,12 +45,8 @@ public:
   CompoundFileReader(CompoundFileReader const &) = delete;
   CompoundFileReader & operator=(CompoundFileReader const &) = delete;
 
-  // The stream `name` directly under the root; null if there is none (or it
-  // is a storage).
-  GsfPtr<_GsfInput> OpenStream(std::string const & name) const;
-  // The whole stream; false if it is missing, longer than `maxBytes` or
-  // cannot be read.
-  bool ReadStream(std::string const & name, size_t maxBytes, std::string & bytes) const;
+  // Whether the root lists an entry of that name, readable or not.
+  bool Lists(std::string const & name) const;
 
   _GsfInfile * Root() const { return mRoot.get(); }
 

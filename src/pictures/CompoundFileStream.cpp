@@ -233,8 +233,8 @@ private:
 
 }  // namespace
 
-bool ReadCompoundFileStream(std::string const & path, std::string const & name, size_t maxBytes,
-                            std::string & bytes) {
+CompoundStreamRead ReadCompoundFileStream(std::string const & path, std::string const & name,
+                                          size_t maxBytes, std::string & bytes) {
   std::u32string const wide = Utf8ToUtf32(name);
   std::u16string utf16;
   for (char32_t const code : wide) {
@@ -245,19 +245,20 @@ bool ReadCompoundFileStream(std::string const & path, std::string const & name, 
       utf16 += static_cast<char16_t>(code);
     }
   }
-  if (utf16.empty() || utf16.size() > 31) return false;
-
   MappedFile const file(path);
-  if (file.Data() == nullptr) return false;
+  if (file.Data() == nullptr) return CompoundStreamRead::kUnreadable;
   try {
     CompoundFile compound(file.Data(), file.Size());
     uint64_t start = 0;
     uint64_t size = 0;
-    if (!compound.FindRootStream(utf16, start, size) || size > maxBytes) return false;
+    // A name no entry can hold is absent, once the file is known to be one.
+    if (utf16.empty() || utf16.size() > 31 || !compound.FindRootStream(utf16, start, size))
+      return CompoundStreamRead::kAbsent;
+    if (size > maxBytes) return CompoundStreamRead::kUnreadable;
     bytes = compound.ReadStream(start, size);
-    return true;
+    return CompoundStreamRead::kRead;
   } catch (Damaged const &) {
-    return false;
+    return CompoundStreamRead::kUnreadable;
   }
 }
 

@@ -14,10 +14,15 @@
 
 namespace vx3 {
 
+enum class CompoundStreamRead {
+  kRead,        // `bytes` holds the stream
+  kAbsent,      // a readable compound file without that stream
+  kUnreadable,  // no file, no compound file, damaged, or longer than allowed
+};
+
 // Fills `bytes` with the stream `name` (UTF-8, compared exactly) directly
-// under the root. False if the file cannot be read, is no compound file, has
-// no such stream, or the stream is longer than `maxBytes` or damaged.
-bool ReadCompoundFileStream(std::string const & path, std::string const & name, size_t maxBytes,
-                            std::string & bytes);
+// under the root, if it is at most `maxBytes` long.
+CompoundStreamRead ReadCompoundFileStream(std::string const & path, std::string const & name,
+                                          size_t maxBytes, std::string & bytes);
 
 }  // namespace vx3

@@ -38,14 +38,17 @@ TEST(CompoundFileStream, ReadsWhatLibgsfWrote) {
   for (auto const & [name, bytes] : streams) {
     SCOPED_TRACE(name);
     std::string read;
-    ASSERT_TRUE(vx3::ReadCompoundFileStream(path, name, 1u << 24, read));
+    ASSERT_EQ(vx3::CompoundStreamRead::kRead, vx3::ReadCompoundFileStream(path, name, 1u << 24, read));
     EXPECT_EQ(bytes, read);
   }
   std::string read = "untouched";
-  EXPECT_FALSE(vx3::ReadCompoundFileStream(path, "s70000", 69999, read));
+  EXPECT_EQ(vx3::CompoundStreamRead::kUnreadable,
+            vx3::ReadCompoundFileStream(path, "s70000", 69999, read));
   for (char const * absent : {"artinfo", "s7", "", "12345678901234567890123456789012"})
-    EXPECT_FALSE(vx3::ReadCompoundFileStream(path, absent, 1u << 24, read));
-  EXPECT_FALSE(vx3::ReadCompoundFileStream(Temp("absent.vart"), "ArtInfo", 100, read));
+    EXPECT_EQ(vx3::CompoundStreamRead::kAbsent,
+              vx3::ReadCompoundFileStream(path, absent, 1u << 24, read));
+  EXPECT_EQ(vx3::CompoundStreamRead::kUnreadable,
+            vx3::ReadCompoundFileStream(Temp("absent.vart"), "ArtInfo", 100, read));
   EXPECT_EQ("untouched", read);
 }
 
@@ -83,7 +86,8 @@ TEST(CompoundFileStream, DamagedFilesGiveFalse) {
     Spit(path, c.bytes);
     for (char const * name : {"ArtInfo", "s9000", "s64"}) {
       std::string read;
-      if (vx3::ReadCompoundFileStream(path, name, 1u << 24, read)) {
+      if (vx3::ReadCompoundFileStream(path, name, 1u << 24, read) ==
+          vx3::CompoundStreamRead::kRead) {
         EXPECT_EQ(std::string(c.what), "cut by one byte");  // only the padding of the end is lost
       }
     }
