@@ -10,6 +10,8 @@ namespace {
 
 constexpr int kSeries = 4;
 constexpr int kPointsPerSeries = 400;
+// Short runs show no dialog at all.
+constexpr unsigned int kShowDelayMs = 400;
 
 // One series: a procedure that reports in its own scale and knows nothing
 // of the slice its caller gave it.
@@ -27,9 +29,10 @@ double FitSeries(Progress & progress, int series) {
 }  // namespace
 
 double RunSampleCalculation(wxWindow * parent) {
-  Progress progress(parent, L"Fitting the calibration series...", 0, kSeries, false, false, true);
+  Progress progress(parent, L"Fitting the calibration series...", 0, kSeries, false, true, true,
+                    nullptr, nullptr, nullptr, kShowDelayMs);
   double checksum = 0;
-  for (int series = 0; series < kSeries; ++series) {
+  for (int series = 0; series < kSeries && !progress.IsBreakPressed(); ++series) {
     progress.PushSubRange(float(series), float(series + 1));
     checksum += FitSeries(progress, series);
     progress.PopSubRange();

@@ -1,6 +1,7 @@
 #pragma once
 // The sample's "Run calculation" command: a nested calculation on the GUI
-// thread that reports through Progress, shown in the status bar.
+// thread that reports through Progress, shown in the break dialog, whose
+// Stop button ends it early.
 
 class wxWindow;
 

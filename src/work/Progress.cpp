@@ -11,6 +11,7 @@
 #include "frame/VxApp.h"
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
+#include "work/BreakSpinnerThread.h"
 #include "work/ProgressBreakDialog.h"
 #include "work/ProgressPump.h"
 #include "work/SpinWindow.h"
@@ -23,7 +24,7 @@ constexpr int kPaneWidth = 100;
 
 Progress * gActive = nullptr;
 bool gShowDialog = true;
-ProgressBreakDialog * gBreakDialog = nullptr;
+ProgressBreakDialog * gBreakDialog = &BreakSpinnerThread::Host();
 
 // The status bar's gauge: made once; the weak reference lets a later frame
 // get a gauge of its own when the one that held it is gone.

@@ -68,6 +68,8 @@ public:
   // Called by the break dialog when the user confirmed a stop.
   void PressBreak() { mBreakPressed = true; }
 
+  bool HasSpinner() const { return mSpin; }
+  bool HasGauge() const { return mGauge; }
   wxString const & GetConfirmText() const { return mConfirmText; }
   wxString const & GetConfirmCaption() const { return mConfirmCaption; }
   wxString const & GetButtonText() const { return mButtonText; }
@@ -91,6 +93,7 @@ public:
   // The status bar's gauge, null until InitProgress made it.
   static StatusGauge * GetStatusGauge();
   // The break dialog that dialog progress talks to; null: no dialog road.
+  // The process's own (BreakSpinnerThread::Host()) until replaced.
   static void SetBreakDialog(ProgressBreakDialog * dialog);
 
 private:

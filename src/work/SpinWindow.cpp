@@ -3,17 +3,30 @@
 #include <wx/dcbuffer.h>
 #include <wx/settings.h>
 
-#include <cmath>
+#include <chrono>
 
+#include "controls/StandardColor.h"
 #include "work/ProgressPump.h"
+
+namespace {
+
+std::uint32_t SteadyMilliseconds() {
+  using namespace std::chrono;
+  return static_cast<std::uint32_t>(
+      duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
+}
+
+}  // namespace
 
 SpinWindow::SpinWindow(wxWindow * parent)
     : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxSize(16, 16), wxBORDER_NONE),
+      mClock(&SteadyMilliseconds),
       mTimer(this) {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   Bind(wxEVT_PAINT, &SpinWindow::OnPaint, this);
-  Bind(wxEVT_TIMER, &SpinWindow::OnTimer, this);
+  Bind(wxEVT_TIMER, [this](wxTimerEvent &) { OnTick(); });
   progress_pump::AllowTimerOwner(this);
+  mLastStep = mClock();
 }
 
 SpinWindow::~SpinWindow() {
@@ -21,7 +34,18 @@ SpinWindow::~SpinWindow() {
   progress_pump::DisallowTimerOwner(this);
 }
 
-void SpinWindow::Step() { SetStep(mStep + 1); }
+void SpinWindow::SetClock(Clock clock) {
+  mClock = std::move(clock);
+  mLastStep = mClock();
+}
+
+void SpinWindow::Step() {
+  std::uint32_t const now = mClock();
+  // Unsigned difference: right across the wrap of the 32-bit clock.
+  if (now - mLastStep < kStepIntervalMs) return;
+  mLastStep = now;
+  SetStep(mStep + 1);
+}
 
 void SpinWindow::SetStep(int step) {
   mStep = ((step % kSteps) + kSteps) % kSteps;
@@ -33,24 +57,47 @@ void SpinWindow::SetSelfTurning(bool turning) {
   if (!turning) mTimer.Stop();
 }
 
-void SpinWindow::OnTimer(wxTimerEvent &) { Step(); }
+void SpinWindow::OnTick() {
+  if (!IsShownOnScreen()) return;
+  mHue = (mHue + 1) % kHues;
+  // Turning by itself, the pole steps at every other tick.
+  mToggle = !mToggle;
+  if (IsSelfTurning() && !mToggle) Step();
+  Refresh(false);
+}
+
+wxColour SpinWindow::StripeColour(int hue) {
+  wxColour colour;
+  colour.SetRGB(StandardColor::HSV2RGB(hue * 5.0, 0.3, 0.7));
+  return colour;
+}
 
 void SpinWindow::OnPaint(wxPaintEvent &) {
   wxAutoBufferedPaintDC dc(this);
-  dc.SetBackground(wxBrush(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)));
+  wxColour const face = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+  dc.SetBackground(wxBrush(face));
   dc.Clear();
   wxSize const size = GetClientSize();
-  double const radius = std::min(size.x, size.y) / 2.0 - 1;
-  wxPoint const centre(size.x / 2, size.y / 2);
-  // Spokes fade behind the current one, so that the turn is seen.
-  for (int i = 0; i < kSteps; ++i) {
-    int const age = ((mStep - i) % kSteps + kSteps) % kSteps;
-    unsigned char const grey = static_cast<unsigned char>(40 + age * 160 / kSteps);
-    dc.SetPen(wxPen(wxColour(grey, grey, grey), 2));
-    double const angle = 2 * M_PI * i / kSteps;
-    dc.DrawLine(centre.x + int(std::lround(radius * 0.45 * std::cos(angle))),
-                centre.y + int(std::lround(radius * 0.45 * std::sin(angle))),
-                centre.x + int(std::lround(radius * std::cos(angle))),
-                centre.y + int(std::lround(radius * std::sin(angle))));
+  int const height = size.y;
+  // A stripe: the parallelogram from (x, 0) leaning left down to the
+  // bottom, 5 wide. The first one starts left of the window, so that the
+  // whole window is covered; stripes alternate from the one at the step.
+  int x = mStep;
+  bool coloured = true;
+  if (x + height > 0) {
+    int const back = (x + height - 1) / kStripeWidth + 1;
+    x -= back * kStripeWidth;
+    coloured = back % 2 == 0;
+  }
+  dc.SetPen(*wxTRANSPARENT_PEN);
+  wxBrush const stripe(StripeColour(mHue));
+  wxBrush const plain(face);
+  for (; x < size.x; x += kStripeWidth, coloured = !coloured) {
+    wxPoint const corners[4] = {{x + height, 0},
+                                {x, height},
+                                {x + kStripeWidth, height},
+                                {x + height + kStripeWidth, 0}};
+    dc.SetBrush(coloured ? stripe : plain);
+    dc.DrawPolygon(4, corners);
   }
 }

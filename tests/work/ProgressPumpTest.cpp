@@ -3,20 +3,19 @@
 // repaint, while clicks, timer ticks and queued wx events wait for the end
 // of the calculation and then arrive once each, in order.
 #include <gtest/gtest.h>
-#include <gdk/gdkx.h>
 #include <wx/app.h>
 #include <wx/button.h>
 #include <wx/dialog.h>
 #include <wx/frame.h>
 #include <wx/panel.h>
 #include <wx/timer.h>
-#include <X11/extensions/XTest.h>
 
-#include <chrono>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "MainFrameTest.h"
+#include "ReportUntil.h"
+#include "XTestInput.h"
 #include "harness/GuiTestUtilities.h"
 #include "work/Progress.h"
 #include "work/ProgressPump.h"
@@ -24,34 +23,9 @@
 
 namespace {
 
-// Presses and releases the first button over the middle of `target`; the
-// server has made the events once this returns.
-void FakeClick(wxWindow & target) {
-  Display * const display = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
-  wxPoint const centre = target.GetScreenRect().GetPosition() + target.GetSize() / 2;
-  XTestFakeMotionEvent(display, -1, centre.x, centre.y, CurrentTime);
-  XTestFakeButtonEvent(display, 1, True, CurrentTime);
-  XTestFakeButtonEvent(display, 1, False, CurrentTime);
-  XSync(display, False);
-}
-
-// Reports until `condition` holds, then `extra` reports more; false when the
-// condition does not hold within five seconds.
-bool ReportUntil(Progress & progress, std::function<bool()> const & condition, int extra = 20) {
-  auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-  int step = 0;
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > deadline) return false;
-    progress.Set(float(++step % 100));
-  }
-  for (int i = 0; i < extra; ++i) progress.Set(float(++step % 100));
-  return true;
-}
-
-class ProgressPumpTest : public testing::Test {
+class ProgressPumpTest : public MainFrameTest {
 protected:
-  void SetUp() override {
-    frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxDefaultPosition, wxSize(500, 300));
+  void Populate() override {
     frame->SetStatusBar(new VxStatusBar(frame));
     auto * panel = new wxPanel(frame);
     first = new wxButton(panel, wxID_ANY, "First", wxPoint(20, 20), wxSize(120, 40));
@@ -63,16 +37,8 @@ protected:
       ++paints;
       event.Skip();
     });
-    wxTheApp->SetTopWindow(frame);
-    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
-  }
-  void TearDown() override {
-    wxTheApp->SetTopWindow(nullptr);
-    frame->Destroy();
-    gui_test::Flush();
   }
 
-  wxFrame * frame = nullptr;
   wxButton * first = nullptr;
   wxButton * second = nullptr;
   wxWindow * canvas = nullptr;

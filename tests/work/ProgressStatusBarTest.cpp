@@ -12,6 +12,7 @@
 
 #include "FakeBreakDialog.h"
 #include "harness/GuiTestUtilities.h"
+#include "work/BreakSpinnerThread.h"
 #include "work/Progress.h"
 #include "work/ProgressPump.h"
 #include "work/StatusGauge.h"
@@ -31,7 +32,7 @@ protected:
     ASSERT_TRUE(gui_test::ShowAndWait(*frame));
   }
   void TearDown() override {
-    Progress::SetBreakDialog(nullptr);
+    Progress::SetBreakDialog(&BreakSpinnerThread::Host());
     Progress::SetShowProgressDialog(true);
     wxTheApp->SetTopWindow(nullptr);
     frame->Destroy();
