@@ -15,6 +15,7 @@
 
 #include "dialogs/VxDialog.h"
 #include "frame/HandleExceptionPage.h"
+#include "harness/DialogInput.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "html/HelpEngine.h"
@@ -62,20 +63,8 @@ protected:
   }
 };
 
-void Click(wxDialog & dialog, int id) {
-  wxWindow * button = dialog.FindWindow(id);
-  ASSERT_NE(button, nullptr) << id;
-  wxCommandEvent click(wxEVT_BUTTON, id);
-  click.SetEventObject(button);
-  button->ProcessWindowEvent(click);
-}
-
-void PressEscape(wxDialog & dialog) {
-  wxKeyEvent key(wxEVT_CHAR_HOOK);
-  key.m_keyCode = WXK_ESCAPE;
-  key.SetEventObject(&dialog);
-  dialog.ProcessWindowEvent(key);
-}
+using gui_test::Click;
+using gui_test::PressEscape;
 
 TEST(VxDialog, EachRunMakesFreshControlsAndInitialisesBeforeShowing) {
   TestDialog dialog;
