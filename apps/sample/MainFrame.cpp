@@ -1,5 +1,6 @@
 #include "MainFrame.h"
 
+#include "MessagesMenu.h"
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
 #include <wx/menu.h>
@@ -32,6 +33,7 @@ void MainFrame::BuildMenus() {
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));
   bar->Append(tools, Tr("Menu", "&Tools"));
+  bar->Append(CreateMessagesMenu(*this), Tr("Menu", "&Messages"));
   bar->Append(help, Tr("Menu", "&Help"));
   SetMenuBar(bar);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);

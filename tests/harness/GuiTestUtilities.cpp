@@ -3,6 +3,8 @@
 #include <chrono>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/utils.h>
@@ -60,6 +62,21 @@ bool ShowAndWait(wxWindow & window, int timeoutMs) {
   // One more round so that every child has painted too.
   Flush();
   return ok;
+}
+
+void Click(wxWindow & window, int id) {
+  wxWindow * button = window.FindWindow(id);
+  ASSERT_NE(button, nullptr) << "no control " << id;
+  wxCommandEvent click(wxEVT_BUTTON, id);
+  click.SetEventObject(button);
+  button->ProcessWindowEvent(click);
+}
+
+void PressKey(wxWindow & window, int keyCode) {
+  wxKeyEvent key(wxEVT_CHAR_HOOK);
+  key.m_keyCode = keyCode;
+  key.SetEventObject(&window);
+  window.ProcessWindowEvent(key);
 }
 
 }  // namespace gui_test

@@ -19,4 +19,11 @@ bool ShowAndWait(wxWindow & window, int timeoutMs = 5000);
 // Handles everything that is pending now.
 void Flush();
 
+// Clicks the button `id` inside `window` as wx reports a click (the event
+// from the button); fails the test when there is no such control.
+void Click(wxWindow & window, int id);
+
+// A key press as a dialog sees it first (wxEVT_CHAR_HOOK), e.g. WXK_ESCAPE.
+void PressKey(wxWindow & window, int keyCode);
+
 }  // namespace gui_test

@@ -1,0 +1,115 @@
+// The sample's Messages menu, command by command as a person uses it: the
+// boxes it shows, the memory of a ticked answer and forgetting it, and a
+// failing handler that ends in the internal-error dialog and lets the box
+// carry on.
+#include <gtest/gtest.h>
+
+#include <wx/checkbox.h>
+#include <wx/frame.h>
+#include <wx/menu.h>
+
+#include "../../apps/sample/MessagesMenu.h"
+#include "dialogs/CustomMessageBoxDlg.h"
+#include "frame/HandleExceptionPage.h"
+#include "harness/GuiTestUtilities.h"
+#include "harness/ModalDialogScript.h"
+
+namespace {
+
+using gui_test::Click;
+
+class MessagesMenuTest : public testing::Test {
+protected:
+  void SetUp() override {
+    frame = new wxFrame(nullptr, wxID_ANY, "Messages");
+    frame->CreateStatusBar();
+    menu = CreateMessagesMenu(*frame);
+    auto * bar = new wxMenuBar;
+    bar->Append(menu, "&Messages");
+    frame->SetMenuBar(bar);
+  }
+  void TearDown() override { frame->Destroy(); }
+
+  // Runs the command whose label starts with `label` (mnemonics left out).
+  void Run(wxString const & label) {
+    for (wxMenuItem * item : menu->GetMenuItems()) {
+      if (!item->GetItemLabelText().StartsWith(label)) continue;
+      wxCommandEvent command(wxEVT_MENU, item->GetId());
+      frame->ProcessWindowEvent(command);
+      return;
+    }
+    ADD_FAILURE() << "no command " << label;
+  }
+  wxString Status() const { return frame->GetStatusBar()->GetStatusText(); }
+
+  wxFrame * frame = nullptr;
+  wxMenu * menu = nullptr;
+};
+
+TEST_F(MessagesMenuTest, ATickedAnswerIsGivenBackUntilTheAnswersAreForgotten) {
+  Run("Forget");  // nothing from an earlier run of the binary
+  ModalDialogScript script;
+  script.Act([](wxDialog & d) {
+    static_cast<wxCheckBox *>(d.FindWindow(CustomMessageBoxDlg::kCheckBoxId))->SetValue(true);
+    Click(d, IDOK);
+  });
+  Run("Don't-show-again");
+  EXPECT_EQ(Status(), "The box was answered: OK.");
+  Run("Don't-show-again");
+  EXPECT_EQ(Status(), "Not shown: the stored answer is OK.");
+  EXPECT_EQ(script.Shown().size(), 1u);
+
+  Run("Forget");
+  script.Act([](wxDialog & d) { Click(d, IDCANCEL); });
+  Run("Don't-show-again");
+  EXPECT_EQ(script.Shown().size(), 2u);
+  EXPECT_EQ(Status(), "The box was answered: Cancel.");
+}
+
+TEST_F(MessagesMenuTest, EachKindOfBoxShowsItsButtons) {
+  struct Case {
+    char const * command;
+    int press;
+    wxString yesLabel;  // empty: no Yes button
+    wxString status;
+  };
+  Case const cases[] = {
+      {"Information", IDOK, "", "The box was answered: OK."},
+      {"Warning", IDCANCEL, "", "The box was answered: Cancel."},
+      {"Question", IDNO, "&Yes", "The box was answered: No."},
+      {"Relabelled", IDYES, "&Save", "The box was answered: Yes."},
+      {"With a check box", IDYES, "&Yes",
+       "The box was answered: Yes, the check box is not ticked."},
+  };
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.command);
+    wxString yesLabel;
+    ModalDialogScript script;
+    script.Act([&](wxDialog & d) {
+      wxWindow * yes = d.FindWindow(IDYES);
+      if (yes->IsShown()) yesLabel = yes->GetLabel();
+      Click(d, c.press);
+    });
+    Run(c.command);
+    EXPECT_EQ(yesLabel, c.yesLabel);
+    EXPECT_EQ(Status(), c.status);
+  }
+}
+
+TEST_F(MessagesMenuTest, AFailingHandlerEndsInTheInternalErrorDialogAndTheBoxCarriesOn) {
+  std::string detail;
+  ModalDialogScript script;
+  script.Act([](wxDialog & d) {
+    Click(d, IDOK);  // throws; the internal-error dialog is answered below
+    Click(d, IDCANCEL);
+  });
+  script.Act([&](wxDialog & d) {
+    detail = dynamic_cast<HandleExceptionPage &>(d).GetDetailText();
+    d.EndModal(HandleExceptionPage::kIgnoreId);
+  });
+  Run("Failure");
+  EXPECT_EQ(detail, "The sample's OK handler failed on purpose.");
+  EXPECT_EQ(Status(), "The box was answered: Cancel.");
+}
+
+}  // namespace
