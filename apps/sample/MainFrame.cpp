@@ -1,5 +1,6 @@
 #include "MainFrame.h"
 
+#include "BatchCommand.h"
 #include "MessagesMenu.h"
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
@@ -28,6 +29,7 @@ void MainFrame::BuildMenus() {
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
+  AddBatchCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(kAboutCommand, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

@@ -16,6 +16,7 @@
 
 #include <memory>
 
+#include "BatchCommand.h"
 #include "MainFrame.h"
 #include "controls/WindowSnapshot.h"
 #include "frame/VxApp.h"
@@ -85,6 +86,7 @@ bool SampleApp::OnInit() {
   // settings location.
   Customize();
   SetRegistryLocation();
+  InstallStandardUserComm();
   CountStart();
 
   mFrame = new MainFrame;
