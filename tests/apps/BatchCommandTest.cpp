@@ -6,7 +6,7 @@
 
 #include "../../apps/sample/BatchCommand.h"
 #include "dialogs/YesNoCancelAll.h"
-#include "harness/DialogInput.h"
+#include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "utl/UserComm.h"
 

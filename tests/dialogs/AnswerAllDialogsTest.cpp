@@ -15,7 +15,7 @@
 #include "dialogs/YesNoDialog.h"
 #include "dialogs/YesNoToAll.h"
 #include "dialogs/YesYesToAllCancelDialog.h"
-#include "harness/DialogInput.h"
+#include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/WinUser.h"
 #include "utl/UserComm.h"
@@ -23,7 +23,7 @@
 namespace {
 
 using gui_test::Click;
-using gui_test::PressEscape;
+void PressEscape(wxDialog & dialog) { gui_test::PressKey(dialog, WXK_ESCAPE); }
 using Button = YesNoCancelAll::ButtonPressed;
 
 constexpr int kRowIds[] = {YesNoCancelAll::kYesId, YesNoCancelAll::kYesToAllId,

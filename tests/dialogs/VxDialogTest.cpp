@@ -15,7 +15,6 @@
 
 #include "dialogs/VxDialog.h"
 #include "frame/HandleExceptionPage.h"
-#include "harness/DialogInput.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "html/HelpEngine.h"
@@ -64,7 +63,7 @@ protected:
 };
 
 using gui_test::Click;
-using gui_test::PressEscape;
+void PressEscape(wxDialog & dialog) { gui_test::PressKey(dialog, WXK_ESCAPE); }
 
 TEST(VxDialog, EachRunMakesFreshControlsAndInitialisesBeforeShowing) {
   TestDialog dialog;

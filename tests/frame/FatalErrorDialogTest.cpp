@@ -5,7 +5,7 @@
 #include <wx/textctrl.h>
 
 #include "frame/FatalErrorDialog.h"
-#include "harness/DialogInput.h"
+#include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/WinUser.h"
 
@@ -40,7 +40,7 @@ TEST(FatalErrorDialog, TheInformationFormHidesTheIconAndTheTextKeepsCrLfLineEnds
 TEST(FatalErrorDialog, EscapeClosesItAndANullTextIsEmpty) {
   FatalErrorDialog dialog(nullptr, nullptr, nullptr, false);
   ModalDialogScript script;
-  script.Act(gui_test::PressEscape);
+  script.Act([](wxDialog & d) { gui_test::PressKey(d, WXK_ESCAPE); });
   EXPECT_EQ(dialog.DoModal(), IDCANCEL);
   EXPECT_EQ(dialog.GetText(), "");
 }

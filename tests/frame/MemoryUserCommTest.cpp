@@ -11,7 +11,7 @@
 #include "frame/MemoryUserComm.h"
 #include "frame/MuteInformUserComm.h"
 #include "frame/StandardUserComm.h"
-#include "harness/DialogInput.h"
+#include "harness/GuiTestUtilities.h"
 #include "platform/WinUser.h"
 
 namespace {

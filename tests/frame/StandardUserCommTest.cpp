@@ -13,7 +13,7 @@
 #include "frame/InformUserSwitches.h"
 #include "frame/MuteAskUserComm.h"
 #include "frame/StandardUserComm.h"
-#include "harness/DialogInput.h"
+#include "harness/GuiTestUtilities.h"
 #include "platform/WinUser.h"
 
 namespace {
