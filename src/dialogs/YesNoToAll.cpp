@@ -1,9 +1,9 @@
 #include "dialogs/YesNoToAll.h"
 
 #include <wx/button.h>
-#include <wx/stattext.h>
 
 #include "dialogs/ButtonRow.h"
+#include "dialogs/WrappedText.h"
 #include "platform/WinUser.h"
 #include "utl/Translation.h"
 
@@ -21,7 +21,6 @@ int YesNoToAll::NewDoModal(wchar_t const * text, wchar_t const * caption) {
 
 bool YesNoToAll::OnInitDialog() {
   bool const result = VxDialog::OnInitDialog();
-  if (auto * text = wxDynamicCast(GetDlgItem(kTextId), wxStaticText)) text->SetLabelText(mText);
   if (!mCaption.empty()) SetTitle(mCaption);
   wxString const yes = vx3::Tr("Yes button", "Yes");
   wxString const no = vx3::Tr("No button", "No");
@@ -34,6 +33,7 @@ bool YesNoToAll::OnInitDialog() {
   AddAnchor(kTextId, TOP_LEFT, BOTTOM_RIGHT);
   for (int id : {kFirstId, kToAllId, kLastId}) AddAnchor(id, BOTTOM_RIGHT);
   WidenForButtonRow(*this, rowLeft, FromDIP(12));
+  ShowWrappedText(*this, kTextId, mText);
   return result;
 }
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include <wx/stattext.h>
 
 #include "dialogs/ButtonRow.h"
+#include "dialogs/WrappedText.h"
 #include "platform/WinUser.h"
 
 namespace {
@@ -41,7 +41,6 @@ int YesYesToAllCancelDialog::NewDoModal(wchar_t const * text, wchar_t const * ca
 
 bool YesYesToAllCancelDialog::OnInitDialog() {
   bool const result = VxDialog::OnInitDialog();
-  if (auto * text = wxDynamicCast(GetDlgItem(kTextId), wxStaticText)) text->SetLabelText(mText);
   if (wxWindow * special = GetDlgItem(kSpecialId)) {
     if (mSpecialText.empty())
       special->Hide();
@@ -53,5 +52,6 @@ bool YesYesToAllCancelDialog::OnInitDialog() {
   AddAnchor(kTextId, TOP_LEFT, BOTTOM_RIGHT);
   for (int id : {IDOK, kYesToAllId, kSpecialId, IDCANCEL}) AddAnchor(id, BOTTOM_RIGHT);
   WidenForButtonRow(*this, rowLeft, FromDIP(12));
+  ShowWrappedText(*this, kTextId, mText);
   return result;
 }

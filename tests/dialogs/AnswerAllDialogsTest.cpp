@@ -11,6 +11,7 @@
 #include <wx/textctrl.h>
 #include <wx/toplevel.h>
 
+#include "dialogs/LimitLineLength.h"
 #include "dialogs/YesNoCancelAll.h"
 #include "dialogs/YesNoDialog.h"
 #include "dialogs/YesNoToAll.h"
@@ -227,6 +228,29 @@ TEST(YesNoToAll, TheValueNamesTheAnswerWhateverOrderTheButtonsStandIn) {
     EXPECT_EQ(text, "Delete run 7?");
     EXPECT_EQ(script.Shown().at(0).title, "Runs");
   }
+}
+
+TEST(YesNoToAll, ALongQuestionWrapsAndTheDialogGrowsUntilEveryLineShows) {
+  std::wstring question;
+  for (int i = 0; i < 12; ++i) question += L"The file of run 7 was changed after the last import. ";
+  YesNoToAll dialog;
+  wxString shown;
+  wxRect text, button;
+  wxFont font;
+  ModalDialogScript script;
+  script.Act([&](wxDialog & d) {
+    shown = d.FindWindow(YesNoToAll::kTextId)->GetLabel();
+    font = d.FindWindow(YesNoToAll::kTextId)->GetFont();
+    text = d.FindWindow(YesNoToAll::kTextId)->GetRect();
+    button = d.FindWindow(1)->GetRect();
+    Click(d, 1);
+  });
+  EXPECT_EQ(dialog.NewDoModal(question.c_str(), L""), YesNoToAll::kYes);
+  wxRect const needed = LimitLineLength::GetBoundsRect(shown.wc_str(), font);
+  EXPECT_GT(shown.Freq('\n'), 3u);
+  EXPECT_LE(needed.width, text.width);
+  EXPECT_LE(needed.height, text.height);
+  EXPECT_GT(button.y, text.GetBottom());
 }
 
 TEST(YesNoToAll, EscapeGivesCancelNotAnAnswer) {
