@@ -1,5 +1,6 @@
 #include "MainFrame.h"
 
+#include "BatchCommand.h"
 #include "FileCommands.h"
 #include "MessagesMenu.h"
 #include "RunListPanel.h"
@@ -57,6 +58,7 @@ void MainFrame::BuildMenus() {
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
+  AddBatchCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(kAboutCommand, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

@@ -18,6 +18,7 @@
 
 #include <memory>
 
+#include "BatchCommand.h"
 #include "MainFrame.h"
 #include "controls/WindowSnapshot.h"
 #include "frame/VxApp.h"
@@ -90,6 +91,7 @@ bool SampleApp::OnInit() {
   // settings location.
   Customize();
   SetRegistryLocation();
+  InstallStandardUserComm();
 
   mFrame = new MainFrame;
   mFrame->SetTitle(wxString::FromUTF8(VxSystemInfo::GetApplicationName()));

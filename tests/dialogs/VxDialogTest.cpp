@@ -62,20 +62,8 @@ protected:
   }
 };
 
-void Click(wxDialog & dialog, int id) {
-  wxWindow * button = dialog.FindWindow(id);
-  ASSERT_NE(button, nullptr) << id;
-  wxCommandEvent click(wxEVT_BUTTON, id);
-  click.SetEventObject(button);
-  button->ProcessWindowEvent(click);
-}
-
-void PressEscape(wxDialog & dialog) {
-  wxKeyEvent key(wxEVT_CHAR_HOOK);
-  key.m_keyCode = WXK_ESCAPE;
-  key.SetEventObject(&dialog);
-  dialog.ProcessWindowEvent(key);
-}
+using gui_test::Click;
+void PressEscape(wxDialog & dialog) { gui_test::PressKey(dialog, WXK_ESCAPE); }
 
 TEST(VxDialog, EachRunMakesFreshControlsAndInitialisesBeforeShowing) {
   TestDialog dialog;
