@@ -143,6 +143,8 @@ void SampleApp::PlaceFrame() {
   WINDOWPLACEMENT placement{};
   if (!text.empty() && ParseWindowPlacement(text.utf8_str(), placement))
     VxSetWindowPlacement(*mFrame, placement);
+  else
+    mFrame->Centre();  // first start: not wherever the window manager finds room
   VxTrackWindowPlacement(*mFrame);
 }
 
