@@ -11,6 +11,7 @@
 #include <wx/settings.h>
 
 #include "Figures.h"
+#include "gui/GuiBench.h"
 #include "work/VxGauge.h"
 
 namespace {
@@ -19,18 +20,6 @@ TALVO_TIME_LIMIT("GaugeFrame", 200000);
 
 wxSize const FrameSize(300, 20);
 char const Caption[] = "Breaking...";
-
-// wx and GTK started once for the binary; false without a display.
-bool GuiStarted() {
-  static bool const started = [] {
-    int argc = 1;
-    char name[] = "talvo-bench-gui";
-    char * argv[] = {name, nullptr};
-    wxApp::SetInstance(new wxApp);
-    return wxEntryStart(argc, argv) && wxTheApp->CallOnInit();
-  }();
-  return started;
-}
 
 void GaugeFrame_candidate(benchmark::State & state) {
   if (!GuiStarted()) {

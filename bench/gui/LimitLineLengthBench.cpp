@@ -11,6 +11,7 @@
 #include <string>
 
 #include "Figures.h"
+#include "gui/GuiBench.h"
 #include "dialogs/LimitLineLength.h"
 
 namespace {
@@ -18,18 +19,6 @@ namespace {
 TALVO_TIME_LIMIT("LimitLineLengthByPixels", 2e6);
 
 size_t const WidthLimit = 400;
-
-bool GuiStarted() {
-  static bool const started = [] {
-    if (wxTheApp) return true;
-    static int argc = 1;
-    static char name[] = "talvo-bench-gui";
-    static char * argv[] = {name, nullptr};
-    wxApp::SetInstance(new wxApp);
-    return wxEntryStart(argc, argv) && wxTheApp->CallOnInit();
-  }();
-  return started;
-}
 
 // Prose-like: 2,000 words of 1 to 4 syllables from a fixed seed, sentences
 // of 6 to 21 words, a paragraph break every 150 words.

@@ -14,6 +14,7 @@
 #include <wx/stattext.h>
 
 #include "Figures.h"
+#include "gui/GuiBench.h"
 #include "dialogs/CustomMessageBoxDlg.h"
 #include "platform/ResourceModule.h"
 #include "platform/WinUser.h"
@@ -25,18 +26,6 @@ TALVO_TIME_LIMIT("MessageBoxLayout", 30e6);
 wchar_t const Text[] =
     L"The run \"Calibration 12\" has measurements that are not saved yet. If you close the "
     L"project now, they will be lost. Do you want to save them before the project closes?";
-
-bool GuiStarted() {
-  static bool const started = [] {
-    if (wxTheApp) return true;
-    static int argc = 1;
-    static char name[] = "talvo-bench-gui";
-    static char * argv[] = {name, nullptr};
-    wxApp::SetInstance(new wxApp);
-    return wxEntryStart(argc, argv) && wxTheApp->CallOnInit();
-  }();
-  return started;
-}
 
 // Ends every modal run before it shows.
 class AnswerAtOnce : public wxModalDialogHook {

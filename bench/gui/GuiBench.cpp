@@ -1,0 +1,16 @@
+#include "gui/GuiBench.h"
+
+#include <wx/app.h>
+#include <wx/init.h>
+
+bool GuiStarted() {
+  static bool const started = [] {
+    if (wxTheApp) return true;
+    static int argc = 1;
+    static char name[] = "talvo-bench-gui";
+    static char * argv[] = {name, nullptr};
+    wxApp::SetInstance(new wxApp);
+    return wxEntryStart(argc, argv) && wxTheApp->CallOnInit();
+  }();
+  return started;
+}
