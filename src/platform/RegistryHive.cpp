@@ -119,7 +119,17 @@ void Hive::EnsureOpen() {
     if (!VxCreateFolder(VxGetDirectory(mPath)) || !CreateFile()) return;
   }
   std::string problem;
-  switch (OpenFile(problem)) {
+  Opening opening = OpenFile(problem);
+  // SQLite gives up at once, without its busy handler, where waiting could
+  // deadlock; many processes starting together meet that. Try again a while.
+  auto const start = std::chrono::steady_clock::now();
+  for (int attempt = 1;
+       opening == Opening::Busy && std::chrono::steady_clock::now() - start < kBusyTimeout;
+       ++attempt) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(attempt, 50)));
+    opening = OpenFile(problem);
+  }
+  switch (opening) {
     case Opening::Opened:
       mState = State::Open;
       return;
@@ -127,6 +137,7 @@ void Hive::EnsureOpen() {
       Recover(problem);
       return;
     case Opening::Unusable:
+    case Opening::Busy:
       AddNotice(ExceptionMessage::translate(
                     "The registry hive {1} cannot be opened. Its settings are not available "
                     "and changes to them cannot be kept.") %
@@ -161,7 +172,8 @@ Hive::Opening Hive::OpenFile(std::string & problem) {
     bool const damaged = !why.empty() || primary == SQLITE_NOTADB || primary == SQLITE_CORRUPT;
     problem = !why.empty() ? why : damaged ? sqlite3_errstr(rc) : std::string();
     Close();
-    return damaged ? Opening::Damaged : Opening::Unusable;
+    if (damaged) return Opening::Damaged;
+    return primary == SQLITE_BUSY || primary == SQLITE_LOCKED ? Opening::Busy : Opening::Unusable;
   };
 
   // Identity first: a file that is no SQLite database fails here.
@@ -206,7 +218,10 @@ bool Hive::CreateFileLocked() {
   sqlite3 * db = nullptr;
   bool made = sqlite3_open_v2(temporary.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
                               nullptr) == SQLITE_OK &&
-              ExecuteScript(db, kSchema) == SQLITE_OK;
+              ExecuteScript(db, kSchema) == SQLITE_OK &&
+              // Made in WAL mode, so that no opener has to convert it, which
+              // needs the whole file to itself.
+              ExecuteScript(db, "PRAGMA journal_mode = WAL;") == SQLITE_OK;
   made = sqlite3_close(db) == SQLITE_OK && made;
   // A user's hive is private; the system hive is for every user to read.
   made = made && ::chmod(temporary.c_str(), mPrivate ? 0600 : 0644) == 0;

@@ -105,7 +105,9 @@ public:
 
 private:
   enum class State { Unopened, Open, Absent };
-  enum class Opening { Opened, Damaged, Unusable };
+  // Busy: another process held a lock that SQLite would not wait for (two
+  // openers upgrading their locks at once); opening again is right.
+  enum class Opening { Opened, Damaged, Unusable, Busy };
 
   void EnsureOpen();
   // Damaged: `problem` says why the file is no hive. Unusable: it could not
