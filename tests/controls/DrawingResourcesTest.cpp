@@ -13,14 +13,13 @@
 
 namespace {
 
-TEST(StandardPen, EveryStyleOfTheTable) {
+// One pen of each kind: plain, styled, coloured, and none.
+TEST(StandardPen, TheTablesPensAndNoneOutsideIt) {
   struct Case { int style; wxColour colour; int width; wxPenStyle penStyle; };
-  wxColour const black(0, 0, 0), lightGray(0xC0, 0xC0, 0xC0), white(255, 255, 255);
-  Case const cases[] = {{StandardPen::Solid, black, 1, wxPENSTYLE_SOLID},
+  wxColour const black(0, 0, 0);
+  Case const cases[] = {{StandardPen::Thick, black, 2, wxPENSTYLE_SOLID},
                         {StandardPen::Dash, black, 0, wxPENSTYLE_LONG_DASH},
-                        {StandardPen::LightGray, lightGray, 0, wxPENSTYLE_SOLID},
-                        {StandardPen::White, white, 1, wxPENSTYLE_SOLID},
-                        {StandardPen::Thick, black, 2, wxPENSTYLE_SOLID},
+                        {StandardPen::LightGray, wxColour(0xC0, 0xC0, 0xC0), 0, wxPENSTYLE_SOLID},
                         {StandardPen::None, black, 1, wxPENSTYLE_TRANSPARENT}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.style);
@@ -71,10 +70,11 @@ TEST(StandardFont, EveryTypeOfTheTable) {
     EXPECT_EQ(font->GetStyle() == wxFONTSTYLE_ITALIC, c.italic);
     EXPECT_EQ(font->GetUnderlined(), c.underline);
   }
-  LOGFONTW unused{};
-  EXPECT_FALSE(StandardFont::GetLogFont(12, unused));
-  EXPECT_FALSE(StandardFont::GetLogFont(-1, unused));
-  EXPECT_EQ(StandardFont::GetFont(12), nullptr);
+  for (int outside : {12, -1}) {
+    LOGFONTW unused{};
+    EXPECT_FALSE(StandardFont::GetLogFont(outside, unused));
+    EXPECT_EQ(StandardFont::GetFont(outside), nullptr);
+  }
 }
 
 TEST(StandardFont, PointsBecomeScreenPixelsRoundedToNearest) {
@@ -86,16 +86,16 @@ TEST(StandardFont, PointsBecomeScreenPixelsRoundedToNearest) {
 }
 
 TEST(StandardFont, UnloadedPensAndFontsAreMadeAgainOnNextUse) {
-  ASSERT_NE(StandardFont::GetFont(StandardFont::Bold), nullptr);
-  ASSERT_NE(StandardPen::GetDotPen(), nullptr);
-  StandardFont::UnloadFonts();
-  StandardPen::UnloadPens();
-  wxFont const * font = StandardFont::GetFont(StandardFont::Bold);
-  ASSERT_NE(font, nullptr);
-  EXPECT_EQ(font->GetNumericWeight(), 700);
-  wxPen const * pen = StandardPen::GetDotPen();
-  ASSERT_NE(pen, nullptr);
-  EXPECT_EQ(pen->GetStyle(), wxPENSTYLE_DOT);
+  for (int unloaded = 0; unloaded < 2; ++unloaded) {
+    SCOPED_TRACE(unloaded);
+    wxFont const * font = StandardFont::GetFont(StandardFont::Bold);
+    wxPen const * pen = StandardPen::GetDotPen();
+    ASSERT_TRUE(font != nullptr && pen != nullptr);
+    EXPECT_EQ(font->GetNumericWeight(), 700);
+    EXPECT_EQ(pen->GetStyle(), wxPENSTYLE_DOT);
+    StandardFont::UnloadFonts();
+    StandardPen::UnloadPens();
+  }
 }
 
 wxColour PixelOf(wxBitmap const & bitmap, int x, int y) {

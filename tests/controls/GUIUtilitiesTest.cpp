@@ -2,6 +2,9 @@
 // command strings.
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include <wx/app.h>
 #include <wx/frame.h>
 #include <wx/mdi.h>
@@ -15,25 +18,17 @@ namespace {
 TEST(GUIUtilities, TextPartSplitsAtTheFirstLineFeed) {
   struct Case { char const * text; bool after; char const * part; };
   Case const cases[] = {{"No feed", false, "No feed"}, {"No feed", true, "No feed"},
-                        {"a\nb\nc", false, "a"},        {"a\nb\nc", true, "b\nc"},
-                        {"only before\n", true, ""}};
+      {"a\nb\nc", false, "a"}, {"a\nb\nc", true, "b\nc"}, {"only before\n", true, ""}};
   for (Case const & c : cases)
     EXPECT_EQ(GUIUtilities::TextPart(c.text, c.after), wxString(c.part)) << c.text << c.after;
 }
 
-TEST(GUIUtilities, StringResourcesGiveTheirParts) {
-  // The library's own command string: a long text, a line feed, a tip.
-  EXPECT_EQ(GUIUtilities::LoadStringPart(13196, true), "Print the pages upright");
-  EXPECT_EQ(GUIUtilities::LoadStringPart(4242424, false), "");
-}
-
 TEST(GUIUtilities, EnableMenuAsksTheTargetForEveryItem) {
   wxFrame * frame = new wxFrame(nullptr, wxID_ANY, "Target");
-  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, 200);
+  for (int id : {200, 210, 221})
+    frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, id);
   frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Check(true); }, 201);
   frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.SetText("Renamed"); }, 202);
-  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, 210);
-  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, 221);
 
   wxMenu menu;
   menu.Append(200, "Disabled");
@@ -41,14 +36,16 @@ TEST(GUIUtilities, EnableMenuAsksTheTargetForEveryItem) {
   menu.Append(202, "Old text");
   menu.AppendSeparator();
   menu.Append(203, "Untouched");
-  auto * firstOff = new wxMenu;  // its first command is disabled: so is the sub-menu
-  firstOff->Append(210, "Off");
-  firstOff->Append(211, "On");
-  wxMenuItem * firstOffItem = menu.AppendSubMenu(firstOff, "First off");
-  auto * laterOff = new wxMenu;  // only a later command is disabled
-  laterOff->Append(220, "On");
-  laterOff->Append(221, "Off");
-  wxMenuItem * laterOffItem = menu.AppendSubMenu(laterOff, "Later off");
+  auto subMenu = [&menu](int first, int second) {
+    auto * sub = new wxMenu;
+    sub->Append(first, "First");
+    sub->Append(second, "Second");
+    return std::make_pair(sub, menu.AppendSubMenu(sub, "Sub"));
+  };
+  // A sub-menu whose first command is disabled is disabled itself; a later
+  // disabled command leaves it enabled.
+  auto const [firstOff, firstOffItem] = subMenu(210, 211);
+  auto const [laterOff, laterOffItem] = subMenu(220, 221);
 
   GUIUtilities::EnableMenu(frame, &menu);
   EXPECT_FALSE(menu.IsEnabled(200));

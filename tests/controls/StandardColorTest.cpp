@@ -2,8 +2,9 @@
 // values worked out by hand.
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <algorithm>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "controls/StandardColor.h"
@@ -18,10 +19,8 @@ StandardColor::NearestColorFunction PaletteOf(std::vector<COLORREF> palette) {
                 b = GetBValue(c) - GetBValue(wanted);
       return r * r + g * g + b * b;
     };
-    COLORREF best = palette.front();
-    for (COLORREF c : palette)
-      if (distance(c) < distance(best)) best = c;
-    return best;
+    return *std::min_element(palette.begin(), palette.end(),
+                             [&](COLORREF a, COLORREF b) { return distance(a) < distance(b); });
   };
 }
 
@@ -40,10 +39,8 @@ TEST_F(StandardColorTest, ATrueColourDisplayTakesTheFirstCandidates) {
   StandardColor::SetNearestColorFunction([](COLORREF c) { return c; });
   struct Case { int def; COLORREF value; };
   // The first and last entries of the table, and past its ends: white.
-  Case const cases[] = {{StandardColor::Blue, 0xFF8080},
-                        {StandardColor::LightMagenta, 0xFF80FF},
-                        {-1, 0xFFFFFF},
-                        {24, 0xFFFFFF}};
+  Case const cases[] = {{StandardColor::Blue, 0xFF8080}, {StandardColor::LightMagenta, 0xFF80FF},
+                        {-1, 0xFFFFFF}, {24, 0xFFFFFF}};
   for (Case const & c : cases) EXPECT_EQ(StandardColor::GetColor(c.def), c.value) << c.def;
 }
 
@@ -55,11 +52,10 @@ TEST_F(StandardColorTest, APaletteDisplayTakesTheFirstCandidateItShowsExactly) {
   EXPECT_EQ(StandardColor::GetColorYellow(), 0x00FFFFu);
   EXPECT_EQ(StandardColor::GetColorLightGray(), 0xC0C0C0u);
   // On paper the light colours come back.
-  EXPECT_EQ(StandardColor::GetPrintColor(0xF0CAA6), 0xFF8080u);
-  EXPECT_EQ(StandardColor::GetPrintColor(0xC0DCC0), 0x80FF80u);
-  EXPECT_EQ(StandardColor::GetPrintColor(0x0000FF), 0x8080FFu);
-  EXPECT_EQ(StandardColor::GetPrintColor(0x123456), 0x123456u);
-  EXPECT_EQ(StandardColor::GetPrintColor(0xFF8080), 0xFF8080u);
+  std::pair<COLORREF, COLORREF> const printed[] = {{0xF0CAA6, 0xFF8080}, {0xC0DCC0, 0x80FF80},
+      {0x0000FF, 0x8080FF}, {0x123456, 0x123456}, {0xFF8080, 0xFF8080}};
+  for (auto const & [shown, onPaper] : printed)
+    EXPECT_EQ(StandardColor::GetPrintColor(shown), onPaper) << std::hex << shown;
 }
 
 TEST_F(StandardColorTest, WhenNoCandidateIsShownTheLastAnswerStands) {
@@ -140,17 +136,13 @@ TEST(StandardColorHsv, InterpolationRunsThroughHsvTheLongWay) {
     StandardColor::InterpolateColors(c.from, c.to, out.data(), int(out.size()));
     EXPECT_EQ(out, c.ramp) << std::hex << c.from << " to " << c.to;
   }
-}
-
-TEST(StandardColorHsv, DegenerateRampsTouchOnlyWhatTheyHave) {
+  // A ramp of one is its last colour; empty and negative ones touch nothing.
   COLORREF one[2] = {0xAAAAAA, 0xBBBBBB};
-  StandardColor::InterpolateColors(0x112233, 0x445566, one, 1);
-  EXPECT_EQ(one[0], 0x445566u);  // the last entry is the first
-  EXPECT_EQ(one[1], 0xBBBBBBu);
-  StandardColor::InterpolateColors(0x112233, 0x445566, one, 0);
-  StandardColor::InterpolateColors(0x112233, 0x445566, one, -3);
+  for (int count : {1, 0, -3}) StandardColor::InterpolateColors(0x112233, 0x445566, one, count);
   StandardColor::InterpolateColors(0x112233, 0x445566, nullptr, 5);
   EXPECT_EQ(one[0], 0x445566u);
+  EXPECT_EQ(one[1], 0xBBBBBBu);
 }
+
 
 }  // namespace

@@ -25,7 +25,6 @@ protected:
     mFrame = new wxFrame(nullptr, wxID_ANY, "Browse buttons", wxDefaultPosition, wxSize(400, 200));
     mPanel = new wxPanel(mFrame);
     mEdit = new wxTextCtrl(mPanel, wxID_ANY, "", wxPoint(10, 10), wxSize(200, 30));
-    mNext = new wxTextCtrl(mPanel, wxID_ANY, "", wxPoint(10, 50), wxSize(200, 30));
     gui_test::ShowAndWait(*mFrame);
   }
   void TearDown() override {
@@ -33,16 +32,11 @@ protected:
     gui_test::Flush();
   }
 
-  void Press(VxBrowseButton & button) {
-    wxCommandEvent click(wxEVT_BUTTON, button.GetId());
-    click.SetEventObject(&button);
-    button.ProcessWindowEvent(click);
-  }
+  void Press(VxBrowseButton & button) { gui_test::Click(*mPanel, button.GetId()); }
 
   wxFrame * mFrame = nullptr;
   wxPanel * mPanel = nullptr;
   wxTextCtrl * mEdit = nullptr;
-  wxTextCtrl * mNext = nullptr;
 };
 
 TEST_F(BrowseButtonTest, TheButtonTakesTheRightEndOfItsBuddyAndFollowsItInTabOrder) {
@@ -70,10 +64,11 @@ TEST_F(BrowseButtonTest, TheButtonTakesTheRightEndOfItsBuddyAndFollowsItInTabOrd
 TEST_F(BrowseButtonTest, FolderAndFileButtonsBrowseFromTheBuddysTextIntoIt) {
   std::vector<FolderChooserRequest> folderRequests;
   std::vector<FileChooserRequest> fileRequests;
-  FolderChooserFunction const formerFolder = SetFolderChooserFunction([&](FolderChooserRequest const & r) {
-    folderRequests.push_back(r);
-    return FolderChooserAnswer{true, "/srv/data"};
-  });
+  FolderChooserFunction const formerFolder =
+      SetFolderChooserFunction([&](FolderChooserRequest const & r) {
+        folderRequests.push_back(r);
+        return FolderChooserAnswer{true, "/srv/data"};
+      });
   FileChooserFunction const formerFile = SetFileChooserFunction([&](FileChooserRequest const & r) {
     fileRequests.push_back(r);
     FileChooserAnswer answer;
@@ -93,19 +88,18 @@ TEST_F(BrowseButtonTest, FolderAndFileButtonsBrowseFromTheBuddysTextIntoIt) {
   ASSERT_EQ(folderRequests.size(), 1u);
   EXPECT_EQ(folderRequests[0].initialFolder, "/");
 
+  auto * next = new wxTextCtrl(mPanel, wxID_ANY, "/tmp/old.dat", wxPoint(10, 50), wxSize(200, 30));
   auto * file = new VxBrowseButton;
-  file->Create(mNext, BT_FILE);
+  file->Create(next, BT_FILE);
   file->SetFileDialog(true, L"dat", L"", OFN_FILEMUSTEXIST, L"Data (*.dat)|*.dat||");
-  mNext->ChangeValue("/tmp/old.dat");
   Press(*file);
-  EXPECT_EQ(mNext->GetValue(), "/srv/data/run.dat");
+  EXPECT_EQ(next->GetValue(), "/srv/data/run.dat");
   ASSERT_EQ(fileRequests.size(), 1u);
-  EXPECT_TRUE(fileRequests[0].open);
-  EXPECT_TRUE(fileRequests[0].fileMustExist);
-  EXPECT_EQ(fileRequests[0].wildcard, "Data (*.dat)|*.dat");
-  EXPECT_EQ(fileRequests[0].fileName, "old.dat");
-  EXPECT_EQ(fileRequests[0].initialFolder, "/tmp");
-
+  FileChooserRequest const & asked = fileRequests[0];
+  EXPECT_TRUE(asked.open && asked.fileMustExist);
+  EXPECT_EQ(asked.wildcard, "Data (*.dat)|*.dat");
+  EXPECT_EQ(asked.fileName, "old.dat");
+  EXPECT_EQ(asked.initialFolder, "/tmp");
   SetFolderChooserFunction(formerFolder);
   SetFileChooserFunction(formerFile);
 }
@@ -118,17 +112,11 @@ TEST_F(BrowseButtonTest, AMenuButtonPopsItsSubMenuUpBelowItself) {
     menu->Append(4711, "Insert date");
     return menu;
   });
-  struct Shown {
-    unsigned flags;
-    wxPoint at;
-    wxRect rect;
-    wxWindow * owner;
-    int items;
-  };
+  struct Shown { unsigned flags; wxPoint at; wxRect rect; wxWindow * owner; size_t items; };
   std::vector<Shown> shown;
   VxMenu::SetTrackPopupMenuFunction(
       [&](wxMenu * menu, unsigned flags, int x, int y, wxWindow * owner, wxRect const * rect) {
-        shown.push_back({flags, wxPoint(x, y), *rect, owner, static_cast<int>(menu->GetMenuItemCount())});
+        shown.push_back({flags, wxPoint(x, y), *rect, owner, menu->GetMenuItemCount()});
         return 1;
       });
   auto * button = new VxBrowseButton;
@@ -144,7 +132,7 @@ TEST_F(BrowseButtonTest, AMenuButtonPopsItsSubMenuUpBelowItself) {
   EXPECT_EQ(shown[0].rect, screen);
   EXPECT_EQ(shown[0].flags, 64u);
   EXPECT_EQ(shown[0].owner, mPanel);
-  EXPECT_EQ(shown[0].items, 1);
+  EXPECT_EQ(shown[0].items, 1u);
 }
 
 TEST_F(BrowseButtonTest, ANotifyButtonTellsTheParentWithTheBuddyAndIgnoresAClickWhileBusy) {

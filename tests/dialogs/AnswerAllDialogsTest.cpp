@@ -55,38 +55,40 @@ void ExpectPackedRow(wxDialog & dialog, std::vector<int> const & ids, int rightE
   }
 }
 
+// Also: the default button has the focus, and None at DoModal keeps the one
+// given at construction.
 TEST(YesNoCancelAll, EachButtonGivesItsResultAndEveryWayOutWithoutOneGivesCancel) {
-  struct Case {
-    char const * name;
-    std::function<void(wxDialog &)> act;
-    int modalResult;
-    Button result;
-  };
+  using D = YesNoCancelAll;
+  struct Case { char const * name; std::function<void(wxDialog &)> act; int modalResult;
+                Button result, constructed, atDoModal; int focused; };
   auto click = [](int id) { return [id](wxDialog & d) { Click(d, id); }; };
+  auto close = [](wxDialog & d) { d.Close(); };
   Case const cases[] = {
-      {"Yes", click(YesNoCancelAll::kYesId), IDOK, YesNoCancelAll::Yes},
-      {"No", click(YesNoCancelAll::kNoId), IDOK, YesNoCancelAll::No},
-      {"Yes to all", click(YesNoCancelAll::kYesToAllId), IDOK, YesNoCancelAll::YesToAll},
-      {"No to all", click(YesNoCancelAll::kNoToAllId), IDOK, YesNoCancelAll::NoToAll},
-      {"Cancel", click(YesNoCancelAll::kCancelId), IDCANCEL, YesNoCancelAll::Cancel},
-      {"close box", [](wxDialog & d) { d.Close(); }, IDCANCEL, YesNoCancelAll::Cancel},
-      {"Escape", PressEscape, IDCANCEL, YesNoCancelAll::Cancel},
-  };
-  YesNoCancelAll dialog(L"Header", L"Text", L"Caption");
+      {"Yes", click(D::kYesId), IDOK, D::Yes, D::Yes, D::None, D::kYesId},
+      {"No", click(D::kNoId), IDOK, D::No, D::No, D::None, D::kNoId},
+      {"Yes to all", click(D::kYesToAllId), IDOK, D::YesToAll, D::YesToAll, D::None,
+       D::kYesToAllId},
+      {"No to all", click(D::kNoToAllId), IDOK, D::NoToAll, D::NoToAll, D::None, D::kNoToAllId},
+      {"Cancel", click(D::kCancelId), IDCANCEL, D::Cancel, D::Cancel, D::None, D::kCancelId},
+      {"close box", close, IDCANCEL, D::Cancel, D::Yes, D::NoToAll, D::kNoToAllId},
+      {"Escape", PressEscape, IDCANCEL, D::Cancel, D::No, D::None, D::kNoId}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.name);
+    YesNoCancelAll dialog(L"Header", L"Text", L"Caption", c.constructed);
     ModalDialogScript script;
-    script.Act(c.act);
-    EXPECT_EQ(dialog.DoModal(), c.modalResult);
+    script.Act([&](wxDialog & d) {
+      wxWindow * focus = wxWindow::FindFocus();
+      EXPECT_EQ(focus != nullptr ? focus->GetId() : 0, c.focused);
+      EXPECT_EQ(d.GetDefaultItem() != nullptr ? d.GetDefaultItem()->GetId() : 0, c.focused);
+      c.act(d);
+    });
+    EXPECT_EQ(dialog.DoModal(nullptr, nullptr, nullptr, c.atDoModal), c.modalResult);
     EXPECT_EQ(dialog.GetResult(), c.result);
   }
 }
 
 TEST(YesNoCancelAll, FlagsHideButtonsAndTheRestCloseUpWhileEscapeStillCancels) {
-  struct Case {
-    bool yes, yesToAll, no, noToAll, cancel;
-    std::set<int> shown;
-  };
+  struct Case { bool yes, yesToAll, no, noToAll, cancel; std::set<int> shown; };
   Case const cases[] = {
       {true, true, true, true, true, {13095, 13096, 13092, 13093, 2}},
       {true, true, false, false, true, {13095, 13096, 2}},
@@ -98,12 +100,10 @@ TEST(YesNoCancelAll, FlagsHideButtonsAndTheRestCloseUpWhileEscapeStillCancels) {
     SCOPED_TRACE(c.shown.size());
     YesNoCancelAll dialog(L"", L"", L"", YesNoCancelAll::None, nullptr, c.yes, c.yesToAll, c.no,
                           c.noToAll, c.cancel);
-    int rightEdge = 0;
     ModalDialogScript script;
     script.Act([&](wxDialog & d) {
       EXPECT_EQ(ShownButtons(d, row), c.shown);
-      rightEdge = d.FindWindow(YesNoCancelAll::kTextId)->GetRect().GetRight();
-      ExpectPackedRow(d, row, rightEdge);
+      ExpectPackedRow(d, row, d.FindWindow(YesNoCancelAll::kTextId)->GetRect().GetRight());
       PressEscape(d);
     });
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
@@ -111,121 +111,61 @@ TEST(YesNoCancelAll, FlagsHideButtonsAndTheRestCloseUpWhileEscapeStillCancels) {
   }
 }
 
-TEST(YesNoCancelAll, TheDefaultButtonHasTheFocusAndNoneKeepsTheStoredOne) {
-  struct Case {
-    Button constructed;
-    Button atDoModal;
-    int focused;
-  };
-  Case const cases[] = {
-      {YesNoCancelAll::Yes, YesNoCancelAll::None, YesNoCancelAll::kYesId},
-      {YesNoCancelAll::No, YesNoCancelAll::None, YesNoCancelAll::kNoId},
-      {YesNoCancelAll::YesToAll, YesNoCancelAll::None, YesNoCancelAll::kYesToAllId},
-      {YesNoCancelAll::NoToAll, YesNoCancelAll::None, YesNoCancelAll::kNoToAllId},
-      {YesNoCancelAll::Cancel, YesNoCancelAll::None, YesNoCancelAll::kCancelId},
-      {YesNoCancelAll::Yes, YesNoCancelAll::NoToAll, YesNoCancelAll::kNoToAllId},
-  };
-  for (Case const & c : cases) {
-    SCOPED_TRACE(c.focused);
-    YesNoCancelAll dialog(L"", L"", L"", c.constructed);
-    int focused = 0;
-    wxWindow * defaultItem = nullptr;
-    ModalDialogScript script;
-    script.Act([&](wxDialog & d) {
-      wxWindow * focus = wxWindow::FindFocus();
-      focused = focus != nullptr ? focus->GetId() : 0;
-      defaultItem = d.GetDefaultItem();
-      Click(d, IDCANCEL);
-    });
-    dialog.DoModal(nullptr, nullptr, nullptr, c.atDoModal);
-    EXPECT_EQ(focused, c.focused);
-    ASSERT_NE(defaultItem, nullptr);
-    EXPECT_EQ(defaultItem->GetId(), c.focused);
-  }
-}
-
 TEST(YesNoCancelAll, TextsReachTheirControlsAndOnlyNonNullOnesAreReplaced) {
   YesNoCancelAll dialog(L"Overwrite these files?", L"a.txt\nb.txt\r\nc.txt", L"Copying");
-  wxString header, text, title;
-  auto read = [&](wxDialog & d) {
-    header = static_cast<wxStaticText *>(d.FindWindow(YesNoCancelAll::kHeaderId))->GetLabel();
-    text = static_cast<wxTextCtrl *>(d.FindWindow(YesNoCancelAll::kTextId))->GetValue();
-    title = d.GetTitle();
-    Click(d, YesNoCancelAll::kYesId);
+  auto expectShown = [](char const * text, char const * title) {
+    return [=](wxDialog & d) {
+      EXPECT_EQ(static_cast<wxStaticText *>(d.FindWindow(YesNoCancelAll::kHeaderId))->GetLabel(),
+                "Overwrite these files?");
+      EXPECT_EQ(static_cast<wxTextCtrl *>(d.FindWindow(YesNoCancelAll::kTextId))->GetValue(), text);
+      EXPECT_EQ(d.GetTitle(), title);
+      Click(d, YesNoCancelAll::kYesId);
+    };
   };
   ModalDialogScript script;
-  script.Act(read);
+  // An existing "\r\n" is not doubled.
+  script.Act(expectShown("a.txt\r\nb.txt\r\nc.txt", "Copying"));
   dialog.DoModal();
-  EXPECT_EQ(header, "Overwrite these files?");
-  EXPECT_EQ(text, "a.txt\r\nb.txt\r\nc.txt");  // an existing "\r\n" is not doubled
-  EXPECT_EQ(title, "Copying");
-
-  script.Act(read);
+  script.Act(expectShown("d.txt\r\n", "Moving"));
   dialog.DoModal(nullptr, L"d.txt\n", L"Moving", YesNoCancelAll::None);
-  EXPECT_EQ(header, "Overwrite these files?");
-  EXPECT_EQ(text, "d.txt\r\n");
-  EXPECT_EQ(title, "Moving");
 }
 
-TEST(YesNoDialog, YesIsOkAndEveryOtherWayOutIsCancel) {
-  struct Case {
-    char const * name;
-    std::function<void(wxDialog &)> act;
-    int result;
-  };
-  Case const cases[] = {
-      {"Yes", [](wxDialog & d) { Click(d, IDOK); }, IDOK},
-      {"No", [](wxDialog & d) { Click(d, IDCANCEL); }, IDCANCEL},
-      {"Escape", PressEscape, IDCANCEL},
-      {"close box", [](wxDialog & d) { d.Close(); }, IDCANCEL},
-  };
-  for (Case const & c : cases) {
-    SCOPED_TRACE(c.name);
+TEST(YesNoDialog, YesIsOkAndNoIsCancel) {
+  for (int press : {IDOK, IDCANCEL}) {
+    SCOPED_TRACE(press);
     YesNoDialog dialog(L"Header", L"one\ntwo", L"Caption", UserCommNo);
     wxString text, yesLabel;
     ModalDialogScript script;
     script.Act([&](wxDialog & d) {
       text = static_cast<wxTextCtrl *>(d.FindWindow(YesNoDialog::kTextId))->GetValue();
       yesLabel = d.FindWindow(IDOK)->GetLabel();
-      c.act(d);
+      Click(d, press);
     });
-    EXPECT_EQ(dialog.DoModal(), c.result);
+    EXPECT_EQ(dialog.DoModal(), press);
     EXPECT_EQ(text, "one\r\ntwo");
     EXPECT_EQ(yesLabel, "&Yes");
   }
 }
 
 TEST(YesNoToAll, TheValueNamesTheAnswerWhateverOrderTheButtonsStandIn) {
-  struct Case {
-    bool yesFirst;
-    int clicked;
-    int result;
-  };
-  Case const cases[] = {
-      {true, 1, YesNoToAll::kYes},     {true, 13029, YesNoToAll::kYesToAll},
-      {true, 13027, YesNoToAll::kNo},  {false, 1, YesNoToAll::kNo},
-      {false, 13029, YesNoToAll::kNoToAll}, {false, 13027, YesNoToAll::kYes},
-  };
+  struct Case { bool yesFirst; int clicked, result; };
+  Case const cases[] = {{true, 1, YesNoToAll::kYes},      {true, 13029, YesNoToAll::kYesToAll},
+                        {true, 13027, YesNoToAll::kNo},   {false, 1, YesNoToAll::kNo},
+                        {false, 13029, YesNoToAll::kNoToAll}, {false, 13027, YesNoToAll::kYes}};
   for (Case const & c : cases) {
     SCOPED_TRACE(testing::Message() << c.yesFirst << " " << c.clicked);
     YesNoToAll dialog(nullptr, c.yesFirst);
     std::vector<wxString> labels;
-    std::set<int> shown;
-    wxString text;
     ModalDialogScript script;
     script.Act([&](wxDialog & d) {
       for (int id : {1, 13029, 13027}) labels.push_back(d.FindWindow(id)->GetLabel());
-      shown = ShownButtons(d, {1, 13029, 13027, 2});
-      text = d.FindWindow(YesNoToAll::kTextId)->GetLabel();
+      EXPECT_EQ(ShownButtons(d, {1, 13029, 13027, 2}), (std::set<int>{1, 13029, 13027}));
+      EXPECT_EQ(d.FindWindow(YesNoToAll::kTextId)->GetLabel(), "Delete run 7?");
       Click(d, c.clicked);
     });
     EXPECT_EQ(dialog.NewDoModal(L"Delete run 7?", L"Runs"), c.result);
-    std::vector<wxString> const expected =
-        c.yesFirst ? std::vector<wxString>{"Yes", "Yes to All", "No"}
-                   : std::vector<wxString>{"No", "No to All", "Yes"};
-    EXPECT_EQ(labels, expected);
-    EXPECT_EQ(shown, (std::set<int>{1, 13029, 13027}));
-    EXPECT_EQ(text, "Delete run 7?");
+    EXPECT_EQ(labels, (c.yesFirst ? std::vector<wxString>{"Yes", "Yes to All", "No"}
+                                  : std::vector<wxString>{"No", "No to All", "Yes"}));
     EXPECT_EQ(script.Shown().at(0).title, "Runs");
   }
 }
@@ -234,23 +174,18 @@ TEST(YesNoToAll, ALongQuestionWrapsAndTheDialogGrowsUntilEveryLineShows) {
   std::wstring question;
   for (int i = 0; i < 12; ++i) question += L"The file of run 7 was changed after the last import. ";
   YesNoToAll dialog;
-  wxString shown;
-  wxRect text, button;
-  wxFont font;
   ModalDialogScript script;
   script.Act([&](wxDialog & d) {
-    shown = d.FindWindow(YesNoToAll::kTextId)->GetLabel();
-    font = d.FindWindow(YesNoToAll::kTextId)->GetFont();
-    text = d.FindWindow(YesNoToAll::kTextId)->GetRect();
-    button = d.FindWindow(1)->GetRect();
+    wxWindow * text = d.FindWindow(YesNoToAll::kTextId);
+    wxString const shown = text->GetLabel();
+    wxRect const needed = LimitLineLength::GetBoundsRect(shown.wc_str(), text->GetFont());
+    EXPECT_GT(shown.Freq('\n'), 3u);
+    EXPECT_LE(needed.width, text->GetRect().width);
+    EXPECT_LE(needed.height, text->GetRect().height);
+    EXPECT_GT(d.FindWindow(1)->GetRect().y, text->GetRect().GetBottom());
     Click(d, 1);
   });
   EXPECT_EQ(dialog.NewDoModal(question.c_str(), L""), YesNoToAll::kYes);
-  wxRect const needed = LimitLineLength::GetBoundsRect(shown.wc_str(), font);
-  EXPECT_GT(shown.Freq('\n'), 3u);
-  EXPECT_LE(needed.width, text.width);
-  EXPECT_LE(needed.height, text.height);
-  EXPECT_GT(button.y, text.GetBottom());
 }
 
 TEST(YesNoToAll, EscapeGivesCancelNotAnAnswer) {
@@ -263,27 +198,23 @@ TEST(YesNoToAll, EscapeGivesCancelNotAnAnswer) {
 
 TEST(YesYesToAllCancelDialog, ThreeButtonsWithoutSpecialTextAndTheSpecialFlagOutlivesARun) {
   YesYesToAllCancelDialog dialog;
-  std::set<int> shown;
   std::vector<int> const row{1, 13029, 13027, 2};
   ModalDialogScript script;
   script.Act([&](wxDialog & d) {
-    shown = ShownButtons(d, row);
+    EXPECT_EQ(ShownButtons(d, row), (std::set<int>{1, 13029, 2}));
     ExpectPackedRow(d, row, d.FindWindow(YesYesToAllCancelDialog::kTextId)->GetRect().GetRight());
     Click(d, YesYesToAllCancelDialog::kYesToAllId);
   });
   EXPECT_EQ(dialog.NewDoModal(L"Replace the picture?", L"Pictures", nullptr), IDOK);
-  EXPECT_EQ(shown, (std::set<int>{1, 13029, 2}));
   EXPECT_TRUE(dialog.YesToAllClicked());
   EXPECT_FALSE(dialog.SpecialClicked());
 
-  wxString specialLabel;
   script.Act([&](wxDialog & d) {
-    specialLabel = d.FindWindow(YesYesToAllCancelDialog::kSpecialId)->GetLabel();
+    EXPECT_EQ(d.FindWindow(YesYesToAllCancelDialog::kSpecialId)->GetLabel(), "Keep both pictures");
     Click(d, YesYesToAllCancelDialog::kSpecialId);
   });
   EXPECT_EQ(dialog.NewDoModal(L"Replace the picture?", L"Pictures", L"Keep both pictures"),
             YesYesToAllCancelDialog::kSpecialId);
-  EXPECT_EQ(specialLabel, "Keep both pictures");
   EXPECT_FALSE(dialog.YesToAllClicked());  // cleared by the run
   EXPECT_TRUE(dialog.SpecialClicked());
 

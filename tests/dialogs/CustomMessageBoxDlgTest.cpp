@@ -42,14 +42,8 @@ std::wstring Words(size_t characters) {
   return text;
 }
 
-struct ButtonRow {
-  char const * name;
-  unsigned type;
-  unsigned helpTopic;
-  std::vector<int> order;  // left to right
-};
-
 TEST(CustomMessageBox, EachKindShowsItsButtonsInOneCentredRowBelowTheText) {
+  struct ButtonRow { char const * name; unsigned type, helpTopic; std::vector<int> order; };
   ButtonRow const rows[] = {
       {"OK", MB_OK, 0, {IDOK}},
       {"OK with help", MB_OK, 55, {IDOK, IDHELP}},
@@ -63,10 +57,8 @@ TEST(CustomMessageBox, EachKindShowsItsButtonsInOneCentredRowBelowTheText) {
     box.SetText(L"The measurement has been saved.");
     MessageBoxProbe const probe = RunAndProbe(box, row.order.front());
 
-    std::vector<int> shownButtons;
-    for (int id : {IDOK, IDCANCEL, IDYES, IDNO, IDHELP})
-      if (probe.Shows(id)) shownButtons.push_back(id);
-    ASSERT_EQ(shownButtons.size(), row.order.size());
+    // Only the row's buttons, and the text and the icon.
+    ASSERT_EQ(probe.shown.size(), row.order.size() + 2);
     wxRect const text = probe.Rect(CustomMessageBoxDlg::kTextId);
     wxRect const first = probe.Rect(row.order.front());
     wxRect const last = probe.Rect(row.order.back());
@@ -75,16 +67,13 @@ TEST(CustomMessageBox, EachKindShowsItsButtonsInOneCentredRowBelowTheText) {
       EXPECT_EQ(button.y, first.y);
       EXPECT_GT(button.y, text.GetBottom());
       EXPECT_LE(button.GetBottom(), probe.client.y);
-      if (i > 0) {
-        EXPECT_EQ(button.x, probe.Rect(row.order[i - 1]).GetRight() + 1 + probe.gap);
-      }
+      if (i > 0) EXPECT_EQ(button.x, probe.Rect(row.order[i - 1]).GetRight() + 1 + probe.gap);
     }
     // The row starts a gap to the left of the centred place.
     int const rowCentre = (first.x + last.GetRight()) / 2;
     EXPECT_NEAR(rowCentre, probe.client.x / 2, 2 * probe.gap);
     EXPECT_GE(first.x, 1);
     EXPECT_LE(last.GetRight(), probe.client.x);
-    EXPECT_FALSE(probe.Shows(CustomMessageBoxDlg::kCheckBoxId));
     // The box cannot be made smaller than it opens; Enter answers with the
     // first button of the row.
     EXPECT_EQ(probe.minimum, probe.window);
@@ -110,16 +99,14 @@ TEST(CustomMessageBox, AWiderBoxWidensTheTextAndKeepsTheRowCentred) {
   int const grownY = after.client.y - before.client.y;
   ASSERT_GE(grownX, 200);
   wxRect const textBefore = before.Rect(CustomMessageBoxDlg::kTextId);
-  wxRect const textAfter = after.Rect(CustomMessageBoxDlg::kTextId);
-  EXPECT_EQ(textAfter.GetTopLeft(), textBefore.GetTopLeft());
-  EXPECT_EQ(textAfter.GetSize(), textBefore.GetSize() + wxSize(grownX, grownY));
-  for (int id : {IDYES, IDNO, IDCANCEL}) {
-    EXPECT_NEAR(after.Rect(id).x, before.Rect(id).x + grownX / 2, 1);
-    EXPECT_EQ(after.Rect(id).y, before.Rect(id).y + grownY);
+  EXPECT_EQ(after.Rect(CustomMessageBoxDlg::kTextId),
+            wxRect(textBefore.GetTopLeft(), textBefore.GetSize() + wxSize(grownX, grownY)));
+  // The buttons move by half the growth, the check box stays at the left.
+  for (int id : {IDYES, IDNO, IDCANCEL, int(CustomMessageBoxDlg::kCheckBoxId)}) {
+    int const dx = id == CustomMessageBoxDlg::kCheckBoxId ? 0 : grownX / 2;
+    EXPECT_NEAR(after.Rect(id).x, before.Rect(id).x + dx, 1) << id;
+    EXPECT_EQ(after.Rect(id).y, before.Rect(id).y + grownY) << id;
   }
-  wxRect const check = after.Rect(CustomMessageBoxDlg::kCheckBoxId);
-  EXPECT_EQ(check.x, before.Rect(CustomMessageBoxDlg::kCheckBoxId).x);
-  EXPECT_EQ(check.y, before.Rect(CustomMessageBoxDlg::kCheckBoxId).y + grownY);
 }
 
 TEST(CustomMessageBox, TheTextSetsTheWidthUpToALineOfAHundredAndFortyCharacters) {
@@ -136,8 +123,7 @@ TEST(CustomMessageBox, TheTextSetsTheWidthUpToALineOfAHundredAndFortyCharacters)
   EXPECT_GT(twoLines.client.y, line.client.y);
   for (MessageBoxProbe const * probe : {&shortText, &line, &twoLines}) {
     wxRect const text = probe->Rect(CustomMessageBoxDlg::kTextId);
-    wxRect const icon = probe->Rect(CustomMessageBoxDlg::kIconId);
-    EXPECT_GT(text.x, icon.GetRight());
+    EXPECT_GT(text.x, probe->Rect(CustomMessageBoxDlg::kIconId).GetRight());
     EXPECT_LE(text.GetRight(), probe->client.x);
     EXPECT_FALSE(probe->scrolls);
   }
@@ -160,8 +146,8 @@ TEST(CustomMessageBox, ALabelWiderThanItsButtonWidensItAndTheRow) {
   EXPECT_EQ(after.buttonLabel[IDYES], longLabel);
   EXPECT_EQ(after.buttonLabel[IDNO], "&Keep");
 
-  wxFont const font = relabelled.GetFont();
-  int const labelWidth = LimitLineLength::GetBoundsRect(longLabel.wc_str(), font).width;
+  int const labelWidth =
+      LimitLineLength::GetBoundsRect(longLabel.wc_str(), relabelled.GetFont()).width;
   wxRect const yes = after.Rect(IDYES);
   wxRect const no = after.Rect(IDNO);
   EXPECT_GE(yes.width, labelWidth + after.x8 - 1);
@@ -171,38 +157,11 @@ TEST(CustomMessageBox, ALabelWiderThanItsButtonWidensItAndTheRow) {
   EXPECT_GE(after.client.x, 2 * after.marginX + yes.width + after.gap + no.width);
 }
 
-TEST(CustomMessageBox, TheCheckBoxStandsUnderTheTextAboveTheButtons) {
-  for (size_t characters : {10u, 400u}) {
-    SCOPED_TRACE(characters);
-    CustomMessageBoxDlg box(MB_OKCANCEL);
-    box.SetText(Words(characters));
-    box.ShowCheckBox(true);
-    box.SetCheckText("&Remember this answer for all the runs of the project");
-    MessageBoxProbe const probe = RunAndProbe(box, IDOK);
-    ASSERT_TRUE(probe.Shows(CustomMessageBoxDlg::kCheckBoxId));
-    wxRect const check = probe.Rect(CustomMessageBoxDlg::kCheckBoxId);
-    wxRect const text = probe.Rect(CustomMessageBoxDlg::kTextId);
-    wxRect const icon = probe.Rect(CustomMessageBoxDlg::kIconId);
-    wxRect const ok = probe.Rect(IDOK);
-    EXPECT_EQ(check.x, text.x);
-    EXPECT_GT(check.y, text.GetBottom());
-    EXPECT_GT(check.y, icon.GetBottom());
-    EXPECT_LT(check.GetBottom(), ok.y);
-    EXPECT_LE(check.GetRight(), probe.client.x);  // the label is not cut
-  }
-}
-
 TEST(CustomMessageBox, TheIconFollowsTheIconBitsAndDefaultsToTheExclamationMark) {
-  struct Case {
-    unsigned type;
-    wxArtID art;
-  };
-  Case const cases[] = {{MB_ICONHAND, wxART_ERROR},
-                        {MB_ICONQUESTION, wxART_QUESTION},
-                        {MB_ICONASTERISK, wxART_INFORMATION},
-                        {MB_ICONEXCLAMATION, wxART_WARNING},
-                        {0, wxART_WARNING},
-                        {MB_USERICON, wxART_WARNING}};
+  struct Case { unsigned type; wxArtID art; };
+  Case const cases[] = {{MB_ICONHAND, wxART_ERROR}, {MB_ICONQUESTION, wxART_QUESTION},
+                        {MB_ICONASTERISK, wxART_INFORMATION}, {MB_ICONEXCLAMATION, wxART_WARNING},
+                        {0, wxART_WARNING}, {MB_USERICON, wxART_WARNING}};
   auto pixels = [](wxBitmap const & bitmap) {
     wxImage const image = bitmap.ConvertToImage();
     return std::string(reinterpret_cast<char const *>(image.GetData()),
@@ -213,16 +172,14 @@ TEST(CustomMessageBox, TheIconFollowsTheIconBitsAndDefaultsToTheExclamationMark)
     SCOPED_TRACE(c.type);
     CustomMessageBoxDlg box(c.type);
     std::string shown;
-    wxSize iconSize;
     ModalDialogScript script;
     script.Act([&](wxDialog & d) {
       auto * icon = static_cast<wxStaticBitmap *>(d.FindWindow(CustomMessageBoxDlg::kIconId));
       shown = pixels(icon->GetBitmap());
-      iconSize = icon->GetSize();
+      EXPECT_EQ(shown, pixels(wxArtProvider::GetBitmap(c.art, wxART_MESSAGE_BOX, icon->GetSize())));
       Click(d, IDOK);
     });
     box.DoModal();
-    EXPECT_EQ(shown, pixels(wxArtProvider::GetBitmap(c.art, wxART_MESSAGE_BOX, iconSize)));
     if (std::find(distinct.begin(), distinct.end(), shown) == distinct.end())
       distinct.push_back(shown);
   }
@@ -230,40 +187,25 @@ TEST(CustomMessageBox, TheIconFollowsTheIconBitsAndDefaultsToTheExclamationMark)
 }
 
 TEST(CustomMessageBox, EscapeCancelsEveryBoxButYesNoWhichMustBeAnswered) {
-  struct Case {
-    unsigned type;
-    int key;
-    bool closes;
-  };
-  Case const cases[] = {{MB_OK, WXK_ESCAPE, true},
-                        {MB_OKCANCEL, WXK_ESCAPE, true},
-                        {MB_YESNOCANCEL, WXK_ESCAPE, true},
-                        {MB_YESNOCANCEL, WXK_CANCEL, true},
-                        {MB_YESNO, WXK_ESCAPE, false},
-                        {MB_YESNO, WXK_CANCEL, false}};
+  struct Case { unsigned type; int key; bool closes; };
+  Case const cases[] = {{MB_OK, WXK_ESCAPE, true},        {MB_OKCANCEL, WXK_ESCAPE, true},
+                        {MB_YESNOCANCEL, WXK_ESCAPE, true}, {MB_YESNOCANCEL, WXK_CANCEL, true},
+                        {MB_YESNO, WXK_ESCAPE, false},    {MB_YESNO, WXK_CANCEL, false}};
   for (Case const & c : cases) {
     SCOPED_TRACE(testing::Message() << c.type << " key " << c.key);
     CustomMessageBoxDlg box(c.type);
     box.ShowCheckBox(true);
-    bool openAfterKey = false;
-    bool openAfterClose = false;
     ModalDialogScript script;
     script.Act([&](wxDialog & d) {
       static_cast<wxCheckBox *>(d.FindWindow(CustomMessageBoxDlg::kCheckBoxId))->SetValue(true);
       gui_test::PressKey(d, c.key);
-      openAfterKey = d.IsModal();
-      if (openAfterKey) {
-        d.Close();  // the close box, as the window manager sends it
-        openAfterClose = d.IsModal();
-        Click(d, IDNO);
-      }
+      EXPECT_EQ(d.IsModal(), !c.closes);
+      if (!d.IsModal()) return;
+      d.Close();  // the close box, as the window manager sends it
+      EXPECT_TRUE(d.IsModal());
+      Click(d, IDNO);
     });
-    int const result = box.DoModal();
-    EXPECT_EQ(openAfterKey, !c.closes);
-    EXPECT_EQ(result, c.closes ? IDCANCEL : IDNO);
-    if (!c.closes) {
-      EXPECT_TRUE(openAfterClose);
-    }
+    EXPECT_EQ(box.DoModal(), c.closes ? IDCANCEL : IDNO);
     // Escape exchanges nothing; No read the box.
     EXPECT_EQ(box.GetCheckState(), c.closes ? 0 : 1);
   }
@@ -275,18 +217,18 @@ std::wstring Repeat(std::wstring const & piece, size_t times) {
   return text;
 }
 
-TEST(CustomMessageBox, TextsThatCannotFitStillGiveABoxOnTheScreen) {
-  struct Case {
-    char const * name;
-    std::wstring text;
-    bool scrolls;
-  };
+// Short, long and odd texts; the check box stands under the text, above
+// the buttons, its long label not cut.
+TEST(CustomMessageBox, EveryTextGivesABoxOnTheScreenWithTheCheckBoxBetweenTextAndButtons) {
+  struct Case { char const * name; std::wstring text; bool scrolls; };
   std::wstring withBadValues = L"before ";
   withBadValues += wchar_t(0xD800);
   withBadValues += L" after ";
   withBadValues += wchar_t(0x110000);
   Case const cases[] = {
       {"empty", L"", false},
+      {"short", Words(10), false},
+      {"400 characters", Words(400), false},
       {"100,000 characters of words", Words(100000), true},
       {"100,000 characters without a break", std::wstring(100000, L'x'), true},
       {"a line without a break of 140", std::wstring(140, L'x'), false},
@@ -300,17 +242,21 @@ TEST(CustomMessageBox, TextsThatCannotFitStillGiveABoxOnTheScreen) {
     CustomMessageBoxDlg box(MB_YESNOCANCEL);
     box.SetText(c.text);
     box.ShowCheckBox(true);
+    box.SetCheckText("&Remember this answer for all the runs of the project");
     MessageBoxProbe const probe = RunAndProbe(box, IDNO);
     EXPECT_EQ(probe.scrolls, c.scrolls);
-    EXPECT_TRUE(probe.workArea.Contains(probe.screen))
-        << probe.screen.x << "," << probe.screen.y << " " << probe.screen.width << "x"
-        << probe.screen.height;
+    EXPECT_TRUE(probe.workArea.Contains(probe.screen));
     EXPECT_LE(probe.minimum.x, probe.workArea.width);
     EXPECT_LE(probe.minimum.y, probe.workArea.height);
-    // Everything stays inside the box, the buttons below the text.
+    // Everything stays inside the box.
     wxRect const text = probe.Rect(CustomMessageBoxDlg::kTextId);
+    wxRect const check = probe.Rect(CustomMessageBoxDlg::kCheckBoxId);
     EXPECT_LE(text.GetRight(), probe.client.x);
-    EXPECT_LT(text.GetBottom(), probe.Rect(CustomMessageBoxDlg::kCheckBoxId).y);
+    EXPECT_EQ(check.x, text.x);
+    EXPECT_GT(check.y, text.GetBottom());
+    EXPECT_GT(check.y, probe.Rect(CustomMessageBoxDlg::kIconId).GetBottom());
+    EXPECT_LT(check.GetBottom(), probe.Rect(IDNO).y);
+    EXPECT_LE(check.GetRight(), probe.client.x);
     EXPECT_LE(probe.Rect(IDCANCEL).GetBottom(), probe.client.y);
     if (c.scrolls) {  // the whole text, in lines of its own
       wxString shown = probe.textShown;

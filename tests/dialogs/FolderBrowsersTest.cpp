@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include <gtk/gtk.h>
 #include <wx/choicdlg.h>
@@ -22,42 +23,13 @@ using namespace folder_test;
 
 namespace {
 
-class FakePrinters {
-public:
-  explicit FakePrinters(PrinterListing listing) {
-    mFormer = SetPrinterListFunction([listing] { return listing; });
-  }
-  ~FakePrinters() { SetPrinterListFunction(mFormer); }
-
-private:
-  PrinterListFunction mFormer;
+struct FakePrinters {
+  explicit FakePrinters(PrinterListing listing)
+      : former(SetPrinterListFunction([listing] { return listing; })) {}
+  ~FakePrinters() { SetPrinterListFunction(former); }
+  PrinterListFunction former;
 };
 
-TEST(FolderBrowsers, EachKindHasItsFlagsAndRoot) {
-  struct Case {
-    CFolderDialog::BrowseType type;
-    unsigned flags;
-    int root;
-  };
-  Case const cases[] = {{CFolderDialog::BrowseForComputer, 4096, CSIDL_NETWORK},
-                        {CFolderDialog::BrowseForFolder, 1, 0},
-                        {CFolderDialog::BrowseForPrinter, 8192, CSIDL_PRINTERS}};
-  for (Case const & c : cases) {
-    CFolderDialog dialog(nullptr, "t", c.type);
-    EXPECT_EQ(dialog.GetBrowseFlags(), c.flags);
-    EXPECT_EQ(dialog.GetRootFolder(), c.root);
-  }
-}
-
-TEST(FolderBrowsers, ComputersAreNotOfferedAndSaySo) {
-  ModalDialogScript script;
-  script.Answer(wxID_OK);
-  CFolderDialog dialog(nullptr, "Choose a computer", CFolderDialog::BrowseForComputer);
-  EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-  EXPECT_TRUE(dialog.GetFolderName().empty());
-  ASSERT_EQ(script.Shown().size(), 1u);
-  EXPECT_NE(script.Shown()[0].message.Find("not offered"), wxNOT_FOUND);
-}
 
 TEST(FolderBrowsers, PrintersAreChosenFromTheListWithTheDefaultFirst) {
   FakePrinters printers({{"Office", "Lab/duplex", "Bad\x01name"}, ""});
@@ -82,19 +54,20 @@ TEST(FolderBrowsers, PrintersAreChosenFromTheListWithTheDefaultFirst) {
   EXPECT_EQ(script.Shown()[0].title, "Choose a printer");
 }
 
-TEST(FolderBrowsers, NoPrintersOrNoSchedulerIsSaidPlainly) {
-  struct Case {
-    PrinterListing listing;
-    char const * says;
-  };
-  Case const cases[] = {{{{}, ""}, "No printer is set up"},
-                        {{{}, "Scheduler not responding"}, "Scheduler not responding"}};
+TEST(FolderBrowsers, NoComputersNoPrintersOrNoSchedulerIsSaidPlainly) {
+  struct Case { CFolderDialog::BrowseType type; PrinterListing listing; char const * says; };
+  Case const cases[] = {{CFolderDialog::BrowseForComputer, {{"Office"}, ""}, "not offered"},
+      {CFolderDialog::BrowseForPrinter, {{}, ""}, "No printer is set up"},
+      {CFolderDialog::BrowseForPrinter, {{}, "Scheduler not responding"},
+       "Scheduler not responding"}};
   for (Case const & c : cases) {
+    SCOPED_TRACE(c.says);
     FakePrinters printers(c.listing);
     ModalDialogScript script;
     script.Answer(wxID_OK);
-    CFolderDialog dialog(nullptr, "", CFolderDialog::BrowseForPrinter);
+    CFolderDialog dialog(nullptr, "", c.type);
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_TRUE(dialog.GetFolderName().empty());
     ASSERT_EQ(script.Shown().size(), 1u);
     EXPECT_NE(script.Shown()[0].message.Find(c.says), wxNOT_FOUND);
   }
@@ -114,19 +87,12 @@ TEST(FolderBrowsers, CupsWithoutASchedulerListsNothingAndSaysWhy) {
 TEST(FolderBrowsers, BrowseForFolderStartsAtTheNearestFolderStillThere) {
   std::string const base = TempFolder("browse/start");
   std::string const chosen = TempFolder("browse/chosen");
-  struct Case {
-    char const * name;
-    char const * title;
-    std::string start;
-    std::string answer;  // empty: cancelled
-    char const * titleShown;
-    std::string startShown;
-  };
-  Case const cases[] = {
-      {"chosen", "Data folder", base, chosen, "Data folder", base},
-      {"vanished start", nullptr, base + "/gone/deeper", chosen, "Browse for a folder.", base},
-      {"cancelled", "", base, "", "Browse for a folder.", base},
-  };
+  // The answer empty: cancelled.
+  struct Case { char const * name, * title; std::string start, answer; char const * titleShown; };
+  char const * const standard = "Browse for a folder.";
+  Case const cases[] = {{"chosen", "Data folder", base, chosen, "Data folder"},
+                        {"vanished start", nullptr, base + "/gone/deeper", chosen, standard},
+                        {"cancelled", "", base, "", standard}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.name);
     FakeFolderChooser chooser({c.answer});
@@ -136,7 +102,7 @@ TEST(FolderBrowsers, BrowseForFolderStartsAtTheNearestFolderStillThere) {
     EXPECT_EQ(path, c.answer.empty() ? "/before" : c.answer);
     ASSERT_EQ(chooser.requests.size(), 1u);
     EXPECT_EQ(chooser.requests[0].title, c.titleShown);
-    EXPECT_EQ(chooser.requests[0].initialFolder.utf8_string(), c.startShown);
+    EXPECT_EQ(chooser.requests[0].initialFolder.utf8_string(), base);
   }
 }
 
@@ -149,28 +115,23 @@ TEST(FolderBrowsers, TheRealFileChooserOpensInTheFolderAndHandsBackTheName) {
   request.initialFolder = wxString::FromUTF8(folder);
   request.fileName = "table.csv";
   request.wildcard = "Tables|*.csv|All files|*";
-  wxString acceptLabel, windowTitle;
-  bool isNative = false;
   ModalDialogScript script;
   // GTK's chooser passes the modal hook twice: in its own ShowModal and in
   // the dialog's.
   script.Act([](wxDialog &) {});
   script.Act([&](wxDialog & d) {
-    isNative = dynamic_cast<wxFileDialog *>(&d) != nullptr;
+    ASSERT_NE(dynamic_cast<wxFileDialog *>(&d), nullptr);
     GtkWidget * accept =
         gtk_dialog_get_widget_for_response(GTK_DIALOG(d.GetHandle()), GTK_RESPONSE_ACCEPT);
-    if (accept != nullptr) acceptLabel = wxString::FromUTF8(gtk_button_get_label(GTK_BUTTON(accept)));
-    windowTitle = wxString::FromUTF8(gtk_window_get_title(GTK_WINDOW(d.GetHandle())));
+    ASSERT_NE(accept, nullptr);
+    EXPECT_STREQ(gtk_button_get_label(GTK_BUTTON(accept)), "_Export");
+    EXPECT_STREQ(gtk_window_get_title(GTK_WINDOW(d.GetHandle())), "Export the table");
     Snapshot(d, "native-save.png");
     d.EndModal(wxID_OK);
   });
   FileChooserAnswer const answer = NativeFileChooser(request);
-  EXPECT_TRUE(isNative);
-  EXPECT_EQ(acceptLabel, "_Export");
   ASSERT_TRUE(answer.accepted);
-  ASSERT_EQ(answer.paths.size(), 1u);
-  EXPECT_EQ(answer.paths[0].utf8_string(), folder + "/table.csv");
-  EXPECT_EQ(windowTitle, "Export the table");
+  EXPECT_EQ(answer.paths, std::vector<wxString>{wxString::FromUTF8(folder + "/table.csv")});
 }
 
 }  // namespace

@@ -18,13 +18,7 @@
 
 namespace folder_test {
 
-inline void Click(wxWindow & dialog, int id) {
-  wxWindow * button = dialog.FindWindow(id);
-  ASSERT_NE(button, nullptr) << id;
-  wxCommandEvent click(wxEVT_BUTTON, id);
-  click.SetEventObject(button);
-  button->ProcessWindowEvent(click);
-}
+using gui_test::Click;
 
 inline void Type(wxDialog & dialog, int id, std::string const & utf8) {
   auto * edit = dynamic_cast<wxTextCtrl *>(dialog.FindWindow(id));
@@ -50,27 +44,21 @@ inline void Snapshot(wxWindow & window, char const * name) {
 
 // Answers the folder chooser with `answers` in turn (an empty path: cancel)
 // and keeps what it was asked.
-class FakeFolderChooser {
-public:
-  explicit FakeFolderChooser(std::vector<std::string> answers) : mAnswers(std::move(answers)) {
-    mFormer = SetFolderChooserFunction([this](FolderChooserRequest const & request) {
+struct FakeFolderChooser {
+  explicit FakeFolderChooser(std::vector<std::string> answers) {
+    former = SetFolderChooserFunction([this, answers](FolderChooserRequest const & request) {
       requests.push_back(request);
       FolderChooserAnswer answer;
-      if (mNext < mAnswers.size()) {
-        answer.path = wxString::FromUTF8(mAnswers[mNext++]);
-        answer.accepted = !answer.path.empty();
-      }
+      if (requests.size() <= answers.size())
+        answer.path = wxString::FromUTF8(answers[requests.size() - 1]);
+      answer.accepted = !answer.path.empty();
       return answer;
     });
   }
-  ~FakeFolderChooser() { SetFolderChooserFunction(mFormer); }
+  ~FakeFolderChooser() { SetFolderChooserFunction(former); }
 
   std::vector<FolderChooserRequest> requests;
-
-private:
-  std::vector<std::string> mAnswers;
-  size_t mNext = 0;
-  FolderChooserFunction mFormer;
+  FolderChooserFunction former;
 };
 
 inline std::string TempFolder(std::string const & name) {

@@ -13,10 +13,7 @@ using namespace FolderPathRules;
 namespace {
 
 TEST(FolderPathRules, TypedFoldersAreMadeAbsoluteFromTheCurrentFolderOrHome) {
-  struct Case {
-    char const * typed;
-    char const * expected;
-  };
+  struct Case { char const * typed, * expected; };
   Case const cases[] = {
       {"/data/runs", "/data/runs"},
       {"  /data/runs \n", "/data/runs"},  // pasted with white space around
@@ -54,10 +51,7 @@ TEST(FolderPathRules, SeparatorsAtTheEndAndDoubledOnes) {
 }
 
 TEST(FolderPathRules, DisplayablePathsStayInOneLineAndShowBadBytes) {
-  struct Case {
-    std::string path;
-    std::string shown;
-  };
+  struct Case { std::string path, shown; };
   Case const cases[] = {
       {"/data/Messungen \xC3\xA4", "/data/Messungen \xC3\xA4"},
       {"/data/two\nlines", "/data/two\\nlines"},
@@ -88,10 +82,7 @@ TEST(FolderPathRules, FolderListsReadTrimmedAndWriteEachEndedBySemicolon) {
 }
 
 TEST(FileDialogFilter, WindowsFiltersBecomeChooserWildcards) {
-  struct Case {
-    wchar_t const * filter;
-    char const * wildcard;
-  };
+  struct Case { wchar_t const * filter; char const * wildcard; };
   Case const cases[] = {
       {L"Text files (*.txt)|*.txt|All files (*.*)|*.*||",
        "Text files (*.txt)|*.txt|All files (*.*)|*"},

@@ -11,18 +11,8 @@ namespace {
 using namespace wrap_checks;
 
 TEST(LimitLineLength, ByCharactersKeepsEveryLineWithinTheLimit) {
-  for (Case const & c : Cases()) {
-    std::wstring const wrapped = LimitLineLength::ByCharacters(c.text, c.limit);
-    EXPECT_TRUE(OnlyFeedsInserted(c.text, wrapped)) << c.name;
-    for (std::wstring const & line : Lines(wrapped)) {
-      if (Clusters(line) > c.limit) {
-        EXPECT_TRUE(IsOnePiece(line)) << c.name;
-      }
-      if (!line.empty()) {
-        EXPECT_FALSE(IsCombining(line.front())) << c.name;
-      }
-    }
-  }
+  for (Case const & c : Cases())
+    ExpectWrapped(c, LimitLineLength::ByCharacters(c.text, c.limit), c.limit, Clusters);
 }
 
 TEST(LimitLineLength, ByCharactersBreaksWhereExpected) {

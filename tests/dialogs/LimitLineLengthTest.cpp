@@ -36,18 +36,9 @@ protected:
 TEST_F(LimitLineLengthPixels, EveryLineFitsTheWidth) {
   size_t const limit = Width(L"MMMMMMMMMMMM");
   ASSERT_GT(limit, 0u);
-  for (Case const & c : Cases()) {
-    std::wstring const wrapped = LimitLineLength::ByPixels(c.text, mDc, limit);
-    EXPECT_TRUE(OnlyFeedsInserted(c.text, wrapped)) << c.name;
-    for (std::wstring const & line : Lines(wrapped)) {
-      if (Width(line) > limit) {
-        EXPECT_TRUE(IsOnePiece(line)) << c.name;
-      }
-      if (!line.empty()) {
-        EXPECT_FALSE(IsCombining(line.front())) << c.name;
-      }
-    }
-  }
+  for (Case const & c : Cases())
+    ExpectWrapped(c, LimitLineLength::ByPixels(c.text, mDc, limit), limit,
+                  [this](std::wstring const & line) { return Width(line); });
 }
 
 TEST_F(LimitLineLengthPixels, BreaksOnlyWhatDoesNotFit) {

@@ -25,20 +25,16 @@ std::string Stored(char const * key) {
 }
 
 // Answers every chooser with `answer` and keeps the requests.
-class FakeChooser {
-public:
+struct FakeChooser {
   explicit FakeChooser(FileChooserAnswer answer) {
-    mFormer = SetFileChooserFunction([this, answer](FileChooserRequest const & request) {
+    former = SetFileChooserFunction([this, answer](FileChooserRequest const & request) {
       requests.push_back(request);
       return answer;
     });
   }
-  ~FakeChooser() { SetFileChooserFunction(mFormer); }
-
+  ~FakeChooser() { SetFileChooserFunction(former); }
   std::vector<FileChooserRequest> requests;
-
-private:
-  FileChooserFunction mFormer;
+  FileChooserFunction former;
 };
 
 FileChooserAnswer Chose(std::vector<std::string> const & paths) {
@@ -70,12 +66,8 @@ TEST_F(VxFileDialogTest, AKindStartsInItsFolderElseTheApplicationsElseTheDocumen
   VxCreateFolder(deleted);
   std::string const file = Temp("a-file");
   Spit(file, "x");
-  struct Case {
-    char const * name;
-    std::string stored;      // the kind's folder
-    std::string appDefault;  // the application's
-    std::string expected;
-  };
+  // The kind's folder stored, the application's, the folder expected.
+  struct Case { char const * name; std::string stored, appDefault, expected; };
   Case const cases[] = {
       {"stored", mProjects, mApp, mProjects + "/"},
       {"stored with separator", mProjects + "/", "", mProjects + "/"},
@@ -95,10 +87,7 @@ TEST_F(VxFileDialogTest, AKindStartsInItsFolderElseTheApplicationsElseTheDocumen
 }
 
 TEST_F(VxFileDialogTest, EachKindHasItsKeyAndAnUnknownKindIsTheProjectKind) {
-  struct Case {
-    int kind;
-    char const * key;
-  };
+  struct Case { int kind; char const * key; };
   Case const cases[] = {{0, "VxDefaultProjectDir"}, {1, "VxDefaultWorkspaceDir"},
                         {2, "VxDefaultExportDir"},  {3, "VxDefaultImportDir"},
                         {7, "VxDefaultProjectDir"}, {-1, "VxDefaultProjectDir"}};
@@ -157,12 +146,9 @@ TEST_F(VxFileDialogTest, AMultipleSelectionIsWalkedInOrderAndItsFolderStored) {
   for (size_t i = 0; i < chosen.size(); ++i) EXPECT_EQ(names[i + 1].utf8_string(), chosen[i]);
 
   POSITION position = dialog.GetStartPosition();
-  int walked = 0;
-  while (position != nullptr) {
-    dialog.GetNextPathName(position);
-    ++walked;
-  }
-  EXPECT_EQ(walked, 3);
+  for (std::string const & path : chosen)
+    EXPECT_EQ(dialog.GetNextPathName(position).utf8_string(), path);
+  EXPECT_EQ(position, nullptr);
   EXPECT_EQ(dialog.GetNextPathName(position), "");  // past the end stays there
   EXPECT_EQ(Stored("VxDefaultWorkspaceDir"), mApp);
 }
@@ -171,13 +157,8 @@ TEST_F(VxFileDialogTest, ASelectionTooLongForTheBufferIsOkOnlyWithTheDialogsOwnB
   std::vector<std::string> chosen;
   for (int i = 0; i < 300; ++i)
     chosen.push_back(mApp + "/measurement-" + std::to_string(i) + ".dat");
-  struct Case {
-    char const * name;
-    unsigned long size;
-    int64_t result;
-    bool stored;
-    DWORD error;  // the base's, which the own buffer takes as OK
-  };
+  // error: the base's, which the own buffer takes as OK.
+  struct Case { char const * name; unsigned long size; int64_t result; bool stored; DWORD error; };
   Case const cases[] = {
       {"default buffer", 0, IDCANCEL, false, FNERR_BUFFERTOOSMALL},  // over 4096 characters
       {"own small buffer", 100, IDOK, true, FNERR_BUFFERTOOSMALL},
@@ -203,10 +184,7 @@ TEST_F(VxFileDialogTest, ASelectionTooLongForTheBufferIsOkOnlyWithTheDialogsOwnB
 }
 
 TEST_F(VxFileDialogTest, ASaveDialogAddsItsExtensionAndLabelsItsButton) {
-  struct Case {
-    char const * chosen;
-    char const * saved;
-  };
+  struct Case { char const * chosen, * saved; };
   Case const cases[] = {
       {"report", "report.csv"},
       {"report.txt", "report.txt"},
@@ -227,10 +205,6 @@ TEST_F(VxFileDialogTest, ASaveDialogAddsItsExtensionAndLabelsItsButton) {
     EXPECT_EQ(asked.acceptLabel, "&Export");
   }
 }
-
-}  // namespace
-
-namespace {
 
 TEST_F(VxFileDialogTest, AFolderWhoseNameIsNoUtf8IsStoredAndFoundAgain) {
   // File names as a GTK application of wx reads them (no display here):

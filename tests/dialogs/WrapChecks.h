@@ -1,5 +1,7 @@
 #pragma once
 // Relations every wrap must keep, and the texts they are checked on.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <locale>
 #include <string>
@@ -53,6 +55,19 @@ struct Case {
   std::wstring text;
   size_t limit;
 };
+
+// Every line of `wrapped` within `limit` as `measure` counts, but for single
+// pieces too long for any line; the text unchanged but for inserted line
+// feeds; no line starting with a combining mark.
+template <class Measure>
+void ExpectWrapped(Case const & c, std::wstring const & wrapped, size_t limit, Measure measure) {
+  SCOPED_TRACE(c.name);
+  EXPECT_TRUE(OnlyFeedsInserted(c.text, wrapped));
+  for (std::wstring const & line : Lines(wrapped)) {
+    if (measure(line) > limit) EXPECT_TRUE(IsOnePiece(line));
+    if (!line.empty()) EXPECT_FALSE(IsCombining(line.front()));
+  }
+}
 
 inline std::vector<Case> Cases() {
   return {{"empty", L"", 10},
