@@ -1,6 +1,6 @@
 // Dialog templates and bitmaps of the resource modules: a template builds a
 // wx dialog whose controls carry their numbers as ids, with translated
-// texts; lookups follow the chain like strings do.
+// texts; missing or broken bitmaps come out invalid.
 #include <gtest/gtest.h>
 
 #include <wx/button.h>
@@ -10,7 +10,6 @@
 #include <wx/textctrl.h>
 
 #include "platform/ResourceModule.h"
-#include "platform/SetResourceInstance.h"
 #include "utl/Translation.h"
 
 namespace {
@@ -54,17 +53,6 @@ TEST(DialogTemplates, TitleAndLabelsAreTranslatedWhenLoadedEveryTime) {
     EXPECT_EQ(dialog.GetTitle(), "Meldung");
     EXPECT_EQ(dialog.FindWindow(2)->GetLabel(), "Halt");
     EXPECT_NE(dynamic_cast<wxTextCtrl *>(dialog.FindWindow(4101)), nullptr);
-    dialog.Destroy();
-  }
-}
-
-TEST(DialogTemplates, TheCurrentModuleDecidesWhereATemplateIsLookedForFirst) {
-  // Only the library has 13099; the application's 4100 stays reachable
-  // through the chain while the library is current.
-  SetResourceInstance library(FindResourceModule("TALVOutlwin"));
-  for (unsigned id : {13099u, 4100u}) {
-    wxDialog dialog;
-    EXPECT_TRUE(LoadDialogTemplate(dialog, nullptr, id)) << id;
     dialog.Destroy();
   }
 }

@@ -164,11 +164,18 @@ TEST_F(MessageBoxes, TheFrameworkRoadGoesThroughTheHandlerThePlainRoadNever) {
   ModalDialogScript script;
   script.Answer(wxID_NO);
   EXPECT_EQ(AfxMessageBox("Really?", MB_YESNO), IDNO);
+  // The plain road, without a caption, says Error and keeps its owner.
   script.Answer(wxID_OK);
-  EXPECT_EQ(MessageBoxW(nullptr, L"Done.", L"Plain", MB_OK), IDOK);
+  MessageBoxInspector inspector;
+  auto * owner = new wxFrame(nullptr, wxID_ANY, "Owner");
+  ASSERT_TRUE(gui_test::ShowAndWait(*owner));  // wx parents dialogs on shown windows only
+  EXPECT_EQ(MessageBoxW(owner, L"Broken.", nullptr, MB_OK), IDOK);
+  owner->Destroy();
   ASSERT_EQ(script.Shown().size(), 2u);
   EXPECT_EQ(handled, (std::vector<UINT>{MB_YESNO}));
-
+  ASSERT_EQ(inspector.seen.size(), 1u);
+  EXPECT_EQ(inspector.seen[0].caption, "Error");
+  EXPECT_EQ(inspector.seen[0].parent, owner);
 }
 
 TEST_F(MessageBoxes, AStringIdIsShownAsItsTextAndServesAsHelpId) {
@@ -181,19 +188,6 @@ TEST_F(MessageBoxes, AStringIdIsShownAsItsTextAndServesAsHelpId) {
   AfxMessageBox(13195, MB_OK, 77);
   EXPECT_EQ(handled, (std::vector<std::pair<wxString, UINT>>{{"&About %1%...", 13195},
                                                              {"&About %1%...", 77}}));
-}
-
-TEST_F(MessageBoxes, ThePlainRoadWithoutCaptionSaysError) {
-  ModalDialogScript script;
-  script.Answer(wxID_OK);
-  MessageBoxInspector inspector;
-  auto * owner = new wxFrame(nullptr, wxID_ANY, "Owner");
-  ASSERT_TRUE(gui_test::ShowAndWait(*owner));  // wx parents dialogs on shown windows only
-  MessageBoxW(owner, L"Broken.", nullptr, MB_OK);
-  ASSERT_EQ(inspector.seen.size(), 1u);
-  EXPECT_EQ(inspector.seen[0].caption, "Error");
-  EXPECT_EQ(inspector.seen[0].parent, owner);
-  owner->Destroy();
 }
 
 }  // namespace

@@ -28,6 +28,7 @@ protected:
             testing::UnitTest::GetInstance()->current_test_info()->name();
     fs::remove_all(mRoot);
     fs::create_directories(mRoot);
+    mFiles.clear();
   }
 
   void Write(std::string const & relative, std::string const & bytes) {
@@ -86,7 +87,6 @@ TEST_F(ResourceGenerator, RefusesWhatItCannotTakeNamingFileAndReason) {
   for (Case const & c : cases) {
     SCOPED_TRACE(c.file);
     SetUp();
-    mFiles.clear();
     Write(c.file, c.bytes);
     Generated const run = Generate();
     EXPECT_NE(run.status, 0);
@@ -94,7 +94,6 @@ TEST_F(ResourceGenerator, RefusesWhatItCannotTakeNamingFileAndReason) {
     EXPECT_EQ(run.output, "");  // nothing half written
   }
   SetUp();
-  mFiles.clear();
   Write("html/3.css", "a{}");
   Write("html/3.xml", "<a/>");
   Generated const run = Generate();

@@ -44,61 +44,45 @@ std::vector<Named> Shown(BreakDialogLayout const & layout) {
   return shown;
 }
 
-struct FaceCase {
-  BreakDialogFace face;
-  int gaugeHeight;
-  std::vector<std::string> expected;  // the controls that must be shown
-};
+TEST(BreakDialogLayout, ControlsOfEveryFaceSitInsideTheMarginsAndApart) {
+  using Names = std::vector<std::string>;
+  struct Case {
+    BreakDialogFace face;
+    Names expected;  // the controls that must be shown; a gauge goes before the button
+  };
+  for (Case const & c : {Case{BreakDialogFace::kSpinner, {"spinner", "button"}},
+                         Case{BreakDialogFace::kPlain, {"placeholder", "button"}},
+                         Case{BreakDialogFace::kArt, {"painting", "portrait", "artist text",
+                                                      "painting text", "button"}}})
+    for (int gaugeHeight : {0, 18}) {
+      SCOPED_TRACE(testing::Message() << int(c.face) << " gauge " << gaugeHeight);
+      BreakDialogLayout const layout = LayOutBreakDialog(Measures(c.face, gaugeHeight));
+      std::vector<Named> const shown = Shown(layout);
+      Names names, expected = c.expected;
+      if (gaugeHeight > 0) expected.insert(expected.end() - 1, "gauge");
+      for (Named const & n : shown) names.push_back(n.name);
+      EXPECT_EQ(names, expected);
 
-class BreakDialogLayoutTest : public testing::TestWithParam<FaceCase> {};
-
-TEST_P(BreakDialogLayoutTest, ControlsSitInsideTheMarginsAndApart) {
-  FaceCase const & c = GetParam();
-  BreakDialogLayout const layout = LayOutBreakDialog(Measures(c.face, c.gaugeHeight));
-  std::vector<Named> const shown = Shown(layout);
-  std::vector<std::string> names;
-  for (Named const & n : shown) names.push_back(n.name);
-  EXPECT_EQ(names, c.expected);
-
-  wxRect const inner(kMargin, kMargin, layout.client.x - 2 * kMargin,
-                     layout.client.y - 2 * kMargin);
-  for (size_t i = 0; i < shown.size(); ++i) {
-    EXPECT_TRUE(inner.Contains(shown[i].rect)) << shown[i].name;
-    for (size_t j = i + 1; j < shown.size(); ++j)
-      EXPECT_FALSE(shown[i].rect.Intersects(shown[j].rect))
-          << shown[i].name << " over " << shown[j].name;
-  }
-  EXPECT_GE(layout.client.x, 320);
-  if (c.gaugeHeight > 0) {
-    EXPECT_EQ(layout.gauge.GetBottom() + 1, layout.client.y - kMargin);
-    EXPECT_EQ(layout.gauge.width, layout.client.x - 2 * kMargin);
-    EXPECT_EQ(layout.gauge.height, c.gaugeHeight);
-  }
-  // The measured sizes are kept.
-  EXPECT_EQ(layout.button.GetSize(), wxSize(88, 34));
-  if (c.face != BreakDialogFace::kArt) {
-    EXPECT_EQ(layout.button.GetRight() + 1, layout.client.x - kMargin);
-  }
+      wxRect const inner(kMargin, kMargin, layout.client.x - 2 * kMargin,
+                         layout.client.y - 2 * kMargin);
+      for (size_t i = 0; i < shown.size(); ++i) {
+        EXPECT_TRUE(inner.Contains(shown[i].rect)) << shown[i].name;
+        for (size_t j = i + 1; j < shown.size(); ++j)
+          EXPECT_FALSE(shown[i].rect.Intersects(shown[j].rect))
+              << shown[i].name << " over " << shown[j].name;
+      }
+      EXPECT_GE(layout.client.x, 320);
+      if (gaugeHeight > 0) {
+        EXPECT_EQ(layout.gauge.GetBottom() + 1, layout.client.y - kMargin);
+        EXPECT_EQ(layout.gauge.width, layout.client.x - 2 * kMargin);
+        EXPECT_EQ(layout.gauge.height, gaugeHeight);
+      }
+      EXPECT_EQ(layout.button.GetSize(), wxSize(88, 34));  // the measured size is kept
+      if (c.face != BreakDialogFace::kArt) {
+        EXPECT_EQ(layout.button.GetRight() + 1, layout.client.x - kMargin);
+      }
+    }
 }
-
-std::vector<std::string> const kSpinnerFace{"spinner", "button"};
-std::vector<std::string> const kPlainFace{"placeholder", "button"};
-std::vector<std::string> const kArtFace{"painting",      "portrait", "artist text",
-                                        "painting text", "button"};
-
-std::vector<std::string> With(std::vector<std::string> face) {
-  face.insert(face.end() - 1, "gauge");
-  return face;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Faces, BreakDialogLayoutTest,
-    testing::Values(FaceCase{BreakDialogFace::kSpinner, 0, kSpinnerFace},
-                    FaceCase{BreakDialogFace::kSpinner, 18, With(kSpinnerFace)},
-                    FaceCase{BreakDialogFace::kPlain, 0, kPlainFace},
-                    FaceCase{BreakDialogFace::kPlain, 18, With(kPlainFace)},
-                    FaceCase{BreakDialogFace::kArt, 0, kArtFace},
-                    FaceCase{BreakDialogFace::kArt, 18, With(kArtFace)}));
 
 TEST(BreakDialogLayout, ArtFaceKeepsRoomForTheLargestPictures) {
   BreakDialogMeasures m = Measures(BreakDialogFace::kArt, 18);

@@ -2,7 +2,6 @@
 // show delay, the question and its answers, the spinner's pace, the faces
 // and the paintings. Timers are driven by calling their handlers.
 #include <gtest/gtest.h>
-#include <wx/app.h>
 #include <wx/button.h>
 #include <wx/stattext.h>
 #include <wx/weakref.h>
@@ -99,56 +98,40 @@ TEST_F(BreakDialogTest, ShowsOnlyAfterTheDelay) {
   BreakDialog & ending = dialog();
   progress.reset();
   EXPECT_FALSE(ending.IsShown());
+  ending.AskToStop();  // nothing is served now: the stop button asks nothing
+  EXPECT_FALSE(ending.IsConfirmShown());
 }
 
 TEST_F(BreakDialogTest, AnswersToTheQuestion) {
-  struct Case {
-    char const * name;
-    bool yes;
-  };
-  for (Case const & c : {Case{"No", false}, Case{"Yes", true}}) {
+  for (bool const yes : {false, true}) {
+    SCOPED_TRACE(yes ? "Yes" : "No");
     auto progress = Start(false, true, L"Stop summing?");
     dialog().OnShowDelayElapsed();
     dialog().AskToStop();
     BreakConfirmWindow * const confirm = dialog().GetConfirmWindow();
-    ASSERT_NE(confirm, nullptr) << c.name;
-    EXPECT_TRUE(confirm->IsShown()) << c.name;
-    EXPECT_TRUE(dialog().IsConfirming()) << c.name;
-    EXPECT_EQ(confirm->GetQuestion(), "Stop summing?") << c.name;
-    EXPECT_EQ(confirm->GetTitle(), "Sample") << c.name;
+    ASSERT_NE(confirm, nullptr);
+    EXPECT_TRUE(confirm->IsShown());
+    EXPECT_TRUE(dialog().IsConfirming());
+    EXPECT_EQ(confirm->GetQuestion(), "Stop summing?");
+    EXPECT_EQ(confirm->GetTitle(), "Sample");
     // The operation goes on while the user thinks.
-    EXPECT_TRUE(progress->Set(5)) << c.name;
+    EXPECT_TRUE(progress->Set(5));
     dialog().AskToStop();  // a second press only raises the question
-    EXPECT_TRUE(dialog().IsConfirming()) << c.name;
+    EXPECT_TRUE(dialog().IsConfirming());
 
-    confirm->Answer(c.yes);
-    EXPECT_FALSE(confirm->IsShown()) << c.name;
-    EXPECT_FALSE(dialog().IsConfirming()) << c.name;
-    EXPECT_EQ(progress->Set(6), !c.yes) << c.name;
-    EXPECT_EQ(progress->IsBreakPressed(), c.yes) << c.name;
-    EXPECT_EQ(dialog().GetStopButton().IsEnabled(), !c.yes) << c.name;
-    EXPECT_EQ(dialog().GetGauge().GetCaption(), c.yes ? "Breaking..." : "") << c.name;
+    confirm->Answer(yes);
+    EXPECT_FALSE(confirm->IsShown());
+    EXPECT_FALSE(dialog().IsConfirming());
+    EXPECT_EQ(progress->Set(6), !yes);
+    EXPECT_EQ(progress->IsBreakPressed(), yes);
+    EXPECT_EQ(dialog().GetStopButton().IsEnabled(), !yes);
+    EXPECT_EQ(dialog().GetGauge().GetCaption(), yes ? "Breaking..." : "");
   }
   // The next operation starts afresh.
   auto progress = Start(false, true);
   EXPECT_TRUE(dialog().GetStopButton().IsEnabled());
   EXPECT_EQ(dialog().GetGauge().GetCaption(), "");
   EXPECT_TRUE(progress->Set(1));
-}
-
-TEST_F(BreakDialogTest, TheEndOfTheOperationAnswersNo) {
-  auto progress = Start(false, true);
-  BreakDialog & ending = dialog();
-  ending.OnShowDelayElapsed();
-  ending.AskToStop();
-  ASSERT_TRUE(ending.IsConfirmShown());
-  progress.reset();
-  EXPECT_FALSE(ending.IsConfirmShown());
-  EXPECT_FALSE(ending.IsConfirming());
-  EXPECT_FALSE(ending.IsShown());
-  // Nothing is served now: the stop button asks nothing.
-  ending.AskToStop();
-  EXPECT_FALSE(ending.IsConfirmShown());
 }
 
 TEST_F(BreakDialogTest, CloseBoxAsksAndTheApplicationsCloseEndsTheDialog) {

@@ -2,8 +2,6 @@
 // family's status bar, one active object at a time, and the dialog road
 // through a recording break dialog.
 #include <gtest/gtest.h>
-#include <wx/app.h>
-#include <wx/frame.h>
 
 #include <chrono>
 #include <cmath>
@@ -11,6 +9,7 @@
 #include <thread>
 
 #include "FakeBreakDialog.h"
+#include "MainFrameTest.h"
 #include "harness/GuiTestUtilities.h"
 #include "work/BreakSpinnerThread.h"
 #include "work/Progress.h"
@@ -22,21 +21,16 @@ namespace {
 
 using Message = ProgressBreakDialog::Message;
 
-class ProgressStatusBarTest : public testing::Test {
+class ProgressStatusBarTest : public MainFrameTest {
 protected:
-  void SetUp() override {
-    frame = new wxFrame(nullptr, wxID_ANY, "Calculation", wxDefaultPosition, wxSize(600, 200));
+  void Populate() override {
     bar = new VxStatusBar(frame);
     frame->SetStatusBar(bar);
-    wxTheApp->SetTopWindow(frame);
-    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
   }
   void TearDown() override {
     Progress::SetBreakDialog(&BreakSpinnerThread::Host());
     Progress::SetShowProgressDialog(true);
-    wxTheApp->SetTopWindow(nullptr);
-    frame->Destroy();
-    gui_test::Flush();
+    MainFrameTest::TearDown();
   }
 
   // Where the gauge stands in thousandths, as stored; the bar follows from
@@ -47,7 +41,6 @@ protected:
   }
   wxString MessageText() const { return bar->GetStatusText(bar->CommandToIndex(0)); }
 
-  wxFrame * frame = nullptr;
   VxStatusBar * bar = nullptr;
 };
 

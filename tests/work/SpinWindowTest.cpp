@@ -2,37 +2,27 @@
 // turning by itself at every other tick, the hue going round, and stripes
 // of both colours on screen.
 #include <gtest/gtest.h>
-#include <wx/app.h>
-#include <wx/frame.h>
 #include <wx/panel.h>
 #include <wx/settings.h>
 
 #include <cstdint>
-#include <set>
 #include <vector>
 
+#include "MainFrameTest.h"
 #include "controls/WindowSnapshot.h"
 #include "harness/GuiTestUtilities.h"
 #include "work/SpinWindow.h"
 
 namespace {
 
-class SpinWindowTest : public testing::Test {
+class SpinWindowTest : public MainFrameTest {
 protected:
-  void SetUp() override {
-    frame = new wxFrame(nullptr, wxID_ANY, "Pole", wxDefaultPosition, wxSize(300, 100));
-    auto * panel = new wxPanel(frame);
-    pole = new SpinWindow(panel);
+  void Populate() override {
+    pole = new SpinWindow(new wxPanel(frame));
     pole->SetSize(10, 10, 100, 16);
     pole->SetClock([this] { return now; });
-    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
-  }
-  void TearDown() override {
-    frame->Destroy();
-    gui_test::Flush();
   }
 
-  wxFrame * frame = nullptr;
   SpinWindow * pole = nullptr;
   std::uint32_t now = 0xFFFFFFC0u;  // wraps during the tests
 };
