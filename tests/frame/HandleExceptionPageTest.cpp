@@ -52,31 +52,27 @@ protected:
   Ending ending;
 };
 
-TEST_F(HandleExceptionPageTest, RestartLaunchesAndExitsWithOne) {
-  ModalDialogScript script;
-  wxString label;
-  script.Act([&](wxDialog & page) {
-    label = Button(page, HandleExceptionPage::kFinishId).GetLabel();
-    Click(page, HandleExceptionPage::kFinishId);
-  });
-  ShowInternalErrorDialog("disk full");
-  EXPECT_EQ(label, "R&estart");
-  EXPECT_EQ(ending.launches, 1);
-  EXPECT_EQ(ending.exits, std::vector<int>{1});
-}
-
-TEST_F(HandleExceptionPageTest, UntickedRestartMakesTheButtonExitWithoutRelaunch) {
-  ModalDialogScript script;
-  wxString label;
-  script.Act([&](wxDialog & page) {
-    SetRestart(page, false);
-    label = Button(page, HandleExceptionPage::kFinishId).GetLabel();
-    Click(page, HandleExceptionPage::kFinishId);
-  });
-  ShowInternalErrorDialog("disk full");
-  EXPECT_EQ(label, "&Exit");
-  EXPECT_EQ(ending.launches, 0);
-  EXPECT_EQ(ending.exits, std::vector<int>{1});
+TEST_F(HandleExceptionPageTest, TheFinishButtonRestartsWhenTickedAndExitsWithOneEitherWay) {
+  struct Case {
+    bool restart;
+    char const * label;
+    int launches;
+  } const cases[] = {{true, "R&estart", 1}, {false, "&Exit", 0}};
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.label);
+    ending = Ending();
+    ModalDialogScript script;
+    wxString label;
+    script.Act([&](wxDialog & page) {
+      if (!c.restart) SetRestart(page, false);
+      label = Button(page, HandleExceptionPage::kFinishId).GetLabel();
+      Click(page, HandleExceptionPage::kFinishId);
+    });
+    ShowInternalErrorDialog("disk full");
+    EXPECT_EQ(label, c.label);
+    EXPECT_EQ(ending.launches, c.launches);
+    EXPECT_EQ(ending.exits, std::vector<int>{1});
+  }
 }
 
 TEST_F(HandleExceptionPageTest, IgnoreCarriesOnAndMoreInformationShowsTheDetail) {

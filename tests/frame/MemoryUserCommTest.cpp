@@ -74,21 +74,6 @@ TEST_F(UserCommTest, TheReplacedChannelComesBackBeforeItShowsEverythingCollected
   EXPECT_EQ(previous.GetUsage(), 1);
 }
 
-TEST_F(UserCommTest, ThousandsOfCollectedLinesEndInTheScrollingDialog) {
-  StandardUserComm previous;
-  UserComm::SetUserComm(&previous);
-  RecordingDialogScript script(progressDialog);
-  script.Answer(wxID_OK);
-  {
-    MemoryUserComm memory;
-    for (int i = 0; i < 3000; ++i) memory.InformUser(Msg("item " + std::to_string(i)), Msg(""), 0);
-  }
-  ASSERT_EQ(script.Seen().size(), 1u);
-  EXPECT_EQ(script.Seen()[0].kind, "FatalErrorDialog");
-  EXPECT_FALSE(script.Seen()[0].iconShown);
-  EXPECT_EQ(script.Seen()[0].text.Freq('\n'), 3000u);
-}
-
 TEST_F(UserCommTest, WithNothingCollectedOrNoChannelToGoBackToNothingIsShown) {
   RecordingDialogScript script(progressDialog);  // any dialog fails the test
   StandardUserComm previous;

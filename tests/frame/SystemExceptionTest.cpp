@@ -24,27 +24,18 @@ std::string TranslatedText(unsigned int code) {
   return "(nothing thrown)";
 }
 
-TEST(VxSETranslator, ThrowsOneLineWithTheCodesText) {
+TEST(VxSETranslator, ThrowsOneLineWithTheCodesTextAndClonesKeepIt) {
   struct {
     unsigned int code;
     char const * text;
   } const cases[] = {
       {0xC0000005, "A system exception occurred: Memory access violation."},
-      {0x80000001, "A system exception occurred: Guard page exception."},
-      {0xC00000FD, "A system exception occurred: The thread used up its stack."},
-      {0xC0000094,
-       "A system exception occurred: The thread attempted to divide an integer value by an "
-       "integer divisor of zero."},
       {0xC0000007, "A system exception occurred: Unknown exception."},
-      {0, "A system exception occurred: Unknown exception."},
   };
   for (auto const & c : cases) EXPECT_EQ(TranslatedText(c.code), c.text) << std::hex << c.code;
-}
-
-TEST(VxSystemException, CloneKeepsTheTypeAndText) {
   try {
     VxSETranslator(0xC000008E, nullptr);
-  } catch (Exception const & e) {
+  } catch (Exception const & e) {  // a clone keeps the type and the text
     std::unique_ptr<Exception> copy(e.Clone());
     EXPECT_NE(dynamic_cast<VxSystemException *>(copy.get()), nullptr);
     EXPECT_EQ(copy->Why(), "A system exception occurred: Division by zero.");

@@ -1,10 +1,7 @@
 #pragma once
-// What the tests of the user-communication channels share.
-//
-// RecordingDialogScript: a dialog script that also writes down, as each dialog comes up, what the
-// user-communication tests look at: the kind of dialog, its message-box
-// style, the buttons that stand, the default one, whether the progress was
-// hidden and which channel was current.
+// What the tests of the user-communication channels share: a dialog script
+// that writes down what each dialog showed as it came up, and a fixture with
+// an active progress whose break dialog records what it is told.
 
 #include <gtest/gtest.h>
 
@@ -33,9 +30,7 @@
 #include "work/FakeBreakDialog.h"
 
 struct SeenDialog {
-  // "message box", "YesNoDialog", "YesNoCancelAll", "FatalErrorDialog",
-  // "CustomMessageBoxDlg"
-  std::string kind;
+  std::string kind;  // "message box" or the dialog's class
   long style = 0;    // of a message box
   wxString title;
   wxString text;     // message, or the scrolling text control's value
@@ -110,16 +105,12 @@ inline std::string Lines(int lines) {
   return text;
 }
 
-// An application name for the captions, a main frame and an active dialog
-// progress whose break dialog records what it is told, and no channel
-// installed afterwards.
 class UserCommTest : public testing::Test {
 protected:
   static constexpr char kAppName[] = "Channel Test";
 
   void SetUp() override {
     VxSystemInfo::SetApplication(kAppName, "2.1.0.7");
-    // A progress needs a main frame to become the active one.
     frame = new wxFrame(nullptr, wxID_ANY, "Main");
     wxTheApp->SetTopWindow(frame);
     Progress::SetBreakDialog(&progressDialog);

