@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <fstream>
 
 #include "settings/VxCanCreateFile.h"
 #include "settings/VxEquivalentPaths.h"
@@ -13,29 +12,22 @@
 #include "settings/VxGetTempPath.h"
 #include "settings/VxRemoveDirectory.h"
 #include "utl/Paths.h"
+#include "utl/TestFiles.h"
 #include "utl/Utf.h"
 #include "utl/VxSystemInfo.h"
 
 namespace {
 
+// Each test works in a folder of its own under the binary's own TMPDIR.
 class FileHelpers : public testing::Test {
 protected:
   void SetUp() override {
-    char const * const tmp = std::getenv("TMPDIR");
-    std::string base = std::string(tmp != nullptr ? tmp : "/tmp") + "/files-XXXXXX";
-    std::vector<char> buffer(base.begin(), base.end());
-    buffer.push_back('\0');
-    ASSERT_NE(::mkdtemp(buffer.data()), nullptr);
-    mRoot = buffer.data();
+    mRoot = Temp(testing::UnitTest::GetInstance()->current_test_info()->name());
+    ASSERT_TRUE(VxCreateFolder(mRoot));
   }
-  void TearDown() override {
-    if (::chdir("/") != 0) ADD_FAILURE() << "cannot leave the test folder";
-    std::system(("rm -rf '" + mRoot + "'").c_str());
-  }
-
   std::string Path(std::string const & name) const { return VxPathAppend(mRoot, name); }
   void Write(std::string const & name, std::string const & text = "x") const {
-    std::ofstream(Path(name)) << text;
+    Spit(Path(name), text);
   }
   void Folder(std::string const & name) const { ASSERT_TRUE(VxCreateFolder(Path(name))); }
 
@@ -53,10 +45,7 @@ TEST_F(FileHelpers, RemoveDirectoryRemovesATreeButNoLinkTarget) {
 
   EXPECT_TRUE(VxRemoveDirectory(Path("tree")));
   EXPECT_EQ(VxFileExist(Path("tree")), VxNothing);
-  std::ifstream precious(Path("outside/precious"));
-  std::string text;
-  std::getline(precious, text);
-  EXPECT_EQ(text, "keep me") << "a link is removed as a link";
+  EXPECT_EQ(Slurp(Path("outside/precious")), "keep me") << "a link is removed as a link";
 
   ASSERT_EQ(::symlink(Path("outside").c_str(), Path("link").c_str()), 0);
   EXPECT_FALSE(VxRemoveDirectory(Path("link"))) << "the path itself is a link";
@@ -90,11 +79,7 @@ TEST_F(FileHelpers, CanCreateFileByWhatStandsThere) {
       EXPECT_NE(error.find(c.path), std::string::npos) << error;
   }
   EXPECT_EQ(VxFileExist(Path("new")), VxNothing) << "the test file is removed";
-  std::ifstream existing(Path("existing"));
-  std::string text;
-  std::getline(existing, text);
-  EXPECT_EQ(text, "content") << "an existing file is not changed";
-
+  EXPECT_EQ(Slurp(Path("existing")), "content") << "an existing file is not changed";
 }
 
 TEST_F(FileHelpers, EquivalentPathsCompareFilesOrNormalisedText) {
@@ -121,6 +106,7 @@ TEST_F(FileHelpers, EquivalentPathsCompareFilesOrNormalisedText) {
   for (Case const & c : cases)
     EXPECT_EQ(VxEquivalentPaths(c.a.c_str(), c.b.c_str()), c.same) << c.a << " vs " << c.b;
   EXPECT_FALSE(VxEquivalentPaths(nullptr, Path("dir").c_str()));
+  ASSERT_EQ(::chdir("/"), 0);
 }
 
 TEST_F(FileHelpers, TempPathIsTheApplicationsFolderUnderTmpdir) {

@@ -3,27 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
-#include <unistd.h>
-
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 #include "platform/WinError.h"
 #include "settings/DesktopEntry.h"
 #include "settings/VxShellLink.h"
+#include "utl/TestFiles.h"
 #include "utl/Utf.h"
 
 namespace {
-
-std::string Tmp(std::string const & name) { return std::string(std::getenv("TMPDIR")) + "/" + name; }
-
-std::string ReadAll(std::string const & path) {
-  std::ifstream in(path);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 TEST(DesktopEntry, WritesTheFormatsEscapes) {
   DesktopShortcut shortcut;
@@ -100,31 +87,22 @@ TEST(DesktopEntry, ReadsForeignFilesAndRefusesMalformedOnes) {
 }
 
 TEST(ShellLink, CreateAndResolveKeepAllFourSlots) {
-  std::wstring const file = vx3::Utf8ToWide(Tmp("Analyser ☃.desktop"));
-  std::wstring path = L"/opt/Analyser/bin/analyser \"beta\" 100%";
-  std::wstring description = L" Start the analyser ";
-  std::wstring folder = L"/home/user/Données\\x";
-  std::wstring arguments = L"--open \"/data/a b.csv\" %f";
-  VxShellLink::LinkInfo in;
-  in.path = &path[0];
-  in.description = &description[0];
-  in.workingDirectory = &folder[0];
-  in.arguments = &arguments[0];
+  std::wstring const file = vx3::Utf8ToWide(Temp("Analyser ☃.desktop"));
+  // path, description, working directory, arguments
+  std::wstring slots[4] = {L"/opt/Analyser/bin/analyser \"beta\" 100%", L" Start the analyser ",
+                           L"/home/user/Données\\x", L"--open \"/data/a b.csv\" %f"};
+  VxShellLink::LinkInfo in{&slots[0][0], 0, &slots[1][0], 0, &slots[2][0], 0, &slots[3][0], 0};
   ASSERT_EQ(VxShellLink::CreateLink(file.c_str(), &in), S_OK);
-  std::string const text = ReadAll(vx3::WideToUtf8(file));
+  std::string const text = Slurp(vx3::WideToUtf8(file));
   EXPECT_NE(text.find("\nName=Analyser ☃\n"), std::string::npos) << text;
   struct stat info {};
   EXPECT_TRUE(::stat(vx3::WideToUtf8(file).c_str(), &info) == 0 && (info.st_mode & S_IXUSR))
       << "a launcher is executable";
 
-  wchar_t outPath[260] = L"x", outDescription[260] = L"x", outFolder[260] = L"x";
-  wchar_t outArguments[260] = L"x";
-  VxShellLink::LinkInfo out{outPath, 260, outDescription, 260, outFolder, 260, outArguments, 260};
-  ASSERT_EQ(VxShellLink::ResolveLink(file.c_str(), &out), S_OK);
-  EXPECT_EQ(std::wstring(outPath), path);
-  EXPECT_EQ(std::wstring(outDescription), description);
-  EXPECT_EQ(std::wstring(outFolder), folder);
-  EXPECT_EQ(std::wstring(outArguments), arguments);
+  wchar_t out[4][260] = {};
+  VxShellLink::LinkInfo resolved{out[0], 260, out[1], 260, out[2], 260, out[3], 260};
+  ASSERT_EQ(VxShellLink::ResolveLink(file.c_str(), &resolved), S_OK);
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(std::wstring(out[i]), slots[i]) << i;
 
   // Only slots with a buffer and a size are filled, and never beyond it.
   wchar_t small[5] = L"????";
@@ -137,24 +115,23 @@ TEST(ShellLink, CreateAndResolveKeepAllFourSlots) {
   // A slot left out is written as nothing and read back empty.
   in.path = in.arguments = nullptr;
   ASSERT_EQ(VxShellLink::CreateLink(file.c_str(), &in), S_OK);
-  EXPECT_EQ(ReadAll(vx3::WideToUtf8(file)).find("Exec="), std::string::npos);
-  ASSERT_EQ(VxShellLink::ResolveLink(file.c_str(), &out), S_OK);
-  EXPECT_EQ(std::wstring(outPath), L"");
-  EXPECT_EQ(std::wstring(outDescription), description);
+  EXPECT_EQ(Slurp(vx3::WideToUtf8(file)).find("Exec="), std::string::npos);
+  ASSERT_EQ(VxShellLink::ResolveLink(file.c_str(), &resolved), S_OK);
+  EXPECT_EQ(std::wstring(out[0]), L"");
+  EXPECT_EQ(std::wstring(out[1]), slots[1]);
 }
 
 TEST(ShellLink, FailuresAreHresultsAndTouchNoSlot) {
-  std::string const garbage = Tmp("garbage.desktop");
-  std::ofstream(garbage) << "MZ\x90\x00 not a desktop entry";
-  std::string const huge = Tmp("huge.desktop");
-  std::ofstream(huge) << "[Desktop Entry]\nComment=" << std::string(2 << 20, 'x') << "\n";
+  std::string const garbage = Temp("garbage.desktop");
+  Spit(garbage, "MZ\x90\x00 not a desktop entry");
+  std::string const huge = Temp("huge.desktop");
+  Spit(huge, "[Desktop Entry]\nComment=" + std::string(2 << 20, 'x') + "\n");
 
   struct Case {
     std::string file;
     long expected;
-  };
-  Case const cases[] = {
-      {Tmp("missing.desktop"), HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)},
+  } const cases[] = {
+      {Temp("missing.desktop"), HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)},
       {garbage, HRESULT_FROM_WIN32(ERROR_BAD_FORMAT)},
       {huge, HRESULT_FROM_WIN32(ERROR_BAD_FORMAT)},
   };

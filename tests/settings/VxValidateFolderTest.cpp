@@ -2,35 +2,29 @@
 // answers each box and records what it said.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <fstream>
-
 #include "platform/MessageBoxes.h"
 #include "settings/VxValidateFolder.h"
 #include "utl/Paths.h"
+#include "utl/TestFiles.h"
 
 namespace {
 
+using Boxes = std::vector<std::pair<UINT, std::string>>;  // type and text of each box
+
 class ValidateFolder : public testing::Test {
 protected:
-  struct Box {
-    std::string text;
-    UINT type;
-  };
-
   void SetUp() override {
-    mRoot = std::string(std::getenv("TMPDIR")) + "/validate";
     ASSERT_TRUE(VxCreateFolder(mRoot));
     mPrevious = SetFrameworkMessageBoxHandler([this](wxString const & text, UINT type, UINT) {
-      mBoxes.push_back(Box{text.utf8_string(), type});
+      mBoxes.emplace_back(type, text.utf8_string());
       return mAnswer;
     });
   }
   void TearDown() override { SetFrameworkMessageBoxHandler(mPrevious); }
 
-  std::string mRoot;
+  std::string const mRoot = Temp("validate");
   int mAnswer = IDYES;
-  std::vector<Box> mBoxes;
+  Boxes mBoxes;
   FrameworkMessageBoxHandler mPrevious;
 };
 
@@ -38,12 +32,11 @@ TEST_F(ValidateFolder, AnExistingFolderPassesSilentlyAFileInTheWayIsAnError) {
   EXPECT_TRUE(VxValidateFolder(mRoot, nullptr));
   EXPECT_TRUE(mBoxes.empty());
   std::string const file = mRoot + "/file";
-  std::ofstream(file) << "x";
+  Spit(file, "x");
   EXPECT_FALSE(VxValidateFolder(file, nullptr));
-  ASSERT_EQ(mBoxes.size(), 1u);
-  EXPECT_EQ(mBoxes[0].type, MB_ICONHAND);
-  EXPECT_EQ(mBoxes[0].text, "A file with the same name as the specified folder already exists.\n" +
-                                file + "\nPlease change the folder name to something else.");
+  EXPECT_EQ(mBoxes, (Boxes{{MB_ICONHAND,
+                            "A file with the same name as the specified folder already exists.\n" +
+                                file + "\nPlease change the folder name to something else."}}));
 }
 
 TEST_F(ValidateFolder, AMissingFolderIsCreatedOnlyWhenTheUserAgrees) {
@@ -54,12 +47,10 @@ TEST_F(ValidateFolder, AMissingFolderIsCreatedOnlyWhenTheUserAgrees) {
   mAnswer = IDYES;
   EXPECT_TRUE(VxValidateFolder(wanted, nullptr));
   EXPECT_EQ(VxFileExist(wanted), VxFolder);
-  ASSERT_EQ(mBoxes.size(), 2u);
-  for (Box const & box : mBoxes) {
-    EXPECT_EQ(box.type, MB_YESNO | MB_ICONINFORMATION);
-    EXPECT_EQ(box.text, "The specified folder '" + wanted +
-                            "' does not exist, do you want to create it?");
-  }
+  std::pair<UINT, std::string> const question{
+      MB_YESNO | MB_ICONINFORMATION,
+      "The specified folder '" + wanted + "' does not exist, do you want to create it?"};
+  EXPECT_EQ(mBoxes, (Boxes{question, question}));
 }
 
 TEST_F(ValidateFolder, BlanksAroundTheLastNameAreRefusedAfterTheQuestion) {
@@ -69,17 +60,17 @@ TEST_F(ValidateFolder, BlanksAroundTheLastNameAreRefusedAfterTheQuestion) {
     EXPECT_FALSE(VxValidateFolder(wanted, nullptr)) << name;
     EXPECT_EQ(VxFileExist(wanted), VxNothing) << name;
     ASSERT_EQ(mBoxes.size(), 2u) << name;
-    EXPECT_EQ(mBoxes[1].type, MB_ICONHAND);
-    EXPECT_EQ(mBoxes[1].text,
-              "A folder name may not start or end with spaces, please change the folder name.");
+    EXPECT_EQ(mBoxes[1], (std::pair<UINT, std::string>{
+                             MB_ICONHAND, "A folder name may not start or end with spaces, please "
+                                          "change the folder name."}));
   }
   EXPECT_TRUE(VxValidateFolder(mRoot + "/ inner blanks are fine/x", nullptr));
   // A folder that cannot be made (a file stands in its path) is reported.
-  std::ofstream(mRoot + "/blocker") << "x";
+  Spit(mRoot + "/blocker", "x");
   mBoxes.clear();
   EXPECT_FALSE(VxValidateFolder(mRoot + "/blocker/below", nullptr));
   ASSERT_EQ(mBoxes.size(), 2u);
-  EXPECT_EQ(mBoxes[1].text, "The folder could not be created.");
+  EXPECT_EQ(mBoxes[1].second, "The folder could not be created.");
 }
 
 }  // namespace

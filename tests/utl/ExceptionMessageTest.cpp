@@ -1,5 +1,5 @@
-// Messages keep their arguments until the text is asked for; exceptions copy
-// and clone whole.
+// Messages keep their arguments until the text is asked for; messages and
+// exceptions copy and clone whole.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -32,16 +32,18 @@ TEST(ExceptionMessage, SubstitutesArgumentsInOrderAndKeepsWhatIsNoPlaceholder) {
   }
 }
 
-TEST(ExceptionMessage, CopiesAreIndependentOfTheOriginal) {
+TEST(ExceptionMessage, CopiesAndClonesAreIndependentOfTheOriginal) {
   auto original = std::make_unique<ExceptionMessage>(ExceptionMessage::translate("{1}-{2}"));
   *original % 1;
   ExceptionMessage copy(*original);
   *original % 2;
   ExceptionMessage assigned;
   assigned = *original;
+  std::unique_ptr<Exception> clone(Exception(*original).Clone());
   original.reset();  // the copies own their arguments
   EXPECT_EQ(Text(copy), "1-{2}");
   EXPECT_EQ(Text(assigned), "1-2");
+  EXPECT_EQ(clone->Why(), "1-2");
 }
 
 TEST(ExceptionMessageList, ConcatenatesTextsAndMayAppendItself) {
@@ -51,19 +53,6 @@ TEST(ExceptionMessageList, ConcatenatesTextsAndMayAppendItself) {
   more << ExceptionMessage::translate("\n");
   list << more << list;  // appending itself doubles it
   EXPECT_EQ(list.ToString(std::locale()), "Error: code 5\nError: code 5\n");
-}
-
-class DerivedException : public Exception {
-public:
-  using Exception::Exception;
-  Exception * Clone() const override { return new DerivedException(*this); }
-};
-
-TEST(Exception, CloneCopiesTheMostDerivedObject) {
-  DerivedException const thrown(ExceptionMessage::translate("File {1}.") % "a");
-  std::unique_ptr<Exception> clone(static_cast<Exception const &>(thrown).Clone());
-  EXPECT_NE(dynamic_cast<DerivedException *>(clone.get()), nullptr);
-  EXPECT_EQ(clone->Why(), "File a.");
 }
 
 }  // namespace

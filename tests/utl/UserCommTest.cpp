@@ -2,9 +2,7 @@
 // person to ask.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
+#include "TestFiles.h"
 #include "utl/Log.h"
 #include "utl/MuteUserComm.h"
 
@@ -15,13 +13,6 @@ public:
   void FatalError(UserCommMessage const &, UserCommMessage const &) override { ++fatal; }
   int fatal = 0;
 };
-
-std::string ReadLog() {
-  std::ifstream in(Log::GetLogFilePath());
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 TEST(UserComm, HourGlassCountsNestingAndNeverGoesBelowZero) {
   TestMuteUserComm comm;
@@ -64,7 +55,7 @@ TEST(MuteUserComm, WritesInformationAndSilentAnswersToTheLog) {
                   ExceptionMessage::translate("Import"), 0);
   comm.AskUserYesNo(ExceptionMessage::translate("Delete the run?"), UserCommMessage(),
                     UserCommYes);
-  std::string const log = ReadLog();
+  std::string const log = Slurp(Log::GetLogFilePath());
   EXPECT_NE(log.find("MuteUserComm::InformUser: Import: 12 rows imported."), std::string::npos)
       << log;
   EXPECT_NE(log.find("MuteUserComm::AskUserYesNo: Delete the run? -> answered 1"),

@@ -30,14 +30,8 @@ TEST(Utf, InvalidSequencesAreSkippedAndTheRestKept) {
     EXPECT_EQ(vx3::SanitizeUtf8(c.input), c.kept);
     EXPECT_EQ(vx3::WideToUtf8(vx3::Utf8ToWide(c.input)), c.kept);
   }
-}
-
-TEST(Utf, InvalidWideCharactersAreSkipped) {
-  std::wstring wide = L"a";
-  wide += static_cast<wchar_t>(0xD800);
-  wide += static_cast<wchar_t>(0x110000);
-  wide += static_cast<wchar_t>(-1);
-  wide += L"b";
+  // Surrogates, values beyond U+10FFFF and negative ones in wide text.
+  std::wstring const wide{L'a', wchar_t(0xD800), wchar_t(0x110000), wchar_t(-1), L'b'};
   EXPECT_EQ(vx3::WideToUtf8(wide), "ab");
 }
 
