@@ -67,7 +67,9 @@ TEST(CustomMessageBox, EachKindShowsItsButtonsInOneCentredRowBelowTheText) {
       EXPECT_EQ(button.y, first.y);
       EXPECT_GT(button.y, text.GetBottom());
       EXPECT_LE(button.GetBottom(), probe.client.y);
-      if (i > 0) EXPECT_EQ(button.x, probe.Rect(row.order[i - 1]).GetRight() + 1 + probe.gap);
+      if (i > 0) {
+        EXPECT_EQ(button.x, probe.Rect(row.order[i - 1]).GetRight() + 1 + probe.gap);
+      }
     }
     // The row starts a gap to the left of the centred place.
     int const rowCentre = (first.x + last.GetRight()) / 2;

@@ -64,8 +64,12 @@ void ExpectWrapped(Case const & c, std::wstring const & wrapped, size_t limit, M
   SCOPED_TRACE(c.name);
   EXPECT_TRUE(OnlyFeedsInserted(c.text, wrapped));
   for (std::wstring const & line : Lines(wrapped)) {
-    if (measure(line) > limit) EXPECT_TRUE(IsOnePiece(line));
-    if (!line.empty()) EXPECT_FALSE(IsCombining(line.front()));
+    if (measure(line) > limit) {
+      EXPECT_TRUE(IsOnePiece(line));
+    }
+    if (!line.empty()) {
+      EXPECT_FALSE(IsCombining(line.front()));
+    }
   }
 }
 
