@@ -31,8 +31,9 @@ std::string BenchRoot() {
 
 // <Settings><Section name="AppSettings"> with `sections` subsystems.
 std::string SettingsDocument(char const * prefix, int sections) {
-  std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Settings>\n"
-                    "  <Section name=\"AppSettings\">\n";
+  std::string xml =
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Settings>\n"
+      "  <Section name=\"AppSettings\">\n";
   for (int s = 0; s < sections; ++s) {
     xml += "    <Section name=\"" + std::string(prefix) + std::to_string(s) + "\">\n";
     for (int k = 0; k < 10; ++k)

@@ -49,7 +49,8 @@ std::string BenchFile(std::string const & name) {
 }
 
 void Write(std::string const & path, std::string const & bytes) {
-  std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  std::ofstream(path, std::ios::binary)
+      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
 // Something like a photograph: smooth shapes with fine grain, so that the
@@ -63,7 +64,8 @@ wxImage Photo(int width, int height, int seed) {
       noise = noise * 1103515245u + 12345u;
       int const grain = static_cast<int>(noise >> 27) - 16;
       double const wave = std::sin(x * 0.03 + seed) * std::cos(y * 0.02) * 80;
-      pixel[0] = static_cast<unsigned char>(std::clamp(120 + static_cast<int>(wave) + grain, 0, 255));
+      pixel[0] =
+          static_cast<unsigned char>(std::clamp(120 + static_cast<int>(wave) + grain, 0, 255));
       pixel[1] = static_cast<unsigned char>(std::clamp(90 + x * 100 / width + grain, 0, 255));
       pixel[2] = static_cast<unsigned char>(std::clamp(60 + y * 120 / height - grain, 0, 255));
     }
@@ -121,7 +123,8 @@ void ReadArtInfo_baseline(benchmark::State & state) {
   for (auto _ : state) {
     std::ifstream in(path, std::ios::binary);
     ArtInfo art;
-    boost::archive::text_iarchive archive(in, boost::archive::no_header | boost::archive::no_codecvt);
+    boost::archive::text_iarchive archive(in,
+                                          boost::archive::no_header | boost::archive::no_codecvt);
     archive >> art;
     benchmark::DoNotOptimize(art.GetCollections().data());
   }
@@ -180,9 +183,11 @@ void ArtGetImage_baseline(benchmark::State & state) {
     jpeg_read_header(&info, TRUE);
     info.out_color_space = JCS_RGB;
     jpeg_start_decompress(&info);
-    std::vector<unsigned char> pixels(static_cast<size_t>(info.output_width) * info.output_height * 3);
+    std::vector<unsigned char> pixels(static_cast<size_t>(info.output_width) * info.output_height *
+                                      3);
     while (info.output_scanline < info.output_height) {
-      JSAMPROW row = pixels.data() + static_cast<size_t>(info.output_scanline) * info.output_width * 3;
+      JSAMPROW row =
+          pixels.data() + static_cast<size_t>(info.output_scanline) * info.output_width * 3;
       jpeg_read_scanlines(&info, &row, 1);
     }
     jpeg_finish_decompress(&info);
@@ -232,7 +237,10 @@ void ArtSaveToFile_candidate(benchmark::State & state) {
   state.SetItemsProcessed(state.iterations() * kSavedPictures);
   ::unlink(file.c_str());
 }
-BENCHMARK(ArtSaveToFile_candidate)->Name("ArtSaveToFile/candidate")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ArtSaveToFile_candidate)
+    ->Name("ArtSaveToFile/candidate")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 // Read, fit, encode, build the compound file with its list: all in memory.
 void ArtSaveToFile_baseline(benchmark::State & state) {
@@ -253,6 +261,9 @@ void ArtSaveToFile_baseline(benchmark::State & state) {
   }
   state.SetItemsProcessed(state.iterations() * kSavedPictures);
 }
-BENCHMARK(ArtSaveToFile_baseline)->Name("ArtSaveToFile/baseline")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ArtSaveToFile_baseline)
+    ->Name("ArtSaveToFile/baseline")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 }  // namespace

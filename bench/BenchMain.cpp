@@ -48,7 +48,8 @@ public:
         char text[96];
         if (limit.maxRatio > 0) {
           bool const ok = ratio > 0 && ratio <= limit.maxRatio;
-          std::snprintf(text, sizeof text, "ratio <= %.2f %s", limit.maxRatio, ok ? "ok" : "MISSED");
+          std::snprintf(text, sizeof text, "ratio <= %.2f %s", limit.maxRatio,
+                        ok ? "ok" : "MISSED");
           failures += ok ? 0 : 1;
         } else {
           bool const ok = candidate.nanoseconds <= limit.maxNanoseconds;

@@ -20,9 +20,9 @@ TALVO_RATIO_LIMIT("SortCompareNumber", 1.3);
 // versions, plain numbers, files, and names without digits; one word in
 // six is not ASCII.
 std::vector<std::string> MakeItems() {
-  static char const * const words[] = {"Run",     "run",   "Sample", "sample",
-                                       "Batch",   "Tag",   "PV",     "Station",
-                                       "Valve",   "M\xc3\xbcller", "\xc3\xa9lan", "Zone"};
+  static char const * const words[] = {"Run",   "run",           "Sample",      "sample",
+                                       "Batch", "Tag",           "PV",          "Station",
+                                       "Valve", "M\xc3\xbcller", "\xc3\xa9lan", "Zone"};
   std::mt19937 random(42);
   std::uniform_int_distribution<int> word(0, std::size(words) - 1);
   std::uniform_int_distribution<int> form(0, 5);

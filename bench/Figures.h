@@ -26,8 +26,9 @@ std::vector<Limit> const & Limits();
 
 #define TALVO_BENCH_CONCAT2(a, b) a##b
 #define TALVO_BENCH_CONCAT(a, b) TALVO_BENCH_CONCAT2(a, b)
-#define TALVO_RATIO_LIMIT(figure, ratio) \
-  static int const TALVO_BENCH_CONCAT(talvoRatio, __LINE__) = bench::RegisterRatioLimit(figure, ratio)
-#define TALVO_TIME_LIMIT(figure, nanoseconds)                  \
+#define TALVO_RATIO_LIMIT(figure, ratio)                      \
+  static int const TALVO_BENCH_CONCAT(talvoRatio, __LINE__) = \
+      bench::RegisterRatioLimit(figure, ratio)
+#define TALVO_TIME_LIMIT(figure, nanoseconds)                \
   static int const TALVO_BENCH_CONCAT(talvoTime, __LINE__) = \
       bench::RegisterTimeLimit(figure, nanoseconds)

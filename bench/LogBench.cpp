@@ -25,10 +25,9 @@ void LogWriteMessage_candidate(benchmark::State & state) {
     ::setenv("XDG_STATE_HOME", BenchFolder().c_str(), 1);
     VxSystemInfo::SetApplication("talvo-bench", "1.0");
   }
-  std::string const text = "Interrogate message arrived at service handler. " +
-                           std::to_string(state.thread_index());
-  for (auto _ : state)
-    Log::WriteMessage("NTServiceApp", "Handler", text, Log::Routine, false);
+  std::string const text =
+      "Interrogate message arrived at service handler. " + std::to_string(state.thread_index());
+  for (auto _ : state) Log::WriteMessage("NTServiceApp", "Handler", text, Log::Routine, false);
   if (state.thread_index() == 0) ::unlink(Log::GetLogFilePath().c_str());
 }
 BENCHMARK(LogWriteMessage_candidate)->Name("LogWriteMessage/candidate")->Threads(2)->UseRealTime();

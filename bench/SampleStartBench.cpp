@@ -52,15 +52,15 @@ private:
     int fds[2];
     if (::pipe(fds) != 0) return;
     std::string const fd = std::to_string(fds[1]);
-    std::vector<char const *> argv{"Xvfb", "-displayfd", fd.c_str(), "-screen", "0",
-                                   "1280x1024x24", "-nolisten", "tcp", nullptr};
+    std::vector<char const *> argv{"Xvfb",         "-displayfd", fd.c_str(), "-screen", "0",
+                                   "1280x1024x24", "-nolisten",  "tcp",      nullptr};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addclose(&actions, fds[0]);
     posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
     pid_t pid = 0;
-    int const rc = posix_spawnp(&pid, "Xvfb", &actions, nullptr, const_cast<char **>(argv.data()),
-                                environ);
+    int const rc =
+        posix_spawnp(&pid, "Xvfb", &actions, nullptr, const_cast<char **>(argv.data()), environ);
     posix_spawn_file_actions_destroy(&actions);
     ::close(fds[1]);
     if (rc != 0) {
@@ -138,8 +138,8 @@ double TimeToFirstPaint(std::string const & program, std::vector<std::string> co
   ::close(out[0]);
   int status = 0;
   ::waitpid(pid, &status, 0);
-  bool const ok = said.find("painted") != std::string::npos && WIFEXITED(status) &&
-                  WEXITSTATUS(status) == 0;
+  bool const ok =
+      said.find("painted") != std::string::npos && WIFEXITED(status) && WEXITSTATUS(status) == 0;
   return ok ? seconds : -1;
 }
 

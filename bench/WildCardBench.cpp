@@ -32,8 +32,7 @@ std::string AdversarialPattern(int shape) {
       pattern = "*";
       for (int i = 0; i < 100; ++i) pattern += "a*";
       return pattern + "b*";
-    default:
-      return "*" + std::string(99, 'a') + "b*";
+    default: return "*" + std::string(99, 'a') + "b*";
   }
 }
 

@@ -23,9 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
     AppConfigPackage::ApplyReplacements(markup, package.IconReplacements());
     try {
       package.ReadAppName();
-    } catch (Exception const &) {
-    }
-  } catch (Exception const &) {
-  }
+    } catch (Exception const &) {}
+  } catch (Exception const &) {}
   return 0;
 }

@@ -50,8 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
       try {
         trail.Save();
         __builtin_trap();  // a refused trail was saved
-      } catch (Exception const &) {
-      }
+      } catch (Exception const &) {}
     }
   }
   if (refused && Slurp(path) != input) __builtin_trap();

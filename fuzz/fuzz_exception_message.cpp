@@ -10,8 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   // The first line is the message id, every further line one argument;
   // a line starting with '#' is an int argument.
   size_t start = input.find('\n');
-  ExceptionMessage message =
-      ExceptionMessage::translate(input.substr(0, start).c_str());
+  ExceptionMessage message = ExceptionMessage::translate(input.substr(0, start).c_str());
   while (start != std::string::npos) {
     size_t const end = input.find('\n', start + 1);
     std::string const argument = input.substr(start + 1, end - start - 1);

@@ -24,8 +24,10 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   std::wstring const wrapped = LimitLineLength::ByCharacters(text, limit);
   size_t at = 0;
   for (wchar_t c : wrapped) {
-    if (at < text.size() && c == text[at]) ++at;
-    else if (c != L'\n') __builtin_trap();
+    if (at < text.size() && c == text[at])
+      ++at;
+    else if (c != L'\n')
+      __builtin_trap();
   }
   if (at != text.size()) __builtin_trap();
   return 0;

@@ -60,8 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   bool saved = false;
   try {
     saved = ArtInfo().SaveToFile(path, {}, {}, {}, {});
-  } catch (Exception const &) {
-  }
+  } catch (Exception const &) {}
   if (!saved) {
     if (Slurp(path) != bytes) __builtin_trap();
   } else {

@@ -68,9 +68,7 @@ bool ListPictures(std::string const & folder, std::vector<std::string> & names) 
   return true;
 }
 
-std::string Title(std::string const & fileName) {
-  return fileName.substr(0, fileName.rfind('.'));
-}
+std::string Title(std::string const & fileName) { return fileName.substr(0, fileName.rfind('.')); }
 
 int Create(std::string const & archive, std::string const & folder,
            std::map<std::string, std::string> const & options) {
@@ -103,8 +101,8 @@ int Create(std::string const & archive, std::string const & folder,
   }
   std::string const portrait = option("--portrait");
   if (!portrait.empty()) {
-    wxImage const stored = vx3::LoadArtPicture(portrait, ArtInfo::nMaxPortraitWidth,
-                                               ArtInfo::nMaxPortraitHeight, 0);
+    wxImage const stored =
+        vx3::LoadArtPicture(portrait, ArtInfo::nMaxPortraitWidth, ArtInfo::nMaxPortraitHeight, 0);
     if (!stored.IsOk()) return Fail(portrait + " is no picture that can be read");
     collection.portraitWidth = stored.GetWidth();
     collection.portraitHeight = stored.GetHeight();

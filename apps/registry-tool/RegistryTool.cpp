@@ -124,8 +124,7 @@ int List(HKEY root, std::wstring const & path) {
       [](std::string const & name, std::vector<registry::StoredValue> const & values) {
         std::printf("%s\n", name.c_str());
         for (registry::StoredValue const & value : values) {
-          std::printf("    %s    %s    %s\n",
-                      value.name.empty() ? "(Default)" : value.name.c_str(),
+          std::printf("    %s    %s    %s\n", value.name.empty() ? "(Default)" : value.name.c_str(),
                       TypeName(value.type).c_str(), Display(value).c_str());
         }
         std::printf("\n");

@@ -22,8 +22,8 @@ void InstallStandardUserComm() {
 
 void AddBatchCommand(wxMenu & menu, wxWindow & frame) {
   menu.Append(kArchiveRunsCommand, vx3::Tr("Menu command", "&Archive runs..."));
-  frame.Bind(wxEVT_MENU, [](wxCommandEvent &) { RunArchiveBatch(kSampleRunCount); },
-             kArchiveRunsCommand);
+  frame.Bind(
+      wxEVT_MENU, [](wxCommandEvent &) { RunArchiveBatch(kSampleRunCount); }, kArchiveRunsCommand);
 }
 
 int RunArchiveBatch(int runCount) {

@@ -27,8 +27,7 @@ enum Command {
 constexpr char const * kSampleSection = "Sample";
 constexpr char const * kSearchFoldersEntry = "SearchFolders";
 
-wchar_t const * const kDataFilter =
-    L"Measurements (*.dat;*.csv)|*.dat;*.csv|All files (*.*)|*.*||";
+wchar_t const * const kDataFilter = L"Measurements (*.dat;*.csv)|*.dat;*.csv|All files (*.*)|*.*||";
 
 void OnOpen(wxFrame & frame) {
   // Its own names buffer: a selection of any length is taken.
@@ -69,11 +68,11 @@ void OnDefaultFolder(wxFrame & frame) {
 }
 
 void OnSearchFolders(wxFrame & frame) {
-  wxString const stored = wxString::FromUTF8(
-      AppProfile::GetProfileString(kSampleSection, kSearchFoldersEntry, ""));
-  FolderCollectionDialog dialog(stored.wc_str(), Tr("Search Folders").wc_str(),
-                                Tr("The folders searched for measurement files, in order:").wc_str(),
-                                &frame);
+  wxString const stored =
+      wxString::FromUTF8(AppProfile::GetProfileString(kSampleSection, kSearchFoldersEntry, ""));
+  FolderCollectionDialog dialog(
+      stored.wc_str(), Tr("Search Folders").wc_str(),
+      Tr("The folders searched for measurement files, in order:").wc_str(), &frame);
   if (dialog.DoModal() != IDOK) return;
   AppProfile::WriteProfileString(kSampleSection, kSearchFoldersEntry,
                                  dialog.GetFolders().utf8_string().c_str());
@@ -89,11 +88,12 @@ void AddFileCommands(wxFrame & frame, wxMenu & fileMenu,
   fileMenu.Append(kDefaultFolderCommand, Tr("Menu command", "Default &Folder..."));
   fileMenu.Append(kSearchFoldersCommand, Tr("Menu command", "&Search Folders..."));
   fileMenu.AppendSeparator();
-  frame.Bind(wxEVT_MENU, [&frame](wxCommandEvent &) { OnOpen(frame); }, kOpenCommand);
-  frame.Bind(wxEVT_MENU, [&frame, rows](wxCommandEvent &) { OnSaveAs(frame, rows()); },
-             kSaveAsCommand);
-  frame.Bind(wxEVT_MENU, [&frame](wxCommandEvent &) { OnDefaultFolder(frame); },
-             kDefaultFolderCommand);
-  frame.Bind(wxEVT_MENU, [&frame](wxCommandEvent &) { OnSearchFolders(frame); },
-             kSearchFoldersCommand);
+  frame.Bind(
+      wxEVT_MENU, [&frame](wxCommandEvent &) { OnOpen(frame); }, kOpenCommand);
+  frame.Bind(
+      wxEVT_MENU, [&frame, rows](wxCommandEvent &) { OnSaveAs(frame, rows()); }, kSaveAsCommand);
+  frame.Bind(
+      wxEVT_MENU, [&frame](wxCommandEvent &) { OnDefaultFolder(frame); }, kDefaultFolderCommand);
+  frame.Bind(
+      wxEVT_MENU, [&frame](wxCommandEvent &) { OnSearchFolders(frame); }, kSearchFoldersCommand);
 }

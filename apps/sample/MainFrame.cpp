@@ -1,15 +1,15 @@
 #include "MainFrame.h"
 
-#include "BatchCommand.h"
-#include "FileCommands.h"
-#include "MessagesMenu.h"
-#include "RunListPanel.h"
-#include "SampleCalculation.h"
 #include <wx/dcscreen.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include "BatchCommand.h"
+#include "FileCommands.h"
+#include "MessagesMenu.h"
+#include "RunListPanel.h"
+#include "SampleCalculation.h"
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -68,8 +68,8 @@ void MainFrame::BuildMenus() {
   bar->Append(help, Tr("Menu", "&Help"));
   SetMenuBar(bar);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
-  Bind(wxEVT_MENU, [this](wxCommandEvent &) { RunSampleCalculation(this); },
-       kRunCalculationCommand);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent &) { RunSampleCalculation(this); }, kRunCalculationCommand);
 }
 
 void MainFrame::BuildPage() {

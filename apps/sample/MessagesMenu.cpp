@@ -49,8 +49,7 @@ wxString AnswerName(int64_t answer) {
 }
 
 // A translated text with %1% and %2% filled in.
-wxString Say(wxString const & text, wxString const & first,
-             wxString const & second = wxString()) {
+wxString Say(wxString const & text, wxString const & first, wxString const & second = wxString()) {
   boost::format format(text.utf8_string());
   format.exceptions(boost::io::no_error_bits);
   return wxString::FromUTF8((format % first.utf8_string() % second.utf8_string()).str());
@@ -67,11 +66,15 @@ std::wstring W(wxString const & text) { return text.ToStdWstring(); }
 class FailingMessageBox : public CustomMessageBoxDlg {
 public:
   FailingMessageBox() : CustomMessageBoxDlg(MB_OKCANCEL | MB_ICONHAND) {
-    SetText(Tr("Press OK: its handler throws an exception, which the dialog stops and "
-               "reports in the internal-error dialog."));
-    Bind(wxEVT_BUTTON, [](wxCommandEvent &) -> void {
-      throw std::runtime_error("The sample's OK handler failed on purpose.");
-    }, IDOK);
+    SetText(
+        Tr("Press OK: its handler throws an exception, which the dialog stops and "
+           "reports in the internal-error dialog."));
+    Bind(
+        wxEVT_BUTTON,
+        [](wxCommandEvent &) -> void {
+          throw std::runtime_error("The sample's OK handler failed on purpose.");
+        },
+        IDOK);
   }
 };
 
@@ -92,7 +95,8 @@ wxMenu * CreateMessagesMenu(wxFrame & frame) {
   menu->Append(kFailingHandler, Tr("Menu command", "&Failure in a dialog handler"));
 
   auto on = [&frame](int command, auto action) {
-    frame.Bind(wxEVT_MENU, [&frame, action](wxCommandEvent &) { action(frame); }, command);
+    frame.Bind(
+        wxEVT_MENU, [&frame, action](wxCommandEvent &) { action(frame); }, command);
   };
   on(kOkBox, [](wxFrame & f) {
     std::wstring const text = W(Tr("The measurement has been saved."));
@@ -107,16 +111,18 @@ wxMenu * CreateMessagesMenu(wxFrame & frame) {
     Report(f, VxMessageBox(text.c_str(), MB_YESNO | MB_ICONQUESTION));
   });
   on(kRelabelledBox, [](wxFrame & f) {
-    std::wstring const text = W(Tr("The run \"Calibration 12\" has changed. Save the changes "
-                                   "before the project closes?"));
+    std::wstring const text =
+        W(Tr("The run \"Calibration 12\" has changed. Save the changes "
+             "before the project closes?"));
     std::wstring const save = W(Tr("&Save")), discard = W(Tr("&Discard"));
     Report(f, VxMessageBox(text.c_str(), MB_YESNOCANCEL | MB_ICONQUESTION, save.c_str(),
                            discard.c_str()));
   });
   on(kHelpBox, [](wxFrame & f) {
     CustomMessageBoxDlg box(MB_OK | MB_ICONINFORMATION, kSampleHelpTopic);
-    box.SetText(Tr("This box has a Help button for its topic. It is disabled while the "
-                   "application has no help viewer."));
+    box.SetText(
+        Tr("This box has a Help button for its topic. It is disabled while the "
+           "application has no help viewer."));
     Report(f, box.DoModal());
   });
   on(kCheckBox, [](wxFrame & f) {
@@ -124,8 +130,8 @@ wxMenu * CreateMessagesMenu(wxFrame & frame) {
     std::wstring const check = W(Tr("&Close the other projects too"));
     bool checked = false;
     int64_t const answer = CheckBoxMessageBox(text.c_str(), checked, MB_YESNO, check.c_str());
-    f.SetStatusText(Say(Tr("The box was answered: %1%, the check box is %2%."),
-                        AnswerName(answer), checked ? Tr("ticked") : Tr("not ticked")));
+    f.SetStatusText(Say(Tr("The box was answered: %1%, the check box is %2%."), AnswerName(answer),
+                        checked ? Tr("ticked") : Tr("not ticked")));
   });
   on(kDontShowAgain, [](wxFrame & f) {
     std::wstring const text =
@@ -134,8 +140,10 @@ wxMenu * CreateMessagesMenu(wxFrame & frame) {
     bool const asks = ShowDontShowAgainMessage(kSampleDontShowAgainKey);
     int const answer = VxDontShowAgainMessageBox(kSampleDontShowAgainKey, text.c_str(),
                                                  MB_OKCANCEL | MB_ICONINFORMATION);
-    if (asks) Report(f, answer);
-    else f.SetStatusText(Say(Tr("Not shown: the stored answer is %1%."), AnswerName(answer)));
+    if (asks)
+      Report(f, answer);
+    else
+      f.SetStatusText(Say(Tr("Not shown: the stored answer is %1%."), AnswerName(answer)));
   });
   on(kForgetAnswers, [](wxFrame & f) {
     std::string const section = vx3::WideToUtf8(GetDontShowAgainRegistrySection());

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <locale>
 
-#include <boost/format.hpp>
 #include <wx/dc.h>
 #include <wx/frame.h>
 #include <wx/settings.h>
@@ -11,6 +10,7 @@
 #include <wx/srchctrl.h>
 #include <wx/stattext.h>
 #include <wx/vlbox.h>
+#include <boost/format.hpp>
 
 #include "utl/FilterMatcher.h"
 #include "utl/Translation.h"
@@ -52,8 +52,8 @@ private:
   static constexpr int kPadding = 3;
 
   void OnDrawItem(wxDC & dc, wxRect const & rect, size_t n) const override {
-    dc.SetTextForeground(wxSystemSettings::GetColour(
-        IsSelected(n) ? wxSYS_COLOUR_HIGHLIGHTTEXT : wxSYS_COLOUR_LISTBOXTEXT));
+    dc.SetTextForeground(wxSystemSettings::GetColour(IsSelected(n) ? wxSYS_COLOUR_HIGHLIGHTTEXT
+                                                                   : wxSYS_COLOUR_LISTBOXTEXT));
     dc.DrawText(mLines[n], rect.x + 2 * kPadding, rect.y + kPadding);
   }
   wxCoord OnMeasureItem(size_t) const override { return mLineHeight; }

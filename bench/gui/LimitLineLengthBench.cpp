@@ -11,8 +11,8 @@
 #include <string>
 
 #include "Figures.h"
-#include "gui/GuiBench.h"
 #include "dialogs/LimitLineLength.h"
+#include "gui/GuiBench.h"
 
 namespace {
 
@@ -23,8 +23,8 @@ size_t const WidthLimit = 400;
 // Prose-like: 2,000 words of 1 to 4 syllables from a fixed seed, sentences
 // of 6 to 21 words, a paragraph break every 150 words.
 std::wstring TwoThousandWords() {
-  wchar_t const * const syllables[] = {L"ka", L"lo", L"mer", L"in", L"ta", L"ve", L"dor",
-                                       L"si", L"pra", L"nu", L"gel", L"es", L"tro", L"qua"};
+  wchar_t const * const syllables[] = {L"ka", L"lo",  L"mer", L"in",  L"ta", L"ve",  L"dor",
+                                       L"si", L"pra", L"nu",  L"gel", L"es", L"tro", L"qua"};
   uint32_t seed = 12345;
   auto next = [&seed](uint32_t range) {
     seed = seed * 1664525u + 1013904223u;

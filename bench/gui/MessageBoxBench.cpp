@@ -14,8 +14,8 @@
 #include <wx/stattext.h>
 
 #include "Figures.h"
-#include "gui/GuiBench.h"
 #include "dialogs/CustomMessageBoxDlg.h"
+#include "gui/GuiBench.h"
 #include "platform/ResourceModule.h"
 #include "platform/WinUser.h"
 

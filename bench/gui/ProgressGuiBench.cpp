@@ -90,8 +90,8 @@ void QueueKeyPresses(int count) {
     event->key.window = GDK_WINDOW(g_object_ref(window));
     event->key.keyval = GDK_KEY_a;
     event->key.time = GDK_CURRENT_TIME;
-    gdk_event_set_device(event, gdk_seat_get_keyboard(
-                                    gdk_display_get_default_seat(gdk_display_get_default())));
+    gdk_event_set_device(
+        event, gdk_seat_get_keyboard(gdk_display_get_default_seat(gdk_display_get_default())));
     gdk_event_put(event);
     gdk_event_free(event);
   }

@@ -60,8 +60,7 @@ std::string ReadAll(std::string const & path) {
 }
 
 unsigned ParseId(std::string const & text, std::string const & where) {
-  if (text.empty() || text.size() > 5 ||
-      text.find_first_not_of("0123456789") != std::string::npos)
+  if (text.empty() || text.size() > 5 || text.find_first_not_of("0123456789") != std::string::npos)
     throw Failure(where + ": \"" + text + "\" is no resource id (1 to 65535)");
   unsigned long const id = std::stoul(text);
   if (id < 1 || id > 65535) throw Failure(where + ": id " + text + " is out of 1 to 65535");
@@ -139,12 +138,18 @@ std::string XrcText(std::string const & raw, std::string const & where) {
     size_t const end = raw.find(';', i);
     if (end == std::string::npos) throw Failure(where + ": an unterminated entity");
     std::string const entity = raw.substr(i + 1, end - i - 1);
-    if (entity == "amp") unescaped += '&';
-    else if (entity == "lt") unescaped += '<';
-    else if (entity == "gt") unescaped += '>';
-    else if (entity == "quot") unescaped += '"';
-    else if (entity == "apos") unescaped += '\'';
-    else throw Failure(where + ": entity &" + entity + "; in a label (write the character)");
+    if (entity == "amp")
+      unescaped += '&';
+    else if (entity == "lt")
+      unescaped += '<';
+    else if (entity == "gt")
+      unescaped += '>';
+    else if (entity == "quot")
+      unescaped += '"';
+    else if (entity == "apos")
+      unescaped += '\'';
+    else
+      throw Failure(where + ": entity &" + entity + "; in a label (write the character)");
     i = end;
   }
   std::string out;
@@ -165,7 +170,10 @@ std::string XrcText(std::string const & raw, std::string const & where) {
         case 't': out += '\t'; break;
         case 'r': out += '\r'; break;
         case '\\': out += '\\'; break;
-        default: out += '\\'; out += next; break;
+        default:
+          out += '\\';
+          out += next;
+          break;
       }
     } else {
       out += c;
@@ -304,8 +312,8 @@ std::string Generate(Module module, std::string const & name, std::string const 
     out << "\nResourceItem const kItems[] = {\n";
     for (size_t i = 0; i < module.items.size(); ++i) {
       Item const & item = module.items[i];
-      out << "  {" << item.type << ", " << item.id << ", kData" << i << ", "
-          << item.bytes.size() << "},\n";
+      out << "  {" << item.type << ", " << item.id << ", kData" << i << ", " << item.bytes.size()
+          << "},\n";
     }
     out << "};\n";
   }
@@ -366,15 +374,21 @@ int main(int argc, char ** argv) {
         if (i + 1 >= argc) throw Failure(arg + " needs a value");
         return argv[++i];
       };
-      if (arg == "--name") name = value();
-      else if (arg == "--role") role = value();
-      else if (arg == "--root") root = value();
-      else if (arg == "--output") output = value();
-      else files.push_back(arg);
+      if (arg == "--name")
+        name = value();
+      else if (arg == "--role")
+        role = value();
+      else if (arg == "--root")
+        root = value();
+      else if (arg == "--output")
+        output = value();
+      else
+        files.push_back(arg);
     }
     if (name.empty() || root.empty() || output.empty())
-      throw Failure("usage: talvo-resgen --name NAME --role library|application --root DIR "
-                    "--output FILE.cpp FILE...");
+      throw Failure(
+          "usage: talvo-resgen --name NAME --role library|application --root DIR "
+          "--output FILE.cpp FILE...");
     if (role != "library" && role != "application")
       throw Failure("--role is library or application");
     std::sort(files.begin(), files.end());

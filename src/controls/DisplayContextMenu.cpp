@@ -49,8 +49,8 @@ void DisplayContextMenu(wxWindow * wnd, wxMenu & menu, wxPoint point, bool findF
                         wxWindow * owner) {
   if (wnd == nullptr) return;
   if (point == KeyboardMenuPoint) point = wnd->ClientToScreen(wxPoint(5, 5));
-  VxMenu::TrackPopupMenu(&menu, TPM_RIGHTBUTTON, point.x, point.y,
-                         MenuOwner(wnd, findFrame, owner), nullptr);
+  VxMenu::TrackPopupMenu(&menu, TPM_RIGHTBUTTON, point.x, point.y, MenuOwner(wnd, findFrame, owner),
+                         nullptr);
 }
 
 void DisplayContextMenu(wxWindow * wnd, unsigned int menuId, wxPoint point, bool findFrame,

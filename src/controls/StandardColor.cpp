@@ -37,14 +37,12 @@ StandardColor::NearestColorFunction & Nearest() {
 
 bool StandardColor::bIsInitiated = false;
 COLORREF StandardColor::Table[ColorDefCount];
-COLORREF StandardColor::Comment, StandardColor::Data, StandardColor::MisVal,
-    StandardColor::ObsName, StandardColor::ObsNumber, StandardColor::VarName,
-    StandardColor::VarNumber, StandardColor::Text;
-COLORREF StandardColor::Qualitative, StandardColor::YQualitative,
-    StandardColor::PredictionCaption, StandardColor::Prediction, StandardColor::YVar,
-    StandardColor::YVarData, StandardColor::Time, StandardColor::DateTime,
-    StandardColor::Maturity, StandardColor::InitialCondition, StandardColor::BatchBackgound,
-    StandardColor::PhaseID, StandardColor::TalvoText;
+COLORREF StandardColor::Comment, StandardColor::Data, StandardColor::MisVal, StandardColor::ObsName,
+    StandardColor::ObsNumber, StandardColor::VarName, StandardColor::VarNumber, StandardColor::Text;
+COLORREF StandardColor::Qualitative, StandardColor::YQualitative, StandardColor::PredictionCaption,
+    StandardColor::Prediction, StandardColor::YVar, StandardColor::YVarData, StandardColor::Time,
+    StandardColor::DateTime, StandardColor::Maturity, StandardColor::InitialCondition,
+    StandardColor::BatchBackgound, StandardColor::PhaseID, StandardColor::TalvoText;
 
 void StandardColor::SetNearestColorFunction(NearestColorFunction nearest) {
   Nearest() = nearest ? std::move(nearest) : NearestColorFunction(NearestOnScreen);
@@ -117,7 +115,7 @@ void StandardColor::Init() {
     if (!bIsInitiated) Init();            \
     return field;                         \
   }
-#define TALVO_COLOR_SETTER(setter, field)     \
+#define TALVO_COLOR_SETTER(setter, field)      \
   void StandardColor::setter(COLORREF color) { \
     if (!bIsInitiated) Init();                 \
     field = color;                             \

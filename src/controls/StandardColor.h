@@ -15,9 +15,30 @@
 class StandardColor {
 public:
   enum ColorDef {
-    Blue = 0, Red, Green, Yellow, Gray, LightGray, White, Black,
-    Cyan, Magenta, DarkYellow, Navy, Purple, Wine, Olive, DarkCyan,
-    Royal, Orange, Violet, Pink, SoftPink, LightYellow, LightCyan, LightMagenta,
+    Blue = 0,
+    Red,
+    Green,
+    Yellow,
+    Gray,
+    LightGray,
+    White,
+    Black,
+    Cyan,
+    Magenta,
+    DarkYellow,
+    Navy,
+    Purple,
+    Wine,
+    Olive,
+    DarkCyan,
+    Royal,
+    Orange,
+    Violet,
+    Pink,
+    SoftPink,
+    LightYellow,
+    LightCyan,
+    LightMagenta,
     ColorDefCount
   };
 
@@ -114,8 +135,8 @@ private:
   static bool bIsInitiated;
   static COLORREF Table[ColorDefCount];
   static COLORREF Comment, Data, MisVal, ObsName, ObsNumber, VarName, VarNumber, Text;
-  static COLORREF Qualitative, YQualitative, PredictionCaption, Prediction, YVar, YVarData,
-      Time, DateTime, Maturity, InitialCondition, BatchBackgound, PhaseID, TalvoText;
+  static COLORREF Qualitative, YQualitative, PredictionCaption, Prediction, YVar, YVarData, Time,
+      DateTime, Maturity, InitialCondition, BatchBackgound, PhaseID, TalvoText;
 };
 
 // A COLORREF as wx draws it.

@@ -62,10 +62,10 @@ wxFontFamily FamilyOf(BYTE pitchAndFamily) {
 }
 
 wxFont MakeFont(FontRecipe const & recipe) {
-  wxFont font = recipe.fromMessageFont
-                    ? MessageFont()
-                    : wxFont(wxFontInfo(recipe.points).Family(FamilyOf(recipe.pitchAndFamily))
-                                 .FaceName(recipe.face));
+  wxFont font = recipe.fromMessageFont ? MessageFont()
+                                       : wxFont(wxFontInfo(recipe.points)
+                                                    .Family(FamilyOf(recipe.pitchAndFamily))
+                                                    .FaceName(recipe.face));
   if (recipe.points > 0) font.SetFractionalPointSize(recipe.points);
   if (recipe.weight > 0) font.SetNumericWeight(int(recipe.weight));
   if (recipe.italic) font.SetStyle(wxFONTSTYLE_ITALIC);

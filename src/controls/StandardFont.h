@@ -11,8 +11,19 @@ class wxFont;
 class StandardFont {
 public:
   enum FontType {
-    Normal = 0, Large, Bold, LargeBold, TitleItalic, Headline, Italic, Small, Tiny,
-    FixedBold, FixedLight, Underline, FontTypeCount
+    Normal = 0,
+    Large,
+    Bold,
+    LargeBold,
+    TitleItalic,
+    Headline,
+    Italic,
+    Small,
+    Tiny,
+    FixedBold,
+    FixedLight,
+    Underline,
+    FontTypeCount
   };
 
   // Null for a number outside the table.

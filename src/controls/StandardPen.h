@@ -7,9 +7,7 @@ class wxPen;
 
 class StandardPen {
 public:
-  enum PenStyle {
-    Solid = 1, Dash, DashDot, Dot, LightGray, White, Thick, None
-  };
+  enum PenStyle { Solid = 1, Dash, DashDot, Dot, LightGray, White, Thick, None };
 
   // Null for a number outside the table.
   static wxPen const * GetPen(int penStyle);

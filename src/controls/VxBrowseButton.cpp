@@ -83,8 +83,7 @@ void VxBrowseButton::UpdateFont() {
 }
 
 void VxBrowseButton::SetFileDialog(bool open, wchar_t const * defaultExtension,
-                                   wchar_t const * fileName, DWORD flags,
-                                   wchar_t const * filter) {
+                                   wchar_t const * fileName, DWORD flags, wchar_t const * filter) {
   mOpen = open;
   mDefaultExtension = defaultExtension != nullptr ? defaultExtension : L"";
   mFileName = fileName != nullptr ? fileName : L"";
@@ -122,9 +121,9 @@ void VxBrowseButton::BrowseFile() {
   wxString fileName = mFileName;
   if (!current.empty() && !VxGetFileName(current).empty())
     fileName = FromFileSystemPath(VxGetFileName(current));
-  CFileDialog dialog(mOpen ? 1 : 0, mDefaultExtension.empty() ? nullptr : mDefaultExtension.wc_str(),
-                     fileName.wc_str(), mFlags, mFilter.empty() ? nullptr : mFilter.wc_str(),
-                     this);
+  CFileDialog dialog(mOpen ? 1 : 0,
+                     mDefaultExtension.empty() ? nullptr : mDefaultExtension.wc_str(),
+                     fileName.wc_str(), mFlags, mFilter.empty() ? nullptr : mFilter.wc_str(), this);
   std::string const folder = VxGetDirectory(current);
   if (!folder.empty() && VxFileExist(folder) == VxFolder)
     dialog.m_ofn.lpstrInitialDir = FromFileSystemPath(folder);
@@ -135,10 +134,10 @@ void VxBrowseButton::PopUpMenu() {
   MenuLoader const loader = Loader();
   std::unique_ptr<wxMenu> menu = loader ? loader(mMenuId, mSubMenu) : nullptr;
   if (!menu) {
-    Log::WriteMessage("VxBrowseButton", "PopUpMenu",
-                      "Menu " + std::to_string(mMenuId) + " has no sub-menu " +
-                          std::to_string(mSubMenu),
-                      Log::Error, false);
+    Log::WriteMessage(
+        "VxBrowseButton", "PopUpMenu",
+        "Menu " + std::to_string(mMenuId) + " has no sub-menu " + std::to_string(mSubMenu),
+        Log::Error, false);
     return;
   }
   wxRect const rect(GetScreenPosition(), GetSize());

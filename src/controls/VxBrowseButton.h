@@ -28,8 +28,8 @@ public:
 
   // The menu `menuId`'s sub-menu `subMenu` for a BT_POPUPMENU button;
   // null when there is none.
-  using MenuLoader = std::function<std::unique_ptr<wxMenu>(unsigned int menuId,
-                                                           unsigned int subMenu)>;
+  using MenuLoader =
+      std::function<std::unique_ptr<wxMenu>(unsigned int menuId, unsigned int subMenu)>;
 
   VxBrowseButton();
 

@@ -23,8 +23,8 @@ void VxMenu::SetTrackPopupMenuFunction(TrackPopupMenuFunction const & function) 
   Current() = function;
 }
 
-int VxMenu::ToolkitTrackPopupMenu(wxMenu * menu, unsigned int flags, int x, int y,
-                                  wxWindow * wnd, wxRect const * rect) {
+int VxMenu::ToolkitTrackPopupMenu(wxMenu * menu, unsigned int flags, int x, int y, wxWindow * wnd,
+                                  wxRect const * rect) {
   if (menu == nullptr || wnd == nullptr) return 0;
   wxPoint const where = wnd->ScreenToClient(wxPoint(x, y));
   if (flags & TPM_RETURNCMD) {

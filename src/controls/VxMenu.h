@@ -23,6 +23,6 @@ public:
   static void SetTrackPopupMenuFunction(TrackPopupMenuFunction const & function);
 
   // What the function is at first: wx's own popup menu on `wnd`.
-  static int ToolkitTrackPopupMenu(wxMenu * menu, unsigned int flags, int x, int y,
-                                   wxWindow * wnd, wxRect const * rect);
+  static int ToolkitTrackPopupMenu(wxMenu * menu, unsigned int flags, int x, int y, wxWindow * wnd,
+                                   wxRect const * rect);
 };

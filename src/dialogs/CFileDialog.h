@@ -22,7 +22,7 @@ struct OPENFILENAME {
   DWORD Flags = 0;
   wxString lpstrInitialDir;
   wxString lpstrTitle;
-  wxString lpstrDefExt;   // added to a saved name that has no extension
+  wxString lpstrDefExt;    // added to a saved name that has no extension
   DWORD nFilterIndex = 1;  // 1-based, as on Windows
   // Characters the names may take. Linux paths reach PATH_MAX (4096), not
   // Windows' 260, so one path always fits.

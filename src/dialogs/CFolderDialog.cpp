@@ -75,8 +75,8 @@ int CFolderDialog::BrowseFolders() {
   request.initialFolder = mInitialFolder;
   FolderChooserAnswer const answer = RunFolderChooser(request);
   if (!answer.accepted) return IDCANCEL;
-  mFolderName = wxString::FromUTF8(
-      FolderPathRules::CutTrailingSeparator(answer.path.utf8_string()));
+  mFolderName =
+      wxString::FromUTF8(FolderPathRules::CutTrailingSeparator(answer.path.utf8_string()));
   return IDOK;
 }
 
@@ -105,8 +105,8 @@ int CFolderDialog::BrowsePrinters() {
 
 bool BrowseForFolder(std::string & path, wxWindow * parent, char const * title,
                      char const * start) {
-  wxString const shownTitle = title != nullptr && *title != '\0' ? wxString::FromUTF8(title)
-                                                                   : Tr("Browse for a folder.");
+  wxString const shownTitle =
+      title != nullptr && *title != '\0' ? wxString::FromUTF8(title) : Tr("Browse for a folder.");
   CFolderDialog dialog(parent, shownTitle, CFolderDialog::BrowseForFolder);
   if (start != nullptr && *start != '\0')
     dialog.SetInitialFolder(FromFileSystemPath(NearestExistingFolder(start)));

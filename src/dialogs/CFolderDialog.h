@@ -46,5 +46,5 @@ private:
 // there. On a choice the folder replaces `path` and the result is true;
 // otherwise `path` is left as it was. `path` and `start` are the file
 // system's bytes (UTF-8 for every name that is UTF-8 at all).
-bool BrowseForFolder(std::string & path, wxWindow * parent = nullptr,
-                     char const * title = nullptr, char const * start = nullptr);
+bool BrowseForFolder(std::string & path, wxWindow * parent = nullptr, char const * title = nullptr,
+                     char const * start = nullptr);

@@ -1,9 +1,9 @@
 #include "dialogs/CSelectFolderDialog.h"
 
-#include <cerrno>
-#include <cstring>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <cerrno>
+#include <cstring>
 
 #include <wx/choice.h>
 #include <wx/dirctrl.h>
@@ -42,8 +42,7 @@ wxString WithInsert(wxString text, wxString const & insert) {
 }  // namespace
 
 CSelectFolderDialog::CSelectFolderDialog(int showFiles, wchar_t const * initialFolder,
-                                         unsigned long, wchar_t const * filter,
-                                         wxWindow * parent)
+                                         unsigned long, wchar_t const * filter, wxWindow * parent)
     : VxDialog(kTemplateId, parent),
       mShowFiles(showFiles != 0),
       mInitialFolder(initialFolder != nullptr ? wxString(initialFolder) : wxString()),
@@ -173,9 +172,10 @@ void CSelectFolderDialog::OnFolderChange() {
 }
 
 void CSelectFolderDialog::OnExpanding(wxTreeEvent & event) {
-  auto * data = mTree != nullptr ? dynamic_cast<wxDirItemData *>(
-                                       mTree->GetTreeCtrl()->GetItemData(event.GetItem()))
-                                 : nullptr;
+  auto * data =
+      mTree != nullptr
+          ? dynamic_cast<wxDirItemData *>(mTree->GetTreeCtrl()->GetItemData(event.GetItem()))
+          : nullptr;
   if (data == nullptr) {
     event.Skip();
     return;

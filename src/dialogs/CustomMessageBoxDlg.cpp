@@ -122,8 +122,10 @@ std::vector<int> CustomMessageBoxDlg::ButtonsInUse() const {
 bool CustomMessageBoxDlg::DoDataExchange(bool saveAndValidate) {
   auto * check = dynamic_cast<wxCheckBox *>(GetDlgItem(kCheckBoxId));
   if (check == nullptr) return true;
-  if (saveAndValidate) mCheckState = check->GetValue() ? 1 : 0;
-  else check->SetValue(mCheckState != 0);
+  if (saveAndValidate)
+    mCheckState = check->GetValue() ? 1 : 0;
+  else
+    check->SetValue(mCheckState != 0);
   return true;
 }
 

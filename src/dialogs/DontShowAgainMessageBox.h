@@ -23,9 +23,8 @@ bool ShowDontShowAgainMessage(wchar_t const * key);
 // MB_YESNOCANCEL and MB_YESNO). An answer other than Cancel with the box
 // ticked is stored. Returns the answer, stored or given. A null `key` always
 // shows the box and stores nothing.
-int VxDontShowAgainMessageBox(wchar_t const * key, wchar_t const * text,
-                              unsigned int type = MB_OK, wchar_t const * yesText = nullptr,
-                              wchar_t const * noText = nullptr);
+int VxDontShowAgainMessageBox(wchar_t const * key, wchar_t const * text, unsigned int type = MB_OK,
+                              wchar_t const * yesText = nullptr, wchar_t const * noText = nullptr);
 
 // The same with the answers kept as integer keys of `section`. A stored
 // answer comes back as it is; after the box was shown the result is -1 (the
@@ -34,5 +33,4 @@ int VxDontShowAgainMessageBox(wchar_t const * key, wchar_t const * text,
 // and stores nothing.
 int VxDontShowAgainMessageBox(ConfigurationSection * section, char const * key,
                               wchar_t const * text, unsigned int type = MB_OK,
-                              wchar_t const * yesText = nullptr,
-                              wchar_t const * noText = nullptr);
+                              wchar_t const * yesText = nullptr, wchar_t const * noText = nullptr);

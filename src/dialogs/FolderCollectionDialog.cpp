@@ -94,23 +94,29 @@ void FolderCollectionDialog::SetImages() {
 void FolderCollectionDialog::BindControls() {
   wxListCtrl * list = List();
   list->Bind(wxEVT_LIST_END_LABEL_EDIT, &FolderCollectionDialog::OnPathChanged, this);
-  list->Bind(wxEVT_LIST_ITEM_ACTIVATED, [list](wxListEvent & event) {
-    list->EditLabel(event.GetIndex());
-  });
+  list->Bind(wxEVT_LIST_ITEM_ACTIVATED,
+             [list](wxListEvent & event) { list->EditLabel(event.GetIndex()); });
   list->Bind(wxEVT_SIZE, [list](wxSizeEvent & event) {
     event.Skip();
     list->SetColumnWidth(0, list->GetClientSize().x);
   });
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { OnItemButtonClick(); }, kBrowseId);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { OnDelete(); }, kDeleteId);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { OnUp(); }, kUpId);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { OnDown(); }, kDownId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { OnItemButtonClick(); }, kBrowseId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { OnDelete(); }, kDeleteId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { OnUp(); }, kUpId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { OnDown(); }, kDownId);
   auto enable = [this](int id, auto rule) {
-    Bind(wxEVT_UPDATE_UI, [this, rule](wxUpdateUIEvent & event) {
-      wxListCtrl * rows = List();
-      long const row = SelectedRow();
-      event.Enable(rows != nullptr && row >= 0 && rule(row, rows->GetItemCount()));
-    }, id);
+    Bind(
+        wxEVT_UPDATE_UI,
+        [this, rule](wxUpdateUIEvent & event) {
+          wxListCtrl * rows = List();
+          long const row = SelectedRow();
+          event.Enable(rows != nullptr && row >= 0 && rule(row, rows->GetItemCount()));
+        },
+        id);
   };
   enable(kBrowseId, [](long, long) { return true; });
   enable(kDeleteId, [](long row, long count) { return row != count - 1; });
@@ -210,8 +216,9 @@ void FolderCollectionDialog::OnOK() {
       return;
     }
     if (!FolderPathRules::FitsFolderList(folder)) {
-      wxString text = Tr("The folder '%1%' cannot be kept in this list: its name contains "
-                         "';' or begins or ends with a space.");
+      wxString text =
+          Tr("The folder '%1%' cannot be kept in this list: its name contains "
+             "';' or begins or ends with a space.");
       text.Replace("%1%", Shown(row));
       AfxMessageBox(text, MB_ICONHAND);
       return;

@@ -165,11 +165,13 @@ std::wstring LimitLineLength::ByCharacters(std::wstring const & text, size_t lim
   if (text.empty()) return text;
   Utf16View const view(text);
   icu::BreakIterator & clusters = ClusterBreaks();
-  return Wrapper(text, view, limit, [&clusters](int32_t begin, int32_t end) {
-    size_t count = 0;
-    for (int32_t at = begin; at < end; at = NextBoundary(clusters, at, end)) ++count;
-    return count;
-  }).Run();
+  return Wrapper(text, view, limit,
+                 [&clusters](int32_t begin, int32_t end) {
+                   size_t count = 0;
+                   for (int32_t at = begin; at < end; at = NextBoundary(clusters, at, end)) ++count;
+                   return count;
+                 })
+      .Run();
 }
 
 namespace {
@@ -251,9 +253,9 @@ std::wstring LimitLineLength::ByPixels(std::wstring const & text, wxDC & dc, siz
   Utf16View const view(text);
   ClusterWidths widths(dc);
   size_t const scaledLimit = limit > SIZE_MAX / SubPixels ? SIZE_MAX : limit * SubPixels;
-  return Wrapper(text, view, scaledLimit, [&](int32_t begin, int32_t end) {
-    return widths.Of(text, view, begin, end);
-  }).Run();
+  return Wrapper(text, view, scaledLimit,
+                 [&](int32_t begin, int32_t end) { return widths.Of(text, view, begin, end); })
+      .Run();
 }
 
 wxRect LimitLineLength::GetBoundsRect(wchar_t const * text, wxFont const & font) {

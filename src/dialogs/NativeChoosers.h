@@ -14,12 +14,12 @@ class wxWindow;
 struct FileChooserRequest {
   bool open = true;  // false: a save dialog
   wxWindow * parent = nullptr;
-  wxString title;          // empty: the toolkit's
-  wxString acceptLabel;    // empty: the toolkit's ("Open", "Save")
+  wxString title;        // empty: the toolkit's
+  wxString acceptLabel;  // empty: the toolkit's ("Open", "Save")
   wxString initialFolder;
   wxString fileName;
-  wxString wildcard;       // wx form: "Text files|*.txt|All files|*"; empty: every file
-  int filterIndex = 0;     // 0-based
+  wxString wildcard;    // wx form: "Text files|*.txt|All files|*"; empty: every file
+  int filterIndex = 0;  // 0-based
   bool multiple = false;
   bool overwritePrompt = false;
   bool fileMustExist = false;

@@ -27,7 +27,8 @@ unsigned int TemplateNumber(wchar_t const * name) {
 VxDialog::VxDialog() { BindCommands(); }
 
 VxDialog::VxDialog(unsigned int templateId, wxWindow * parent, unsigned int helpTopicId)
-    : mTemplateId(templateId), mHelpTopicId(helpTopicId),
+    : mTemplateId(templateId),
+      mHelpTopicId(helpTopicId),
       mParent(parent != nullptr ? parent : GetDialogParent()) {
   BindCommands();
 }
@@ -41,7 +42,8 @@ void VxDialog::BindCommands() {
   Bind(wxEVT_BUTTON, &VxDialog::OnButton, this);
   Bind(wxEVT_CHAR_HOOK, &VxDialog::OnCharHook, this);
   Bind(wxEVT_CLOSE_WINDOW, &VxDialog::OnClose, this);
-  Bind(wxEVT_UPDATE_UI, [this](wxUpdateUIEvent & event) { OnUpdateHelp(event); }, IDHELP);
+  Bind(
+      wxEVT_UPDATE_UI, [this](wxUpdateUIEvent & event) { OnUpdateHelp(event); }, IDHELP);
   // Escape and Enter are the dialog's own business (OnCharHook, the default
   // button), not wx's standard-button emulation.
   SetEscapeId(wxID_NONE);

@@ -23,9 +23,8 @@ std::string DocumentsFolder() {
 }  // namespace
 
 VxFileDialog::VxFileDialog(EDirectory kind, int openFileDialog, wchar_t const * defaultExtension,
-                           wchar_t const * fileName, unsigned long flags,
-                           wchar_t const * filter, wxWindow * parent, unsigned long size,
-                           int vistaStyle)
+                           wchar_t const * fileName, unsigned long flags, wchar_t const * filter,
+                           wxWindow * parent, unsigned long size, int vistaStyle)
     : CFileDialog(openFileDialog, defaultExtension, fileName,
                   static_cast<DWORD>(flags) | OFN_ENABLESIZING, filter, parent,
                   static_cast<DWORD>(size), vistaStyle),

@@ -12,8 +12,8 @@
 // `type`: MB_* kind and icon. For the kinds MB_YESNOCANCEL and MB_YESNO a
 // non-null `yesText` or `noText` relabels the Yes or No button; other kinds
 // ignore them.
-int VxMessageBox(wchar_t const * text, unsigned int type = MB_OK,
-                 wchar_t const * yesText = nullptr, wchar_t const * noText = nullptr);
+int VxMessageBox(wchar_t const * text, unsigned int type = MB_OK, wchar_t const * yesText = nullptr,
+                 wchar_t const * noText = nullptr);
 
 // The same with strings of the resource chain; a label id whose string
 // loads empty (0, unknown) leaves its button alone.

@@ -23,18 +23,27 @@ YesNoCancelAll::YesNoCancelAll(wchar_t const * header, wchar_t const * text,
                                wxWindow * parent, bool yes, bool yesToAll, bool no, bool noToAll,
                                bool cancel)
     : VxDialog(kTemplate, parent, static_cast<unsigned int>(-1)),
-      mHeader(header != nullptr ? header : L""), mText(WithCrLfLineEnds(text)),
-      mCaption(caption != nullptr ? caption : L""), mDefaultButton(defaultButton),
-      mShowYes(yes), mShowYesToAll(yesToAll), mShowNo(no), mShowNoToAll(noToAll),
+      mHeader(header != nullptr ? header : L""),
+      mText(WithCrLfLineEnds(text)),
+      mCaption(caption != nullptr ? caption : L""),
+      mDefaultButton(defaultButton),
+      mShowYes(yes),
+      mShowYesToAll(yesToAll),
+      mShowNo(no),
+      mShowNoToAll(noToAll),
       mShowCancel(cancel) {
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Press(Yes); }, kYesId);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Press(No); }, kNoId);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Press(YesToAll); }, kYesToAllId);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Press(NoToAll); }, kNoToAllId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Press(Yes); }, kYesId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Press(No); }, kNoId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Press(YesToAll); }, kYesToAllId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Press(NoToAll); }, kNoToAllId);
 }
 
-int YesNoCancelAll::DoModal(wchar_t const * header, wchar_t const * text,
-                            wchar_t const * caption, ButtonPressed defaultButton) {
+int YesNoCancelAll::DoModal(wchar_t const * header, wchar_t const * text, wchar_t const * caption,
+                            ButtonPressed defaultButton) {
   if (header != nullptr) mHeader = header;
   if (text != nullptr) mText = WithCrLfLineEnds(text);
   if (caption != nullptr) mCaption = caption;
@@ -59,8 +68,7 @@ bool YesNoCancelAll::OnInitDialog() {
 
   AddAnchor(kHeaderId, TOP_LEFT, TOP_RIGHT);
   AddAnchor(kTextId, TOP_LEFT, TOP_RIGHT);
-  for (int id : {kYesId, kYesToAllId, kNoId, kNoToAllId, kCancelId})
-    AddAnchor(id, BOTTOM_RIGHT);
+  for (int id : {kYesId, kYesToAllId, kNoId, kNoToAllId, kCancelId}) AddAnchor(id, BOTTOM_RIGHT);
   WidenForButtonRow(*this, rowLeft, FromDIP(12));
   return result;
 }

@@ -37,8 +37,8 @@ public:
 
   YesNoCancelAll(wchar_t const * header = nullptr, wchar_t const * text = nullptr,
                  wchar_t const * caption = nullptr, ButtonPressed defaultButton = None,
-                 wxWindow * parent = nullptr, bool yes = true, bool yesToAll = true,
-                 bool no = true, bool noToAll = true, bool cancel = true);
+                 wxWindow * parent = nullptr, bool yes = true, bool yesToAll = true, bool no = true,
+                 bool noToAll = true, bool cancel = true);
 
   // Non-null texts replace the stored ones, a default button other than None
   // replaces the stored one; the result starts as Cancel. Returns what the

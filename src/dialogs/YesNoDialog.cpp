@@ -9,8 +9,10 @@
 YesNoDialog::YesNoDialog(wchar_t const * header, wchar_t const * text, wchar_t const * caption,
                          int defaultAnswer, wxWindow * parent)
     : VxDialog(kTemplate, parent, static_cast<unsigned int>(-1)),
-      mText(WithCrLfLineEnds(text)), mHeader(header != nullptr ? header : L""),
-      mCaption(caption != nullptr ? caption : L""), mDefaultAnswer(defaultAnswer) {}
+      mText(WithCrLfLineEnds(text)),
+      mHeader(header != nullptr ? header : L""),
+      mCaption(caption != nullptr ? caption : L""),
+      mDefaultAnswer(defaultAnswer) {}
 
 bool YesNoDialog::OnInitDialog() {
   bool const result = VxDialog::OnInitDialog();

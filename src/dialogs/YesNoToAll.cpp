@@ -9,8 +9,10 @@
 
 YesNoToAll::YesNoToAll(wxWindow * parent, bool yesFirst)
     : VxDialog(kTemplate, parent, static_cast<unsigned int>(-1)), mYesFirst(yesFirst) {
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Answer(kToAllId); }, kToAllId);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Answer(kLastId); }, kLastId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Answer(kToAllId); }, kToAllId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Answer(kLastId); }, kLastId);
 }
 
 int YesNoToAll::NewDoModal(wchar_t const * text, wchar_t const * caption) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-
 #include "dialogs/ButtonRow.h"
 #include "dialogs/WrappedText.h"
 #include "platform/WinUser.h"
@@ -20,14 +19,20 @@ void SetLabelAndWiden(wxWindow & button, wxString const & label) {
 
 YesYesToAllCancelDialog::YesYesToAllCancelDialog(wxWindow * parent)
     : VxDialog(kTemplate, parent, static_cast<unsigned int>(-1)) {
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) {
-    mYesToAllClicked = true;
-    OnOK();
-  }, kYesToAllId);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) {
-    mSpecialClicked = true;
-    EndDialog(kSpecialId);
-  }, kSpecialId);
+  Bind(
+      wxEVT_BUTTON,
+      [this](wxCommandEvent &) {
+        mYesToAllClicked = true;
+        OnOK();
+      },
+      kYesToAllId);
+  Bind(
+      wxEVT_BUTTON,
+      [this](wxCommandEvent &) {
+        mSpecialClicked = true;
+        EndDialog(kSpecialId);
+      },
+      kSpecialId);
 }
 
 int YesYesToAllCancelDialog::NewDoModal(wchar_t const * text, wchar_t const * caption,

@@ -139,8 +139,8 @@ void AppConfigPackage::Read(std::string const & bytes, Limits const & limits) {
       entry.bytes.append(buffer.data(), static_cast<size_t>(got));
       if (entry.bytes.size() > limits.maxEntryBytes ||
           total + entry.bytes.size() > limits.maxTotalBytes)
-        Refuse("The entry {2} of the customization package {1} inflates beyond the limit.",
-               mSource, entry.name);
+        Refuse("The entry {2} of the customization package {1} inflates beyond the limit.", mSource,
+               entry.name);
     }
     total += entry.bytes.size();
     mEntries.push_back(std::move(entry));

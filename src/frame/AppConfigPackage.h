@@ -43,8 +43,7 @@ public:
   // Reads the package at `path`.
   explicit AppConfigPackage(std::string const & path, Limits const & limits = Limits());
   // Reads a package held in memory; `source` names it in messages.
-  AppConfigPackage(std::string const & bytes, std::string source,
-                   Limits const & limits = Limits());
+  AppConfigPackage(std::string const & bytes, std::string source, Limits const & limits = Limits());
 
   std::string const & Source() const { return mSource; }
   // Entry names in archive order.

@@ -14,14 +14,10 @@ namespace {
 // The codes of the library beyond those of the registry functions.
 char const * LoaderErrorText(unsigned long code) {
   switch (code) {
-    case ERROR_BAD_FORMAT:
-      return "An attempt was made to load a program with an incorrect format.";
-    case ERROR_MOD_NOT_FOUND:
-      return "The specified module could not be found.";
-    case ERROR_PROC_NOT_FOUND:
-      return "The specified procedure could not be found.";
-    default:
-      return nullptr;
+    case ERROR_BAD_FORMAT: return "An attempt was made to load a program with an incorrect format.";
+    case ERROR_MOD_NOT_FOUND: return "The specified module could not be found.";
+    case ERROR_PROC_NOT_FOUND: return "The specified procedure could not be found.";
+    default: return nullptr;
   }
 }
 

@@ -5,10 +5,10 @@
 // that exist already.
 
 enum ExceptionsHandledBits : int {
-  kHandleException = 1,         // Exception
-  kHandleStdException = 2,      // std::exception, by reference or pointer to const
+  kHandleException = 1,           // Exception
+  kHandleStdException = 2,        // std::exception, by reference or pointer to const
   kHandleFrameworkException = 4,  // CException *
-  kHandleOtherExceptions = 8,   // anything else
+  kHandleOtherExceptions = 8,     // anything else
   kHandleAllExceptions = 15,
 };
 

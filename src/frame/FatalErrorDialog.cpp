@@ -1,14 +1,15 @@
 #include "frame/FatalErrorDialog.h"
 
-
 #include "dialogs/DialogTitle.h"
 #include "dialogs/ScrollingText.h"
 #include "platform/WinUser.h"
 
-FatalErrorDialog::FatalErrorDialog(wchar_t const * text, wchar_t const * caption,
-                                   wxWindow * parent, bool informationOnly)
-    : VxDialog(kTemplate, parent, static_cast<unsigned int>(-1)), mText(WithCrLfLineEnds(text)),
-      mCaption(caption != nullptr ? caption : L""), mInformationOnly(informationOnly) {}
+FatalErrorDialog::FatalErrorDialog(wchar_t const * text, wchar_t const * caption, wxWindow * parent,
+                                   bool informationOnly)
+    : VxDialog(kTemplate, parent, static_cast<unsigned int>(-1)),
+      mText(WithCrLfLineEnds(text)),
+      mCaption(caption != nullptr ? caption : L""),
+      mInformationOnly(informationOnly) {}
 
 bool FatalErrorDialog::OnInitDialog() {
   bool const result = VxDialog::OnInitDialog();

@@ -35,10 +35,8 @@ HandleExceptionPage::HandleExceptionPage(wxWindow * parent)
   auto * details = new wxStaticText(
       this, kDetailsId,
       WithApplicationName(vx3::Tr("If the problem persists, tell us what %1% was doing.")));
-  auto * moreInformation =
-      new wxButton(this, kMoreInformationId, vx3::Tr("&More information..."));
-  auto * link = new wxHyperlinkCtrl(this, kSupportLinkId, vx3::Tr("Support page"),
-                                    kSupportPageUrl);
+  auto * moreInformation = new wxButton(this, kMoreInformationId, vx3::Tr("&More information..."));
+  auto * link = new wxHyperlinkCtrl(this, kSupportLinkId, vx3::Tr("Support page"), kSupportPageUrl);
   mFinish = new wxButton(this, kFinishId, wxString());
   auto * ignore = new wxButton(this, kIgnoreId, vx3::Tr("Ignore button", "&Ignore"));
 

@@ -60,17 +60,14 @@ int MemoryUserComm::AskUserYesYesToAllNoNoToAllCancel(UserCommMessage const & he
 
 int MemoryUserComm::AskUserYesYesToAllCancel(UserCommMessage const & header,
                                              UserCommMessage const & text,
-                                             UserCommMessage const & caption,
-                                             int defaultAnswer) {
+                                             UserCommMessage const & caption, int defaultAnswer) {
   return AskUnlessAnsweredToAll([&] {
     return StandardUserComm::AskUserYesYesToAllCancel(header, text, caption, defaultAnswer);
   });
 }
 
-int MemoryUserComm::AskUserYesCancel(UserCommMessage const & header,
-                                     UserCommMessage const & text,
+int MemoryUserComm::AskUserYesCancel(UserCommMessage const & header, UserCommMessage const & text,
                                      UserCommMessage const & caption, int defaultAnswer) {
-  return AskUnlessAnsweredToAll([&] {
-    return StandardUserComm::AskUserYesCancel(header, text, caption, defaultAnswer);
-  });
+  return AskUnlessAnsweredToAll(
+      [&] { return StandardUserComm::AskUserYesCancel(header, text, caption, defaultAnswer); });
 }

@@ -43,8 +43,8 @@ int StandardUserComm::AskUserYesNo(UserCommMessage const & header, UserCommMessa
                                    UserCommMessage const & caption, int defaultAnswer) {
   ++mUsage;
   ProgressHidden hidden;
-  YesNoDialog dialog(Wide(header).c_str(), Wide(text).c_str(), Wide(caption).c_str(),
-                     defaultAnswer, user_comm::DialogParent());
+  YesNoDialog dialog(Wide(header).c_str(), Wide(text).c_str(), Wide(caption).c_str(), defaultAnswer,
+                     user_comm::DialogParent());
   return dialog.DoModal() == IDOK ? UserCommYes : UserCommNo;
 }
 
@@ -53,8 +53,7 @@ int StandardUserComm::AskWithButtons(UserCommMessage const & header, UserCommMes
                                      Buttons buttons) {
   YesNoCancelAll dialog(Wide(header).c_str(), Wide(text).c_str(), Wide(caption).c_str(),
                         user_comm::DefaultButtonFor(defaultAnswer), user_comm::DialogParent(),
-                        buttons.yes, buttons.yesToAll, buttons.no, buttons.noToAll,
-                        buttons.cancel);
+                        buttons.yes, buttons.yesToAll, buttons.no, buttons.noToAll, buttons.cancel);
   ++mUsage;
   ProgressHidden hidden;
   dialog.DoModal(nullptr, nullptr, nullptr, YesNoCancelAll::None);
@@ -70,13 +69,11 @@ int StandardUserComm::AskUserYesYesToAllNoNoToAllCancel(UserCommMessage const & 
 
 int StandardUserComm::AskUserYesYesToAllCancel(UserCommMessage const & header,
                                                UserCommMessage const & text,
-                                               UserCommMessage const & caption,
-                                               int defaultAnswer) {
+                                               UserCommMessage const & caption, int defaultAnswer) {
   return AskWithButtons(header, text, caption, defaultAnswer, {true, true, false, false, true});
 }
 
-int StandardUserComm::AskUserYesCancel(UserCommMessage const & header,
-                                       UserCommMessage const & text,
+int StandardUserComm::AskUserYesCancel(UserCommMessage const & header, UserCommMessage const & text,
                                        UserCommMessage const & caption, int defaultAnswer) {
   return AskWithButtons(header, text, caption, defaultAnswer, {true, false, false, false, true});
 }

@@ -93,16 +93,12 @@ std::optional<unsigned int> SystemExceptionCodeOfSignal(int signal, int signalCo
     case SIGSEGV:
       // Unmapped and forbidden addresses are one access violation on Windows.
       return kAccessViolation;
-    case SIGBUS:
-      return signalCode == BUS_ADRALN ? kMisalignment : kInPageError;
-    case SIGFPE:
-      return FloatingPointCode(signalCode);
+    case SIGBUS: return signalCode == BUS_ADRALN ? kMisalignment : kInPageError;
+    case SIGFPE: return FloatingPointCode(signalCode);
     case SIGILL:
       return signalCode == ILL_PRVOPC || signalCode == ILL_PRVREG ? kPrivilegedInstruction
-                                                                   : kIllegalInstruction;
-    case SIGTRAP:
-      return signalCode == TRAP_TRACE ? kSingleStep : kBreakpoint;
-    default:
-      return std::nullopt;
+                                                                  : kIllegalInstruction;
+    case SIGTRAP: return signalCode == TRAP_TRACE ? kSingleStep : kBreakpoint;
+    default: return std::nullopt;
   }
 }

@@ -30,8 +30,8 @@ int ShowMessageBox(wxString const & text, wxString const & caption, UINT type) {
   // The framework's disabling of modeless windows around the box is what
   // wx's modal run does to every other window by itself.
   UINT const buttons = type & MB_TYPEMASK;
-  bool const warnable = buttons == MB_OK || buttons == MB_OKCANCEL ||
-                        buttons == MB_YESNOCANCEL || buttons == MB_YESNO;
+  bool const warnable = buttons == MB_OK || buttons == MB_OKCANCEL || buttons == MB_YESNOCANCEL ||
+                        buttons == MB_YESNO;
   if ((type & MB_ICONMASK) == 0 && warnable) type |= MB_ICONEXCLAMATION;
   wxString const shownCaption =
       caption.empty() ? wxString::FromUTF8(VxSystemInfo::GetApplicationName()) : caption;
@@ -46,8 +46,7 @@ void ShowFatalOrInformation(std::string const & text, std::string const & captio
     ShowMessageBox(shownText, shownCaption, informationOnly ? MB_ICONINFORMATION : MB_ICONHAND);
     return;
   }
-  FatalErrorDialog dialog(shownText.c_str(), shownCaption.c_str(), DialogParent(),
-                          informationOnly);
+  FatalErrorDialog dialog(shownText.c_str(), shownCaption.c_str(), DialogParent(), informationOnly);
   dialog.DoModal();
 }
 

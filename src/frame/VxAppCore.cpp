@@ -22,18 +22,18 @@ constexpr char kAppSettings[] = "AppSettings";
 // `base`/Karvinel/<App>/<Ver>, created when absent; "" without a base.
 std::string ApplicationFolder(std::string const & base) {
   if (base.empty()) return "";
-  std::string const folder = VxPathAppend(
-      VxPathAppend(VxPathAppend(base, VxAppCore::RegistryKey()),
-                   VxSystemInfo::GetApplicationName()),
-      VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionPath));
+  std::string const folder =
+      VxPathAppend(VxPathAppend(VxPathAppend(base, VxAppCore::RegistryKey()),
+                                VxSystemInfo::GetApplicationName()),
+                   VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionPath));
   if (::access(folder.c_str(), F_OK) != 0) VxCreateFolder(folder);
   return folder;
 }
 
 std::string SettingsFileIn(std::string const & folder) {
   if (folder.empty()) return "";
-  return VxPathAppend(folder, VxSystemInfo::GetApplicationName() + "." +
-                                  XercesXMLSection::KarvinelXMLExtension());
+  return VxPathAppend(
+      folder, VxSystemInfo::GetApplicationName() + "." + XercesXMLSection::KarvinelXMLExtension());
 }
 
 }  // namespace
@@ -120,8 +120,7 @@ std::unique_ptr<ConfigurationSection> VxAppCore::CommonSource() const {
     mCommon = ParsedFile{mCommonSettingsFile, status.st_size, modified, status.st_ino, nullptr};
     try {
       mCommon.root = std::make_shared<XercesXMLSection>(mCommonSettingsFile.c_str(), true);
-    } catch (Exception const &) {
-    }
+    } catch (Exception const &) {}
   }
   return std::unique_ptr<ConfigurationSection>(mCommon.root ? mCommon.root->Copy() : nullptr);
 }
@@ -134,15 +133,13 @@ std::unique_ptr<ConfigurationSection> VxAppCore::DefaultsSource(unsigned int res
     try {
       std::string const text = mDefaultsReader(resourceId);
       if (!text.empty()) root.reset(XercesXMLSection::CreateXMLSectionFromString(text.c_str()));
-    } catch (Exception const &) {
-    }
+    } catch (Exception const &) {}
     found = mDefaults.emplace(resourceId, root).first;
   }
   return std::unique_ptr<ConfigurationSection>(found->second ? found->second->Copy() : nullptr);
 }
 
-ConfigurationSection * VxAppCore::GetAppSettings(char const * name,
-                                                 unsigned int resourceId) const {
+ConfigurationSection * VxAppCore::GetAppSettings(char const * name, unsigned int resourceId) const {
   // The sources are only read: a parsed file or document serves every call
   // through a copy of its own.
   std::unique_ptr<ConfigurationSection> const common = CommonSource();

@@ -4,8 +4,7 @@
 
 VxSystemException::VxSystemException(Exception const & other) : Exception(other) {}
 
-VxSystemException::VxSystemException(ExceptionMessageList const & messages)
-    : Exception(messages) {}
+VxSystemException::VxSystemException(ExceptionMessageList const & messages) : Exception(messages) {}
 
 VxSystemException::~VxSystemException() = default;
 

@@ -20,13 +20,13 @@ class wxWindow;
 
 // Command numbers of the help engine (HH_*).
 enum class HelpCommand : unsigned {
-  DisplayTopic = 0,         // HH_DISPLAY_TOPIC: the topic the path names
-  DisplayToc = 1,           // HH_DISPLAY_TOC: the file's default topic and contents
-  DisplayIndex = 2,         // HH_DISPLAY_INDEX
-  DisplaySearch = 3,        // HH_DISPLAY_SEARCH
-  HelpContext = 15,         // HH_HELP_CONTEXT: a numeric topic identifier
-  TextPopupForControl = 17, // HH_TP_HELP_WM_HELP: pop-up help for a control
-  CloseAll = 18,            // HH_CLOSE_ALL
+  DisplayTopic = 0,          // HH_DISPLAY_TOPIC: the topic the path names
+  DisplayToc = 1,            // HH_DISPLAY_TOC: the file's default topic and contents
+  DisplayIndex = 2,          // HH_DISPLAY_INDEX
+  DisplaySearch = 3,         // HH_DISPLAY_SEARCH
+  HelpContext = 15,          // HH_HELP_CONTEXT: a numeric topic identifier
+  TextPopupForControl = 17,  // HH_TP_HELP_WM_HELP: pop-up help for a control
+  CloseAll = 18,             // HH_CLOSE_ALL
 };
 
 // The full-text search query that goes with DisplaySearch (HH_FTS_QUERY);

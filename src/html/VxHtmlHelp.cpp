@@ -41,9 +41,7 @@ bool VxHtmlHelp::IsAvailable() const {
   return !m_helpFile.empty() && VxGetHelpEngine().IsAvailable();
 }
 
-void VxHtmlHelp::DisplayDefaultTopic() {
-  Call(nullptr, m_helpFile, HelpCommand::DisplayToc, 0);
-}
+void VxHtmlHelp::DisplayDefaultTopic() { Call(nullptr, m_helpFile, HelpCommand::DisplayToc, 0); }
 
 void VxHtmlHelp::DisplayTopic(int topic, wchar_t const * window) {
   std::wstring path = m_helpFile;
@@ -64,14 +62,12 @@ void VxHtmlHelp::Search() {
 
 bool VxHtmlHelp::DisplayContextHelp(wxWindow * dialog, HELPINFO const * info,
                                     wchar_t const * topic) {
-  if (info == nullptr || info->iContextType != HELPINFO_WINDOW || info->iCtrlId < 1)
-    return false;
+  if (info == nullptr || info->iContextType != HELPINFO_WINDOW || info->iCtrlId < 1) return false;
   DisplayContextHelp(dialog, info->hItemHandle, topic);
   return true;
 }
 
-void VxHtmlHelp::DisplayContextHelp(wxWindow * dialog, wxWindow * window,
-                                    wchar_t const * topic) {
+void VxHtmlHelp::DisplayContextHelp(wxWindow * dialog, wxWindow * window, wchar_t const * topic) {
   std::wstring path = m_helpFile + L"::/" + (topic ? topic : L"");
   FillContextHelpLookUpTable(dialog);
   Call(window, std::move(path), HelpCommand::TextPopupForControl, m_contextHelp);
@@ -86,8 +82,7 @@ void VxHtmlHelp::FillContextHelpLookUpTable(wxWindow * dialog) {
   m_contextHelp.Fill(children);
 }
 
-bool VxHtmlHelp::Call(wxWindow * window, std::wstring path, HelpCommand command,
-                      HelpValue value) {
+bool VxHtmlHelp::Call(wxWindow * window, std::wstring path, HelpCommand command, HelpValue value) {
   HelpEngine & engine = VxGetHelpEngine();
   // Only an engine that can show something may have opened windows to close.
   if (engine.IsAvailable()) m_engineUsed = true;

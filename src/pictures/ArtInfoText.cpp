@@ -138,7 +138,8 @@ void WriteArtInfoText(ArtInfo const & art, std::ostream & out) {
 }
 
 ArtInfo ReadArtInfoText(std::string_view text) {
-  if (text.size() > ArtInfoTextLimits::kMaxTextBytes) throw ArtInfoTextError("ArtInfo text too long");
+  if (text.size() > ArtInfoTextLimits::kMaxTextBytes)
+    throw ArtInfoTextError("ArtInfo text too long");
   ArtInfoTextScanner scanner(text);
   size_t const body = scanner.Header();
   scanner.ArtInfoBody();
@@ -149,8 +150,7 @@ ArtInfo ReadArtInfoText(std::string_view text) {
                                                               text.size() - body);
   in.imbue(std::locale::classic());
   ArtInfo art;
-  boost::archive::text_iarchive archive(in,
-                                        boost::archive::no_header | boost::archive::no_codecvt);
+  boost::archive::text_iarchive archive(in, boost::archive::no_header | boost::archive::no_codecvt);
   archive >> art;
   return art;
 }

@@ -107,9 +107,9 @@ wxImage DecodeArtJpeg(unsigned char const * data, size_t size, JpegDecodeLimits 
     throw ArtJpegError("CMYK JPEG");
   decoder.info.out_color_space = JCS_RGB;
   decoder.info.scale_num = 1;
-  decoder.info.scale_denom = static_cast<unsigned>(ScaleDenominator(
-      static_cast<int>(decoder.info.image_width), static_cast<int>(decoder.info.image_height),
-      minWidth, minHeight));
+  decoder.info.scale_denom = static_cast<unsigned>(
+      ScaleDenominator(static_cast<int>(decoder.info.image_width),
+                       static_cast<int>(decoder.info.image_height), minWidth, minHeight));
   jpeg_calc_output_dimensions(&decoder.info);
   unsigned long long const width = decoder.info.output_width;
   unsigned long long const height = decoder.info.output_height;

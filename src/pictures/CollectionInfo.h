@@ -9,8 +9,8 @@
 #include "pictures/PictureInfo.h"
 
 struct CollectionInfo {
-  int bitmapWidth = 0;     // width of the widest painting, in pixels
-  int bitmapHeight = 0;    // height of the highest painting
+  int bitmapWidth = 0;   // width of the widest painting, in pixels
+  int bitmapHeight = 0;  // height of the highest painting
   int portraitWidth = 0;
   int portraitHeight = 0;
   std::string artistName;  // UTF-8

@@ -122,7 +122,8 @@ CompoundFileWriter::CompoundFileWriter() {
 }
 
 CompoundFileWriter::~CompoundFileWriter() {
-  if (mRoot && !gsf_output_is_closed(GSF_OUTPUT(mRoot.get()))) gsf_output_close(GSF_OUTPUT(mRoot.get()));
+  if (mRoot && !gsf_output_is_closed(GSF_OUTPUT(mRoot.get())))
+    gsf_output_close(GSF_OUTPUT(mRoot.get()));
 }
 
 GsfPtr<GsfOutput> CompoundFileWriter::CreateStream(std::string const & name) {
@@ -134,8 +135,8 @@ GsfPtr<GsfOutput> CompoundFileWriter::CreateStream(std::string const & name) {
 
 void CompoundFileWriter::AddStream(std::string const & name, std::string_view bytes) {
   GsfPtr<GsfOutput> const stream = CreateStream(name);
-  bool const written = gsf_output_write(stream.get(), bytes.size(),
-                                        reinterpret_cast<guint8 const *>(bytes.data()));
+  bool const written =
+      gsf_output_write(stream.get(), bytes.size(), reinterpret_cast<guint8 const *>(bytes.data()));
   if (!gsf_output_close(stream.get()) || !written)
     throw CompoundFileError("the stream " + name + " cannot be written");
 }

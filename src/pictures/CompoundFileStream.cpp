@@ -74,8 +74,8 @@ public:
       throw Damaged();
     uint16_t const major = Read16(data + 0x1A);
     uint16_t const sectorShift = Read16(data + 0x1E);
-    if (Read16(data + 0x1C) != 0xFFFE || !((major == 3 && sectorShift == 9) ||
-                                            (major == 4 && sectorShift == 12)))
+    if (Read16(data + 0x1C) != 0xFFFE ||
+        !((major == 3 && sectorShift == 9) || (major == 4 && sectorShift == 12)))
       throw Damaged();
     mVersion3 = major == 3;
     mSectorBytes = size_t(1) << sectorShift;
@@ -140,9 +140,9 @@ public:
       size_t const offset = static_cast<size_t>(sector) * kMiniSectorBytes;
       size_t const inChain = offset / mSectorBytes;
       if (offset + kMiniSectorBytes > mRootSize || inChain >= miniStream.size()) throw Damaged();
-      bytes.append(reinterpret_cast<char const *>(Sector(miniStream[inChain])) +
-                       offset % mSectorBytes,
-                   kMiniSectorBytes);
+      bytes.append(
+          reinterpret_cast<char const *>(Sector(miniStream[inChain])) + offset % mSectorBytes,
+          kMiniSectorBytes);
       sector = mMiniFat[sector];
     }
     bytes.resize(static_cast<size_t>(size));

@@ -48,9 +48,7 @@ MessageBoxType MapMessageBoxType(UINT type) {
   UINT kind = type & MB_TYPEMASK;
   if (kind > MB_CANCELTRYCONTINUE) kind = MB_OK;
   switch (kind) {
-    case MB_OKCANCEL:
-      box.style = wxOK | wxCANCEL;
-      break;
+    case MB_OKCANCEL: box.style = wxOK | wxCANCEL; break;
     case MB_ABORTRETRYIGNORE:
       box.style = wxYES_NO | wxCANCEL;
       box.cancelLabel = vx3::Tr("Abort button", "&Abort");
@@ -60,9 +58,7 @@ MessageBoxType MapMessageBoxType(UINT type) {
       box.yesResult = IDRETRY;
       box.noResult = IDIGNORE;
       break;
-    case MB_YESNOCANCEL:
-      box.style = wxYES_NO | wxCANCEL;
-      break;
+    case MB_YESNOCANCEL: box.style = wxYES_NO | wxCANCEL; break;
     case MB_YESNO:
       box.style = wxYES_NO;
       box.cancelResult = IDNO;

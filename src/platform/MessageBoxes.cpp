@@ -30,8 +30,7 @@ ButtonLabel LabelOr(wxString const & custom, int stockId) {
 }
 
 void ApplyLabels(wxMessageDialog & dialog, MessageBoxType const & box) {
-  if (box.yesLabel.empty() && box.noLabel.empty() && box.okLabel.empty() &&
-      box.cancelLabel.empty())
+  if (box.yesLabel.empty() && box.noLabel.empty() && box.okLabel.empty() && box.cancelLabel.empty())
     return;
   ButtonLabel const cancel = LabelOr(box.cancelLabel, wxID_CANCEL);
   if (box.style & wxYES_NO) {
@@ -50,8 +49,8 @@ void ApplyLabels(wxMessageDialog & dialog, MessageBoxType const & box) {
 
 // Both roads end here. Help keeps the box up: it is shown again after the
 // help handler has run.
-int ShowMessageDialog(wxWindow * owner, wxString const & text, wxString const & caption,
-                      UINT type, UINT helpId) {
+int ShowMessageDialog(wxWindow * owner, wxString const & text, wxString const & caption, UINT type,
+                      UINT helpId) {
   MessageBoxType const box = MapMessageBoxType(type);
   for (;;) {
     wxMessageDialog dialog(owner, text, caption, box.style);
@@ -70,8 +69,8 @@ int MessageBoxW(wxWindow * owner, wchar_t const * text, wchar_t const * caption,
   wxString const shownCaption = caption != nullptr && *caption != L'\0'
                                     ? wxString(caption)
                                     : vx3::Tr("Message box caption", "Error");
-  return ShowMessageDialog(owner, text != nullptr ? wxString(text) : wxString(), shownCaption,
-                           type, 0);
+  return ShowMessageDialog(owner, text != nullptr ? wxString(text) : wxString(), shownCaption, type,
+                           0);
 }
 
 int ShowFrameworkMessageBox(wxString const & text, UINT type, UINT helpId) {

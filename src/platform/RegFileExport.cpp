@@ -133,24 +133,24 @@ bool ExportRegFile(HKEY root, std::wstring const & path, std::string & text,
   if (!relative.empty()) top += "\\" + relative.substr(0, relative.find_last_not_of('\\') + 1);
   text = "Windows Registry Editor Version 5.00\n";
   bool lineBreak = false;
-  LONG const rc = WalkKeyTree(root, path, top, [&](std::string const & name,
-                                                   std::vector<StoredValue> const & values) {
-    if (HasLineBreak(name)) {
-      error = LineBreakError(name);
-      lineBreak = true;
-      return false;
-    }
-    text += "\n[" + name + "]\n";
-    for (StoredValue const & value : values) {
-      if (HasLineBreak(value.name)) {
-        error = LineBreakError(value.name);
-        lineBreak = true;
-        return false;
-      }
-      AppendValue(text, value);
-    }
-    return true;
-  });
+  LONG const rc = WalkKeyTree(
+      root, path, top, [&](std::string const & name, std::vector<StoredValue> const & values) {
+        if (HasLineBreak(name)) {
+          error = LineBreakError(name);
+          lineBreak = true;
+          return false;
+        }
+        text += "\n[" + name + "]\n";
+        for (StoredValue const & value : values) {
+          if (HasLineBreak(value.name)) {
+            error = LineBreakError(value.name);
+            lineBreak = true;
+            return false;
+          }
+          AppendValue(text, value);
+        }
+        return true;
+      });
   if (lineBreak) return false;
   if (rc == ERROR_SUCCESS) return true;
   char const * why = ErrorText(rc);

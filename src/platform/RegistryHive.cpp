@@ -130,12 +130,8 @@ void Hive::EnsureOpen() {
     opening = OpenFile(problem);
   }
   switch (opening) {
-    case Opening::Opened:
-      mState = State::Open;
-      return;
-    case Opening::Damaged:
-      Recover(problem);
-      return;
+    case Opening::Opened: mState = State::Open; return;
+    case Opening::Damaged: Recover(problem); return;
     case Opening::Unusable:
     case Opening::Busy:
       AddNotice(ExceptionMessage::translate(
@@ -310,8 +306,7 @@ bool Hive::PrepareStatements() {
        "SELECT count(*), coalesce(max(length(name)), 0), coalesce(max(length(data)), 0) "
        "FROM vals WHERE key = ?1"},
       {&mSubKeys, "SELECT id, name FROM keys WHERE parent = ?1 ORDER BY folded"},
-      {&mValues,
-       "SELECT name, type, data FROM vals WHERE key = ?1 ORDER BY id"},
+      {&mValues, "SELECT name, type, data FROM vals WHERE key = ?1 ORDER BY id"},
       {&mDeleteTreeValues,
        "WITH RECURSIVE tree(id) AS (SELECT ?1 UNION ALL "
        "SELECT keys.id FROM keys JOIN tree ON keys.parent = tree.id) "

@@ -76,31 +76,22 @@ LONG Win32CodeOf(int sqliteResult) {
   switch (sqliteResult & 0xFF) {
     case SQLITE_OK:
     case SQLITE_ROW:
-    case SQLITE_DONE:
-      return ERROR_SUCCESS;
+    case SQLITE_DONE: return ERROR_SUCCESS;
     case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-      return ERROR_BUSY;
+    case SQLITE_LOCKED: return ERROR_BUSY;
     case SQLITE_READONLY:
     case SQLITE_PERM:
-    case SQLITE_AUTH:
-      return ERROR_ACCESS_DENIED;
-    case SQLITE_NOMEM:
-      return ERROR_NOT_ENOUGH_MEMORY;
-    case SQLITE_TOOBIG:
-      return ERROR_NO_SYSTEM_RESOURCES;
+    case SQLITE_AUTH: return ERROR_ACCESS_DENIED;
+    case SQLITE_NOMEM: return ERROR_NOT_ENOUGH_MEMORY;
+    case SQLITE_TOOBIG: return ERROR_NO_SYSTEM_RESOURCES;
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-    case SQLITE_SCHEMA:
-      return ERROR_BADDB;
-    case SQLITE_CANTOPEN:
-      return ERROR_CANTOPEN;
+    case SQLITE_SCHEMA: return ERROR_BADDB;
+    case SQLITE_CANTOPEN: return ERROR_CANTOPEN;
     case SQLITE_FULL:
     case SQLITE_IOERR:
-    case SQLITE_PROTOCOL:
-      return ERROR_REGISTRY_IO_FAILED;
-    default:
-      return ERROR_CANTWRITE;
+    case SQLITE_PROTOCOL: return ERROR_REGISTRY_IO_FAILED;
+    default: return ERROR_CANTWRITE;
   }
 }
 

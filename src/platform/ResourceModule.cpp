@@ -16,8 +16,8 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/xml/xml.h>
-#include <wx/xrc/xmlres.h>
 #include <wx/xrc/xh_dlg.h>
+#include <wx/xrc/xmlres.h>
 
 #include "utl/Translation.h"
 
@@ -37,9 +37,8 @@ public:
     wxDialog * dialog = wxDynamicCast(m_instance, wxDialog);
     if (dialog == nullptr) dialog = new wxDialog;
     if (dialog->GetHandle() == nullptr) {
-      dialog->Create(m_parentAsWindow, GetID(), GetText("title"), wxDefaultPosition,
-                     wxDefaultSize, GetStyle("style", wxDEFAULT_DIALOG_STYLE) | gExtraDialogStyle,
-                     GetName());
+      dialog->Create(m_parentAsWindow, GetID(), GetText("title"), wxDefaultPosition, wxDefaultSize,
+                     GetStyle("style", wxDEFAULT_DIALOG_STYLE) | gExtraDialogStyle, GetName());
     } else {
       dialog->SetTitle(GetText("title"));
     }

@@ -10,8 +10,7 @@ namespace {
 
 bool LaunchWithDesktop(std::string const & target) {
   wxString const text = wxString::FromUTF8(target.data(), target.size());
-  return VxHasUrlScheme(target) ? wxLaunchDefaultBrowser(text)
-                                : wxLaunchDefaultApplication(text);
+  return VxHasUrlScheme(target) ? wxLaunchDefaultBrowser(text) : wxLaunchDefaultApplication(text);
 }
 
 VxUrlLauncher & CurrentLauncher() {

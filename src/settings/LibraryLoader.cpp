@@ -53,7 +53,6 @@ bool LibraryLoader::Close() {
 }
 
 FARPROC LibraryLoader::GetFunction(char const * name) const {
-  if (mModule == nullptr)
-    throw Exception(ExceptionMessage::translate("The handle is invalid."));
+  if (mModule == nullptr) throw Exception(ExceptionMessage::translate("The handle is invalid."));
   return reinterpret_cast<FARPROC>(::dlsym(mModule, name != nullptr ? name : ""));
 }

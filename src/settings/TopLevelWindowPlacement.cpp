@@ -117,9 +117,7 @@ WINDOWPLACEMENT VxGetWindowPlacement(wxTopLevelWindow const & window) {
 // Maximises or minimises as `showCmd` says; any other command restores.
 void ApplyShowCommand(wxTopLevelWindow & window, UINT showCmd, UINT flags) {
   switch (showCmd) {
-    case SW_SHOWMAXIMIZED:
-      window.Maximize(true);
-      break;
+    case SW_SHOWMAXIMIZED: window.Maximize(true); break;
     case SW_SHOWMINIMIZED:
     case SW_MINIMIZE:
     case SW_SHOWMINNOACTIVE:
@@ -127,8 +125,7 @@ void ApplyShowCommand(wxTopLevelWindow & window, UINT showCmd, UINT flags) {
       if ((flags & WPF_RESTORETOMAXIMIZED) != 0) window.Maximize(true);
       window.Iconize(true);
       break;
-    default:
-      break;
+    default: break;
   }
 }
 

@@ -38,8 +38,8 @@ void FillSlot(std::optional<std::string> const & text, wchar_t * buffer, int siz
 std::string LinkName(std::string const & file) {
   std::string name = VxGetFileName(file);
   std::string const suffix = ".desktop";
-  if (name.size() > suffix.size() && name.compare(name.size() - suffix.size(), suffix.size(),
-                                                  suffix) == 0)
+  if (name.size() > suffix.size() &&
+      name.compare(name.size() - suffix.size(), suffix.size(), suffix) == 0)
     name.resize(name.size() - suffix.size());
   return name;
 }

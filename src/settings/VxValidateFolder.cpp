@@ -31,10 +31,11 @@ bool VxValidateFolder(std::string const & path, wxWindow * parent) {
     return false;
   }
   if (kind != VxNothing) return true;
-  if (AfxMessageBox(Text(ExceptionMessage::translate(
-                             "The specified folder '{1}' does not exist, do you want to create it?") %
-                         path),
-                    MB_YESNO | MB_ICONINFORMATION) != IDYES)
+  if (AfxMessageBox(
+          Text(ExceptionMessage::translate(
+                   "The specified folder '{1}' does not exist, do you want to create it?") %
+               path),
+          MB_YESNO | MB_ICONINFORMATION) != IDYES)
     return false;
   if (StartsOrEndsWithSpace(VxGetFileName(path))) {
     AfxMessageBox(Text(ExceptionMessage::translate(

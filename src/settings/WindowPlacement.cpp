@@ -33,9 +33,9 @@ bool ReadField(char const *& text, int64_t minimum, int64_t maximum, int64_t & v
 std::string WindowPlacementToString(WINDOWPLACEMENT const & placement) {
   return (boost::format("%1%,%2%,%3%,%4%,%5%,%6%,%7%,%8%,%9%,%10%") % placement.flags %
           placement.showCmd % placement.ptMinPosition.x % placement.ptMinPosition.y %
-          placement.ptMaxPosition.x % placement.ptMaxPosition.y %
-          placement.rcNormalPosition.left % placement.rcNormalPosition.top %
-          placement.rcNormalPosition.right % placement.rcNormalPosition.bottom)
+          placement.ptMaxPosition.x % placement.ptMaxPosition.y % placement.rcNormalPosition.left %
+          placement.rcNormalPosition.top % placement.rcNormalPosition.right %
+          placement.rcNormalPosition.bottom)
       .str();
 }
 
@@ -47,9 +47,9 @@ bool ParseWindowPlacement(char const * text, WINDOWPLACEMENT & placement) {
   constexpr int64_t longMax = std::numeric_limits<LONG>::max();
   UINT * const unsignedFields[] = {&placement.flags, &placement.showCmd};
   LONG * const signedFields[] = {
-      &placement.ptMinPosition.x,     &placement.ptMinPosition.y,
-      &placement.ptMaxPosition.x,     &placement.ptMaxPosition.y,
-      &placement.rcNormalPosition.left, &placement.rcNormalPosition.top,
+      &placement.ptMinPosition.x,        &placement.ptMinPosition.y,
+      &placement.ptMaxPosition.x,        &placement.ptMaxPosition.y,
+      &placement.rcNormalPosition.left,  &placement.rcNormalPosition.top,
       &placement.rcNormalPosition.right, &placement.rcNormalPosition.bottom};
 
   int64_t value = 0;

@@ -3,7 +3,6 @@
 #include <pwd.h>
 #include <unistd.h>
 
-
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -414,8 +413,7 @@ void AuditTrail::Verify(std::string const & stylesheetReference, std::string con
   }
   switch (mSigner->Verify(signer, SealMessage(mTrailId, mProjectName, mEvents.size(), head),
                           signature)) {
-    case AuditTrailSigner::Verdict::Valid:
-      break;
+    case AuditTrailSigner::Verdict::Valid: break;
     case AuditTrailSigner::Verdict::Forged:
       refuse(ExceptionMessage::translate(
                  "The audit trail {1} has been changed outside the application: its seal is "

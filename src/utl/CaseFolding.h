@@ -73,9 +73,7 @@ public:
 
   // True when nothing is pending and the next byte is an ASCII digit.
   // Call SkipInvalid first.
-  bool AtDigit() const {
-    return !HasPending() && mAt < mText.size() && IsAsciiDigit(mText[mAt]);
-  }
+  bool AtDigit() const { return !HasPending() && mAt < mText.size() && IsAsciiDigit(mText[mAt]); }
 
   // The next folded code point, or kEnd.
   char32_t Next() {

@@ -55,8 +55,8 @@ DigitRun ScanDigitRun(std::string_view text, size_t at) {
 
 // The general comparison of two digit runs that start at `i` and `j`, with
 // invalid bytes inside them skipped. Moves both positions past the runs.
-int CompareDigitRunsSkippingInvalid(std::string_view a, size_t & i, std::string_view b,
-                                    size_t & j, int & zeroTieBreak) {
+int CompareDigitRunsSkippingInvalid(std::string_view a, size_t & i, std::string_view b, size_t & j,
+                                    int & zeroTieBreak) {
   DigitRun const x = ScanDigitRun(a, i);
   DigitRun const y = ScanDigitRun(b, j);
   i = x.end;

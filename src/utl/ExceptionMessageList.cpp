@@ -2,7 +2,8 @@
 
 ExceptionMessageList::ExceptionMessageList() = default;
 ExceptionMessageList::ExceptionMessageList(ExceptionMessageList const & other) = default;
-ExceptionMessageList & ExceptionMessageList::operator=(ExceptionMessageList const & other) = default;
+ExceptionMessageList & ExceptionMessageList::operator=(ExceptionMessageList const & other) =
+    default;
 ExceptionMessageList::~ExceptionMessageList() = default;
 
 ExceptionMessageList & ExceptionMessageList::operator<<(ExceptionMessage const & message) {

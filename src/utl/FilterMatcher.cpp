@@ -83,8 +83,8 @@ std::vector<FilterMatcher::Alternative> FilterMatcher::Parse(std::string const &
       term.pattern = vx3::Utf32ToUtf8(text);
     } else {
       vx3::AppendFoldedFull(vx3::Utf32ToUtf8(text), term.folded);
-      term.foldedIsAscii = std::all_of(term.folded.begin(), term.folded.end(),
-                                       [](char32_t c) { return c < 0x80; });
+      term.foldedIsAscii =
+          std::all_of(term.folded.begin(), term.folded.end(), [](char32_t c) { return c < 0x80; });
       if (term.foldedIsAscii) term.foldedAscii.assign(term.folded.begin(), term.folded.end());
     }
     current.push_back(std::move(term));

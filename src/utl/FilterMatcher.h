@@ -53,8 +53,8 @@ private:
   struct Term {
     bool exclude = false;
     bool wildcard = false;
-    std::string pattern;      // UTF-8, for wildcard terms
-    std::u32string folded;    // fully case-folded, for substring terms
+    std::string pattern;    // UTF-8, for wildcard terms
+    std::u32string folded;  // fully case-folded, for substring terms
     bool foldedIsAscii = false;
     std::string foldedAscii;  // the same as bytes when it is all ASCII
   };

@@ -42,10 +42,10 @@ void ForEachBoundary(std::string_view text, Visit boundary) {
   }
   icu::BreakIterator * const breaks = CharacterBreaks();
   UErrorCode status = U_ZERO_ERROR;
-  UText * const utext = breaks != nullptr
-                            ? utext_openUTF8(nullptr, text.data(),
-                                             static_cast<int64_t>(text.size()), &status)
-                            : nullptr;
+  UText * const utext =
+      breaks != nullptr
+          ? utext_openUTF8(nullptr, text.data(), static_cast<int64_t>(text.size()), &status)
+          : nullptr;
   if (utext != nullptr && U_SUCCESS(status)) breaks->setText(utext, status);
   if (utext == nullptr || U_FAILURE(status)) {
     // Without ICU's rules, code points are the best guess.

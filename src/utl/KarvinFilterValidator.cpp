@@ -34,8 +34,7 @@ ExceptionMessage KarvinFilterValidator::MessageFor(FilterMatcher::Problem proble
       return ExceptionMessage::translate(
           "The filter has a vertical bar with no text on one of its sides. Write an alternative "
           "on each side of the vertical bar.");
-    case Problem::None:
-      break;
+    case Problem::None: break;
   }
   return ExceptionMessage::translate("The text is not a valid filter.");
 }

@@ -140,8 +140,8 @@ void AppendEscaped(std::string & line, std::string const & text) {
   }
 }
 
-std::string FormatLine(char const * className, char const * functionName,
-                       std::string const & text, Log::Importance level) {
+std::string FormatLine(char const * className, char const * functionName, std::string const & text,
+                       Log::Importance level) {
   std::string line;
   line.reserve(64 + text.size());
   AppendTimestamp(line);
@@ -170,8 +170,8 @@ void Log::WriteMessage(char const * className, char const * functionName, char c
   }
 }
 
-void Log::WriteMessage(char const * className, char const * functionName,
-                       std::string const & text, Importance level, bool flush) {
+void Log::WriteMessage(char const * className, char const * functionName, std::string const & text,
+                       Importance level, bool flush) {
   try {
     std::string const line = FormatLine(className, functionName, text, level);
     LogFile & file = TheLogFile();

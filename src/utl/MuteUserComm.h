@@ -21,8 +21,10 @@ public:
                    UserCommMessage const & caption, int defaultAnswer) override;
   int AskUserYesNo(UserCommMessage const & text, UserCommMessage const & caption,
                    int defaultAnswer) override;
-  int AskUserYesYesToAllNoNoToAllCancel(UserCommMessage const & header, UserCommMessage const & text,
-                                        UserCommMessage const & caption, int defaultAnswer) override;
+  int AskUserYesYesToAllNoNoToAllCancel(UserCommMessage const & header,
+                                        UserCommMessage const & text,
+                                        UserCommMessage const & caption,
+                                        int defaultAnswer) override;
   int AskUserYesYesToAllCancel(UserCommMessage const & header, UserCommMessage const & text,
                                UserCommMessage const & caption, int defaultAnswer) override;
   int AskUserYesCancel(UserCommMessage const & header, UserCommMessage const & text,

@@ -19,9 +19,9 @@ uint32_t FreshStart() {
   uint32_t start = 0;
   if (getrandom(&start, sizeof start, GRND_NONBLOCK) == sizeof start) return start;
   // No entropy yet (early boot): the clock and the process id, mixed.
-  uint64_t mix = static_cast<uint64_t>(
-                     std::chrono::steady_clock::now().time_since_epoch().count()) ^
-                 (static_cast<uint64_t>(getpid()) << 32);
+  uint64_t mix =
+      static_cast<uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()) ^
+      (static_cast<uint64_t>(getpid()) << 32);
   mix = (mix ^ (mix >> 30)) * 0xBF58476D1CE4E5B9ull;
   mix = (mix ^ (mix >> 27)) * 0x94D049BB133111EBull;
   return static_cast<uint32_t>(mix ^ (mix >> 31));
@@ -43,6 +43,4 @@ std::atomic<uint32_t> & Next() {
 
 }  // namespace
 
-unsigned long GetNearUniqueID() {
-  return Next().fetch_add(kStep, std::memory_order_relaxed);
-}
+unsigned long GetNearUniqueID() { return Next().fetch_add(kStep, std::memory_order_relaxed); }

@@ -21,9 +21,9 @@ enum class PatternPart {
 // (nl_langinfo D_FMT, T_FMT, T_FMT_AMPM, D_T_FMT); the defaults are those
 // of the "C" locale.
 struct StrftimeComposites {
-  std::string date = "%m/%d/%y";                  // %x
-  std::string time = "%H:%M:%S";                  // %X
-  std::string ampmTime = "%I:%M:%S %p";           // %r
+  std::string date = "%m/%d/%y";                     // %x
+  std::string time = "%H:%M:%S";                     // %X
+  std::string ampmTime = "%I:%M:%S %p";              // %r
   std::string dateAndTime = "%a %b %e %H:%M:%S %Y";  // %c
 };
 

@@ -49,8 +49,8 @@ std::locale InstallTranslation(TranslationSetup const & setup) {
                        boost::locale::information_facet | boost::locale::codepage_facet);
   for (auto const & path : setup.catalogPaths) generator.add_messages_path(path);
   for (auto const & domain : setup.domains) generator.add_messages_domain(domain);
-  std::string const name = setup.localeName.empty() ? LocaleNameFromEnvironment()
-                                                    : setup.localeName;
+  std::string const name =
+      setup.localeName.empty() ? LocaleNameFromEnvironment() : setup.localeName;
   std::locale locale = generator(name);
   gDomainCount.store(setup.domains.empty() ? 1 : static_cast<int>(setup.domains.size()));
   std::locale::global(locale);

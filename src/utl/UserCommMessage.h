@@ -8,6 +8,9 @@
 class UserCommMessage : public ExceptionMessageList {
 public:
   UserCommMessage() = default;
-  UserCommMessage(ExceptionMessage const & message) { *this << message; }  // NOLINT: implicit by design
-  UserCommMessage(ExceptionMessageList const & messages) : ExceptionMessageList(messages) {}  // NOLINT
+  UserCommMessage(ExceptionMessage const & message) {
+    *this << message;
+  }  // NOLINT: implicit by design
+  UserCommMessage(ExceptionMessageList const & messages)
+      : ExceptionMessageList(messages) {}  // NOLINT
 };

@@ -37,8 +37,7 @@ int CompareNumber(std::string const & first, std::string const & second,
 
 // Whether `part` occurs in `text` without regard to case; an empty part
 // always does. Folding may split a character: "ß" contains "s".
-bool ContainsNoCase(std::string const & text, std::string const & part,
-                    std::locale const & locale);
+bool ContainsNoCase(std::string const & text, std::string const & part, std::locale const & locale);
 
 // The text in lower case: through boost::locale::to_lower when the locale
 // carries Boost.Locale's converter (language rules, Turkish "I" -> "ı"),

@@ -44,8 +44,8 @@ void SetApplication(std::string const & name, std::string const & version) {
     std::string const piece = version.substr(start, end - start);
     char * stop = nullptr;
     unsigned long const value = std::strtoul(piece.c_str(), &stop, 10);
-    bool const whole = !piece.empty() && stop != nullptr && *stop == '\0' && piece[0] != '-' &&
-                       piece[0] != '+';
+    bool const whole =
+        !piece.empty() && stop != nullptr && *stop == '\0' && piece[0] != '-' && piece[0] != '+';
     identity.parts[part++] = whole ? value : 0;
     start = end + 1;
   }

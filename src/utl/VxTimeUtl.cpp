@@ -64,8 +64,7 @@ public:
     if (!mCodeset.empty()) {
       try {
         return boost::locale::conv::from_utf<char>(text, mCodeset, boost::locale::conv::skip);
-      } catch (std::exception const &) {
-      }
+      } catch (std::exception const &) {}
     }
     return text;
   }

@@ -20,8 +20,7 @@ constexpr char32_t kAnyOne = '?';
 template <typename Char, typename Same>
 class SegmentMatcher {
 public:
-  SegmentMatcher(std::basic_string_view<Char> pattern, std::basic_string_view<Char> text,
-                 Same same)
+  SegmentMatcher(std::basic_string_view<Char> pattern, std::basic_string_view<Char> text, Same same)
       : mPattern(pattern), mText(text), mSame(same) {}
 
   bool Match() const {
@@ -97,8 +96,7 @@ private:
 };
 
 template <typename Char, typename Same>
-bool MatchWith(std::basic_string_view<Char> pattern, std::basic_string_view<Char> text,
-               Same same) {
+bool MatchWith(std::basic_string_view<Char> pattern, std::basic_string_view<Char> text, Same same) {
   return SegmentMatcher<Char, Same>(pattern, text, same).Match();
 }
 

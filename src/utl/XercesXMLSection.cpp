@@ -158,8 +158,7 @@ bool CopyInto(XmlSettingsDocument & document, Element * source, ConfigurationSec
   bool complete = true;
   for (Element * key : document.ChildKeys(source)) {
     std::string const name = vx3::XmlToUtf8(document.NameOf(key));
-    complete = target.WriteKey(name.c_str(), vx3::XmlToUtf8(document.KeyValue(key))) &&
-               complete;
+    complete = target.WriteKey(name.c_str(), vx3::XmlToUtf8(document.KeyValue(key))) && complete;
   }
   for (Element * section : document.ChildSections(source)) {
     int index = 1;

@@ -18,16 +18,15 @@ std::string LoaderError() {
 }
 
 Exception NotLoaded(std::string const & path, std::string const & reason) {
-  return Exception(
-      ExceptionMessage::translate("The XML module {1} cannot be loaded: {2}") % path % reason);
+  return Exception(ExceptionMessage::translate("The XML module {1} cannot be loaded: {2}") % path %
+                   reason);
 }
 
 // Where the module stands when it is installed with this library: in the
 // folder of the object that holds this code.
 std::string ModuleBesideThisLibrary() {
   Dl_info info{};
-  if (::dladdr(reinterpret_cast<void *>(&GetXmlModule), &info) == 0 ||
-      info.dli_fname == nullptr)
+  if (::dladdr(reinterpret_cast<void *>(&GetXmlModule), &info) == 0 || info.dli_fname == nullptr)
     return "";
   std::string const folder = VxGetDirectory(info.dli_fname);
   return folder.empty() ? "" : VxPathAppend(folder, kXmlModuleFileName);
@@ -43,9 +42,9 @@ XmlModule & LoadXmlModule(std::string const & path) {
   auto const entry = reinterpret_cast<Entry>(::dlsym(handle, kXmlModuleEntryPoint));
   XmlModule * module = entry != nullptr ? entry() : nullptr;
   if (module == nullptr) {
-    std::string const reason =
-        entry == nullptr ? "it exports no " + std::string(kXmlModuleEntryPoint)
-                         : std::string("it returned no module");
+    std::string const reason = entry == nullptr
+                                   ? "it exports no " + std::string(kXmlModuleEntryPoint)
+                                   : std::string("it returned no module");
     ::dlclose(handle);
     throw NotLoaded(path, reason);
   }
@@ -60,9 +59,9 @@ XmlModule & GetXmlModule() {
   std::lock_guard<std::mutex> const lock(mutex);
   if (loaded.load(std::memory_order_relaxed) == nullptr) {
     std::string const beside = ModuleBesideThisLibrary();
-    loaded.store(&LoadXmlModule(!beside.empty() && VxFileExist(beside) ? beside
-                                                                       : kXmlModuleFileName),
-                 std::memory_order_release);
+    loaded.store(
+        &LoadXmlModule(!beside.empty() && VxFileExist(beside) ? beside : kXmlModuleFileName),
+        std::memory_order_release);
   }
   return *loaded.load(std::memory_order_relaxed);
 }

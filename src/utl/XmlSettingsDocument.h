@@ -67,8 +67,7 @@ public:
   virtual bool IsIndexed(Element const * element) const = 0;
   virtual std::u16string KeyValue(Element const * key) const = 0;
 
-  virtual void SetKey(Element * section, std::u16string_view name,
-                      std::u16string_view value) = 0;
+  virtual void SetKey(Element * section, std::u16string_view name, std::u16string_view value) = 0;
   virtual bool RemoveKey(Element * section, std::u16string_view name) = 0;
   // Removes `child` from its section and returns that section.
   virtual Element * RemoveSection(Element * child) = 0;

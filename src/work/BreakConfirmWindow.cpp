@@ -10,8 +10,7 @@
 #include "utl/Translation.h"
 #include "work/ProgressPump.h"
 
-BreakConfirmWindow::BreakConfirmWindow(wxWindow * breakDialog,
-                                       std::function<void(bool)> onAnswer)
+BreakConfirmWindow::BreakConfirmWindow(wxWindow * breakDialog, std::function<void(bool)> onAnswer)
     : wxDialog(breakDialog, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                wxCAPTION | wxCLOSE_BOX),
       mOnAnswer(std::move(onAnswer)) {
@@ -35,8 +34,10 @@ BreakConfirmWindow::BreakConfirmWindow(wxWindow * breakDialog,
   all->Add(buttons, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(12));
   SetSizer(all);
 
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Answer(true); }, wxID_YES);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Answer(false); }, wxID_NO);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Answer(true); }, wxID_YES);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Answer(false); }, wxID_NO);
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent & event) {
     if (!event.CanVeto()) {
       event.Skip();

@@ -41,8 +41,8 @@ BreakDialog::BreakDialog(ProgressArtShow & paintings)
   mPlaceholder = new wxStaticText(this, kPlaceholderId,
                                   vx3::Tr("Break Dialog", "Please wait until the work is done."));
   long const centred = wxALIGN_CENTRE_HORIZONTAL | wxST_NO_AUTORESIZE;
-  mArtistText = new wxStaticText(this, kArtistTextId, wxString(), wxDefaultPosition,
-                                 wxDefaultSize, centred);
+  mArtistText =
+      new wxStaticText(this, kArtistTextId, wxString(), wxDefaultPosition, wxDefaultSize, centred);
   mPaintingText = new wxStaticText(this, kPaintingTextId, wxString(), wxDefaultPosition,
                                    wxDefaultSize, centred | wxST_ELLIPSIZE_END);
   mPainting = new wxStaticBitmap(this, wxID_ANY, wxBitmap());
@@ -50,10 +50,13 @@ BreakDialog::BreakDialog(ProgressArtShow & paintings)
   mGauge = new VxGauge(this, kGaugeId);
   for (wxWindow * control : GetChildren()) control->Hide();
 
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { AskToStop(); }, wxID_OK);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { AskToStop(); }, wxID_OK);
   Bind(wxEVT_CLOSE_WINDOW, &BreakDialog::OnClose, this);
-  Bind(wxEVT_TIMER, [this](wxTimerEvent &) { OnShowDelayElapsed(); }, kShowDelayTimerId);
-  Bind(wxEVT_TIMER, [this](wxTimerEvent &) { OnNextPictureTime(); }, kArtTimerId);
+  Bind(
+      wxEVT_TIMER, [this](wxTimerEvent &) { OnShowDelayElapsed(); }, kShowDelayTimerId);
+  Bind(
+      wxEVT_TIMER, [this](wxTimerEvent &) { OnNextPictureTime(); }, kArtTimerId);
 
   // A group of its own: the grab of a modal dialog elsewhere holds only
   // for the windows of that dialog's group.
@@ -79,18 +82,10 @@ BreakDialog::~BreakDialog() {
 std::intptr_t BreakDialog::HandleMessage(ProgressBreakDialog::Message message,
                                          std::uintptr_t wParam, void const * lParam) {
   switch (message) {
-    case ProgressBreakDialog::kStop:
-      Stop();
-      break;
-    case ProgressBreakDialog::kNextSpin:
-      mSpinner->Step();
-      break;
-    case ProgressBreakDialog::kSpinDone:
-      mSpinner->Rest();
-      break;
-    case ProgressBreakDialog::kSetTitle:
-      SetTitle(static_cast<wchar_t const *>(lParam));
-      break;
+    case ProgressBreakDialog::kStop: Stop(); break;
+    case ProgressBreakDialog::kNextSpin: mSpinner->Step(); break;
+    case ProgressBreakDialog::kSpinDone: mSpinner->Rest(); break;
+    case ProgressBreakDialog::kSetTitle: SetTitle(static_cast<wchar_t const *>(lParam)); break;
     case ProgressBreakDialog::kSetValue:
       mGauge->SetValue(*static_cast<float const *>(lParam));
       break;

@@ -36,8 +36,8 @@ BreakDialogLayout LayOutBreakDialog(BreakDialogMeasures const & in) {
   switch (in.face) {
     case BreakDialogFace::kSpinner:
       out.spinner = wxRect(wxPoint(m, m), in.spinner);
-      out.client = wxSize(std::max(3 * m + in.spinner.x + in.button.x, in.minWidth),
-                          2 * m + in.spinner.y);
+      out.client =
+          wxSize(std::max(3 * m + in.spinner.x + in.button.x, in.minWidth), 2 * m + in.spinner.y);
       // A button taller than the spinner sets the height.
       if (in.button.y > in.spinner.y) {
         out.client.y = 2 * m + in.button.y;
@@ -47,8 +47,8 @@ BreakDialogLayout LayOutBreakDialog(BreakDialogMeasures const & in) {
       break;
     case BreakDialogFace::kPlain: {
       int const height = std::max(in.placeholder.y, in.button.y);
-      out.placeholder = wxRect(m, m + (height - in.placeholder.y) / 2, in.placeholder.x,
-                               in.placeholder.y);
+      out.placeholder =
+          wxRect(m, m + (height - in.placeholder.y) / 2, in.placeholder.x, in.placeholder.y);
       out.client =
           wxSize(std::max(3 * m + in.placeholder.x + in.button.x, in.minWidth), 2 * m + height);
       out.button = ButtonBeside(wxRect(m, m, 0, height), in.button, out.client.x, m);
@@ -61,10 +61,10 @@ BreakDialogLayout LayOutBreakDialog(BreakDialogMeasures const & in) {
       int const columnHeight = in.portrait.y + m + in.artistText.y + m + in.button.y;
       int const top = std::max(in.painting.y, columnHeight);
       out.painting = wxRect(wxPoint(m, m + (top - in.painting.y) / 2), in.painting);
-      out.portrait = wxRect(columnLeft + (column - in.portrait.x) / 2, m, in.portrait.x,
-                            in.portrait.y);
-      out.artistText = wxRect(columnLeft, out.portrait.GetBottom() + 1 + m, column,
-                              in.artistText.y);
+      out.portrait =
+          wxRect(columnLeft + (column - in.portrait.x) / 2, m, in.portrait.x, in.portrait.y);
+      out.artistText =
+          wxRect(columnLeft, out.portrait.GetBottom() + 1 + m, column, in.artistText.y);
       out.client = wxSize(3 * m + in.painting.x + column, 2 * m + top);
       // The button stands at the foot of the column, level with the
       // painting's lower edge.

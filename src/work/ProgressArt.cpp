@@ -37,8 +37,7 @@ Registry & TheRegistry() {
 bool HasArtExtension(std::string const & name) {
   static constexpr char kExtension[] = ".vart";
   size_t const length = sizeof kExtension - 1;
-  return name.size() > length &&
-         ::strcasecmp(name.c_str() + name.size() - length, kExtension) == 0;
+  return name.size() > length && ::strcasecmp(name.c_str() + name.size() - length, kExtension) == 0;
 }
 
 void LoadPainters(Registry & registry, std::string const & directory) {

@@ -58,10 +58,8 @@ bool IsUserInput(GdkEventType type) {
     case GDK_DRAG_ENTER:
     case GDK_DRAG_LEAVE:
     case GDK_DRAG_MOTION:
-    case GDK_DROP_START:
-      return true;
-    default:
-      return false;
+    case GDK_DROP_START: return true;
+    default: return false;
   }
 }
 
@@ -159,8 +157,7 @@ void Pump() {
   wxCHECK_RET(wxThread::IsMain(), "the event pump runs on the GUI thread only");
   if (gPumping || gdk_display_get_default() == nullptr) return;
   PumpScope scope;
-  for (int i = 0; i < kMaxIterations && g_main_context_iteration(nullptr, FALSE); ++i) {
-  }
+  for (int i = 0; i < kMaxIterations && g_main_context_iteration(nullptr, FALSE); ++i) {}
 }
 
 void Release() {

@@ -93,10 +93,8 @@ void SpinWindow::OnPaint(wxPaintEvent &) {
   wxBrush const stripe(StripeColour(mHue));
   wxBrush const plain(face);
   for (; x < size.x; x += kStripeWidth, coloured = !coloured) {
-    wxPoint const corners[4] = {{x + height, 0},
-                                {x, height},
-                                {x + kStripeWidth, height},
-                                {x + height + kStripeWidth, 0}};
+    wxPoint const corners[4] = {
+        {x + height, 0}, {x, height}, {x + kStripeWidth, height}, {x + height + kStripeWidth, 0}};
     dc.SetBrush(coloured ? stripe : plain);
     dc.DrawPolygon(4, corners);
   }

@@ -66,7 +66,8 @@ bool VxGauge::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos, wxSi
   mFont = wxFont(wxFontInfo(8).Family(wxFONTFAMILY_SWISS).Bold());
   Bind(wxEVT_PAINT, &VxGauge::OnPaint, this);
   mTimer.SetOwner(this);
-  Bind(wxEVT_TIMER, [this](wxTimerEvent &) { OnFrameTimer(); }, mTimer.GetId());
+  Bind(
+      wxEVT_TIMER, [this](wxTimerEvent &) { OnFrameTimer(); }, mTimer.GetId());
   mTimer.Start(FrameMilliseconds);
   return true;
 }
@@ -102,9 +103,7 @@ float VxGauge::Pulse(int frame) {
 
 wxColour VxGauge::BarColour(float pulse) { return Blend(BarAtBreath, BarAtRest, pulse); }
 
-wxColour VxGauge::StripeColour(float pulse) {
-  return Blend(StripeAtBreath, StripeAtRest, pulse);
-}
+wxColour VxGauge::StripeColour(float pulse) { return Blend(StripeAtBreath, StripeAtRest, pulse); }
 
 VxGauge::FrameState VxGauge::CurrentState() const {
   FrameState state;

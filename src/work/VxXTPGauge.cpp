@@ -2,13 +2,13 @@
 
 #include <cmath>
 
-VxXTPGauge::VxXTPGauge(wxWindow * parent, wxWindowID id, wxPoint const & pos,
-                       wxSize const & size, long style) {
+VxXTPGauge::VxXTPGauge(wxWindow * parent, wxWindowID id, wxPoint const & pos, wxSize const & size,
+                       long style) {
   Create(parent, id, pos, size, style);
 }
 
-bool VxXTPGauge::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos,
-                        wxSize const & size, long style) {
+bool VxXTPGauge::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos, wxSize const & size,
+                        long style) {
   return wxGauge::Create(parent, id, 100, pos, size, style);
 }
 

@@ -99,8 +99,7 @@ XercesSettingsDocument::XercesSettingsDocument(std::string path, bool missingIsE
   Adopt(std::move(document));
 }
 
-std::shared_ptr<XercesSettingsDocument> XercesSettingsDocument::FromString(
-    std::string_view xml) {
+std::shared_ptr<XercesSettingsDocument> XercesSettingsDocument::FromString(std::string_view xml) {
   std::string const source = "(settings text)";
   XmlDocumentPtr document = ParseHardenedXml(xml, source, XmlParseLimits());
   std::string const root = XmlToUtf8(document->getDocumentElement()->getTagName());

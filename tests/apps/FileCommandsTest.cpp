@@ -91,7 +91,8 @@ TEST_F(FileCommandsTest, OpenTakesAnyNumberOfFilesAndStartsWhereTheLastImportWas
   VxCreateFolder(folder);
   answer.accepted = true;
   for (int i = 0; i < 500; ++i)
-    answer.paths.push_back(wxString::FromUTF8(folder + "/measurement " + std::to_string(i) + ".dat"));
+    answer.paths.push_back(
+        wxString::FromUTF8(folder + "/measurement " + std::to_string(i) + ".dat"));
   Run("Open...");
   EXPECT_EQ(frame->GetStatusBar()->GetStatusText(),
             wxString::FromUTF8("Opened 500 file(s) from " + folder));

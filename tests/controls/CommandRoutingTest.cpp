@@ -24,22 +24,29 @@ TEST(Enabler, TheMainWindowsUpdateHandlersDecide) {
   wxFrame * frame = new wxFrame(nullptr, wxID_ANY, "Main");
   wxTheApp->SetTopWindow(frame);
   for (int id : {100, 0, 65535, 70000})
-    frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(true); }, id);
-  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, 101);
+    frame->Bind(
+        wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(true); }, id);
+  frame->Bind(
+      wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, 101);
   // A handler that looks only at the check mark sets no enable state.
-  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Check(true); }, 103);
+  frame->Bind(
+      wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Check(true); }, 103);
   // One that enables on the second call only would show through: both
   // calls must agree.
   int calls = 0;
-  frame->Bind(wxEVT_UPDATE_UI, [&calls](wxUpdateUIEvent & e) { e.Enable(++calls == 2); }, 104);
+  frame->Bind(
+      wxEVT_UPDATE_UI, [&calls](wxUpdateUIEvent & e) { e.Enable(++calls == 2); }, 104);
 
-  struct Case { unsigned int id; bool enabled; };
-  Case const cases[] = {{100, true}, {101, false}, {102, false}, {103, false},
+  struct Case {
+    unsigned int id;
+    bool enabled;
+  };
+  Case const cases[] = {{100, true}, {101, false},   {102, false},  {103, false},
                         {0, false},  {65535, false}, {70000, false}};
   GUI::Enabler enabler;
   for (Case const & c : cases) EXPECT_EQ(enabler.IsEnable(c.id), c.enabled) << c.id;
   EXPECT_FALSE(enabler.IsEnable(104));
-  EXPECT_EQ(calls, 1);  // disabled by the first answer: no second question
+  EXPECT_EQ(calls, 1);                 // disabled by the first answer: no second question
   EXPECT_TRUE(enabler.IsEnable(100));  // the flag starts afresh with each question
   wxTheApp->SetTopWindow(nullptr);
   frame->Destroy();
@@ -58,8 +65,8 @@ protected:
   void SetUp() override {
     VxMenu::SetTrackPopupMenuFunction(
         [this](wxMenu * menu, unsigned int flags, int x, int y, wxWindow * wnd, wxRect const *) {
-          call = {menu, flags, wxPoint(x, y), wnd, call.count + 1,
-                  menu != nullptr ? int(menu->GetMenuItemCount()) : -1};
+          call = {menu, flags,          wxPoint(x, y),
+                  wnd,  call.count + 1, menu != nullptr ? int(menu->GetMenuItemCount()) : -1};
           return 42;
         });
     frame = new wxFrame(nullptr, wxID_ANY, "Frame", wxPoint(50, 60), wxSize(300, 200));
@@ -82,16 +89,21 @@ TEST_F(ContextMenuTest, OwnerAndPointOfTheMenu) {
   wxDialog * dialog = new wxDialog(frame, wxID_ANY, "Dialog");
   wxButton * inDialog = new wxButton(dialog, wxID_ANY, "In dialog");
   wxFrame * other = new wxFrame(nullptr, wxID_ANY, "Other");
-  struct Case { wxWindow * wnd; wxPoint point; bool findFrame; wxWindow * owner;
-                wxWindow * expectedOwner; wxPoint expectedPoint; };
-  Case const cases[] = {
-      {button, GUI::KeyboardMenuPoint, true, nullptr, frame, keyboard},
-      {button, wxPoint(400, 300), true, nullptr, frame, wxPoint(400, 300)},
-      {button, wxPoint(400, 300), false, nullptr, button, wxPoint(400, 300)},
-      {button, wxPoint(400, 300), true, other, other, wxPoint(400, 300)},
-      // Inside a dialog the walk up ends on no frame: the window keeps it.
-      {inDialog, wxPoint(1, 2), true, nullptr, inDialog, wxPoint(1, 2)},
-      {dialog, wxPoint(1, 2), true, nullptr, dialog, wxPoint(1, 2)}};
+  struct Case {
+    wxWindow * wnd;
+    wxPoint point;
+    bool findFrame;
+    wxWindow * owner;
+    wxWindow * expectedOwner;
+    wxPoint expectedPoint;
+  };
+  Case const cases[] = {{button, GUI::KeyboardMenuPoint, true, nullptr, frame, keyboard},
+                        {button, wxPoint(400, 300), true, nullptr, frame, wxPoint(400, 300)},
+                        {button, wxPoint(400, 300), false, nullptr, button, wxPoint(400, 300)},
+                        {button, wxPoint(400, 300), true, other, other, wxPoint(400, 300)},
+                        // Inside a dialog the walk up ends on no frame: the window keeps it.
+                        {inDialog, wxPoint(1, 2), true, nullptr, inDialog, wxPoint(1, 2)},
+                        {dialog, wxPoint(1, 2), true, nullptr, dialog, wxPoint(1, 2)}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.wnd->GetLabel());
     call = PopupCall();

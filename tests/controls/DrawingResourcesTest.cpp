@@ -15,7 +15,12 @@ namespace {
 
 // One pen of each kind: plain, styled, coloured, and none.
 TEST(StandardPen, TheTablesPensAndNoneOutsideIt) {
-  struct Case { int style; wxColour colour; int width; wxPenStyle penStyle; };
+  struct Case {
+    int style;
+    wxColour colour;
+    int width;
+    wxPenStyle penStyle;
+  };
   wxColour const black(0, 0, 0);
   Case const cases[] = {{StandardPen::Thick, black, 2, wxPENSTYLE_SOLID},
                         {StandardPen::Dash, black, 0, wxPENSTYLE_LONG_DASH},
@@ -39,8 +44,14 @@ TEST(StandardFont, EveryTypeOfTheTable) {
   LOGFONTW baseLog{};
   ASSERT_TRUE(StandardFont::GetLogFont(StandardFont::Normal, baseLog));
   // 0 means "as the message font".
-  struct Case { int type; double points; int weight; bool italic, underline; char const * face;
-                BYTE pitchAndFamily; };
+  struct Case {
+    int type;
+    double points;
+    int weight;
+    bool italic, underline;
+    char const * face;
+    BYTE pitchAndFamily;
+  };
   // One of each kind of entry: the message font itself, and changed in
   // size, weight, slant, underline and face.
   Case const cases[] = {{0, 0, 0, false, false, nullptr, 0},
@@ -80,7 +91,10 @@ TEST(StandardFont, EveryTypeOfTheTable) {
 TEST(StandardFont, PointsBecomeScreenPixelsRoundedToNearest) {
   // At 96 pixels an inch (Xvfb's), 8 points are 10.67 pixels, 9 are 12.
   ASSERT_EQ(wxGetDisplayPPI().y, 96);
-  struct Case { double points; LONG height; };
+  struct Case {
+    double points;
+    LONG height;
+  };
   Case const cases[] = {{8, -11}, {9, -12}, {7, -9}, {22, -29}};
   for (Case const & c : cases) EXPECT_EQ(StandardFont::PointsToHeight(c.points), c.height);
 }
@@ -122,11 +136,13 @@ TEST(VxMemDC, FillsWithTheTargetsBackgroundAndCopiesToTheOrigin) {
     dc.SelectObject(target);
   }
   dc.SelectObject(wxNullBitmap);
-  struct Case { int x, y; wxColour colour; };
-  Case const cases[] = {{2, 2, *wxGREEN},  {10, 2, *wxBLUE}, {29, 14, *wxBLUE},
-                        {30, 14, *wxRED},  {29, 15, *wxRED}, {45, 20, *wxRED}};
-  for (Case const & c : cases)
-    EXPECT_EQ(PixelOf(target, c.x, c.y), c.colour) << c.x << "," << c.y;
+  struct Case {
+    int x, y;
+    wxColour colour;
+  };
+  Case const cases[] = {{2, 2, *wxGREEN}, {10, 2, *wxBLUE}, {29, 14, *wxBLUE},
+                        {30, 14, *wxRED}, {29, 15, *wxRED}, {45, 20, *wxRED}};
+  for (Case const & c : cases) EXPECT_EQ(PixelOf(target, c.x, c.y), c.colour) << c.x << "," << c.y;
 }
 
 }  // namespace

@@ -16,9 +16,16 @@
 namespace {
 
 TEST(GUIUtilities, TextPartSplitsAtTheFirstLineFeed) {
-  struct Case { char const * text; bool after; char const * part; };
-  Case const cases[] = {{"No feed", false, "No feed"}, {"No feed", true, "No feed"},
-      {"a\nb\nc", false, "a"}, {"a\nb\nc", true, "b\nc"}, {"only before\n", true, ""}};
+  struct Case {
+    char const * text;
+    bool after;
+    char const * part;
+  };
+  Case const cases[] = {{"No feed", false, "No feed"},
+                        {"No feed", true, "No feed"},
+                        {"a\nb\nc", false, "a"},
+                        {"a\nb\nc", true, "b\nc"},
+                        {"only before\n", true, ""}};
   for (Case const & c : cases)
     EXPECT_EQ(GUIUtilities::TextPart(c.text, c.after), wxString(c.part)) << c.text << c.after;
 }
@@ -26,9 +33,12 @@ TEST(GUIUtilities, TextPartSplitsAtTheFirstLineFeed) {
 TEST(GUIUtilities, EnableMenuAsksTheTargetForEveryItem) {
   wxFrame * frame = new wxFrame(nullptr, wxID_ANY, "Target");
   for (int id : {200, 210, 221})
-    frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, id);
-  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Check(true); }, 201);
-  frame->Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.SetText("Renamed"); }, 202);
+    frame->Bind(
+        wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(false); }, id);
+  frame->Bind(
+      wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Check(true); }, 201);
+  frame->Bind(
+      wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.SetText("Renamed"); }, 202);
 
   wxMenu menu;
   menu.Append(200, "Disabled");

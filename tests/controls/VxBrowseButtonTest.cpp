@@ -112,7 +112,13 @@ TEST_F(BrowseButtonTest, AMenuButtonPopsItsSubMenuUpBelowItself) {
     menu->Append(4711, "Insert date");
     return menu;
   });
-  struct Shown { unsigned flags; wxPoint at; wxRect rect; wxWindow * owner; size_t items; };
+  struct Shown {
+    unsigned flags;
+    wxPoint at;
+    wxRect rect;
+    wxWindow * owner;
+    size_t items;
+  };
   std::vector<Shown> shown;
   VxMenu::SetTrackPopupMenuFunction(
       [&](wxMenu * menu, unsigned flags, int x, int y, wxWindow * owner, wxRect const * rect) {

@@ -59,8 +59,13 @@ void ExpectPackedRow(wxDialog & dialog, std::vector<int> const & ids, int rightE
 // given at construction.
 TEST(YesNoCancelAll, EachButtonGivesItsResultAndEveryWayOutWithoutOneGivesCancel) {
   using D = YesNoCancelAll;
-  struct Case { char const * name; std::function<void(wxDialog &)> act; int modalResult;
-                Button result, constructed, atDoModal; int focused; };
+  struct Case {
+    char const * name;
+    std::function<void(wxDialog &)> act;
+    int modalResult;
+    Button result, constructed, atDoModal;
+    int focused;
+  };
   auto click = [](int id) { return [id](wxDialog & d) { Click(d, id); }; };
   auto close = [](wxDialog & d) { d.Close(); };
   Case const cases[] = {
@@ -88,7 +93,10 @@ TEST(YesNoCancelAll, EachButtonGivesItsResultAndEveryWayOutWithoutOneGivesCancel
 }
 
 TEST(YesNoCancelAll, FlagsHideButtonsAndTheRestCloseUpWhileEscapeStillCancels) {
-  struct Case { bool yes, yesToAll, no, noToAll, cancel; std::set<int> shown; };
+  struct Case {
+    bool yes, yesToAll, no, noToAll, cancel;
+    std::set<int> shown;
+  };
   Case const cases[] = {
       {true, true, true, true, true, {13095, 13096, 13092, 13093, 2}},
       {true, true, false, false, true, {13095, 13096, 2}},
@@ -148,9 +156,12 @@ TEST(YesNoDialog, YesIsOkAndNoIsCancel) {
 }
 
 TEST(YesNoToAll, TheValueNamesTheAnswerWhateverOrderTheButtonsStandIn) {
-  struct Case { bool yesFirst; int clicked, result; };
-  Case const cases[] = {{true, 1, YesNoToAll::kYes},      {true, 13029, YesNoToAll::kYesToAll},
-                        {true, 13027, YesNoToAll::kNo},   {false, 1, YesNoToAll::kNo},
+  struct Case {
+    bool yesFirst;
+    int clicked, result;
+  };
+  Case const cases[] = {{true, 1, YesNoToAll::kYes},          {true, 13029, YesNoToAll::kYesToAll},
+                        {true, 13027, YesNoToAll::kNo},       {false, 1, YesNoToAll::kNo},
                         {false, 13029, YesNoToAll::kNoToAll}, {false, 13027, YesNoToAll::kYes}};
   for (Case const & c : cases) {
     SCOPED_TRACE(testing::Message() << c.yesFirst << " " << c.clicked);

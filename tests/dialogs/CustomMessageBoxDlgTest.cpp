@@ -43,7 +43,11 @@ std::wstring Words(size_t characters) {
 }
 
 TEST(CustomMessageBox, EachKindShowsItsButtonsInOneCentredRowBelowTheText) {
-  struct ButtonRow { char const * name; unsigned type, helpTopic; std::vector<int> order; };
+  struct ButtonRow {
+    char const * name;
+    unsigned type, helpTopic;
+    std::vector<int> order;
+  };
   ButtonRow const rows[] = {
       {"OK", MB_OK, 0, {IDOK}},
       {"OK with help", MB_OK, 55, {IDOK, IDHELP}},
@@ -160,10 +164,16 @@ TEST(CustomMessageBox, ALabelWiderThanItsButtonWidensItAndTheRow) {
 }
 
 TEST(CustomMessageBox, TheIconFollowsTheIconBitsAndDefaultsToTheExclamationMark) {
-  struct Case { unsigned type; wxArtID art; };
-  Case const cases[] = {{MB_ICONHAND, wxART_ERROR}, {MB_ICONQUESTION, wxART_QUESTION},
-                        {MB_ICONASTERISK, wxART_INFORMATION}, {MB_ICONEXCLAMATION, wxART_WARNING},
-                        {0, wxART_WARNING}, {MB_USERICON, wxART_WARNING}};
+  struct Case {
+    unsigned type;
+    wxArtID art;
+  };
+  Case const cases[] = {{MB_ICONHAND, wxART_ERROR},
+                        {MB_ICONQUESTION, wxART_QUESTION},
+                        {MB_ICONASTERISK, wxART_INFORMATION},
+                        {MB_ICONEXCLAMATION, wxART_WARNING},
+                        {0, wxART_WARNING},
+                        {MB_USERICON, wxART_WARNING}};
   auto pixels = [](wxBitmap const & bitmap) {
     wxImage const image = bitmap.ConvertToImage();
     return std::string(reinterpret_cast<char const *>(image.GetData()),
@@ -189,10 +199,14 @@ TEST(CustomMessageBox, TheIconFollowsTheIconBitsAndDefaultsToTheExclamationMark)
 }
 
 TEST(CustomMessageBox, EscapeCancelsEveryBoxButYesNoWhichMustBeAnswered) {
-  struct Case { unsigned type; int key; bool closes; };
-  Case const cases[] = {{MB_OK, WXK_ESCAPE, true},        {MB_OKCANCEL, WXK_ESCAPE, true},
+  struct Case {
+    unsigned type;
+    int key;
+    bool closes;
+  };
+  Case const cases[] = {{MB_OK, WXK_ESCAPE, true},          {MB_OKCANCEL, WXK_ESCAPE, true},
                         {MB_YESNOCANCEL, WXK_ESCAPE, true}, {MB_YESNOCANCEL, WXK_CANCEL, true},
-                        {MB_YESNO, WXK_ESCAPE, false},    {MB_YESNO, WXK_CANCEL, false}};
+                        {MB_YESNO, WXK_ESCAPE, false},      {MB_YESNO, WXK_CANCEL, false}};
   for (Case const & c : cases) {
     SCOPED_TRACE(testing::Message() << c.type << " key " << c.key);
     CustomMessageBoxDlg box(c.type);
@@ -222,7 +236,11 @@ std::wstring Repeat(std::wstring const & piece, size_t times) {
 // Short, long and odd texts; the check box stands under the text, above
 // the buttons, its long label not cut.
 TEST(CustomMessageBox, EveryTextGivesABoxOnTheScreenWithTheCheckBoxBetweenTextAndButtons) {
-  struct Case { char const * name; std::wstring text; bool scrolls; };
+  struct Case {
+    char const * name;
+    std::wstring text;
+    bool scrolls;
+  };
   std::wstring withBadValues = L"before ";
   withBadValues += wchar_t(0xD800);
   withBadValues += L" after ";

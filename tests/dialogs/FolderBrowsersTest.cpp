@@ -30,7 +30,6 @@ struct FakePrinters {
   PrinterListFunction former;
 };
 
-
 TEST(FolderBrowsers, PrintersAreChosenFromTheListWithTheDefaultFirst) {
   FakePrinters printers({{"Office", "Lab/duplex", "Bad\x01name"}, ""});
   CFolderDialog dialog(nullptr, "Choose a printer", CFolderDialog::BrowseForPrinter);
@@ -55,11 +54,16 @@ TEST(FolderBrowsers, PrintersAreChosenFromTheListWithTheDefaultFirst) {
 }
 
 TEST(FolderBrowsers, NoComputersNoPrintersOrNoSchedulerIsSaidPlainly) {
-  struct Case { CFolderDialog::BrowseType type; PrinterListing listing; char const * says; };
+  struct Case {
+    CFolderDialog::BrowseType type;
+    PrinterListing listing;
+    char const * says;
+  };
   Case const cases[] = {{CFolderDialog::BrowseForComputer, {{"Office"}, ""}, "not offered"},
-      {CFolderDialog::BrowseForPrinter, {{}, ""}, "No printer is set up"},
-      {CFolderDialog::BrowseForPrinter, {{}, "Scheduler not responding"},
-       "Scheduler not responding"}};
+                        {CFolderDialog::BrowseForPrinter, {{}, ""}, "No printer is set up"},
+                        {CFolderDialog::BrowseForPrinter,
+                         {{}, "Scheduler not responding"},
+                         "Scheduler not responding"}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.says);
     FakePrinters printers(c.listing);
@@ -88,7 +92,11 @@ TEST(FolderBrowsers, BrowseForFolderStartsAtTheNearestFolderStillThere) {
   std::string const base = TempFolder("browse/start");
   std::string const chosen = TempFolder("browse/chosen");
   // The answer empty: cancelled.
-  struct Case { char const * name, * title; std::string start, answer; char const * titleShown; };
+  struct Case {
+    char const *name, *title;
+    std::string start, answer;
+    char const * titleShown;
+  };
   char const * const standard = "Browse for a folder.";
   Case const cases[] = {{"chosen", "Data folder", base, chosen, "Data folder"},
                         {"vanished start", nullptr, base + "/gone/deeper", chosen, standard},

@@ -67,8 +67,13 @@ TEST(FolderCollectionDialog, ButtonsMoveRowsButNothingPastTheEmptyRow) {
   wxString const folders = wxString::FromUTF8(a + ";" + b + ";" + c + ";");
   Dialog dialog(folders.wc_str(), L"Folders", L"");
   // press 0: none; enabledBefore: browse, delete, up, down.
-  struct Step { long select; int press; char const * enabledBefore;
-                std::vector<std::string> rows; long selectedAfter; };
+  struct Step {
+    long select;
+    int press;
+    char const * enabledBefore;
+    std::vector<std::string> rows;
+    long selectedAfter;
+  };
   std::vector<Step> const steps = {
       {0, Dialog::kDownId, "1101", {b, a, c, ""}, 1},
       {2, Dialog::kUpId, "1110", {b, c, a, ""}, 1},   // the last folder may not go down
@@ -123,7 +128,11 @@ TEST(FolderCollectionDialog, EditsAndBrowsingKeepExactlyOneEmptyRowLast) {
 TEST(FolderCollectionDialog, OkRefusesFoldersThatAreNotThereOrCannotBeListed) {
   std::string const a = TempFolder("collection/ok/a");
   std::string const semicolon = TempFolder("collection/ok/x;y");
-  struct Case { char const * name; std::string row; char const * says; };
+  struct Case {
+    char const * name;
+    std::string row;
+    char const * says;
+  };
   Case const cases[] = {
       {"missing", a + "/missing", "does not exist"},
       {"vanished", TempFolder("collection/ok/vanished"), "does not exist"},

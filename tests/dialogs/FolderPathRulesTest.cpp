@@ -13,7 +13,9 @@ using namespace FolderPathRules;
 namespace {
 
 TEST(FolderPathRules, TypedFoldersAreMadeAbsoluteFromTheCurrentFolderOrHome) {
-  struct Case { char const * typed, * expected; };
+  struct Case {
+    char const *typed, *expected;
+  };
   Case const cases[] = {
       {"/data/runs", "/data/runs"},
       {"  /data/runs \n", "/data/runs"},  // pasted with white space around
@@ -51,7 +53,9 @@ TEST(FolderPathRules, SeparatorsAtTheEndAndDoubledOnes) {
 }
 
 TEST(FolderPathRules, DisplayablePathsStayInOneLineAndShowBadBytes) {
-  struct Case { std::string path, shown; };
+  struct Case {
+    std::string path, shown;
+  };
   Case const cases[] = {
       {"/data/Messungen \xC3\xA4", "/data/Messungen \xC3\xA4"},
       {"/data/two\nlines", "/data/two\\nlines"},
@@ -68,8 +72,7 @@ TEST(FolderPathRules, DisplayablePathsStayInOneLineAndShowBadBytes) {
 }
 
 TEST(FolderPathRules, FolderListsReadTrimmedAndWriteEachEndedBySemicolon) {
-  EXPECT_EQ(SplitFolderList(" /a ;/b b;; ;/c"),
-            (std::vector<std::string>{"/a", "/b b", "/c"}));
+  EXPECT_EQ(SplitFolderList(" /a ;/b b;; ;/c"), (std::vector<std::string>{"/a", "/b b", "/c"}));
   EXPECT_TRUE(SplitFolderList("").empty());
   EXPECT_TRUE(SplitFolderList(";;").empty());
   EXPECT_EQ(JoinFolderList({"/a", "", "/b"}), "/a;/b;");
@@ -82,7 +85,10 @@ TEST(FolderPathRules, FolderListsReadTrimmedAndWriteEachEndedBySemicolon) {
 }
 
 TEST(FileDialogFilter, WindowsFiltersBecomeChooserWildcards) {
-  struct Case { wchar_t const * filter; char const * wildcard; };
+  struct Case {
+    wchar_t const * filter;
+    char const * wildcard;
+  };
   Case const cases[] = {
       {L"Text files (*.txt)|*.txt|All files (*.*)|*.*||",
        "Text files (*.txt)|*.txt|All files (*.*)|*"},

@@ -68,8 +68,8 @@ TEST_F(LimitLineLengthPixels, BoundsAreTheWidestLineAndAllLines) {
 
   size_t const limit = Width(L"MMMMMMMMMMMM");
   std::wstring const text = L"The quick brown fox jumps over the lazy dog, twice or more.";
-  wxRect const wrapped = LimitLineLength::GetBoundsRect(
-      LimitLineLength::ByPixels(text, mDc, limit).c_str(), mFont);
+  wxRect const wrapped =
+      LimitLineLength::GetBoundsRect(LimitLineLength::ByPixels(text, mDc, limit).c_str(), mFont);
   EXPECT_LE(static_cast<size_t>(wrapped.width), limit);
   EXPECT_GT(wrapped.height, one.height);
 }

@@ -48,9 +48,15 @@ protected:
 };
 
 TEST_F(MessageBoxFunctions, VxMessageBoxRelabelsYesAndNoOnlyForTheirKinds) {
-  struct Case { unsigned type; int press; bool yesNo; };
-  Case const cases[] = {{MB_OK, IDOK, false}, {MB_OKCANCEL, IDCANCEL, false},
-                        {MB_YESNO, IDYES, true}, {MB_YESNOCANCEL, IDNO, true}};
+  struct Case {
+    unsigned type;
+    int press;
+    bool yesNo;
+  };
+  Case const cases[] = {{MB_OK, IDOK, false},
+                        {MB_OKCANCEL, IDCANCEL, false},
+                        {MB_YESNO, IDYES, true},
+                        {MB_YESNOCANCEL, IDNO, true}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.type);
     MessageBoxProbe probe;
@@ -107,9 +113,15 @@ TEST_F(MessageBoxFunctions, MutedOkBoxesReturnZeroUnseenQuestionsAreStillAsked) 
 }
 
 TEST_F(MessageBoxFunctions, CheckBoxMessageBoxReportsTheTickUnlessCancelled) {
-  struct Case { bool before; int press; bool tickTo, after; };
-  Case const cases[] = {{false, IDOK, true, true},   {true, IDNO, false, false},
-                        {false, IDYES, true, true},  {false, IDCANCEL, true, false},
+  struct Case {
+    bool before;
+    int press;
+    bool tickTo, after;
+  };
+  Case const cases[] = {{false, IDOK, true, true},
+                        {true, IDNO, false, false},
+                        {false, IDYES, true, true},
+                        {false, IDCANCEL, true, false},
                         {true, IDCANCEL, false, true}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.press);
@@ -158,7 +170,11 @@ TEST_F(MessageBoxFunctions, TickedAnswersAreKeptAndGivenBackUnseen) {
 }
 
 TEST_F(MessageBoxFunctions, CancelOrAnUntickedBoxStoresNothing) {
-  struct Case { unsigned type; int press; bool tick; };
+  struct Case {
+    unsigned type;
+    int press;
+    bool tick;
+  };
   Case const cases[] = {{MB_YESNOCANCEL, IDCANCEL, true},
                         {MB_OKCANCEL, IDCANCEL, true},
                         {MB_YESNOCANCEL, IDYES, false}};

@@ -18,11 +18,11 @@ struct MessageBoxProbe {
   wxSize client;
   wxSize window;
   wxSize minimum;
-  wxRect screen;   // on screen, frame included
+  wxRect screen;  // on screen, frame included
   wxRect workArea;
-  int gap = 0;     // X(4)
-  int marginX = 0; // X(6)
-  int x8 = 0;      // X(8)
+  int gap = 0;           // X(4)
+  int marginX = 0;       // X(6)
+  int x8 = 0;            // X(8)
   bool scrolls = false;  // the text sits in a text view
   wxString textShown;
   int focus = 0;  // id of the control with the keyboard focus

@@ -11,7 +11,11 @@ namespace {
 
 TEST(ResizableLayout, ControlsFollowTheirAnchorsAsTheDialogGrows) {
   // expected: after the client area grew by (100, 60) from (300, 200).
-  struct AnchorCase { char const * name; ANCHOR topLeft, bottomRight; wxRect expected; };
+  struct AnchorCase {
+    char const * name;
+    ANCHOR topLeft, bottomRight;
+    wxRect expected;
+  };
   wxRect const start(20, 30, 80, 40);
   AnchorCase const cases[] = {
       {"top left, kept", TOP_LEFT, NOANCHOR, start},

@@ -23,7 +23,10 @@ namespace {
 
 constexpr int kEdit = CSelectFolderDialog::kFolderEditId;
 
-struct Picked { int result = 0; wxString selected; };
+struct Picked {
+  int result = 0;
+  wxString selected;
+};
 
 // Runs a picker starting at `start`, types `typed` and presses Select;
 // the message boxes that follow get `answers`, then the dialog is cancelled
@@ -49,8 +52,8 @@ TEST(SelectFolderDialog, SelectTakesAnExistingFolderWithATrailingSeparator) {
   std::string const runs = TempFolder("picker/runs");
   // Typed, with a separator, relative to the tree's folder, with white
   // space around, and empty: the tree's folder.
-  for (std::string const & typed : {runs, runs + "/", std::string("runs"), "  " + runs + " ",
-                                    std::string()}) {
+  for (std::string const & typed :
+       {runs, runs + "/", std::string("runs"), "  " + runs + " ", std::string()}) {
     SCOPED_TRACE(typed);
     ModalDialogScript script;
     Picked const picked = TypeAndSelect(typed.empty() ? runs : VxGetDirectory(runs), typed, script);
@@ -105,7 +108,10 @@ TEST(SelectFolderDialog, PathsThatCannotBeFoldersAreRefusedWithTheReason) {
   std::fclose(out);
   std::string tooLong = base;
   while (tooLong.size() < 4000) tooLong += "/" + std::string(300, 'x');
-  struct Case { std::string typed; char const * says; };
+  struct Case {
+    std::string typed;
+    char const * says;
+  };
   Case const cases[] = {{base + "//refused", "Invalid Folder"},
                         {file, "is a file, not a folder"},
                         {file + "/sub", "Not a directory"},
@@ -160,7 +166,11 @@ TEST(SelectFolderDialog, TheTreeFillsTheEditAndAVanishedFolderSaysSo) {
 
 TEST(SelectFolderDialog, FileTypesShowOnlyWithFilesAndAFilter) {
   std::string const base = TempFolder("picker/types");
-  struct Case { int showFiles; wchar_t const * filter; bool typesShown; };
+  struct Case {
+    int showFiles;
+    wchar_t const * filter;
+    bool typesShown;
+  };
   Case const cases[] = {{0, L"Data (*.dat)|*.dat||", false},
                         {1, nullptr, false},
                         {1, L"Data (*.dat)|*.dat|All files (*.*)|*.*||", true}};

@@ -8,9 +8,9 @@
 #include <stdexcept>
 #include <vector>
 
+#include <wx/app.h>
 #include <wx/button.h>
 #include <wx/checkbox.h>
-#include <wx/app.h>
 #include <wx/frame.h>
 
 #include "dialogs/VxDialog.h"
@@ -31,7 +31,8 @@ class TestDialog : public VxDialog {
 public:
   explicit TestDialog(unsigned templateId = kTemplate, unsigned helpTopic = 0)
       : VxDialog(templateId, nullptr, helpTopic) {
-    Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { onAct(); }, kAct);
+    Bind(
+        wxEVT_BUTTON, [this](wxCommandEvent &) { onAct(); }, kAct);
   }
 
   using VxDialog::GetDialogParent;
@@ -53,8 +54,10 @@ protected:
   }
   bool DoDataExchange(bool save) override {
     auto * check = static_cast<wxCheckBox *>(GetDlgItem(kCheck));
-    if (save) keep = check->GetValue();
-    else check->SetValue(keep);
+    if (save)
+      keep = check->GetValue();
+    else
+      check->SetValue(keep);
     return true;
   }
   void OnCancel() override {
@@ -87,13 +90,16 @@ TEST(VxDialog, EachRunMakesFreshControlsAndInitialisesBeforeShowing) {
   });
   EXPECT_EQ(dialog.DoModal(), IDCANCEL);
   EXPECT_EQ(dialog.initCount, 2);
-  EXPECT_TRUE(dialog.keep);             // Cancel exchanged nothing
+  EXPECT_TRUE(dialog.keep);  // Cancel exchanged nothing
   EXPECT_EQ(script.Shown().size(), 2u);
   EXPECT_EQ(script.Shown()[0].title, "Test dialog");
 }
 
 TEST(VxDialog, EscapeAndTheCloseBoxReachOnCancelWhichMayRefuse) {
-  struct Way { char const * name; void (*press)(wxDialog &); };
+  struct Way {
+    char const * name;
+    void (*press)(wxDialog &);
+  };
   Way const ways[] = {{"Escape", PressEscape}, {"close box", [](wxDialog & d) { d.Close(); }}};
   for (Way const & way : ways) {
     SCOPED_TRACE(way.name);
@@ -134,8 +140,8 @@ TEST(VxDialog, FailuresInHandlersAndInOnInitDialogStopAtTheGuard) {
   ModalDialogScript script;
   script.Act(ignore);  // from OnInitDialog; the dialog still runs
   script.Act([](wxDialog & d) {
-    Click(d, kAct);   // the handler fails: the guard's dialog is answered below
-    Click(d, IDOK);   // and the dialog carries on
+    Click(d, kAct);  // the handler fails: the guard's dialog is answered below
+    Click(d, IDOK);  // and the dialog carries on
   });
   script.Act(ignore);
   EXPECT_EQ(dialog.DoModal(), IDOK);

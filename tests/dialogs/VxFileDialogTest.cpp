@@ -67,7 +67,10 @@ TEST_F(VxFileDialogTest, AKindStartsInItsFolderElseTheApplicationsElseTheDocumen
   std::string const file = Temp("a-file");
   Spit(file, "x");
   // The kind's folder stored, the application's, the folder expected.
-  struct Case { char const * name; std::string stored, appDefault, expected; };
+  struct Case {
+    char const * name;
+    std::string stored, appDefault, expected;
+  };
   Case const cases[] = {
       {"stored", mProjects, mApp, mProjects + "/"},
       {"stored with separator", mProjects + "/", "", mProjects + "/"},
@@ -87,7 +90,10 @@ TEST_F(VxFileDialogTest, AKindStartsInItsFolderElseTheApplicationsElseTheDocumen
 }
 
 TEST_F(VxFileDialogTest, EachKindHasItsKeyAndAnUnknownKindIsTheProjectKind) {
-  struct Case { int kind; char const * key; };
+  struct Case {
+    int kind;
+    char const * key;
+  };
   Case const cases[] = {{0, "VxDefaultProjectDir"}, {1, "VxDefaultWorkspaceDir"},
                         {2, "VxDefaultExportDir"},  {3, "VxDefaultImportDir"},
                         {7, "VxDefaultProjectDir"}, {-1, "VxDefaultProjectDir"}};
@@ -158,7 +164,13 @@ TEST_F(VxFileDialogTest, ASelectionTooLongForTheBufferIsOkOnlyWithTheDialogsOwnB
   for (int i = 0; i < 300; ++i)
     chosen.push_back(mApp + "/measurement-" + std::to_string(i) + ".dat");
   // error: the base's, which the own buffer takes as OK.
-  struct Case { char const * name; unsigned long size; int64_t result; bool stored; DWORD error; };
+  struct Case {
+    char const * name;
+    unsigned long size;
+    int64_t result;
+    bool stored;
+    DWORD error;
+  };
   Case const cases[] = {
       {"default buffer", 0, IDCANCEL, false, FNERR_BUFFERTOOSMALL},  // over 4096 characters
       {"own small buffer", 100, IDOK, true, FNERR_BUFFERTOOSMALL},
@@ -184,7 +196,9 @@ TEST_F(VxFileDialogTest, ASelectionTooLongForTheBufferIsOkOnlyWithTheDialogsOwnB
 }
 
 TEST_F(VxFileDialogTest, ASaveDialogAddsItsExtensionAndLabelsItsButton) {
-  struct Case { char const * chosen, * saved; };
+  struct Case {
+    char const *chosen, *saved;
+  };
   Case const cases[] = {
       {"report", "report.csv"},
       {"report.txt", "report.txt"},
@@ -193,8 +207,8 @@ TEST_F(VxFileDialogTest, ASaveDialogAddsItsExtensionAndLabelsItsButton) {
   for (Case const & c : cases) {
     SCOPED_TRACE(c.chosen);
     FakeChooser chooser(Chose({mApp + "/" + c.chosen}));
-    VxFileDialog dialog(VxFileDialog::eExportDir, 0, L"csv", L"report",
-                        OFN_OVERWRITEPROMPT, L"Tables (*.csv)|*.csv||");
+    VxFileDialog dialog(VxFileDialog::eExportDir, 0, L"csv", L"report", OFN_OVERWRITEPROMPT,
+                        L"Tables (*.csv)|*.csv||");
     dialog.SetButtonText(IDOK, L"&Export");
     ASSERT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(dialog.GetPathName().utf8_string(), mApp + "/" + c.saved);

@@ -15,8 +15,10 @@ namespace wrap_checks {
 inline std::vector<std::wstring> Lines(std::wstring const & text) {
   std::vector<std::wstring> lines(1);
   for (wchar_t c : text) {
-    if (c == L'\n') lines.emplace_back();
-    else lines.back() += c;
+    if (c == L'\n')
+      lines.emplace_back();
+    else
+      lines.back() += c;
   }
   return lines;
 }
@@ -25,8 +27,10 @@ inline std::vector<std::wstring> Lines(std::wstring const & text) {
 inline bool OnlyFeedsInserted(std::wstring const & original, std::wstring const & wrapped) {
   size_t at = 0;
   for (wchar_t c : wrapped) {
-    if (at < original.size() && c == original[at]) ++at;
-    else if (c != L'\n') return false;
+    if (at < original.size() && c == original[at])
+      ++at;
+    else if (c != L'\n')
+      return false;
   }
   return at == original.size();
 }

@@ -41,7 +41,8 @@ TEST_F(AppConfigPackageTest, FindsTheFirstPackageByNameOnly) {
 }
 
 TEST_F(AppConfigPackageTest, EntriesAreFoundWithoutRegardToCase) {
-  AppConfigPackage const package(Zip({{"About_Us.XAML", "<about/>"}, {"about_us.xaml", "second"},
+  AppConfigPackage const package(Zip({{"About_Us.XAML", "<about/>"},
+                                      {"about_us.xaml", "second"},
                                       {"data/notes.txt", "notes"}}),
                                  "memory");
   EXPECT_EQ(package.ReadFile("about_us.xaml"), "<about/>") << "the first of equal names wins";
@@ -50,16 +51,19 @@ TEST_F(AppConfigPackageTest, EntriesAreFoundWithoutRegardToCase) {
 }
 
 TEST_F(AppConfigPackageTest, IconsAreNumberedInArchiveOrderWithoutTheSplash) {
-  AppConfigPackage const package(
-      Zip({{"zeta.png", "z"}, {"Splash.PNG", "s"}, {"readme.txt", "r"}, {"Alpha.Png", "a"},
-           {"pictures/b.png", "b"}, {"x.png.txt", "t"}}),
-      "memory");
+  AppConfigPackage const package(Zip({{"zeta.png", "z"},
+                                      {"Splash.PNG", "s"},
+                                      {"readme.txt", "r"},
+                                      {"Alpha.Png", "a"},
+                                      {"pictures/b.png", "b"},
+                                      {"x.png.txt", "t"}}),
+                                 "memory");
   EXPECT_EQ(package.IconEntryNames(),
             (std::vector<std::string>{"zeta.png", "Alpha.Png", "pictures/b.png"}));
-  EXPECT_EQ(package.IconReplacements(),
-            (std::map<std::string, std::string>{{"file://zeta.png", "1"},
-                                                {"file://Alpha.Png", "2"},
-                                                {"file://pictures/b.png", "3"}}));
+  EXPECT_EQ(
+      package.IconReplacements(),
+      (std::map<std::string, std::string>{
+          {"file://zeta.png", "1"}, {"file://Alpha.Png", "2"}, {"file://pictures/b.png", "3"}}));
 }
 
 TEST_F(AppConfigPackageTest, ApplicationNameFromTheConfigEntry) {

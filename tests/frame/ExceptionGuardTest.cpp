@@ -48,15 +48,14 @@ bool Holds(std::exception_ptr p) {
 std::vector<FailureCase> Cases() {
   return {
       {"Exception", kHandleException,
-       [] { throw Exception(ExceptionMessage::translate("The file is locked.")); }, "The file is locked.",
-       Holds<Exception const &>},
+       [] { throw Exception(ExceptionMessage::translate("The file is locked.")); },
+       "The file is locked.", Holds<Exception const &>},
       {"VxSystemException", kHandleException, [] { VxSETranslator(0xC0000005, nullptr); },
-       "A system exception occurred: Memory access violation.",
-       Holds<VxSystemException const &>},
-      {"std::exception", kHandleStdException, [] { throw std::out_of_range("index 7"); },
-       "index 7", Holds<std::out_of_range const &>},
-      {"std::exception const *", kHandleStdException, [] { throw &kPointee; },
-       "thrown by pointer", Holds<std::exception const *>},
+       "A system exception occurred: Memory access violation.", Holds<VxSystemException const &>},
+      {"std::exception", kHandleStdException, [] { throw std::out_of_range("index 7"); }, "index 7",
+       Holds<std::out_of_range const &>},
+      {"std::exception const *", kHandleStdException, [] { throw &kPointee; }, "thrown by pointer",
+       Holds<std::exception const *>},
       {"int", kHandleOtherExceptions, [] { throw 42; }, kUnknownExceptionText, Holds<int>},
   };
 }
@@ -67,7 +66,8 @@ struct Fixture {
   explicit Fixture(std::function<void()> raise) {
     frame = new GuardedFrame(nullptr, wxID_ANY, "Guarded");
     button = new wxButton(frame, wxID_OK, "Go");
-    frame->Bind(wxEVT_BUTTON, [raise](wxCommandEvent &) { raise(); }, wxID_OK);
+    frame->Bind(
+        wxEVT_BUTTON, [raise](wxCommandEvent &) { raise(); }, wxID_OK);
   }
   ~Fixture() { frame->Destroy(); }
   bool Click() {

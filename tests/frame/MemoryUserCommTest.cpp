@@ -109,8 +109,7 @@ TEST_F(UserCommTest, AToAllAnswerStopsTheAskingAndLaterQuestionsGetPlainYesOrNo)
     EXPECT_EQ(memory.GetLastAnsver(), c.lastAnswer);
     // No dialog for any of these, even where the dialog would have no No.
     EXPECT_EQ(memory.AskUserYesCancel(Msg("H"), Msg("item 2"), Msg(""), 5), c.laterAnswer);
-    EXPECT_EQ(memory.AskUserYesYesToAllCancel(Msg("H"), Msg("item 3"), Msg(""), 5),
-              c.laterAnswer);
+    EXPECT_EQ(memory.AskUserYesYesToAllCancel(Msg("H"), Msg("item 3"), Msg(""), 5), c.laterAnswer);
     EXPECT_EQ(memory.AskUserYesNo(Msg("item 4"), Msg(""), 1), c.laterAnswer);
     EXPECT_EQ(script.Seen().size(), 1u);
     // The three-message question always asks.

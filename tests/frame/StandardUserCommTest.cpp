@@ -103,10 +103,16 @@ TEST_F(UserCommTest, EachQuestionShowsItsButtonsAndAnswersWithTheOnePressed) {
     int pressed;  // 0: the close box, with no default button
     int answer;
   } const cases[] = {
-      {"all five", &StandardUserComm::AskUserYesYesToAllNoNoToAllCancel,
-       {13095, 13096, 13092, 13093, 2}, 13093, UserCommNoToAll},
-      {"yes, yes to all, cancel", &StandardUserComm::AskUserYesYesToAllCancel, {13095, 13096, 2},
-       13096, UserCommYesToAll},
+      {"all five",
+       &StandardUserComm::AskUserYesYesToAllNoNoToAllCancel,
+       {13095, 13096, 13092, 13093, 2},
+       13093,
+       UserCommNoToAll},
+      {"yes, yes to all, cancel",
+       &StandardUserComm::AskUserYesYesToAllCancel,
+       {13095, 13096, 2},
+       13096,
+       UserCommYesToAll},
       {"yes, cancel", &StandardUserComm::AskUserYesCancel, {13095, 2}, 0, UserCommCancel},
   };
   for (Case const & c : cases) {

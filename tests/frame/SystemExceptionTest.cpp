@@ -67,12 +67,28 @@ TEST(SystemExceptionCodeOfSignal, MapsSignalsToTheCodesOfTheSameFailure) {
 }
 
 TEST(CExceptionHelper, ErrorTextOfEveryLibraryCodeAndOfUnknownOnes) {
-  for (LONG code : {ERROR_SUCCESS, ERROR_FILE_NOT_FOUND, ERROR_ACCESS_DENIED, ERROR_INVALID_HANDLE,
-                    ERROR_NOT_ENOUGH_MEMORY, ERROR_BAD_FORMAT, ERROR_INVALID_PARAMETER,
-                    ERROR_BAD_PATHNAME, ERROR_MOD_NOT_FOUND, ERROR_PROC_NOT_FOUND, ERROR_BUSY,
-                    ERROR_MORE_DATA, ERROR_NO_MORE_ITEMS, ERROR_NOACCESS, ERROR_BADDB,
-                    ERROR_BADKEY, ERROR_CANTOPEN, ERROR_CANTREAD, ERROR_CANTWRITE,
-                    ERROR_REGISTRY_IO_FAILED, ERROR_KEY_DELETED, ERROR_NO_SYSTEM_RESOURCES,
+  for (LONG code : {ERROR_SUCCESS,
+                    ERROR_FILE_NOT_FOUND,
+                    ERROR_ACCESS_DENIED,
+                    ERROR_INVALID_HANDLE,
+                    ERROR_NOT_ENOUGH_MEMORY,
+                    ERROR_BAD_FORMAT,
+                    ERROR_INVALID_PARAMETER,
+                    ERROR_BAD_PATHNAME,
+                    ERROR_MOD_NOT_FOUND,
+                    ERROR_PROC_NOT_FOUND,
+                    ERROR_BUSY,
+                    ERROR_MORE_DATA,
+                    ERROR_NO_MORE_ITEMS,
+                    ERROR_NOACCESS,
+                    ERROR_BADDB,
+                    ERROR_BADKEY,
+                    ERROR_CANTOPEN,
+                    ERROR_CANTREAD,
+                    ERROR_CANTWRITE,
+                    ERROR_REGISTRY_IO_FAILED,
+                    ERROR_KEY_DELETED,
+                    ERROR_NO_SYSTEM_RESOURCES,
                     ERROR_UNSUPPORTED_TYPE}) {
     std::string const text = CExceptionHelper::GetErrorText(code);
     std::string const suffix = ". (" + std::to_string(code) + ")";
@@ -103,7 +119,9 @@ TEST(CExceptionHelper, ErrorMessageTrimsTheEndAndNamesAnEmptyOne) {
   TextException withSpace(L"Datei ist gesperrt.\r\n\t ");
   EXPECT_EQ(CExceptionHelper::GetErrorMessage(&withSpace), "Datei ist gesperrt.");
   TextException nonAscii(L"  Größe \u2260 0");
-  EXPECT_EQ(CExceptionHelper::GetErrorMessage(&nonAscii), "  Gr\xC3\xB6\xC3\x9F" "e \xE2\x89\xA0 0");
+  EXPECT_EQ(CExceptionHelper::GetErrorMessage(&nonAscii),
+            "  Gr\xC3\xB6\xC3\x9F"
+            "e \xE2\x89\xA0 0");
   TextException empty(L"");
   EXPECT_EQ(CExceptionHelper::GetErrorMessage(&empty), "Unknown error.");
   TextException tooLong(std::wstring(1000, L'x'));

@@ -19,12 +19,10 @@ TEST(UserCommAnswers, EachDefaultAnswerFocusesItsButtonAndEachButtonGivesItsAnsw
     int answer;
     Button button;
   };
-  Case const cases[] = {{UserCommNone, YesNoCancelAll::None},
-                        {UserCommYes, YesNoCancelAll::Yes},
-                        {UserCommYesToAll, YesNoCancelAll::YesToAll},
-                        {UserCommNo, YesNoCancelAll::No},
-                        {UserCommNoToAll, YesNoCancelAll::NoToAll},
-                        {UserCommCancel, YesNoCancelAll::Cancel}};
+  Case const cases[] = {
+      {UserCommNone, YesNoCancelAll::None},         {UserCommYes, YesNoCancelAll::Yes},
+      {UserCommYesToAll, YesNoCancelAll::YesToAll}, {UserCommNo, YesNoCancelAll::No},
+      {UserCommNoToAll, YesNoCancelAll::NoToAll},   {UserCommCancel, YesNoCancelAll::Cancel}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.answer);
     EXPECT_EQ(user_comm::DefaultButtonFor(c.answer), c.button);
@@ -43,8 +41,8 @@ TEST(UserCommAnswers, LinesAreTheLineFeedsPlusOne) {
     char const * text;
     int lines;
   };
-  Case const cases[] = {{"", 1}, {"one line", 1}, {"a\nb", 2}, {"ends\n", 2}, {"\n\n\n", 4},
-                        {"a\r\nb", 2}};
+  Case const cases[] = {{"", 1},       {"one line", 1}, {"a\nb", 2},
+                        {"ends\n", 2}, {"\n\n\n", 4},   {"a\r\nb", 2}};
   for (Case const & c : cases) EXPECT_EQ(user_comm::CountLines(c.text), c.lines) << c.text;
 }
 

@@ -26,16 +26,16 @@
 #include "utl/ExceptionMessage.h"
 #include "utl/UserComm.h"
 #include "utl/VxSystemInfo.h"
-#include "work/Progress.h"
 #include "work/FakeBreakDialog.h"
+#include "work/Progress.h"
 
 struct SeenDialog {
   std::string kind;  // "message box" or the dialog's class
   long style = 0;    // of a message box
   wxString title;
-  wxString text;     // message, or the scrolling text control's value
-  std::set<int> buttons;  // YesNoCancelAll: the buttons that stand
-  int defaultButton = 0;  // id of the default item
+  wxString text;           // message, or the scrolling text control's value
+  std::set<int> buttons;   // YesNoCancelAll: the buttons that stand
+  int defaultButton = 0;   // id of the default item
   bool iconShown = false;  // FatalErrorDialog
   bool progressHidden = false;
   UserComm * channel = nullptr;

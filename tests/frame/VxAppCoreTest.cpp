@@ -140,9 +140,9 @@ TEST_F(VxAppCoreTest, SettingsAreLayeredUserFirstThenAllUsersThenDefaults) {
     std::string from;  // the key "From" of the result
   };
   Case const cases[] = {
-      {"Mine", 700, "user"},         // the user's own section wins
-      {"Shared", 700, "(absent)"},   // all-users has it: a new, empty section
-      {"Fresh", 700, "defaults"},    // copied from the defaults document
+      {"Mine", 700, "user"},        // the user's own section wins
+      {"Shared", 700, "(absent)"},  // all-users has it: a new, empty section
+      {"Fresh", 700, "defaults"},   // copied from the defaults document
       {"Bare", 701, "root"},
       {"Fresh", 0, "defaults"},      // made by the call above: now the user's
       {"Broken", 702, "(absent)"},   // an unreadable document counts as absent
@@ -180,8 +180,9 @@ TEST_F(VxAppCoreTest, AnAllUsersFileThatChangesIsReadAgain) {
   VxAppCore core;
   core.SetRegistryLocation();
   core.SetDefaultsReader([](unsigned int) {
-    return std::string("<Settings><Section name=\"AppSettings\"><Section name=\"A\">"
-                       "<Key name=\"K\">default</Key></Section></Section></Settings>");
+    return std::string(
+        "<Settings><Section name=\"AppSettings\"><Section name=\"A\">"
+        "<Key name=\"K\">default</Key></Section></Section></Settings>");
   });
   common("<Section name=\"B\"/>");
   std::unique_ptr<ConfigurationSection> first(core.GetAppSettings("A", 1));

@@ -15,10 +15,10 @@
 #include "frame/VxApp.h"
 #include "frame/VxAppCustomization.h"
 #include "frame/ZipPackageBuilder.h"
-#include "platform/MessageBoxes.h"
-#include "utl/ConfigurationSection.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "platform/MessageBoxes.h"
+#include "utl/ConfigurationSection.h"
 #include "utl/Exception.h"
 #include "utl/VxSystemInfo.h"
 

@@ -36,8 +36,6 @@ TEST(Isolation, RegistryHivesLieInTheTemporaryRoot) {
   }
 }
 
-TEST(Isolation, UnitBinariesHaveNoDisplay) {
-  EXPECT_EQ(std::getenv("DISPLAY"), nullptr);
-}
+TEST(Isolation, UnitBinariesHaveNoDisplay) { EXPECT_EQ(std::getenv("DISPLAY"), nullptr); }
 
 }  // namespace

@@ -27,8 +27,8 @@ public:
   struct ShownDialog {
     wxString className;  // wx class name, e.g. "wxMessageDialog"
     wxString title;
-    wxString message;    // message text (message boxes) or the static texts
-    int result = 0;      // what ShowModal returned
+    wxString message;  // message text (message boxes) or the static texts
+    int result = 0;    // what ShowModal returned
   };
 
   ModalDialogScript();

@@ -124,9 +124,7 @@ TEST_F(VxHtmlHelpTest, ContextHelpForAMenuOrNoControlIsLeftToTheCaller) {
 }
 
 TEST_F(VxHtmlHelpTest, DestructionClosesTheWindowsOfAnEngineThatWasUsed) {
-  {
-    VxHtmlHelp unused;
-  }
+  { VxHtmlHelp unused; }
   EXPECT_TRUE(requests.empty()) << "nothing to close when nothing was asked";
   {
     VxHtmlHelp used;
@@ -161,7 +159,8 @@ TEST(DefaultHelpEngine, RefusesEveryRequestWithALogLine) {
   VxSetHelpEngine(nullptr);
   HelpEngine & engine = VxGetHelpEngine();
   EXPECT_FALSE(engine.IsAvailable());
-  EXPECT_FALSE(engine.Execute(HelpRequest{nullptr, L"Hilfe-\u00e4.chm", HelpCommand::HelpContext, 7}));
+  EXPECT_FALSE(
+      engine.Execute(HelpRequest{nullptr, L"Hilfe-\u00e4.chm", HelpCommand::HelpContext, 7}));
   std::ifstream in(Log::GetLogFilePath());
   std::string line, last;
   while (std::getline(in, line)) last = line;
@@ -200,12 +199,12 @@ TEST(ContextHelpTable, HoldsNinetyNineControlsAndNoMore) {
     int32_t controlId;
     std::optional<uint32_t> expected;
   } const lookups[] = {
-      {10, 5010u},          // first
-      {108, 5108u},         // 99th, the last kept
-      {109, std::nullopt},  // 100th: no pop-up
-      {129, std::nullopt},  // the last child
-      {4242, std::nullopt}, // not a child
-      {0, std::nullopt},    // the end marker is no control
+      {10, 5010u},           // first
+      {108, 5108u},          // 99th, the last kept
+      {109, std::nullopt},   // 100th: no pop-up
+      {129, std::nullopt},   // the last child
+      {4242, std::nullopt},  // not a child
+      {0, std::nullopt},     // the end marker is no control
   };
   for (auto const & lookup : lookups)
     EXPECT_EQ(table.Lookup(lookup.controlId), lookup.expected) << lookup.controlId;

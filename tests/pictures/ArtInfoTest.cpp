@@ -42,7 +42,8 @@ std::vector<std::string> FilesIn(std::string const & folder) {
 class ArtInfoTest : public testing::Test {
 protected:
   void SetUp() override {
-    mFolder = Temp("art-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+    mFolder =
+        Temp("art-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
     VxCreateFolder(mFolder);
     mArchive = VxPathAppend(mFolder, "a.vart");
     mFormer = SetFrameworkMessageBoxHandler([this](wxString const & text, UINT, UINT) {
@@ -89,9 +90,9 @@ TEST_F(ArtInfoTest, PicturesAreTurnedThenShrunkToTheLimitsButNeverEnlarged) {
       {800, 300, 0, {400, 150}, true},
       {100, 100, 0, {100, 100}, true},
       {300, 900, 0, {133, 400}, true},
-      {100, 60, 5, {60, 100}, false},   // one quarter turn: red on top
-      {100, 60, 2, {100, 60}, false},   // half a turn: red on the right
-      {100, 60, -1, {100, 60}, true},   // negative: not turned
+      {100, 60, 5, {60, 100}, false},    // one quarter turn: red on top
+      {100, 60, 2, {100, 60}, false},    // half a turn: red on the right
+      {100, 60, -1, {100, 60}, true},    // negative: not turned
       {900, 450, 1, {200, 400}, false},  // turned first, then fitted
   };
   for (bool jpeg : {true, false}) {
@@ -185,12 +186,20 @@ TEST_F(ArtInfoTest, FailuresGiveTheirTextsAndLeaveTheFileAsItWas) {
     std::function<void()> save;
     std::string text;
   } const cases[] = {
-      {"fewer picture lists", [&] { two.SaveToFile(mArchive, {{source}}, {{0}, {0, 0}}, {}, {}); },
+      {"fewer picture lists",
+       [&] {
+         two.SaveToFile(mArchive, {{source}}, {{0}, {0, 0}}, {}, {});
+       },
        "Internal error in ArtInfo::SaveToFile"},
-      {"fewer rotations", [&] { two.SaveToFile(mArchive, {{source}, {source, source}}, {{0}, {0}}, {}, {}); },
+      {"fewer rotations",
+       [&] {
+         two.SaveToFile(mArchive, {{source}, {source, source}}, {{0}, {0}}, {}, {});
+       },
        "Internal error in ArtInfo::SaveToFile"},
       {"a source missing in the second collection",
-       [&] { two.SaveToFile(mArchive, {{source}, {source, missing}}, {{0}, {0, 0}}, {}, {}); },
+       [&] {
+         two.SaveToFile(mArchive, {{source}, {source, missing}}, {{0}, {0, 0}}, {}, {});
+       },
        missing + " could not be read.\nThe file was skipped."},
       {"a damaged source",
        [&] {
@@ -218,7 +227,8 @@ TEST_F(ArtInfoTest, FailuresGiveTheirTextsAndLeaveTheFileAsItWas) {
     SCOPED_TRACE(c.what);
     EXPECT_EQ(c.text, FailureOf(c.save));
     EXPECT_EQ(before, Slurp(mArchive));
-    for (std::string const & name : FilesIn(mFolder)) EXPECT_EQ(std::string::npos, name.find(".tmp-"));
+    for (std::string const & name : FilesIn(mFolder))
+      EXPECT_EQ(std::string::npos, name.find(".tmp-"));
   }
   EXPECT_TRUE(mBoxes.empty());
 }
@@ -251,8 +261,9 @@ TEST_F(ArtInfoTest, ADamagedListIsNotReadAndNotReplaced) {
 
 TEST_F(ArtInfoTest, AnArchiveInAMissingFolderCannotBeWritten) {
   std::string const target = VxPathAppend(mFolder, "no/such/folder.vart");
-  EXPECT_EQ(0u, FailureOf([&] { ArtInfo().SaveToFile(target, {}, {}, {}, {}); })
-                    .find("The file " + target + " cannot be written"));
+  EXPECT_EQ(0u, FailureOf([&] {
+                  ArtInfo().SaveToFile(target, {}, {}, {}, {});
+                }).find("The file " + target + " cannot be written"));
 }
 
 TEST_F(ArtInfoTest, PicturesThatClaimHugeSizesAreRefusedUnread) {
@@ -264,7 +275,8 @@ TEST_F(ArtInfoTest, PicturesThatClaimHugeSizesAreRefusedUnread) {
   jpeg[frame + 6] = jpeg[frame + 8] = '\x60';
   int width = 0;
   int height = 0;
-  vx3::ReadJpegSize(reinterpret_cast<unsigned char const *>(jpeg.data()), jpeg.size(), width, height);
+  vx3::ReadJpegSize(reinterpret_cast<unsigned char const *>(jpeg.data()), jpeg.size(), width,
+                    height);
   ASSERT_EQ(60000, width);
 
   ArtInfo art;

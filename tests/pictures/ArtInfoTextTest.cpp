@@ -95,19 +95,19 @@ TEST(ArtInfoText, ReadsVersion11AndLaterAndRefusesOlder) {
 TEST(ArtInfoText, RefusesHostileAndBrokenTextBeforeAllocating) {
   std::string const head = "22 serialization::archive 11 0 0 0 0 ";
   char const * const cases[] = {
-      "18446744073709551615 0 ",                      // collections beyond any limit
-      "10001 0 ",                                     // collections above the limit
-      "2 0 0 0 1 2 3 4 3 Ann ",                       // fewer collections than counted
-      "1 0 0 0 1 2 3 4 99999999999 x",                // a string longer than the text
-      "1 0 0 0 1 2 3 4 70000 ",                       // a string above the limit
+      "18446744073709551615 0 ",                        // collections beyond any limit
+      "10001 0 ",                                       // collections above the limit
+      "2 0 0 0 1 2 3 4 3 Ann ",                         // fewer collections than counted
+      "1 0 0 0 1 2 3 4 99999999999 x",                  // a string longer than the text
+      "1 0 0 0 1 2 3 4 70000 ",                         // a string above the limit
       "1 0 0 0 1 2 3 4 3 Ann 0  0  0 0 4294967295 0 ",  // pictures beyond any limit
       "1 0 0 0 1 2 3 4 3 Ann 0  0  0 0 50000 0 0 0 ",   // pictures beyond the text
-      "1 0 0 0 1 2 3 4 3 Ann 0  0  0 0 -1 0 ",        // a negative count
-      "1 0 0 0 1 2 3 4 3 Ann 0  0  1 0 0 0 ",         // tracked objects
-      "1 0 0 1 1 2 3 4 3 Ann 0  0  0 0 0 0 ",         // a class version Boost would refuse
-      "1 0 0 0 1 2 3 99999999999 0  0  0  0 0 0 0 ",  // an int out of range
-      "1 0 0 0 1 2 3 4 3 An",                         // truncated inside a string
-      "1 0 0 0 x",                                    // no number
+      "1 0 0 0 1 2 3 4 3 Ann 0  0  0 0 -1 0 ",          // a negative count
+      "1 0 0 0 1 2 3 4 3 Ann 0  0  1 0 0 0 ",           // tracked objects
+      "1 0 0 1 1 2 3 4 3 Ann 0  0  0 0 0 0 ",           // a class version Boost would refuse
+      "1 0 0 0 1 2 3 99999999999 0  0  0  0 0 0 0 ",    // an int out of range
+      "1 0 0 0 1 2 3 4 3 An",                           // truncated inside a string
+      "1 0 0 0 x",                                      // no number
   };
   for (char const * body : cases) {
     SCOPED_TRACE(body);

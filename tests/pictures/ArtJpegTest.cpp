@@ -51,7 +51,10 @@ TEST(ArtJpeg, LimitsAreCheckedBeforeDecoding) {
     unsigned long long maxPixels;
     bool accepted;
   } const cases[] = {
-      {64, 32, 2048, true}, {63, 32, 2048, false}, {64, 31, 2048, false}, {64, 32, 2047, false},
+      {64, 32, 2048, true},
+      {63, 32, 2048, false},
+      {64, 31, 2048, false},
+      {64, 32, 2047, false},
   };
   for (Case const & c : cases) {
     vx3::JpegDecodeLimits limits;
@@ -63,8 +66,8 @@ TEST(ArtJpeg, LimitsAreCheckedBeforeDecoding) {
     else
       EXPECT_THROW(Decode(jpeg, limits), vx3::ArtJpegError);
   }
-  for (std::string const & broken : {std::string(), std::string("\xFF\xD8\xFF"), jpeg.substr(0, 80),
-                                     std::string("GIF89a")})
+  for (std::string const & broken :
+       {std::string(), std::string("\xFF\xD8\xFF"), jpeg.substr(0, 80), std::string("GIF89a")})
     EXPECT_THROW(Decode(broken, vx3::JpegDecodeLimits()), vx3::ArtJpegError);
 }
 

@@ -13,7 +13,8 @@ namespace {
 
 std::string Pattern(size_t size, int seed) {
   std::string bytes(size, '\0');
-  for (size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>((i * 7 + seed * 13 + i / 251) & 0xFF);
+  for (size_t i = 0; i < size; ++i)
+    bytes[i] = static_cast<char>((i * 7 + seed * 13 + i / 251) & 0xFF);
   return bytes;
 }
 
@@ -24,7 +25,9 @@ std::map<std::string, std::string> WriteArchive(std::string const & path, size_t
   for (size_t const size : sizes) streams["s" + std::to_string(size)] = Pattern(size, ++seed);
   for (int i = 0; i < 300; ++i) streams[std::to_string(1000000 + i * 7919)] = Pattern(100 + i, i);
   streams["ArtInfo"] = "22 serialization::archive 11 0 0 0 0 0 0\n";
-  streams["\xc3\x9c" "ber"] = "non-ASCII name";
+  streams
+      ["\xc3\x9c"
+       "ber"] = "non-ASCII name";
   vx3::CompoundFileWriter writer;
   for (auto const & [name, bytes] : streams) writer.AddStream(name, bytes);
   Spit(path, writer.Finish());
@@ -38,7 +41,8 @@ TEST(CompoundFileStream, ReadsWhatLibgsfWrote) {
   for (auto const & [name, bytes] : streams) {
     SCOPED_TRACE(name);
     std::string read;
-    ASSERT_EQ(vx3::CompoundStreamRead::kRead, vx3::ReadCompoundFileStream(path, name, 1u << 24, read));
+    ASSERT_EQ(vx3::CompoundStreamRead::kRead,
+              vx3::ReadCompoundFileStream(path, name, 1u << 24, read));
     EXPECT_EQ(bytes, read);
   }
   std::string read = "untouched";
@@ -66,7 +70,8 @@ TEST(CompoundFileStream, DamagedFilesGiveFalse) {
       {"cut by one byte", good.substr(0, good.size() - 1)},
       {"no signature", "X" + good.substr(1)},
       {"sector size 2^20", good.substr(0, 0x1E) + '\x14' + good.substr(0x1F)},
-      {"directory sector beyond the end", good.substr(0, 0x30) + "\xF0\xFF\xFF\x0F" + good.substr(0x34)},
+      {"directory sector beyond the end",
+       good.substr(0, 0x30) + "\xF0\xFF\xFF\x0F" + good.substr(0x34)},
       {"allocation tables that point to sector 0 everywhere",
        [&] {
          std::string bytes = good;

@@ -79,8 +79,8 @@ TEST_F(ProgressArtTest, FoldersInOrderFilesSortedAndRandomRunsAcrossThem) {
     char const * name;
     char const * artist;
   } const cases[] = {
-      {0, "f1", "First"}, {2, "f3", "First"}, {3, "s1", "Second"},
-      {5, "s3", "Second"}, {7, "p1", "Plugin"}, {9, "p3", "Plugin"}, {10, "", ""},
+      {0, "f1", "First"},  {2, "f3", "First"},  {3, "s1", "Second"}, {5, "s3", "Second"},
+      {7, "p1", "Plugin"}, {9, "p3", "Plugin"}, {10, "", ""},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.painting);

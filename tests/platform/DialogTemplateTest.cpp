@@ -23,8 +23,10 @@ TEST(DialogTemplates, ControlsNamedByNumberGetThatNumberAsId) {
     wxClassInfo * kind;
   };
   Control const controls[] = {
-      {13080, wxCLASSINFO(wxStaticText)}, {13038, wxCLASSINFO(wxCheckBox)},
-      {1, wxCLASSINFO(wxButton)},         {9, wxCLASSINFO(wxButton)},
+      {13080, wxCLASSINFO(wxStaticText)},
+      {13038, wxCLASSINFO(wxCheckBox)},
+      {1, wxCLASSINFO(wxButton)},
+      {9, wxCLASSINFO(wxButton)},
   };
   for (Control const & control : controls) {
     wxWindow * window = dialog.FindWindow(control.id);

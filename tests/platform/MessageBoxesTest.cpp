@@ -49,8 +49,8 @@ wxString WxMnemonics(wxString label) {
 }
 
 constexpr long kButtons = wxOK | wxCANCEL | wxYES_NO | wxHELP;
-constexpr long kIcons = wxICON_ERROR | wxICON_QUESTION | wxICON_WARNING | wxICON_INFORMATION |
-                        wxICON_NONE;
+constexpr long kIcons =
+    wxICON_ERROR | wxICON_QUESTION | wxICON_WARNING | wxICON_INFORMATION | wxICON_NONE;
 constexpr long kDefaults = wxNO_DEFAULT | wxCANCEL_DEFAULT;
 
 class MessageBoxes : public testing::Test {
@@ -65,39 +65,70 @@ TEST_F(MessageBoxes, EveryTypeShowsItsButtonsIconDefaultAndMapsEveryAnswer) {
   struct Case {
     UINT type;
     long buttons, icon, defaultButton;
-    char const * labels;  // custom yes|no|ok|cancel labels, "" where wx's own
+    char const * labels;                       // custom yes|no|ok|cancel labels, "" where wx's own
     std::vector<std::pair<int, int>> answers;  // wx id, Windows id
   };
   long const yesNoCancel = wxYES_NO | wxCANCEL;
   std::vector<Case> const cases = {
       {MB_OK, wxOK, wxICON_NONE, 0, "|||", {{wxID_OK, IDOK}, {wxID_CANCEL, IDOK}}},
-      {MB_OKCANCEL | MB_ICONHAND | MB_DEFBUTTON2, wxOK | wxCANCEL, wxICON_ERROR, wxCANCEL_DEFAULT,
-       "|||", {{wxID_OK, IDOK}, {wxID_CANCEL, IDCANCEL}}},
-      {MB_ABORTRETRYIGNORE | MB_ICONEXCLAMATION, yesNoCancel, wxICON_WARNING, wxCANCEL_DEFAULT,
+      {MB_OKCANCEL | MB_ICONHAND | MB_DEFBUTTON2,
+       wxOK | wxCANCEL,
+       wxICON_ERROR,
+       wxCANCEL_DEFAULT,
+       "|||",
+       {{wxID_OK, IDOK}, {wxID_CANCEL, IDCANCEL}}},
+      {MB_ABORTRETRYIGNORE | MB_ICONEXCLAMATION,
+       yesNoCancel,
+       wxICON_WARNING,
+       wxCANCEL_DEFAULT,
        "&Retry|&Ignore||&Abort",
        {{wxID_CANCEL, IDABORT}, {wxID_YES, IDRETRY}, {wxID_NO, IDIGNORE}}},
-      {MB_ABORTRETRYIGNORE | MB_DEFBUTTON3, yesNoCancel, wxICON_NONE, wxNO_DEFAULT,
-       "&Retry|&Ignore||&Abort", {{wxID_NO, IDIGNORE}}},
-      {MB_YESNOCANCEL | MB_ICONQUESTION | MB_DEFBUTTON3, yesNoCancel, wxICON_QUESTION,
-       wxCANCEL_DEFAULT, "|||", {{wxID_YES, IDYES}, {wxID_NO, IDNO}, {wxID_CANCEL, IDCANCEL}}},
-      {MB_YESNO | MB_ICONASTERISK | MB_DEFBUTTON2, wxYES_NO, wxICON_INFORMATION, wxNO_DEFAULT,
-       "|||", {{wxID_YES, IDYES}, {wxID_NO, IDNO}, {wxID_CANCEL, IDNO}}},
+      {MB_ABORTRETRYIGNORE | MB_DEFBUTTON3,
+       yesNoCancel,
+       wxICON_NONE,
+       wxNO_DEFAULT,
+       "&Retry|&Ignore||&Abort",
+       {{wxID_NO, IDIGNORE}}},
+      {MB_YESNOCANCEL | MB_ICONQUESTION | MB_DEFBUTTON3,
+       yesNoCancel,
+       wxICON_QUESTION,
+       wxCANCEL_DEFAULT,
+       "|||",
+       {{wxID_YES, IDYES}, {wxID_NO, IDNO}, {wxID_CANCEL, IDCANCEL}}},
+      {MB_YESNO | MB_ICONASTERISK | MB_DEFBUTTON2,
+       wxYES_NO,
+       wxICON_INFORMATION,
+       wxNO_DEFAULT,
+       "|||",
+       {{wxID_YES, IDYES}, {wxID_NO, IDNO}, {wxID_CANCEL, IDNO}}},
       // A default beyond the kind's buttons leaves the first one.
       {MB_YESNO | MB_DEFBUTTON4, wxYES_NO, wxICON_NONE, 0, "|||", {{wxID_YES, IDYES}}},
-      {MB_RETRYCANCEL | MB_ICONWARNING, wxOK | wxCANCEL, wxICON_WARNING, 0, "||&Retry|",
+      {MB_RETRYCANCEL | MB_ICONWARNING,
+       wxOK | wxCANCEL,
+       wxICON_WARNING,
+       0,
+       "||&Retry|",
        {{wxID_OK, IDRETRY}, {wxID_CANCEL, IDCANCEL}}},
-      {MB_CANCELTRYCONTINUE, yesNoCancel, wxICON_NONE, wxCANCEL_DEFAULT, "&Try Again|&Continue||",
+      {MB_CANCELTRYCONTINUE,
+       yesNoCancel,
+       wxICON_NONE,
+       wxCANCEL_DEFAULT,
+       "&Try Again|&Continue||",
        {{wxID_CANCEL, IDCANCEL}, {wxID_YES, IDTRYAGAIN}, {wxID_NO, IDCONTINUE}}},
       // Help is the last button and cannot be the default.
-      {MB_OKCANCEL | MB_HELP | MB_DEFBUTTON3, wxOK | wxCANCEL | wxHELP, wxICON_NONE, 0, "|||",
+      {MB_OKCANCEL | MB_HELP | MB_DEFBUTTON3,
+       wxOK | wxCANCEL | wxHELP,
+       wxICON_NONE,
+       0,
+       "|||",
        {{wxID_CANCEL, IDCANCEL}}},
       // Kinds that Windows refuses are shown as OK.
       {9 | MB_ICONQUESTION, wxOK, wxICON_QUESTION, 0, "|||", {{wxID_OK, IDOK}}},
   };
   for (Case const & c : cases) {
     for (auto const & [wxId, windowsId] : c.answers) {
-      SCOPED_TRACE(testing::Message() << "type 0x" << std::hex << c.type << ", answer "
-                                      << std::dec << wxId);
+      SCOPED_TRACE(testing::Message()
+                   << "type 0x" << std::hex << c.type << ", answer " << std::dec << wxId);
       ModalDialogScript script;
       script.Answer(wxId);
       MessageBoxInspector inspector;
@@ -109,9 +140,10 @@ TEST_F(MessageBoxes, EveryTypeShowsItsButtonsIconDefaultAndMapsEveryAnswer) {
       EXPECT_EQ(seen.style & kDefaults, c.defaultButton);
       EXPECT_EQ(seen.caption, "Caption");
       EXPECT_EQ(seen.customLabels, std::string(c.labels) != "|||");
-      wxString const shown = seen.customLabels ? WxMnemonics(seen.yes + "|" + seen.no + "|" +
-                                                              seen.ok + "|" + seen.cancel)
-                                               : wxString("|||");
+      wxString const shown =
+          seen.customLabels
+              ? WxMnemonics(seen.yes + "|" + seen.no + "|" + seen.ok + "|" + seen.cancel)
+              : wxString("|||");
       // Compare only the labels the case names.
       wxArrayString const want = wxSplit(c.labels, '|', 0);
       wxArrayString const got = wxSplit(shown, '|', 0);
@@ -140,8 +172,10 @@ TEST_F(MessageBoxes, WithoutHandlerTheFrameworkBoxHasTheApplicationNameAndAnIcon
     UINT type;
     long icon;
   };
-  Case const cases[] = {{MB_OKCANCEL, wxICON_WARNING}, {MB_YESNOCANCEL, wxICON_QUESTION},
-                        {MB_RETRYCANCEL, wxICON_NONE}, {MB_OK | MB_ICONHAND, wxICON_ERROR}};
+  Case const cases[] = {{MB_OKCANCEL, wxICON_WARNING},
+                        {MB_YESNOCANCEL, wxICON_QUESTION},
+                        {MB_RETRYCANCEL, wxICON_NONE},
+                        {MB_OK | MB_ICONHAND, wxICON_ERROR}};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.type);
     ModalDialogScript script;

@@ -213,8 +213,11 @@ TEST(RegFileText, StringTypesConvertBetweenUtf16AndWideText) {
       {std::string("a\0\0\0", 4), std::wstring(L"a\0", 2)},
       {std::string("\x3d\xd8\x00\xde", 4), L"\U0001F600"},  // a surrogate pair
       {std::string("\x3d\xd8", 2), L"\uFFFD"},              // a lone high surrogate
-      {std::string("\x00\xde" "b\x00", 4), L"\uFFFDb"},  // a lone low surrogate
-      {std::string("a\0b", 3), L"a"},                    // half a unit at the end
+      {std::string("\x00\xde"
+                   "b\x00",
+                   4),
+       L"\uFFFDb"},                    // a lone low surrogate
+      {std::string("a\0b", 3), L"a"},  // half a unit at the end
   };
   for (Case const & c : cases) {
     std::string const wide = registry::Utf16ToWideBytes(c.utf16);

@@ -148,13 +148,24 @@ TEST_F(UnprivilegedUser, ReadsTheSystemHiveAndIsDeniedEveryChange) {
   ASSERT_EQ(results.count("exit"), 1u) << "the probe did not run";
   EXPECT_EQ(results.at("exit"), 0);
   long const ok = ERROR_SUCCESS, denied = ERROR_ACCESS_DENIED;
-  std::map<std::string, long> const expected = {
-      {"open-read", ok}, {"query", ok}, {"value", 42}, {"enumerate", ok}, {"query-info", ok},
-      {"set-through-read-handle", denied}, {"open-write", denied}, {"open-maximum-allowed", ok},
-      {"set-through-maximum-allowed", denied}, {"create-existing-for-reading", ok},
-      {"create-existing-for-writing", denied}, {"create-new", denied},
-      {"set-on-predefined", denied}, {"set-legacy", denied}, {"delete-value", denied},
-      {"delete-key", denied}, {"delete-tree", denied}, {"flush", ok}};
+  std::map<std::string, long> const expected = {{"open-read", ok},
+                                                {"query", ok},
+                                                {"value", 42},
+                                                {"enumerate", ok},
+                                                {"query-info", ok},
+                                                {"set-through-read-handle", denied},
+                                                {"open-write", denied},
+                                                {"open-maximum-allowed", ok},
+                                                {"set-through-maximum-allowed", denied},
+                                                {"create-existing-for-reading", ok},
+                                                {"create-existing-for-writing", denied},
+                                                {"create-new", denied},
+                                                {"set-on-predefined", denied},
+                                                {"set-legacy", denied},
+                                                {"delete-value", denied},
+                                                {"delete-key", denied},
+                                                {"delete-tree", denied},
+                                                {"flush", ok}};
   for (auto const & [what, code] : expected) {
     auto const found = results.find(what);
     ASSERT_NE(found, results.end()) << what;

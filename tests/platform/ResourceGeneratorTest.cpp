@@ -40,8 +40,7 @@ protected:
 
   Generated Generate() {
     std::string command = std::string(TALVO_RESGEN) + " --name test --role application --root " +
-                          (mRoot / "module").string() + " --output " +
-                          (mRoot / "out.cpp").string();
+                          (mRoot / "module").string() + " --output " + (mRoot / "out.cpp").string();
     for (std::string const & file : mFiles) command += " '" + file + "'";
     command += " 2>" + (mRoot / "errors.txt").string();
     Generated run;

@@ -42,10 +42,10 @@ TEST_F(ResourceChain, StringsAreFoundApplicationFirstThenLibrary) {
     char const * text;
   };
   Case const cases[] = {
-      {13195, "Menu command", "&About %1%..."},                  // library only
+      {13195, "Menu command", "&About %1%..."},                      // library only
       {13196, nullptr, "Upright\nThe test application's own text"},  // both: the application's
-      {4002, nullptr, "Line one\n\tindented \"quoted\" \\ done"},  // escapes of the table
-      {4003, nullptr, nullptr},                                   // nowhere
+      {4002, nullptr, "Line one\n\tindented \"quoted\" \\ done"},    // escapes of the table
+      {4003, nullptr, nullptr},                                      // nowhere
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.id);

@@ -118,9 +118,9 @@ TEST_F(WinReg, ShortBuffersGetMoreDataAndTheSizeNeeded) {
   ASSERT_EQ(SetText(key, L"text", L"abc"), ERROR_SUCCESS);
   wchar_t buffer[4];
   DWORD size = 3 * sizeof(wchar_t);
-  EXPECT_EQ(RegQueryValueExW(key, L"text", nullptr, nullptr, reinterpret_cast<BYTE *>(buffer),
-                             &size),
-            ERROR_MORE_DATA);
+  EXPECT_EQ(
+      RegQueryValueExW(key, L"text", nullptr, nullptr, reinterpret_cast<BYTE *>(buffer), &size),
+      ERROR_MORE_DATA);
   EXPECT_EQ(size, 4 * sizeof(wchar_t)) << "the size needed";
   // Enumerated names need room for the terminator; the length comes back
   // without it.
@@ -281,8 +281,7 @@ TEST_F(WinReg, QueryInfoCountsNamesInCharacters) {
 }
 
 TEST_F(WinReg, TheLegacyPairWorksOnTheDefaultValueOfTheClassesKeyOfTheSystemHive) {
-  ASSERT_EQ(RegSetValueW(HKEY_CLASSES_ROOT, L"CLSID\\{0}", REG_SZ, L"server.so", 0),
-            ERROR_SUCCESS);
+  ASSERT_EQ(RegSetValueW(HKEY_CLASSES_ROOT, L"CLSID\\{0}", REG_SZ, L"server.so", 0), ERROR_SUCCESS);
   HKEY key = Open(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Classes\\CLSID\\{0}");
   DWORD type = 0;
   std::string data;

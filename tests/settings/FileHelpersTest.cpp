@@ -122,7 +122,8 @@ TEST_F(FileHelpers, TempPathIsTheApplicationsFolderUnderTmpdir) {
   ASSERT_EQ(::setenv("TMPDIR", tmp.c_str(), 1), 0);
   EXPECT_EQ(ignored, "/tmp/Karvinel/Analyser/6.3/") << "a relative TMPDIR is ignored";
   // Only what this test made, and only when empty: /tmp is shared.
-  for (char const * level : {"/tmp/Karvinel/Analyser/6.3", "/tmp/Karvinel/Analyser", "/tmp/Karvinel"})
+  for (char const * level :
+       {"/tmp/Karvinel/Analyser/6.3", "/tmp/Karvinel/Analyser", "/tmp/Karvinel"})
     ::rmdir(level);
 }
 

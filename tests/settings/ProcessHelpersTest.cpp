@@ -71,10 +71,14 @@ TEST(UrlScheme, TellsUrlsFromPaths) {
     char const * target;
     bool url;
   } const cases[] = {
-      {"mailto:someone@example.org", true}, {"a.b-c+d:rest", true},
-      {"/tmp/report.pdf", false},           {"C:/report.pdf", false},
-      {"1http://x", false},                 {"http", false},
-      {"my file:x", false},                 {"", false},
+      {"mailto:someone@example.org", true},
+      {"a.b-c+d:rest", true},
+      {"/tmp/report.pdf", false},
+      {"C:/report.pdf", false},
+      {"1http://x", false},
+      {"http", false},
+      {"my file:x", false},
+      {"", false},
   };
   for (Case const & c : cases) EXPECT_EQ(VxHasUrlScheme(c.target), c.url) << c.target;
 }

@@ -50,10 +50,11 @@ TEST(DesktopEntry, RoundTripsEverySlotExactly) {
 TEST(DesktopEntry, ReadsForeignFilesAndRefusesMalformedOnes) {
   DesktopShortcut shortcut;
   std::string error;
-  ASSERT_TRUE(ParseDesktopEntry("# made elsewhere\r\n\r\n[Desktop Entry]\r\nName=Edit\r\n"
-                                "Exec = gedit %U\r\nComment[de]=Bearbeiten\r\nComment=Edit\r\n"
-                                "[Desktop Action new]\r\nExec=other\r\n",
-                                shortcut, error))
+  ASSERT_TRUE(
+      ParseDesktopEntry("# made elsewhere\r\n\r\n[Desktop Entry]\r\nName=Edit\r\n"
+                        "Exec = gedit %U\r\nComment[de]=Bearbeiten\r\nComment=Edit\r\n"
+                        "[Desktop Action new]\r\nExec=other\r\n",
+                        shortcut, error))
       << error;
   EXPECT_EQ(shortcut.path, std::optional<std::string>("gedit"));
   EXPECT_EQ(shortcut.arguments, std::optional<std::string>("%U"));

@@ -8,9 +8,9 @@
 
 #include "harness/GuiTestUtilities.h"
 #include "settings/PlacementOnScreen.h"
+#include "settings/RectPrinting.h"
 #include "settings/TopLevelWindowPlacement.h"
 #include "settings/WindowPlacement.h"
-#include "settings/RectPrinting.h"
 
 namespace {
 
@@ -122,7 +122,8 @@ TEST_F(PlacedFrame, APlacementOffEveryScreenComesBackOntoOne) {
   EXPECT_TRUE(gui_test::WaitUntil([&] {
     RECT const seen = FrameOnScreen(*mFrame);
     return seen.left >= 0 && seen.right - seen.left >= 600 && VxIsOnAWorkArea(seen, areas, 600);
-  })) << "the X server shows it at " << FrameOnScreen(*mFrame);
+  })) << "the X server shows it at "
+      << FrameOnScreen(*mFrame);
   EXPECT_EQ(VxGetWindowPlacement(*mFrame).rcNormalPosition, expected);
 }
 
@@ -131,18 +132,19 @@ TEST_F(PlacedFrame, AMaximisedWindowKeepsItsNormalRectangle) {
   VxSetWindowPlacement(*mFrame, Placement(SW_SHOWMAXIMIZED, normal));
   ASSERT_TRUE(gui_test::ShowAndWait(*mFrame));
   ASSERT_TRUE(gui_test::WaitUntil([&] { return mFrame->IsMaximized(); }));
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return RectOf(*mFrame).right - RectOf(*mFrame).left > 400; }))
-      << "the window manager maximised it: " << RectOf(*mFrame) << " on screen "
-      << FrameOnScreen(*mFrame);
+  ASSERT_TRUE(gui_test::WaitUntil([&] {
+    return RectOf(*mFrame).right - RectOf(*mFrame).left > 400;
+  })) << "the window manager maximised it: "
+      << RectOf(*mFrame) << " on screen " << FrameOnScreen(*mFrame);
   WINDOWPLACEMENT const read = VxGetWindowPlacement(*mFrame);
   EXPECT_EQ(read.showCmd, SW_SHOWMAXIMIZED);
   EXPECT_EQ(read.rcNormalPosition, normal) << "not the maximised rectangle " << RectOf(*mFrame);
 
   mFrame->Maximize(false);
-  EXPECT_TRUE(gui_test::WaitUntil(
-      [&] { return !mFrame->IsMaximized() && FrameOnScreen(*mFrame) == normal; }))
-      << "restored, decorations included, to " << FrameOnScreen(*mFrame) << ", wx says "
-      << RectOf(*mFrame);
+  EXPECT_TRUE(gui_test::WaitUntil([&] {
+    return !mFrame->IsMaximized() && FrameOnScreen(*mFrame) == normal;
+  })) << "restored, decorations included, to "
+      << FrameOnScreen(*mFrame) << ", wx says " << RectOf(*mFrame);
   EXPECT_EQ(VxGetWindowPlacement(*mFrame).showCmd, SW_SHOWNORMAL);
 }
 
@@ -156,9 +158,10 @@ TEST_F(PlacedFrame, AMinimisedPlacementIconisesTheWindow) {
   EXPECT_EQ(read.showCmd, SW_SHOWMINIMIZED);
   EXPECT_EQ(read.rcNormalPosition, normal);
   mFrame->Iconize(false);
-  EXPECT_TRUE(gui_test::WaitUntil(
-      [&] { return !mFrame->IsIconized() && FrameOnScreen(*mFrame) == normal; }))
-      << "restored to " << FrameOnScreen(*mFrame);
+  EXPECT_TRUE(gui_test::WaitUntil([&] {
+    return !mFrame->IsIconized() && FrameOnScreen(*mFrame) == normal;
+  })) << "restored to "
+      << FrameOnScreen(*mFrame);
 }
 
 }  // namespace

@@ -34,9 +34,10 @@ TEST_F(ValidateFolder, AnExistingFolderPassesSilentlyAFileInTheWayIsAnError) {
   std::string const file = mRoot + "/file";
   Spit(file, "x");
   EXPECT_FALSE(VxValidateFolder(file, nullptr));
-  EXPECT_EQ(mBoxes, (Boxes{{MB_ICONHAND,
-                            "A file with the same name as the specified folder already exists.\n" +
-                                file + "\nPlease change the folder name to something else."}}));
+  EXPECT_EQ(
+      mBoxes,
+      (Boxes{{MB_ICONHAND, "A file with the same name as the specified folder already exists.\n" +
+                               file + "\nPlease change the folder name to something else."}}));
 }
 
 TEST_F(ValidateFolder, AMissingFolderIsCreatedOnlyWhenTheUserAgrees) {
@@ -61,8 +62,9 @@ TEST_F(ValidateFolder, BlanksAroundTheLastNameAreRefusedAfterTheQuestion) {
     EXPECT_EQ(VxFileExist(wanted), VxNothing) << name;
     ASSERT_EQ(mBoxes.size(), 2u) << name;
     EXPECT_EQ(mBoxes[1], (std::pair<UINT, std::string>{
-                             MB_ICONHAND, "A folder name may not start or end with spaces, please "
-                                          "change the folder name."}));
+                             MB_ICONHAND,
+                             "A folder name may not start or end with spaces, please "
+                             "change the folder name."}));
   }
   EXPECT_TRUE(VxValidateFolder(mRoot + "/ inner blanks are fine/x", nullptr));
   // A folder that cannot be made (a file stands in its path) is reported.

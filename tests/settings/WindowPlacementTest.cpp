@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "settings/PlacementOnScreen.h"
-#include "settings/WindowPlacement.h"
 #include "settings/RectPrinting.h"
+#include "settings/WindowPlacement.h"
 
 namespace {
 
@@ -17,10 +17,14 @@ WINDOWPLACEMENT Filled(UINT value) {
 }
 
 TEST(WindowPlacementText, RoundTripsEveryFieldInOrder) {
-  WINDOWPLACEMENT const extremes{44, 4294967295u, 0, POINT{-2147483647 - 1, 2147483647},
-                                 POINT{-1, -1}, RECT{-3000, -20, 810, 620}};
-  WINDOWPLACEMENT const ordinary{44, 0, SW_SHOWMAXIMIZED, POINT{1, 2}, POINT{3, 4},
-                                 RECT{5, 6, 7, 8}};
+  WINDOWPLACEMENT const extremes{44,
+                                 4294967295u,
+                                 0,
+                                 POINT{-2147483647 - 1, 2147483647},
+                                 POINT{-1, -1},
+                                 RECT{-3000, -20, 810, 620}};
+  WINDOWPLACEMENT const ordinary{44,          0,           SW_SHOWMAXIMIZED,
+                                 POINT{1, 2}, POINT{3, 4}, RECT{5, 6, 7, 8}};
   EXPECT_EQ(WindowPlacementToString(ordinary), "0,3,1,2,3,4,5,6,7,8");
   EXPECT_EQ(WindowPlacementToString(extremes),
             "4294967295,0,-2147483648,2147483647,-1,-1,-3000,-20,810,620");
@@ -87,7 +91,8 @@ TEST(PlacementOnScreen, MovesOnlyLostRectanglesOntoTheNearestArea) {
       {{3000, 1060, 3400, 1400}, {2800, 740, 3200, 1080}, "a 20-pixel corner is too little"},
       {{100, -5000, 900, -4400}, {100, 0, 900, 600}, "above"},
       {{-90000, -9000, -80000, 1000}, {0, 0, 1280, 1000}, "larger than any screen: shrunk"},
-      {{-2147483647 - 1, -2147483647 - 1, -2147483000, -2147483000}, {0, 0, 648, 648},
+      {{-2147483647 - 1, -2147483647 - 1, -2147483000, -2147483000},
+       {0, 0, 648, 648},
        "extreme coordinates"},
       {{-500, 50, -900, 10}, {0, 50, 1, 51}, "inverted: one pixel"},
   };

@@ -342,9 +342,9 @@ TEST(AuditTrail, SaveAsWritesThePageAndItsStylesheet) {
                             "Assay &amp; Co", "2024-06-11 09:15:02"})
     EXPECT_NE(page.find(text), std::string::npos) << text << "\n" << page;
   std::regex const row("<tr class=\"(session-begin|event)\">");
-  EXPECT_EQ(std::distance(std::sregex_iterator(page.begin(), page.end(), row),
-                          std::sregex_iterator()),
-            2);
+  EXPECT_EQ(
+      std::distance(std::sregex_iterator(page.begin(), page.end(), row), std::sregex_iterator()),
+      2);
 }
 
 }  // namespace

@@ -23,21 +23,27 @@ TEST(CompareNumber, OrdersPairs) {
     int expected;
   } const cases[] = {
       {"Run 9", "Run 10", -1},
-      {"run 10", "Run 9", 1},                       // case ignored before the number decides
-      {"x2y10", "x2y9", 1},                         // later numbers compared too
-      {"7", "07", -1},                              // equal value: fewer leading zeros first
-      {"a07b", "a7c", -1},                          // ...but only when the rest is equal
-      {"1" + huge, huge, 1},                        // no overflow on long runs
-      {"000" + huge, huge + "0", -1},               // leading zeros do not count for length
-      {"A1", "a1", -1},                             // final tie-break by bytes
+      {"run 10", "Run 9", 1},          // case ignored before the number decides
+      {"x2y10", "x2y9", 1},            // later numbers compared too
+      {"7", "07", -1},                 // equal value: fewer leading zeros first
+      {"a07b", "a7c", -1},             // ...but only when the rest is equal
+      {"1" + huge, huge, 1},           // no overflow on long runs
+      {"000" + huge, huge + "0", -1},  // leading zeros do not count for length
+      {"A1", "a1", -1},                // final tie-break by bytes
       {"", "0", -1},
-      {"file5", "file!", 1},                        // a number sorts like a digit: after "!"
-      {"file5", "filea", -1},                       // ...and before letters
+      {"file5", "file!", 1},   // a number sorts like a digit: after "!"
+      {"file5", "filea", -1},  // ...and before letters
       {"\xc3\xa9t\xc3\xa9 2", "\xc3\x89T\xc3\x89 10", -1},  // été 2 < ÉTÉ 10
-      {"1\xff" "2", "9", 1},                        // invalid byte inside a run: 12
-      {"a\xff" "5", "a10", -1},                     // invalid byte before a run
-      {"x10", "x1", 1},                             // one run goes on
-      {"5\xff" "3", "54", -1},                      // invalid byte after equal digits: 53
+      {"1\xff"
+       "2",
+       "9", 1},  // invalid byte inside a run: 12
+      {"a\xff"
+       "5",
+       "a10", -1},       // invalid byte before a run
+      {"x10", "x1", 1},  // one run goes on
+      {"5\xff"
+       "3",
+       "54", -1},                                            // invalid byte after equal digits: 53
       {std::string("a\0b", 3), std::string("a\0c", 3), -1},  // NUL inside is a character
   };
   for (Case const & c : cases) {
@@ -50,9 +56,25 @@ TEST(CompareNumber, OrdersPairs) {
 // Pieces chosen to collide: equal values with different zeros, case twins,
 // ß against ss, invalid bytes, digits meeting letters.
 std::string RandomText(std::mt19937 & random) {
-  static char const * const pieces[] = {"a", "A", "b", "0", "00", "1", "01", "9", "10",
-                                        "ss", "\xc3\x9f", "\xc3\xa9", "\xc3\x89", " ", "!",
-                                        "\xff", "\xc3", "z", "99999999999999999999"};
+  static char const * const pieces[] = {"a",
+                                        "A",
+                                        "b",
+                                        "0",
+                                        "00",
+                                        "1",
+                                        "01",
+                                        "9",
+                                        "10",
+                                        "ss",
+                                        "\xc3\x9f",
+                                        "\xc3\xa9",
+                                        "\xc3\x89",
+                                        " ",
+                                        "!",
+                                        "\xff",
+                                        "\xc3",
+                                        "z",
+                                        "99999999999999999999"};
   std::uniform_int_distribution<int> length(0, 5);
   std::uniform_int_distribution<size_t> piece(0, std::size(pieces) - 1);
   std::string text;

@@ -17,9 +17,11 @@ TEST(ConfigurationSection, WritesTheDocumentedTextFormsAndReadsThemBackExactly) 
   InMemorySection section;
   double const max = std::numeric_limits<double>::max();
   double const tiny = std::numeric_limits<double>::denorm_min();
-  std::pair<double, char const *> const doubles[] = {
-      {0.1, "0.1"}, {-0.0, "-0"}, {max, "1.7976931348623157e+308"}, {tiny, "5e-324"},
-      {-INFINITY, "-inf"}};
+  std::pair<double, char const *> const doubles[] = {{0.1, "0.1"},
+                                                     {-0.0, "-0"},
+                                                     {max, "1.7976931348623157e+308"},
+                                                     {tiny, "5e-324"},
+                                                     {-INFINITY, "-inf"}};
   for (auto const & [value, text] : doubles) {
     section.WriteFloat("d", value);
     EXPECT_EQ(section.Raw("d"), text);
@@ -53,12 +55,17 @@ TEST(ConfigurationSection, ParsesOnlyWholeNumbersInRange) {
     int intValue;
     bool isBool, boolValue;
   } const cases[] = {
-      {" -7 ", true, -7, true, true},         {"0", true, 0, true, false},
+      {" -7 ", true, -7, true, true},
+      {"0", true, 0, true, false},
       {"2147483647", true, INT_MAX, true, true},
-      {"2147483648", false, 0, false, false}, {"+-5", false, 0, false, false},
-      {"12abc", false, 0, false, false},      {"0x10", false, 0, false, false},
-      {"", false, 0, false, false},           {"1 2", false, 0, false, false},
-      {"TRUE", false, 0, true, true},         {"false", false, 0, true, false},
+      {"2147483648", false, 0, false, false},
+      {"+-5", false, 0, false, false},
+      {"12abc", false, 0, false, false},
+      {"0x10", false, 0, false, false},
+      {"", false, 0, false, false},
+      {"1 2", false, 0, false, false},
+      {"TRUE", false, 0, true, true},
+      {"false", false, 0, true, false},
       {"yes", false, 0, false, false},
   };
   for (Case const & c : cases) {

@@ -16,12 +16,16 @@ TEST(ExceptionMessage, SubstitutesArgumentsInOrderAndKeepsWhatIsNoPlaceholder) {
     std::vector<char const *> arguments;
     char const * expected;
   } const cases[] = {
-      {"Install {1} again ({2} tries, {1}).", {"Analyzer", "3"},
+      {"Install {1} again ({2} tries, {1}).",
+       {"Analyzer", "3"},
        "Install Analyzer again (3 tries, Analyzer)."},
       {"{1} of {2} {x} {} {0} {1", {"one"}, "one of {2} {x} {} {0} {1"},
       {"{99999999999999999999999}", {}, "{99999999999999999999999}"},
       {"[{1}]", {nullptr}, "[]"},
-      {"<{1}>", {"a\xff\xfe" "b\xc3"}, "<ab>"},  // invalid UTF-8 is skipped
+      {"<{1}>",
+       {"a\xff\xfe"
+        "b\xc3"},
+       "<ab>"},  // invalid UTF-8 is skipped
       {nullptr, {}, ""},
   };
   for (Case const & c : cases) {

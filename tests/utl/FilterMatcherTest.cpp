@@ -12,8 +12,19 @@ using Problem = FilterMatcher::Problem;
 
 TEST(FilterMatcher, SelectsTheTextsTheFilterDescribes) {
   std::vector<std::string> const texts = {
-      "Pump station 12", "Valve 7", "pump valve", "Cold water tank", "cold", "water cold",
-      "run-3.csv",       "Run 4.CSV", "Dry run 5", "a|b",  "say \"hi\"", "Stra\xc3\x9f" "e",
+      "Pump station 12",
+      "Valve 7",
+      "pump valve",
+      "Cold water tank",
+      "cold",
+      "water cold",
+      "run-3.csv",
+      "Run 4.CSV",
+      "Dry run 5",
+      "a|b",
+      "say \"hi\"",
+      "Stra\xc3\x9f"
+      "e",
       "",
   };
   struct Case {
@@ -21,21 +32,21 @@ TEST(FilterMatcher, SelectsTheTextsTheFilterDescribes) {
     std::vector<int> matching;  // indexes into texts
   } const cases[] = {
       {"", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
-      {"pump", {0, 2}},                          // substring, no regard to case
-      {"PUMP valve", {2}},                       // AND
-      {"pump | valve", {0, 1, 2}},               // OR
-      {"pump -valve", {0}},                      // exclusion
-      {"\"cold water\"", {3}},                   // one term with a blank
+      {"pump", {0, 2}},             // substring, no regard to case
+      {"PUMP valve", {2}},          // AND
+      {"pump | valve", {0, 1, 2}},  // OR
+      {"pump -valve", {0}},         // exclusion
+      {"\"cold water\"", {3}},      // one term with a blank
       {"-\"cold water\" cold", {4, 5}},
-      {"pump station | cold -water", {0, 4}},    // "|" binds loosest
-      {"*.csv", {6, 7}},                         // wildcards match the whole text
+      {"pump station | cold -water", {0, 4}},  // "|" binds loosest
+      {"*.csv", {6, 7}},                       // wildcards match the whole text
       {"run", {6, 7, 8}},
       {"?alve*", {1}},
       {"--3", {0, 1, 2, 3, 4, 5, 7, 8, 9, 10, 11, 12}},  // excludes "-3"
-      {"\"-\"", {6}},                            // a quoted minus is searched for
-      {"\"a|b\"", {9}},                          // a quoted bar too
-      {"\"say \"\"hi\"\"\"", {10}},              // "" inside quotes is a quotation mark
-      {"strasse", {11}},                         // full folding: ß is ss
+      {"\"-\"", {6}},                                    // a quoted minus is searched for
+      {"\"a|b\"", {9}},                                  // a quoted bar too
+      {"\"say \"\"hi\"\"\"", {10}},                      // "" inside quotes is a quotation mark
+      {"strasse", {11}},                                 // full folding: ß is ss
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.filter);
@@ -64,8 +75,8 @@ TEST(FilterMatcher, ReadsMalformedFiltersLenientlyAndNamesTheLastProblem) {
       {"- \"x", Problem::UnclosedQuote, "\"x\""},  // the last problem wins
       {"\"x\" - |", Problem::EmptyAlternative, "x"},
   };
-  std::vector<std::string> const texts = {"cold water", "pump", "a b", "a", "b", "x", "-", "",
-                                          "\"", "cold wat"};
+  std::vector<std::string> const texts = {"cold water", "pump", "a b", "a",  "b",
+                                          "x",          "-",    "",    "\"", "cold wat"};
   for (Case const & c : cases) {
     SCOPED_TRACE(c.filter);
     EXPECT_EQ(FilterMatcher::FindProblem(c.filter), c.problem);

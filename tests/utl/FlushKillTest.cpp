@@ -73,8 +73,7 @@ TEST(FlushKill, KilledFlushLeavesOldOrNewNeverBroken) {
     // Kill somewhere inside the next flush: spin, don't sleep, a random while.
     int const spin = std::uniform_int_distribution<int>(0, 3000)(random);
     auto const until = std::chrono::steady_clock::now() + std::chrono::microseconds(spin);
-    while (std::chrono::steady_clock::now() < until) {
-    }
+    while (std::chrono::steady_clock::now() < until) {}
     ASSERT_EQ(::kill(child, SIGKILL), 0);
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);

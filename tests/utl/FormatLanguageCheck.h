@@ -32,7 +32,7 @@ inline bool IsDateItem(std::string const & item) {
 // What an application would object to in `format`, or "": unknown items, a
 // group twice, a twelve-hour clock without "tt".
 inline std::string Problems(std::string const & format) {
-  static std::set<std::string> const known = {"yyyy", "yy", "MMM", "MM", "M",  "ddd", "dd", "d",
+  static std::set<std::string> const known = {"yyyy", "yy", "MMM", "MM", "M",  "ddd", "dd",  "d",
                                               "HH",   "H",  "hh",  "h",  "mm", "ss",  "fff", "tt"};
   std::string problems;
   std::set<char> groups;

@@ -56,7 +56,8 @@ TEST_F(LogTest, OneEntryIsOneLineWhateverTheText) {
   Log::WriteMessage("A", "B", "out of range", static_cast<Log::Importance>(99), false);
   auto const lines = Lines(Log::GetLogFilePath());
   ASSERT_EQ(lines.size(), 3u);
-  EXPECT_NE(lines[0].find("] 3 A::B: two\\nlines\\r and  bad UTF-8"), std::string::npos) << lines[0];
+  EXPECT_NE(lines[0].find("] 3 A::B: two\\nlines\\r and  bad UTF-8"), std::string::npos)
+      << lines[0];
   EXPECT_NE(lines[1].find("] 4 ::: "), std::string::npos) << lines[1];
   EXPECT_NE(lines[2].find("] 4 A::B: out of range"), std::string::npos) << lines[2];
 }

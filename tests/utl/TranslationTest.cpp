@@ -45,9 +45,9 @@ TEST_F(Translation, ContextsSeparateOneWordsTwoTranslations) {
 
 TEST_F(Translation, MissingCatalogFallsBackToTheEnglishText) {
   std::locale const french = Install("fr_FR.UTF-8", {"no-such-domain"});
-  EXPECT_EQ(Exception(ExceptionMessage::translate("The file {1} does not exist.") % "x")
-                .Why(french),
-            "The file x does not exist.");
+  EXPECT_EQ(
+      Exception(ExceptionMessage::translate("The file {1} does not exist.") % "x").Why(french),
+      "The file x does not exist.");
   EXPECT_EQ(vx3::TranslateText("Ready", std::locale::classic()), "Ready");
 }
 

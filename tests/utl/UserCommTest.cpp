@@ -32,12 +32,12 @@ TEST(MuteUserComm, AnswersEachQuestionWithTheDefaultItOffersOrTheSafeAnswer) {
   };
   // default            YesNo           5 buttons        Yes/YesAll/Cancel  Yes/Cancel
   Case const cases[] = {
-      {UserCommNone,     UserCommNo,  UserCommCancel,   UserCommCancel,   UserCommCancel},
-      {UserCommYes,      UserCommYes, UserCommYes,      UserCommYes,      UserCommYes},
+      {UserCommNone, UserCommNo, UserCommCancel, UserCommCancel, UserCommCancel},
+      {UserCommYes, UserCommYes, UserCommYes, UserCommYes, UserCommYes},
       {UserCommYesToAll, UserCommYes, UserCommYesToAll, UserCommYesToAll, UserCommYes},
-      {UserCommNo,       UserCommNo,  UserCommNo,       UserCommCancel,   UserCommCancel},
-      {UserCommCancel,   UserCommNo,  UserCommCancel,   UserCommCancel,   UserCommCancel},
-      {-7,               UserCommNo,  UserCommCancel,   UserCommCancel,   UserCommCancel},
+      {UserCommNo, UserCommNo, UserCommNo, UserCommCancel, UserCommCancel},
+      {UserCommCancel, UserCommNo, UserCommCancel, UserCommCancel, UserCommCancel},
+      {-7, UserCommNo, UserCommCancel, UserCommCancel, UserCommCancel},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.defaultAnswer);
@@ -53,8 +53,7 @@ TEST(MuteUserComm, WritesInformationAndSilentAnswersToTheLog) {
   TestMuteUserComm comm;
   comm.InformUser(ExceptionMessage::translate("{1} rows imported.") % 12,
                   ExceptionMessage::translate("Import"), 0);
-  comm.AskUserYesNo(ExceptionMessage::translate("Delete the run?"), UserCommMessage(),
-                    UserCommYes);
+  comm.AskUserYesNo(ExceptionMessage::translate("Delete the run?"), UserCommMessage(), UserCommYes);
   std::string const log = Slurp(Log::GetLogFilePath());
   EXPECT_NE(log.find("MuteUserComm::InformUser: Import: 12 rows imported."), std::string::npos)
       << log;

@@ -17,13 +17,13 @@ TEST(Utf, InvalidSequencesAreSkippedAndTheRestKept) {
   struct Case {
     char const *input, *kept;
   } const cases[] = {
-      {"<\xc3>", "<>"},                  // lead byte without continuation
-      {"x\xff\xfey", "xy"},              // bytes that never start a sequence
-      {"\xc0\xaf/", "/"},                // overlong "/"
-      {"\xed\xa0\x80!", "!"},            // UTF-16 surrogate
-      {"\xf4\x90\x80\x80.", "."},        // beyond U+10FFFF
-      {"\xe2\x82", ""},                  // cut off at the end
-      {"\x80\x80ok", "ok"},              // stray continuations
+      {"<\xc3>", "<>"},            // lead byte without continuation
+      {"x\xff\xfey", "xy"},        // bytes that never start a sequence
+      {"\xc0\xaf/", "/"},          // overlong "/"
+      {"\xed\xa0\x80!", "!"},      // UTF-16 surrogate
+      {"\xf4\x90\x80\x80.", "."},  // beyond U+10FFFF
+      {"\xe2\x82", ""},            // cut off at the end
+      {"\x80\x80ok", "ok"},        // stray continuations
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.input);

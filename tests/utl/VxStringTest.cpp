@@ -12,8 +12,8 @@ namespace {
 TEST(VxString, HeapStringsSurviveBeingBuiltFromThemselves) {
   wchar_t * s = nullptr;
   EXPECT_STREQ(VxString::ConcatStr(s, L"ab"), L"ab");  // a null target is empty
-  EXPECT_STREQ(VxString::ConcatStr(s, s), L"abab");  // the value is the target
-  EXPECT_STREQ(VxString::SetStr(s, s + 1), L"bab");  // the value lies inside the target
+  EXPECT_STREQ(VxString::ConcatStr(s, s), L"abab");    // the value is the target
+  EXPECT_STREQ(VxString::SetStr(s, s + 1), L"bab");    // the value lies inside the target
   EXPECT_EQ(VxString::SetStr(s, nullptr), nullptr);
   EXPECT_EQ(s, nullptr);
 }
@@ -35,10 +35,18 @@ TEST(VxString, ToIntReadsWholeDecimalNumbersOnly) {
     bool ok;
     int value;
   } const cases[] = {
-      {L" \t-17 \n", true, -17},        {L"+5", true, 5},          {L"010", true, 10},
-      {L"-2147483648", true, INT_MIN}, {L"2147483648", false, 0}, {L"", false, 0},
-      {L"99999999999999999999", false, 0}, {L"-", false, 0},      {L"+-1", false, 0},
-      {L"1 2", false, 0},              {L"0x10", false, 0},       {L"\u0661", false, 0},
+      {L" \t-17 \n", true, -17},
+      {L"+5", true, 5},
+      {L"010", true, 10},
+      {L"-2147483648", true, INT_MIN},
+      {L"2147483648", false, 0},
+      {L"", false, 0},
+      {L"99999999999999999999", false, 0},
+      {L"-", false, 0},
+      {L"+-1", false, 0},
+      {L"1 2", false, 0},
+      {L"0x10", false, 0},
+      {L"\u0661", false, 0},
       {L"\u00a012", false, 0},  // a no-break space is no blank
   };
   for (Case const & c : cases) {
@@ -56,11 +64,19 @@ TEST(VxString, ToFloatReadsDecimalNumbersWithinFloatRange) {
     bool ok;
     float value;
   } const cases[] = {
-      {L" -2.5e3 ", true, -2500.0f},   {L"+.5", true, 0.5f},  {L"5.", true, 5.0f},
-      {L"0e999999999", true, 0.0f},    {L"1e-40", true, 1e-40f},  // a denormal is kept
-      {L"3.4028236e38", false, 0},     {L"1e-50", false, 0},  {L"1,5", false, 0},
-      {L"inf", false, 0},              {L"0x1p3", false, 0},  {L"1e", false, 0},
-      {L"-.e1", false, 0},             {L"1.5f", false, 0},
+      {L" -2.5e3 ", true, -2500.0f},
+      {L"+.5", true, 0.5f},
+      {L"5.", true, 5.0f},
+      {L"0e999999999", true, 0.0f},
+      {L"1e-40", true, 1e-40f},  // a denormal is kept
+      {L"3.4028236e38", false, 0},
+      {L"1e-50", false, 0},
+      {L"1,5", false, 0},
+      {L"inf", false, 0},
+      {L"0x1p3", false, 0},
+      {L"1e", false, 0},
+      {L"-.e1", false, 0},
+      {L"1.5f", false, 0},
   };
   for (Case const & c : cases) {
     float value = -7.0f;

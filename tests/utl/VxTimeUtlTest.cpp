@@ -13,10 +13,10 @@ namespace {
 
 using namespace VxTimeUtl;
 
-constexpr int64_t kWinter = 1705320000;  // 2024-01-15 12:00:00 UTC
-constexpr int64_t kSummer = 1721044800;  // 2024-07-15 12:00:00 UTC
+constexpr int64_t kWinter = 1705320000;                // 2024-01-15 12:00:00 UTC
+constexpr int64_t kSummer = 1721044800;                // 2024-07-15 12:00:00 UTC
 constexpr int64_t kNewYorkSpringForward = 1710054000;  // 2024-03-10 07:00:00 UTC
-char const kNewYork[] = "EST5EDT,M3.2.0,M11.1.0";  // a POSIX rule: no zone data needed
+char const kNewYork[] = "EST5EDT,M3.2.0,M11.1.0";      // a POSIX rule: no zone data needed
 
 // Each test starts in UTC and the C.UTF-8 locale, and leaves them so.
 class TimeEnvironment : public testing::Test {

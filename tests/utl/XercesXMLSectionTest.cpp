@@ -74,7 +74,9 @@ TEST(XercesXMLSection, RefusesTextThatXmlCannotHold) {
   EXPECT_FALSE(root.HasKey("nul\x01name"));
   EXPECT_THROW(Section(root.CreateSubSection("bad\x02")), Exception);
   // Invalid UTF-8 is skipped, as in every conversion of the family.
-  EXPECT_TRUE(root.WriteKey("utf", "a\xff" "b"));
+  EXPECT_TRUE(root.WriteKey("utf",
+                            "a\xff"
+                            "b"));
   EXPECT_EQ(Read(root, "utf"), "ab");
 }
 
@@ -212,7 +214,8 @@ TEST(XercesXMLSection, WriteToSectionCopiesTheWholeSubtree) {
   EXPECT_EQ(Read(*row, "b"), "2");
   EXPECT_NE(target.ToXmlString().find("<Section name=\"Plain\">\n    <Key name=\"c\">3</Key>"),
             std::string::npos)
-      << "an unindexed section stays unindexed\n" << target.ToXmlString();
+      << "an unindexed section stays unindexed\n"
+      << target.ToXmlString();
   Section below(source->CreateSubSection("Below"));
   EXPECT_FALSE(source->WriteToSection(below.get())) << "a copy into itself would never end";
 }
@@ -269,8 +272,9 @@ std::string Nested(int depth) {
 }
 
 TEST(XercesXMLSection, RefusesBadFilesWithAClearMessageAndLeavesThemAlone) {
-  std::string const laughs = "<?xml version='1.0'?>\n<!DOCTYPE Settings [<!ENTITY a 'lol'>"
-                             "<!ENTITY b '&a;&a;&a;&a;'>]><Settings>&b;</Settings>";
+  std::string const laughs =
+      "<?xml version='1.0'?>\n<!DOCTYPE Settings [<!ENTITY a 'lol'>"
+      "<!ENTITY b '&a;&a;&a;&a;'>]><Settings>&b;</Settings>";
   std::string manyEmptyThenDeep = "<Settings>";
   for (int i = 0; i < 300; ++i) manyEmptyThenDeep += "<Key name='e'/>";
   manyEmptyThenDeep += Nested(130).substr(10);
@@ -293,8 +297,7 @@ TEST(XercesXMLSection, RefusesBadFilesWithAClearMessageAndLeavesThemAlone) {
     std::string const why = Refusal(path);
     EXPECT_NE(why.find(c.expected), std::string::npos) << why;
     EXPECT_EQ(Slurp(path), c.content);
-    EXPECT_THROW(delete XercesXMLSection::CreateXMLSectionFromString(c.content.c_str()),
-                 Exception);
+    EXPECT_THROW(delete XercesXMLSection::CreateXMLSectionFromString(c.content.c_str()), Exception);
   }
   // Exactly at the depth limit is fine (the root is the first level).
   std::unique_ptr<XercesXMLSection> deepest(

@@ -72,9 +72,8 @@ TEST_F(BreakDialogInputTest, EscapeAsksAndTheEndOfTheCalculationAnswersNo) {
     BreakDialog * const dialog = BreakSpinnerThread::Host().GetDialog();
     ASSERT_NE(dialog, nullptr);
     dialog->OnShowDelayElapsed();
-    ASSERT_TRUE(ReportUntil(progress, [&] {
-      return IsClickable(dialog->GetStopButton()) && dialog->IsActive();
-    }));
+    ASSERT_TRUE(ReportUntil(
+        progress, [&] { return IsClickable(dialog->GetStopButton()) && dialog->IsActive(); }));
     FakeKey(XK_Escape);
     asked = ReportUntil(progress, [&] { return dialog->IsConfirmShown(); });
     question = dialog->GetConfirmWindow();

@@ -34,10 +34,14 @@ struct Named {
 };
 
 std::vector<Named> Shown(BreakDialogLayout const & layout) {
-  std::vector<Named> all{{"spinner", layout.spinner},         {"placeholder", layout.placeholder},
-                         {"painting", layout.painting},       {"portrait", layout.portrait},
-                         {"artist text", layout.artistText}, {"painting text", layout.paintingText},
-                         {"gauge", layout.gauge},             {"button", layout.button}};
+  std::vector<Named> all{{"spinner", layout.spinner},
+                         {"placeholder", layout.placeholder},
+                         {"painting", layout.painting},
+                         {"portrait", layout.portrait},
+                         {"artist text", layout.artistText},
+                         {"painting text", layout.paintingText},
+                         {"gauge", layout.gauge},
+                         {"button", layout.button}};
   std::vector<Named> shown;
   for (Named const & n : all)
     if (!n.rect.IsEmpty()) shown.push_back(n);
@@ -52,8 +56,8 @@ TEST(BreakDialogLayout, ControlsOfEveryFaceSitInsideTheMarginsAndApart) {
   };
   for (Case const & c : {Case{BreakDialogFace::kSpinner, {"spinner", "button"}},
                          Case{BreakDialogFace::kPlain, {"placeholder", "button"}},
-                         Case{BreakDialogFace::kArt, {"painting", "portrait", "artist text",
-                                                      "painting text", "button"}}})
+                         Case{BreakDialogFace::kArt,
+                              {"painting", "portrait", "artist text", "painting text", "button"}}})
     for (int gaugeHeight : {0, 18}) {
       SCOPED_TRACE(testing::Message() << int(c.face) << " gauge " << gaugeHeight);
       BreakDialogLayout const layout = LayOutBreakDialog(Measures(c.face, gaugeHeight));
@@ -100,8 +104,7 @@ TEST(BreakDialogLayout, ArtFaceKeepsRoomForTheLargestPictures) {
   // A tall column (big portrait) sets the height; the painting is centred on it.
   m.portrait = wxSize(90, 400);
   BreakDialogLayout const tall = LayOutBreakDialog(m);
-  EXPECT_EQ(tall.painting.GetTop() - kMargin,
-            tall.button.GetBottom() - tall.painting.GetBottom());
+  EXPECT_EQ(tall.painting.GetTop() - kMargin, tall.button.GetBottom() - tall.painting.GetBottom());
 }
 
 TEST(BreakDialogLayout, ButtonTallerThanTheSpinnerSetsTheHeight) {
@@ -121,9 +124,9 @@ TEST(BreakDialogLayout, PlacedCentredOnTheOwnerAndKeptOnTheScreen) {
     wxPoint expected;
   };
   for (Case const & c : {Case{{100, 100, 600, 400}, {200, 100}, {300, 250}},
-                         Case{{0, 0, 600, 300}, {400, 500}, {100, 0}},        // owner at the top
+                         Case{{0, 0, 600, 300}, {400, 500}, {100, 0}},         // owner at the top
                          Case{{1000, 900, 600, 300}, {400, 300}, {880, 724}},  // at the far corner
-                         Case{{0, 0, 600, 300}, {1400, 1100}, {0, 0}}})        // larger than the screen
+                         Case{{0, 0, 600, 300}, {1400, 1100}, {0, 0}}})  // larger than the screen
     EXPECT_EQ(PlaceOnScreen(c.owner, c.size, screen), c.expected) << c.owner.x << "," << c.owner.y;
   // A second screen on the left of the first.
   EXPECT_EQ(PlaceOnScreen({-1000, 0, 400, 300}, {600, 200}, {-1280, 0, 1280, 1024}),

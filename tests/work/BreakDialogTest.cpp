@@ -157,10 +157,10 @@ TEST_F(BreakDialogTest, FacesFollowTheOperationAndTheArt) {
     int preferred;
     BreakDialogFace face;
   };
-  for (Case const & c : {Case{true, true, 0, BreakDialogFace::kSpinner},  // art never with a spinner
-                         Case{false, true, 0, BreakDialogFace::kArt},
-                         Case{false, false, 1, BreakDialogFace::kArt},
-                         Case{false, true, -1, BreakDialogFace::kPlain}}) {
+  for (Case const & c :
+       {Case{true, true, 0, BreakDialogFace::kSpinner},  // art never with a spinner
+        Case{false, true, 0, BreakDialogFace::kArt}, Case{false, false, 1, BreakDialogFace::kArt},
+        Case{false, true, -1, BreakDialogFace::kPlain}}) {
     ProgressArt::SetPreferedArtist(c.preferred);
     auto progress = Start(c.spin, c.gauge);
     dialog().OnShowDelayElapsed();

@@ -66,7 +66,7 @@ TEST(ProgressCounter, IsAddedBySetAndClearedByEveryRangeChange) {
   EXPECT_EQ(progress.GetValue(), 0.25f);
   progress.SetCounter(5);
   progress.PopSubRange();
-  EXPECT_EQ(progress.GetValue(), 5);  // the end of the slice, no counter
+  EXPECT_EQ(progress.GetValue(), 5);    // the end of the slice, no counter
   EXPECT_TRUE(progress.PopSubRange());  // on the last level: changes nothing
   EXPECT_EQ(progress.GetValue(), 5);
   EXPECT_EQ(progress.GetDepth(), 1u);
@@ -132,7 +132,9 @@ TEST(ProgressBadInput, RangesAreKeptAsGivenAndValuesOutsideThemToo) {
   // Unlike the constructor, SetRange corrects nothing, and a level over such
   // a range still nests.
   auto const same = [](float a, float b) { return a == b || (std::isnan(a) && std::isnan(b)); };
-  struct Case { float from, to; } const cases[] = {{5, 5}, {10, 0}, {kNaN, 1}, {-kInf, kInf}};
+  struct Case {
+    float from, to;
+  } const cases[] = {{5, 5}, {10, 0}, {kNaN, 1}, {-kInf, kInf}};
   for (auto const & c : cases) {
     Progress progress = MakeProgress(0, 10);
     progress.SetRange(c.from, c.to);

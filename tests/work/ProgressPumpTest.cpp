@@ -49,11 +49,14 @@ TEST_F(ProgressPumpTest, WindowsRepaintWhileTheCalculationReports) {
   for (int round = 0; round < 3; ++round) {
     int const before = paints;
     canvas->Refresh();
-    EXPECT_TRUE(ReportUntil(progress, [&] { return paints > before; }, 0)) << round;
+    EXPECT_TRUE(ReportUntil(
+        progress, [&] { return paints > before; }, 0))
+        << round;
   }
   int const before = paints;
   canvas->SetSize(wxSize(240, 110));
-  EXPECT_TRUE(ReportUntil(progress, [&] { return paints > before; }, 0));
+  EXPECT_TRUE(ReportUntil(
+      progress, [&] { return paints > before; }, 0));
 }
 
 TEST_F(ProgressPumpTest, ClicksWaitForTheEndAndArriveOnceInOrder) {
@@ -75,7 +78,8 @@ TEST_F(ProgressPumpTest, TimersAndQueuedEventsWaitForTheEnd) {
   int ticks = 0;
   bool calledAfter = false;
   wxTimer timer(frame);
-  frame->Bind(wxEVT_TIMER, [&](wxTimerEvent &) { ++ticks; }, timer.GetId());
+  frame->Bind(
+      wxEVT_TIMER, [&](wxTimerEvent &) { ++ticks; }, timer.GetId());
   {
     Progress progress(nullptr, L"Calculating", 0, 100, false, false, true);
     timer.Start(1);

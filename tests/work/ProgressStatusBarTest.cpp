@@ -96,8 +96,8 @@ TEST_F(ProgressStatusBarTest, DialogProgressTalksToTheBreakDialogOnly) {
   dialog.window = frame;
   Progress::SetBreakDialog(&dialog);
   {
-    Progress progress(nullptr, L"Integrating", 0, 10, false, true, true, nullptr, nullptr,
-                      nullptr, 750);
+    Progress progress(nullptr, L"Integrating", 0, 10, false, true, true, nullptr, nullptr, nullptr,
+                      750);
     // The dialog reads the title from the progress it is given at the start.
     ASSERT_EQ(dialog.messages.size(), 3u);
     EXPECT_EQ(dialog.messages[0].message, Message::kStart);
@@ -173,10 +173,9 @@ std::string gAssertion;
 TEST_F(ProgressStatusBarTest, ThePumpRefusesOtherThreads) {
   Progress progress(nullptr, L"Outer", 0, 10, false, false, true);
   gAssertion.clear();
-  wxAssertHandler_t const former = wxSetAssertHandler(
-      [](wxString const &, int, wxString const &, wxString const &, wxString const & message) {
-        gAssertion = message.ToStdString();
-      });
+  wxAssertHandler_t const former =
+      wxSetAssertHandler([](wxString const &, int, wxString const &, wxString const &,
+                            wxString const & message) { gAssertion = message.ToStdString(); });
   std::thread worker([] { progress_pump::Pump(); });
   worker.join();
   wxSetAssertHandler(former);

@@ -74,11 +74,13 @@ TEST(VxGaugeFrame, BarStripeAndRest) {
 
 TEST(VxGaugeFrame, FillEndForValuesInsideAndOutsideTheRange) {
   float const nan = std::numeric_limits<float>::quiet_NaN();
-  struct Case { float low, high, value; int columns; };
-  Case const cases[] = {
-      {0, 100, 25, 50},   {0, 100, 150, 200}, {0, 100, -10, 0},
-      {10, 20, 12.5f, 50}, {0, 3, 1, 66},    // 200/3 cut down
-      {0, 100, nan, 0},   {5, 5, 5, 0},      {5, 5, 6, 200}};
+  struct Case {
+    float low, high, value;
+    int columns;
+  };
+  Case const cases[] = {{0, 100, 25, 50},    {0, 100, 150, 200}, {0, 100, -10, 0},
+                        {10, 20, 12.5f, 50}, {0, 3, 1, 66},  // 200/3 cut down
+                        {0, 100, nan, 0},    {5, 5, 5, 0},       {5, 5, 6, 200}};
   for (Case const & c : cases)
     EXPECT_EQ(BarColumns(Paint(wxSize(200, 20), c.low, c.high, c.value), 2), c.columns)
         << c.low << ".." << c.high << " at " << c.value;
@@ -212,8 +214,7 @@ TEST(VxXTPGauge, TheBarMovesOnlyWhenTheWholePercentChanges) {
   VxGaugeBase & base = *gauge;
   base.SetRange(0, 200);
   EXPECT_EQ(gauge->GetRange(), 100);
-  for (float value : {0.f, 1.f, 20.f, 20.5f, 21.9f, 22.f, 500.f, 300.f, -4.f})
-    base.SetValue(value);
+  for (float value : {0.f, 1.f, 20.f, 20.5f, 21.9f, 22.f, 500.f, 300.f, -4.f}) base.SetValue(value);
   EXPECT_EQ(gauge->positions, (std::vector<int>{10, 11, 100, 0}));
   base.SetValue(101);
   EXPECT_EQ(gauge->GetValue(), 50);

@@ -2,11 +2,11 @@
 // Real input for tests: XTest on the display's own connection, so that
 // nothing but GTK (and the progress pump in front of it) reads the events.
 
+#include <X11/extensions/XTest.h>
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 #include <wx/toplevel.h>
 #include <wx/window.h>
-#include <X11/extensions/XTest.h>
 
 #include <cstdlib>
 
@@ -43,7 +43,7 @@ inline bool IsClickable(wxWindow & target) {
   // The child of the root that holds the target: the manager's frame.
   Window mine = GDK_WINDOW_XID(gtk_widget_get_window(gtk_widget_get_toplevel(target.GetHandle())));
   for (;;) {
-    Window root = 0, parent = 0, * children = nullptr;
+    Window root = 0, parent = 0, *children = nullptr;
     unsigned count = 0;
     if (!XQueryTree(display, mine, &root, &parent, &children, &count)) return false;
     if (children != nullptr) XFree(children);
@@ -51,7 +51,7 @@ inline bool IsClickable(wxWindow & target) {
     mine = parent;
   }
   wxPoint const centre = ScreenCentre(target);
-  Window root = 0, parent = 0, * children = nullptr;
+  Window root = 0, parent = 0, *children = nullptr;
   unsigned count = 0;
   if (!XQueryTree(display, rootWindow, &root, &parent, &children, &count)) return false;
   Window top = 0;
