@@ -42,7 +42,7 @@ std::string WithTrailingSeparator(std::string path) {
 
 std::string ResolveTypedFolder(std::string const & typed, std::string const & currentFolder,
                                std::string const & home) {
-  std::string const path = Trimmed(typed);
+  std::string path = Trimmed(typed);
   if (path.empty()) return path;
   if (path[0] == '/') return path;
   if (path == "~") return home;

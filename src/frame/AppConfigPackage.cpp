@@ -179,7 +179,7 @@ std::string AppConfigPackage::ReadAppName() const {
            "the root element of appconfig.xml is not AppConfig");
   for (vx3::XmlNode const & child : root.children) {
     if (child.kind != vx3::XmlNode::Kind::Element || child.name != "AppName") continue;
-    std::string const name = child.TextContent();
+    std::string name = child.TextContent();
     if (!name.empty() && !IsUsableAppName(name))
       Refuse("The customization package {1} cannot be read: {2}", mSource,
              "the application name \"" + name + "\" is not usable");

@@ -32,7 +32,7 @@ std::string HomeFolder() {
 namespace vx3 {
 
 std::string UserDataFolder() {
-  std::string const config = AbsoluteFromEnvironment("XDG_CONFIG_HOME");
+  std::string config = AbsoluteFromEnvironment("XDG_CONFIG_HOME");
   if (!config.empty()) return config;
   std::string const home = HomeFolder();
   return home.empty() ? "" : VxPathAppend(home, ".config");
@@ -46,7 +46,7 @@ std::string CommonDataFolder() {
   while (start <= list.size()) {
     size_t end = list.find(':', start);
     if (end == std::string::npos) end = list.size();
-    std::string const entry = list.substr(start, end - start);
+    std::string entry = list.substr(start, end - start);
     if (!entry.empty() && entry[0] == '/') return entry;
     start = end + 1;
   }

@@ -22,10 +22,9 @@ constexpr char kAppSettings[] = "AppSettings";
 // `base`/Karvinel/<App>/<Ver>, created when absent; "" without a base.
 std::string ApplicationFolder(std::string const & base) {
   if (base.empty()) return "";
-  std::string const folder =
-      VxPathAppend(VxPathAppend(VxPathAppend(base, VxAppCore::RegistryKey()),
-                                VxSystemInfo::GetApplicationName()),
-                   VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionPath));
+  std::string folder = VxPathAppend(VxPathAppend(VxPathAppend(base, VxAppCore::RegistryKey()),
+                                                 VxSystemInfo::GetApplicationName()),
+                                    VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionPath));
   if (::access(folder.c_str(), F_OK) != 0) VxCreateFolder(folder);
   return folder;
 }
@@ -92,7 +91,7 @@ std::string VxAppCore::GetCommonAppDataDirectory() const {
 std::string VxAppCore::GetKarvinelCommonAppDataDirectory() const {
   std::string const base = vx3::CommonDataFolder();
   if (base.empty()) return "";
-  std::string const folder = VxPathAppend(base, RegistryKey());
+  std::string folder = VxPathAppend(base, RegistryKey());
   if (::access(folder.c_str(), F_OK) != 0) VxCreateFolder(folder);
   return folder;
 }

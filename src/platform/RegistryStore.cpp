@@ -45,7 +45,7 @@ bool SlotOf(HKEY handle, size_t & slot) {
 }  // namespace
 
 std::string UserHivePath() {
-  std::string const overridden = Environment("TALVO_REGISTRY_USER_HIVE");
+  std::string overridden = Environment("TALVO_REGISTRY_USER_HIVE");
   if (!overridden.empty()) return overridden;
   std::string config = Environment("XDG_CONFIG_HOME");
   if (config.empty()) {
