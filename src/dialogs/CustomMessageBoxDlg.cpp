@@ -160,7 +160,7 @@ void CustomMessageBoxDlg::ShowIcon() {
 wxSize CustomMessageBoxDlg::SizeText(wxString const & shown) {
   wxWindow * text = GetDlgItem(kTextId);
   wxFont const font = text->GetFont();
-  std::wstring const whole = shown.ToStdWstring();
+  std::wstring const & whole = shown.ToStdWstring();
   std::wstring wrapped = LimitLineLength::ByCharacters(whole, kCharactersPerLine);
   wxRect bounds = LimitLineLength::GetBoundsRect(wrapped.c_str(), font);
 

@@ -37,8 +37,8 @@ int VxMessageBox(unsigned int textId, unsigned int type, unsigned int yesTextId,
                  unsigned int noTextId) {
   wxString const yes = yesTextId != 0 ? LoadResourceString(yesTextId) : wxString();
   wxString const no = noTextId != 0 ? LoadResourceString(noTextId) : wxString();
-  std::wstring const yesText = yes.ToStdWstring();
-  std::wstring const noText = no.ToStdWstring();
+  std::wstring const & yesText = yes.ToStdWstring();
+  std::wstring const & noText = no.ToStdWstring();
   return ShowBox(nullptr, LoadResourceString(textId), type,
                  yesText.empty() ? nullptr : yesText.c_str(),
                  noText.empty() ? nullptr : noText.c_str());
