@@ -33,8 +33,8 @@ std::string NearestExistingFolder(std::string path) {
 
 }  // namespace
 
-CFolderDialog::CFolderDialog(wxWindow * parent, wxString title, BrowseType type)
-    : mParent(parent), mTitle(std::move(title)), mType(type) {}
+CFolderDialog::CFolderDialog(wxWindow * parent, wxString const & title, BrowseType type)
+    : mParent(parent), mTitle(title), mType(type) {}
 
 unsigned int CFolderDialog::GetBrowseFlags() const {
   switch (mType) {

@@ -15,7 +15,7 @@ class CFolderDialog {
 public:
   enum BrowseType { BrowseForComputer = 0, BrowseForFolder = 1, BrowseForPrinter = 2 };
 
-  CFolderDialog(wxWindow * parent, wxString title, BrowseType type);
+  CFolderDialog(wxWindow * parent, wxString const & title, BrowseType type);
 
   // IDOK with a choice, IDCANCEL otherwise.
   int DoModal();
