@@ -31,6 +31,7 @@ void SpawnSelf() {
   std::vector<std::string> arguments = OwnArguments();
   if (arguments.empty()) arguments.emplace_back("/proc/self/exe");
   std::vector<char *> argv;
+  argv.reserve(arguments.size() + 1);
   for (std::string & argument : arguments) argv.push_back(argument.data());
   argv.push_back(nullptr);
   pid_t child = 0;
