@@ -118,7 +118,7 @@ void StandardColor::Init() {
 #define TALVO_COLOR_SETTER(setter, field)      \
   void StandardColor::setter(COLORREF color) { \
     if (!bIsInitiated) Init();                 \
-    field = color;                             \
+    (field) = color;                           \
   }
 
 COLORREF StandardColor::GetColor(int colorDef) {
