@@ -59,6 +59,7 @@ wxBitmapType SourceType(std::string const & bytes) {
   };
   if (startsWith("\x89PNG\r\n\x1a\n", 8)) return wxBITMAP_TYPE_PNG;
   if (startsWith("GIF87a", 6) || startsWith("GIF89a", 6)) return wxBITMAP_TYPE_GIF;
+  // NOLINTNEXTLINE(bugprone-string-literal-with-embedded-nul): compared by length.
   if (startsWith("II*\0", 4) || startsWith("MM\0*", 4)) return wxBITMAP_TYPE_TIFF;
   if (startsWith("BM", 2)) return wxBITMAP_TYPE_BMP;
   return wxBITMAP_TYPE_INVALID;
