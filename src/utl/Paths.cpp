@@ -25,13 +25,13 @@ std::string VxGetDirectory(std::string path) {
   return path;
 }
 
-std::string VxGetFileName(std::string path) {
+std::string VxGetFileName(std::string const & path) {
   auto const slash = LastSeparator(path);
   return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
-std::string VxGetFileExtension(std::string path) {
-  std::string const name = VxGetFileName(std::move(path));
+std::string VxGetFileExtension(std::string const & path) {
+  std::string const name = VxGetFileName(path);
   auto const dot = name.rfind('.');
   if (dot == std::string::npos || dot == 0) return std::string();
   return name.substr(dot + 1);

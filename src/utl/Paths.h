@@ -8,10 +8,10 @@
 // "/a/b", "/c" -> "/", "c.txt" -> "").
 std::string VxGetDirectory(std::string path);
 // The last element of `path` ("/a/b/c.txt" -> "c.txt"; "/a/b/" -> "").
-std::string VxGetFileName(std::string path);
+std::string VxGetFileName(std::string const & path);
 // The extension of the last element without the point ("a.tar.gz" -> "gz");
 // empty when there is none or the name only starts with a point (".profile").
-std::string VxGetFileExtension(std::string path);
+std::string VxGetFileExtension(std::string const & path);
 // `directory` and `name` joined with exactly one separator.
 std::string VxPathAppend(std::string directory, std::string name);
 // Creates the folder and its missing parents; true when it exists afterwards.
