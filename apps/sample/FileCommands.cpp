@@ -1,5 +1,7 @@
 #include "FileCommands.h"
 
+#include <utility>
+
 #include <wx/frame.h>
 #include <wx/menu.h>
 
@@ -91,7 +93,8 @@ void AddFileCommands(wxFrame & frame, wxMenu & fileMenu,
   frame.Bind(
       wxEVT_MENU, [&frame](wxCommandEvent &) { OnOpen(frame); }, kOpenCommand);
   frame.Bind(
-      wxEVT_MENU, [&frame, rows](wxCommandEvent &) { OnSaveAs(frame, rows()); }, kSaveAsCommand);
+      wxEVT_MENU, [&frame, rows = std::move(rows)](wxCommandEvent &) { OnSaveAs(frame, rows()); },
+      kSaveAsCommand);
   frame.Bind(
       wxEVT_MENU, [&frame](wxCommandEvent &) { OnDefaultFolder(frame); }, kDefaultFolderCommand);
   frame.Bind(
