@@ -44,7 +44,6 @@ std::wstring ShortParagraphs(std::wstring const & wrapped, size_t limit) {
   size_t onLine = 0;
   wchar_t previous = 0;
   for (wchar_t const c : wrapped) {
-    // NOLINTNEXTLINE(bugprone-signed-char-misuse): a wchar_t is a whole code point here.
     auto const code = static_cast<UChar32>(c);
     bool const extends = u_hasBinaryProperty(code, UCHAR_GRAPHEME_EXTEND) || previous == 0x200D;
     if (c == L'\n') {

@@ -26,7 +26,6 @@ namespace {
 // A value that is no Unicode scalar (a lone surrogate, beyond U+10FFFF)
 // stands as U+FFFD: neither ICU nor the text layout accepts it.
 wchar_t CodePoint(wchar_t value) {
-  // NOLINTNEXTLINE(bugprone-signed-char-misuse): a wchar_t is a whole code point here.
   auto const code = static_cast<uint32_t>(value);
   bool const valid = code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
   return valid ? value : wchar_t(0xFFFD);

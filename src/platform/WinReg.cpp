@@ -106,6 +106,7 @@ LONG ReturnData(std::string const & data, BYTE * buffer, DWORD * size) {
     *size = needed;
     return ERROR_MORE_DATA;
   }
+  // NOLINTNEXTLINE(bugprone-not-null-terminated-result): value bytes, copied as stored.
   if (buffer != nullptr && needed > 0) std::memcpy(buffer, data.data(), needed);
   *size = needed;
   return ERROR_SUCCESS;
