@@ -77,7 +77,7 @@ TEST(CustomMessageBox, EachKindShowsItsButtonsInOneCentredRowBelowTheText) {
     }
     // The row starts a gap to the left of the centred place.
     int const rowCentre = (first.x + last.GetRight()) / 2;
-    EXPECT_NEAR(rowCentre, probe.client.x / 2, 2 * probe.gap);
+    EXPECT_NEAR(rowCentre, probe.client.x / 2.0, 2 * probe.gap);
     EXPECT_GE(first.x, 1);
     EXPECT_LE(last.GetRight(), probe.client.x);
     // The box cannot be made smaller than it opens; Enter answers with the
@@ -125,7 +125,7 @@ TEST(CustomMessageBox, TheTextSetsTheWidthUpToALineOfAHundredAndFortyCharacters)
   MessageBoxProbe const line = measure(140);
   MessageBoxProbe const twoLines = measure(280);
   EXPECT_GT(line.client.x, shortText.client.x);
-  EXPECT_NEAR(twoLines.client.x, line.client.x, line.client.x / 20);
+  EXPECT_NEAR(twoLines.client.x, line.client.x, line.client.x / 20.0);
   EXPECT_GT(twoLines.client.y, line.client.y);
   for (MessageBoxProbe const * probe : {&shortText, &line, &twoLines}) {
     wxRect const text = probe->Rect(CustomMessageBoxDlg::kTextId);
