@@ -13,7 +13,7 @@ namespace {
 
 // The nearest of a fixed palette, as an indexed display answers.
 StandardColor::NearestColorFunction PaletteOf(std::vector<COLORREF> palette) {
-  return [palette](COLORREF wanted) {
+  return [palette = std::move(palette)](COLORREF wanted) {
     auto distance = [wanted](COLORREF c) {
       int const r = GetRValue(c) - GetRValue(wanted), g = GetGValue(c) - GetGValue(wanted),
                 b = GetBValue(c) - GetBValue(wanted);

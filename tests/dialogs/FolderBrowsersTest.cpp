@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtk/gtk.h>
@@ -25,7 +26,7 @@ namespace {
 
 struct FakePrinters {
   explicit FakePrinters(PrinterListing listing)
-      : former(SetPrinterListFunction([listing] { return listing; })) {}
+      : former(SetPrinterListFunction([listing = std::move(listing)] { return listing; })) {}
   ~FakePrinters() { SetPrinterListFunction(former); }
   PrinterListFunction former;
 };

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -46,14 +47,15 @@ inline void Snapshot(wxWindow & window, char const * name) {
 // and keeps what it was asked.
 struct FakeFolderChooser {
   explicit FakeFolderChooser(std::vector<std::string> answers) {
-    former = SetFolderChooserFunction([this, answers](FolderChooserRequest const & request) {
-      requests.push_back(request);
-      FolderChooserAnswer answer;
-      if (requests.size() <= answers.size())
-        answer.path = wxString::FromUTF8(answers[requests.size() - 1]);
-      answer.accepted = !answer.path.empty();
-      return answer;
-    });
+    former = SetFolderChooserFunction(
+        [this, answers = std::move(answers)](FolderChooserRequest const & request) {
+          requests.push_back(request);
+          FolderChooserAnswer answer;
+          if (requests.size() <= answers.size())
+            answer.path = wxString::FromUTF8(answers[requests.size() - 1]);
+          answer.accepted = !answer.path.empty();
+          return answer;
+        });
   }
   ~FakeFolderChooser() { SetFolderChooserFunction(former); }
 
@@ -62,7 +64,7 @@ struct FakeFolderChooser {
 };
 
 inline std::string TempFolder(std::string const & name) {
-  std::string const path = VxPathAppend(std::getenv("TMPDIR"), name);
+  std::string path = VxPathAppend(std::getenv("TMPDIR"), name);
   VxCreateFolder(path);
   return path;
 }

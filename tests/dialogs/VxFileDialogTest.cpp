@@ -27,10 +27,11 @@ std::string Stored(char const * key) {
 // Answers every chooser with `answer` and keeps the requests.
 struct FakeChooser {
   explicit FakeChooser(FileChooserAnswer answer) {
-    former = SetFileChooserFunction([this, answer](FileChooserRequest const & request) {
-      requests.push_back(request);
-      return answer;
-    });
+    former = SetFileChooserFunction(
+        [this, answer = std::move(answer)](FileChooserRequest const & request) {
+          requests.push_back(request);
+          return answer;
+        });
   }
   ~FakeChooser() { SetFileChooserFunction(former); }
   std::vector<FileChooserRequest> requests;
@@ -161,6 +162,7 @@ TEST_F(VxFileDialogTest, AMultipleSelectionIsWalkedInOrderAndItsFolderStored) {
 
 TEST_F(VxFileDialogTest, ASelectionTooLongForTheBufferIsOkOnlyWithTheDialogsOwnBuffer) {
   std::vector<std::string> chosen;
+  chosen.reserve(300);
   for (int i = 0; i < 300; ++i)
     chosen.push_back(mApp + "/measurement-" + std::to_string(i) + ".dat");
   // error: the base's, which the own buffer takes as OK.

@@ -9,6 +9,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "frame/ExceptionGuarded.h"
@@ -35,7 +36,7 @@ struct FailureCase {
 };
 
 template <class T>
-bool Holds(std::exception_ptr p) {
+bool Holds(std::exception_ptr const & p) {
   try {
     std::rethrow_exception(p);
   } catch (T) {
@@ -67,7 +68,7 @@ struct Fixture {
     frame = new GuardedFrame(nullptr, wxID_ANY, "Guarded");
     button = new wxButton(frame, wxID_OK, "Go");
     frame->Bind(
-        wxEVT_BUTTON, [raise](wxCommandEvent &) { raise(); }, wxID_OK);
+        wxEVT_BUTTON, [raise = std::move(raise)](wxCommandEvent &) { raise(); }, wxID_OK);
   }
   ~Fixture() { frame->Destroy(); }
   bool Click() {

@@ -39,8 +39,8 @@ std::string Png(int width, int height, unsigned char red) {
 }
 
 fs::path FreshFolder() {
-  fs::path const folder = fs::path(std::getenv("TMPDIR")) /
-                          testing::UnitTest::GetInstance()->current_test_info()->name();
+  fs::path folder = fs::path(std::getenv("TMPDIR")) /
+                    testing::UnitTest::GetInstance()->current_test_info()->name();
   fs::remove_all(folder);
   fs::create_directories(folder);
   return folder;
