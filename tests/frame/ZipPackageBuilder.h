@@ -35,6 +35,7 @@ inline std::string WriteZip(std::string const & path, ZipEntries const & entries
   for (auto const & [name, bytes] : entries) {
     // libzip reads the buffer at zip_close: a heap copy that libzip frees.
     void * copy = std::malloc(bytes.size() + 1);
+    // NOLINTNEXTLINE(bugprone-not-null-terminated-result): entry bytes, not text.
     std::memcpy(copy, bytes.data(), bytes.size());
     zip_source_t * source = zip_source_buffer(archive, copy, bytes.size(), 1);
     zip_int64_t const index = zip_file_add(archive, name.c_str(), source, ZIP_FL_ENC_UTF_8);
