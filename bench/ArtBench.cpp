@@ -98,7 +98,7 @@ std::string const & LargeArchive() {
     std::ostringstream text;
     vx3::WriteArtInfoText(art, text);
     storage.AddStream("ArtInfo", text.str());
-    std::string const file = BenchFile("large.vart");
+    std::string file = BenchFile("large.vart");
     Write(file, storage.Finish());
     Write(BenchFile("large-artinfo.txt"), text.str().substr(29));  // the body, for Boost alone
     return file;

@@ -30,7 +30,7 @@ std::string BenchPath(char const * name) {
 // 10,000 keys in 100 sections, the values of realistic length.
 std::string const & TenThousandKeysFile() {
   static std::string const path = [] {
-    std::string const file = BenchPath("settings.kvxml");
+    std::string file = BenchPath("settings.kvxml");
     XercesXMLSection root(file.c_str(), true);
     for (int s = 0; s < 100; ++s) {
       std::unique_ptr<ConfigurationSection> section(

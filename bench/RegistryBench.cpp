@@ -184,6 +184,7 @@ bool RunWriters(std::vector<std::string> const & arguments) {
     args.push_back("w" + std::to_string(w) + "-");
     args.push_back(std::to_string(kEach));
     std::vector<char *> argv;
+    argv.reserve(args.size() + 1);
     for (std::string & arg : args) argv.push_back(arg.data());
     argv.push_back(nullptr);
     pid_t pid = -1;

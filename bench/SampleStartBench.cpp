@@ -107,6 +107,7 @@ std::vector<std::string> ChildEnvironment(std::string const & display) {
 // for the process to end either way.
 double TimeToFirstPaint(std::string const & program, std::vector<std::string> const & environment) {
   std::vector<char *> env;
+  env.reserve(environment.size() + 1);
   for (std::string const & item : environment) env.push_back(const_cast<char *>(item.c_str()));
   env.push_back(nullptr);
   char const * argv[] = {program.c_str(), "--exit-on-paint", nullptr};

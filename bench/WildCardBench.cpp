@@ -71,6 +71,7 @@ std::vector<std::string> const & FileNames() {
     std::uniform_int_distribution<int> extension(0, std::size(extensions) - 1);
     std::uniform_int_distribution<int> number(0, 9999);
     std::vector<std::string> made;
+    made.reserve(10000);
     for (int i = 0; i < 10000; ++i)
       made.push_back(std::string(stems[stem(random)]) + " " + std::to_string(number(random)) +
                      extensions[extension(random)]);

@@ -25,13 +25,13 @@ inline wxImage HalfAndHalf(int width, int height) {
 
 inline std::string WritePng(std::string const & name, int width, int height) {
   if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
-  std::string const path = Temp(name);
+  std::string path = Temp(name);
   HalfAndHalf(width, height).SaveFile(wxString::FromUTF8(path), wxBITMAP_TYPE_PNG);
   return path;
 }
 
 inline std::string WriteJpeg(std::string const & name, int width, int height) {
-  std::string const path = Temp(name);
+  std::string path = Temp(name);
   Spit(path, vx3::EncodeArtJpeg(HalfAndHalf(width, height), 90));
   return path;
 }

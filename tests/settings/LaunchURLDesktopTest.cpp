@@ -28,7 +28,7 @@ TEST(DesktopLauncher, PassesUrlsAndPathsAsOneArgument) {
   // What the fake opener received, once it has run.
   auto const opened = [&record] {
     gui_test::WaitUntil([&record] { return std::ifstream(record).good(); });
-    std::string const text = Slurp(record);
+    std::string text = Slurp(record);
     std::remove(record.c_str());
     return text;
   };

@@ -50,7 +50,7 @@ private:
 
 // A saved trail of one session with three events.
 std::string SavedTrail(std::string const & name, std::string const & keys = Temp("keys")) {
-  std::string const path = Temp(name);
+  std::string path = Temp(name);
   Trail trail(path, 1, keys);
   trail->SetProjectName("Assay 12");
   trail->BeginSessionAndVerifySignature();

@@ -66,6 +66,7 @@ TEST_F(LogTest, LinesFromManyThreadsAreNeitherLostNorInterleaved) {
   constexpr int kThreads = 4;
   constexpr int kPerThread = 2000;
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int t = 0; t < kThreads; ++t) {
     threads.emplace_back([t] {
       for (int i = 0; i < kPerThread; ++i)
