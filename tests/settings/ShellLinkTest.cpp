@@ -124,7 +124,8 @@ TEST(ShellLink, CreateAndResolveKeepAllFourSlots) {
 
 TEST(ShellLink, FailuresAreHresultsAndTouchNoSlot) {
   std::string const garbage = Temp("garbage.desktop");
-  Spit(garbage, "MZ\x90\x00 not a desktop entry");
+  char const garbageBytes[] = "MZ\x90\x00 not a desktop entry";  // past the NUL too
+  Spit(garbage, std::string(garbageBytes, sizeof garbageBytes - 1));
   std::string const huge = Temp("huge.desktop");
   Spit(huge, "[Desktop Entry]\nComment=" + std::string(2 << 20, 'x') + "\n");
 
