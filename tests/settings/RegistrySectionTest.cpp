@@ -26,7 +26,7 @@ protected:
   }
   static std::string Why(char const * path, bool create) {
     try {
-      RegistrySection(HKEY_CURRENT_USER, path, kReadWrite, create);
+      RegistrySection const opened(HKEY_CURRENT_USER, path, kReadWrite, create);
       return "no exception";
     } catch (Exception const & e) {
       return e.Why(std::locale::classic());
