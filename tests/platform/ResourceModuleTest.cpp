@@ -90,6 +90,7 @@ TEST_F(ResourceChain, SetResourceInstanceRestoresAndItsCopiesRestoreToo) {
     }
     EXPECT_EQ(AfxGetResourceHandle(), Library());
     {
+      // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is under test.
       SetResourceInstance copy(outer);  // takes over the saved handle only
       EXPECT_EQ(AfxGetResourceHandle(), Library());
       EXPECT_EQ(copy.SavedHandle(), Application());

@@ -23,6 +23,7 @@ TEST(FilterMatcher, SelectsTheTextsTheFilterDescribes) {
       "Dry run 5",
       "a|b",
       "say \"hi\"",
+      // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): split so that e is no hex digit.
       "Stra\xc3\x9f"
       "e",
       "",
