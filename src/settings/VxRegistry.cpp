@@ -70,7 +70,7 @@ bool VxSetRegKey(HKEY root, char const * subKey, char const * value, char const 
 
 std::string VxGetRegKey(HKEY root, char const * subKey, char const * name,
                         char const * defaultValue) {
-  std::string const fallback = defaultValue != nullptr ? defaultValue : "";
+  std::string fallback = defaultValue != nullptr ? defaultValue : "";
   HKEY key = nullptr;
   if (RegOpenKeyExW(root, WideArgument(subKey).get(), 0, KEY_READ, &key) != ERROR_SUCCESS)
     return fallback;
