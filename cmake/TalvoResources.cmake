@@ -30,15 +30,18 @@ function(talvo_add_resource_module target)
   if(R_LIBRARY)
     set(_role library)
   endif()
-  set(_generator TALVOutlwin::talvo-resgen)
   if(TARGET talvo-resgen)
     set(_generator talvo-resgen)
+    set(_generator_file talvo-resgen)
+  else()
+    set(_generator TALVOutlwin::talvo-resgen)
+    set(_generator_file $<TARGET_FILE:TALVOutlwin::talvo-resgen>)
   endif()
   set(_output ${CMAKE_CURRENT_BINARY_DIR}/${R_NAME}_resources.cpp)
   add_custom_command(OUTPUT ${_output}
     COMMAND ${_generator} --name ${R_NAME} --role ${_role} --root ${_root} --output ${_output}
             ${_files}
-    DEPENDS ${_generator} ${_files}
+    DEPENDS ${_generator_file} ${_files}
     COMMENT "Embedding the resource module ${R_NAME}"
     VERBATIM)
   target_sources(${target} PRIVATE ${_output})

@@ -63,9 +63,8 @@ private:
     vx3::GetXmlModule();  // throws when the module is not beside the library
 
     std::cout << "consumer: answer " << answer << ", progress " << progress.GetValue()
-              << ", string \"" << counted.utf8_string() << "\", dialog \""
-              << title.utf8_string() << "\", library \"" << stop.utf8_string() << "\""
-              << std::endl;
+              << ", string \"" << counted.utf8_string() << "\", dialog \"" << title.utf8_string()
+              << "\", library \"" << stop.utf8_string() << "\"" << std::endl;
     bool const ok = answer == IDOK && running && progress.GetValue() == 100.0F &&
                     counted == wxString::FromUTF8("Proben gezählt") &&
                     title == wxString::FromUTF8("Probenzähler") &&
