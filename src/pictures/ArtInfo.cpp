@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <stdexcept>
 
 #include "pictures/ArtInfoText.h"
 #include "pictures/ArtJpeg.h"
@@ -141,21 +142,23 @@ wxImage ArtInfo::GetBitMap(std::string const & file, std::string const & stream)
 }
 
 bool ArtInfo::ReadFromIStream(GsfInput * stream, std::string * why) {
+  std::string fault;
   try {
     gsf_off_t const size = gsf_input_size(stream);
     if (size < 0 || static_cast<unsigned long long>(size) > vx3::ArtInfoTextLimits::kMaxTextBytes)
-      return false;
+      throw std::length_error("longer than allowed");
     boost::iostreams::stream<IStreamDevice> in{IStreamDevice(stream)};
     std::string text(static_cast<size_t>(size), '\0');
-    if (size > 0 && !in.read(&text[0], size)) return false;
+    if (size > 0 && !in.read(&text[0], size)) throw std::ios_base::failure("read failed.");
     *this = vx3::ReadArtInfoText(text);
     return true;
   } catch (std::exception const & error) {
-    if (why != nullptr)
-      *why = (ExceptionMessage::translate("its list \"ArtInfo\" is damaged ({1})") % error.what())
-                 .ToString(std::locale());
-    return false;
+    fault = error.what();
   }
+  if (why != nullptr)
+    *why = (ExceptionMessage::translate("its list \"ArtInfo\" is damaged ({1})") % fault)
+               .ToString(std::locale());
+  return false;
 }
 
 bool ArtInfo::SaveToIStream(GsfOutput * stream) const {
