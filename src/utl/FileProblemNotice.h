@@ -1,0 +1,27 @@
+#pragma once
+// A file of the user's that the program could not use as it is (a damaged
+// settings file, registry hive or customization package): the reason and
+// the path go to the log every time, and the person at the screen is told
+// once per file and process through the current UserComm, so that a file
+// read again and again does not ask again and again. Without a channel the
+// log line is all; the person is told when a channel is there at a later
+// report of the same file.
+
+#include <string>
+
+#include "utl/ExceptionMessage.h"
+
+namespace vx3 {
+
+// `message` names the file and the reason, and says what became of the
+// file; `path` is the file it is about. `className` and `functionName` name
+// the writer in the log. True when the person was told by this call.
+bool ReportFileProblem(char const * className, char const * functionName, std::string const & path,
+                       ExceptionMessage const & message);
+// The telling alone, for a writer that logged the problem already.
+bool TellFileProblemOnce(std::string const & path, ExceptionMessage const & message);
+
+// Forgets which files were told about: for tests.
+void ForgetReportedFiles();
+
+}  // namespace vx3
