@@ -1,32 +1,55 @@
 #include "platform/RegistryNotices.h"
 
 #include <mutex>
+#include <utility>
 
+#include "utl/FileProblemNotice.h"
 #include "utl/Log.h"
+#include "utl/UserComm.h"
 
 namespace registry {
 
 namespace {
 
+struct Notice {
+  ExceptionMessage text;
+  std::string hive;
+};
+
 std::mutex gMutex;
-std::vector<ExceptionMessage> & Pending() {
-  static std::vector<ExceptionMessage> pending;
+std::vector<Notice> & Pending() {
+  static std::vector<Notice> pending;
   return pending;
 }
 
 }  // namespace
 
-void AddNotice(ExceptionMessage const & notice) {
+void AddNotice(ExceptionMessage const & notice, std::string const & hive) {
   Log::WriteMessage("Registry", "Open", notice.ToString(std::locale::classic()), Log::Error, true);
   std::lock_guard<std::mutex> lock(gMutex);
-  Pending().push_back(notice);
+  Pending().push_back({notice, hive});
 }
 
 std::vector<ExceptionMessage> TakeNotices() {
-  std::lock_guard<std::mutex> lock(gMutex);
-  std::vector<ExceptionMessage> taken;
-  taken.swap(Pending());
-  return taken;
+  std::vector<Notice> taken;
+  {
+    std::lock_guard<std::mutex> lock(gMutex);
+    taken.swap(Pending());
+  }
+  std::vector<ExceptionMessage> texts;
+  for (Notice & notice : taken) texts.push_back(std::move(notice.text));
+  return texts;
+}
+
+void TellNotices() {
+  if (UserComm::GetUserComm() == nullptr) return;
+  std::vector<Notice> taken;
+  {
+    std::lock_guard<std::mutex> lock(gMutex);
+    if (Pending().empty()) return;
+    taken.swap(Pending());
+  }
+  for (Notice const & notice : taken) vx3::TellFileProblemOnce(notice.hive, notice.text);
 }
 
 }  // namespace registry
