@@ -3,13 +3,15 @@
 // settings file, registry hive or customization package): the reason and
 // the path go to the log every time, and the person at the screen is told
 // once per file and process through the current UserComm, so that a file
-// read again and again does not ask again and again. Without a channel the
-// log line is all; the person is told when a channel is there at a later
-// report of the same file.
+// read again and again does not ask again and again. A problem met before
+// the application installed a channel (a package is read first thing at
+// start) waits and is told through the first channel installed.
 
 #include <string>
 
 #include "utl/ExceptionMessage.h"
+
+class UserComm;
 
 namespace vx3 {
 
@@ -21,7 +23,11 @@ bool ReportFileProblem(char const * className, char const * functionName, std::s
 // The telling alone, for a writer that logged the problem already.
 bool TellFileProblemOnce(std::string const & path, ExceptionMessage const & message);
 
-// Forgets which files were told about: for tests.
+// Tells the problems that waited for a channel through `channel`; called by
+// UserComm::SetUserComm.
+void TellWaitingFileProblems(UserComm & channel);
+
+// Forgets which files were told about and what waits: for tests.
 void ForgetReportedFiles();
 
 }  // namespace vx3

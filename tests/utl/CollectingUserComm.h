@@ -1,7 +1,8 @@
 #pragma once
 // A channel that writes down what it is told: the process's channel while
-// it lives. It also forgets which damaged files were told about, so that
-// every test starts as a fresh process would.
+// it lives. Unless told otherwise it first forgets which damaged files were
+// told about (and what waited for a channel), so that every test starts as
+// a fresh process would.
 
 #include <locale>
 #include <string>
@@ -12,7 +13,11 @@
 
 class CollectingUserComm : public MuteUserComm {
 public:
-  CollectingUserComm() : mPrevious(UserComm::SetUserComm(this)) { vx3::ForgetReportedFiles(); }
+  enum Start { Fresh, TakingWhatWaits };
+  explicit CollectingUserComm(Start start = Fresh) {
+    if (start == Fresh) vx3::ForgetReportedFiles();
+    mPrevious = UserComm::SetUserComm(this);
+  }
   ~CollectingUserComm() override { UserComm::SetUserComm(mPrevious); }
   CollectingUserComm(CollectingUserComm const &) = delete;
   CollectingUserComm & operator=(CollectingUserComm const &) = delete;
@@ -28,5 +33,5 @@ public:
   std::vector<std::string> told;
 
 private:
-  UserComm * mPrevious;
+  UserComm * mPrevious = nullptr;
 };

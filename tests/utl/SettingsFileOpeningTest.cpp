@@ -121,4 +121,26 @@ TEST(SettingsFileOpening, ADamagedFileForAllUsersIsReportedButNeverMoved) {
   EXPECT_EQ(channel.told.size(), 1u);
 }
 
+TEST(SettingsFileOpening, AProblemMetBeforeAnyChannelIsToldThroughTheFirstOne) {
+  UserComm * const before = UserComm::SetUserComm(nullptr);
+  vx3::ForgetReportedFiles();
+  std::string const folder = FreshFolder("early");
+  std::string const path = VxPathAppend(folder, "App.kvxml");
+  Spit(path, "<Settings>");
+  EXPECT_EQ(vx3::OpenSharedSettingsFile(path), nullptr);
+  EXPECT_NE(Slurp(Log::GetLogFilePath()).find(path), std::string::npos) << "logged at once";
+  {
+    CollectingUserComm channel(CollectingUserComm::TakingWhatWaits);
+    ASSERT_EQ(channel.told.size(), 1u);
+    EXPECT_NE(channel.told[0].find(path), std::string::npos) << channel.told[0];
+    EXPECT_EQ(vx3::OpenSharedSettingsFile(path), nullptr);
+    EXPECT_EQ(channel.told.size(), 1u);
+  }
+  {
+    CollectingUserComm later(CollectingUserComm::TakingWhatWaits);
+    EXPECT_TRUE(later.told.empty()) << "told once only";
+  }
+  UserComm::SetUserComm(before);
+}
+
 }  // namespace
