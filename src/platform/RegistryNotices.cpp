@@ -1,5 +1,6 @@
 #include "platform/RegistryNotices.h"
 
+#include <atomic>
 #include <mutex>
 #include <utility>
 
@@ -17,6 +18,8 @@ struct Notice {
 };
 
 std::mutex gMutex;
+// Read without the lock by every access of a predefined key.
+std::atomic<bool> gAnyPending{false};
 std::vector<Notice> & Pending() {
   static std::vector<Notice> pending;
   return pending;
@@ -28,6 +31,7 @@ void AddNotice(ExceptionMessage const & notice, std::string const & hive) {
   Log::WriteMessage("Registry", "Open", notice.ToString(std::locale::classic()), Log::Error, true);
   std::lock_guard<std::mutex> lock(gMutex);
   Pending().push_back({notice, hive});
+  gAnyPending = true;
 }
 
 std::vector<ExceptionMessage> TakeNotices() {
@@ -35,6 +39,7 @@ std::vector<ExceptionMessage> TakeNotices() {
   {
     std::lock_guard<std::mutex> lock(gMutex);
     taken.swap(Pending());
+    gAnyPending = false;
   }
   std::vector<ExceptionMessage> texts;
   for (Notice & notice : taken) texts.push_back(std::move(notice.text));
@@ -42,12 +47,12 @@ std::vector<ExceptionMessage> TakeNotices() {
 }
 
 void TellNotices() {
-  if (UserComm::GetUserComm() == nullptr) return;
+  if (!gAnyPending || UserComm::GetUserComm() == nullptr) return;
   std::vector<Notice> taken;
   {
     std::lock_guard<std::mutex> lock(gMutex);
-    if (Pending().empty()) return;
     taken.swap(Pending());
+    gAnyPending = false;
   }
   for (Notice const & notice : taken) vx3::TellFileProblemOnce(notice.hive, notice.text);
 }

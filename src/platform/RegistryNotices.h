@@ -18,8 +18,10 @@ void AddNotice(ExceptionMessage const & notice, std::string const & hive);
 // The notices since the last call, oldest first; they are handed out once.
 std::vector<ExceptionMessage> TakeNotices();
 // Tells the waiting notices through the current UserComm; without a channel
-// they keep waiting. Called by the store whenever a hive has been opened,
-// with no hive locked, so that a dialog can use the registry meanwhile.
+// they keep waiting. Called by the store at every access of a predefined
+// key, with no hive locked, so that a dialog can use the registry meanwhile;
+// the hives are opened at the application's start, on its main thread, so
+// that is where a dialog comes up.
 void TellNotices();
 
 }  // namespace registry
