@@ -26,7 +26,7 @@ using XmlDocumentPtr = std::unique_ptr<xercesc::DOMDocument, XmlDocumentRelease>
 // description such as "(settings text)". Whitespace-only text directly in
 // an element named in `layoutElements` is not built: there it is only the
 // layout between child elements (settings sections hold no text), and in a
-// large file it would be a third of the nodes.
+// large file it would be about a quarter of the nodes.
 XmlDocumentPtr ParseHardenedXml(std::string_view bytes, std::string const & source,
                                 XmlParseLimits const & limits,
                                 std::vector<std::u16string> const & layoutElements = {});
