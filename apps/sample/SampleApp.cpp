@@ -21,6 +21,7 @@
 #include "BatchCommand.h"
 #include "MainFrame.h"
 #include "controls/WindowSnapshot.h"
+#include "frame/MuteAskUserComm.h"
 #include "frame/VxApp.h"
 #include "frame/VxAppCustomization.h"
 #include "settings/TopLevelWindowPlacement.h"
@@ -91,7 +92,13 @@ bool SampleApp::OnInit() {
   // settings location.
   Customize();
   SetRegistryLocation();
-  InstallStandardUserComm();
+  if (!mScreenshotPath.empty() || mExitOnPaint) {
+    // Nobody answers a box in a scripted run: what it would tell is logged.
+    static MuteAskUserComm unattended;
+    UserComm::SetUserComm(&unattended);
+  } else {
+    InstallStandardUserComm();
+  }
 
   mFrame = new MainFrame;
   mFrame->SetTitle(wxString::FromUTF8(VxSystemInfo::GetApplicationName()));

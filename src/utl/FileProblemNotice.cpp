@@ -1,0 +1,74 @@
+#include "utl/FileProblemNotice.h"
+
+#include <locale>
+#include <mutex>
+#include <set>
+#include <vector>
+
+#include "utl/Log.h"
+#include "utl/UserComm.h"
+
+namespace vx3 {
+
+namespace {
+
+struct Waiting {
+  std::string path;
+  ExceptionMessage message;
+};
+
+std::mutex gMutex;
+std::set<std::string> & Told() {
+  static std::set<std::string> told;
+  return told;
+}
+std::vector<Waiting> & WaitingForChannel() {
+  static std::vector<Waiting> waiting;
+  return waiting;
+}
+
+void Tell(UserComm & channel, ExceptionMessage const & message) {
+  channel.InformUser(message, ExceptionMessage::translate("Damaged file"), 0);
+}
+
+}  // namespace
+
+bool ReportFileProblem(char const * className, char const * functionName, std::string const & path,
+                       ExceptionMessage const & message) {
+  Log::WriteMessage(className, functionName, message.ToString(std::locale::classic()), Log::Error,
+                    true);
+  return TellFileProblemOnce(path, message);
+}
+
+bool TellFileProblemOnce(std::string const & path, ExceptionMessage const & message) {
+  UserComm * channel = UserComm::GetUserComm();
+  {
+    std::lock_guard<std::mutex> lock(gMutex);
+    if (!Told().insert(path).second) return false;
+    if (channel == nullptr) {
+      WaitingForChannel().push_back({path, message});
+      return false;
+    }
+  }
+  // Outside the lock: a dialog may run a loop that reports another file.
+  Tell(*channel, message);
+  return true;
+}
+
+void TellWaitingFileProblems(UserComm & channel) {
+  std::vector<Waiting> waiting;
+  {
+    std::lock_guard<std::mutex> lock(gMutex);
+    if (WaitingForChannel().empty()) return;
+    waiting.swap(WaitingForChannel());
+  }
+  for (Waiting const & problem : waiting) Tell(channel, problem.message);
+}
+
+void ForgetReportedFiles() {
+  std::lock_guard<std::mutex> lock(gMutex);
+  Told().clear();
+  WaitingForChannel().clear();
+}
+
+}  // namespace vx3
