@@ -4,6 +4,8 @@
 #include <mutex>
 #include <utility>
 
+#include <wx/thread.h>
+
 #include "utl/FileProblemNotice.h"
 #include "utl/Log.h"
 #include "utl/UserComm.h"
@@ -47,7 +49,9 @@ std::vector<ExceptionMessage> TakeNotices() {
 }
 
 void TellNotices() {
-  if (!gAnyPending || UserComm::GetUserComm() == nullptr) return;
+  // A channel may show a dialog, which only the GUI thread can: a worker's
+  // first access leaves the notices for the next access on the main thread.
+  if (!gAnyPending || UserComm::GetUserComm() == nullptr || !wxThread::IsMain()) return;
   std::vector<Notice> taken;
   {
     std::lock_guard<std::mutex> lock(gMutex);

@@ -7,6 +7,9 @@
 #include <sys/stat.h>
 
 #include <set>
+#include <thread>
+
+#include <wx/init.h>
 
 #include "RegistryTestSupport.h"
 #include "utl/CollectingUserComm.h"
@@ -135,6 +138,21 @@ TEST_F(RegistryHive, TheUserIsToldOnceAboutADamagedHiveThroughTheChannel) {
   EXPECT_NE(channel.told[0].find(hive + " was damaged (file is not a database)"), std::string::npos)
       << channel.told[0];
   EXPECT_NE(channel.told[0].find(hive + ".damaged-"), std::string::npos) << channel.told[0];
+}
+
+TEST_F(RegistryHive, AWorkerThreadLeavesTheNoticeToTheMainThread) {
+  wxInitializer wx;  // knows the main thread from here on
+  ASSERT_TRUE(wx.IsOk());
+  CollectingUserComm channel;
+  std::string const hive = mFolder + "/worker.db";
+  ::setenv("TALVO_REGISTRY_USER_HIVE", hive.c_str(), 1);
+  std::ofstream(hive, std::ios::binary) << "not a hive at all, but long enough to be read";
+  registry::CloseHives();
+  std::thread([] { RegCloseKey(Create(HKEY_CURRENT_USER, L"Software")); }).join();
+  EXPECT_TRUE(channel.told.empty()) << "a channel may show a dialog: not from a worker";
+  RegCloseKey(Create(HKEY_CURRENT_USER, L"Software"));
+  ASSERT_EQ(channel.told.size(), 1u);
+  EXPECT_NE(channel.told[0].find(hive + " was damaged"), std::string::npos) << channel.told[0];
 }
 
 TEST_F(RegistryHive, AHiveWithWorkInItsLogIsNoDamage) {
