@@ -6,6 +6,7 @@
 #include <gtk/gtk.h>
 #include <unicode/uchar.h>
 
+#include <wx/app.h>
 #include <wx/artprov.h>
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -17,7 +18,7 @@
 #include <wx/textctrl.h>
 
 #include "dialogs/LimitLineLength.h"
-#include "frame/VxApp.h"
+#include "platform/RunningApplication.h"
 #include "platform/WinUser.h"
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -102,8 +103,7 @@ void CustomMessageBoxDlg::SetButtonText(unsigned int id, wxString const & text) 
 }
 
 int CustomMessageBoxDlg::DoModal() {
-  VxApp const * app = VxGetApp();
-  if (app != nullptr && app->MuteInfoMessages() && Kind() == MB_OK) return 0;
+  if (AppInfoMessagesMuted() && Kind() == MB_OK) return 0;
   return VxDialog::DoModal();
 }
 
