@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "harness/GuiTestUtilities.h"
 #include "platform/MessageBoxes.h"
 #include "platform/RunningApplication.h"
 #include "settings/VxValidateFolder.h"
@@ -58,6 +59,8 @@ class ValidateFolder : public testing::Test {
 protected:
   void SetUp() override {
     ASSERT_TRUE(VxCreateFolder(mRoot));
+    // A box takes only a window on screen as its parent.
+    ASSERT_TRUE(gui_test::ShowAndWait(*mParent));
     // Neither the framework road nor the mute switch may take these boxes.
     mFormerHandler = SetFrameworkMessageBoxHandler([](wxString const & text, UINT, UINT) {
       ADD_FAILURE() << "framework box: " << text.utf8_string();
