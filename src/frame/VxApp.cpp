@@ -7,6 +7,7 @@
 #include "controls/GUIUtilities.h"
 #include "frame/AppProfile.h"
 #include "platform/ResourceModule.h"
+#include "platform/RunningApplication.h"
 #include "utl/Utf.h"
 #include "utl/VxSystemInfo.h"
 
@@ -38,9 +39,15 @@ VxApp::VxApp(wchar_t const * appName) {
       SetFrameworkMessageBoxHandler([this](wxString const & text, UINT type, UINT helpId) {
         return DoMessageBox(text.wc_str(), type, helpId);
       });
+  // The lower layers reach the application through these hooks, not through this class.
+  SetRunningApplication({nullptr, [this] { return MuteInfoMessages(); },
+                         [this] { return GetPluginDirectory().utf8_string(); }});
 }
 
-VxApp::~VxApp() { SetFrameworkMessageBoxHandler(mFormerMessageBoxHandler); }
+VxApp::~VxApp() {
+  SetRunningApplication({});
+  SetFrameworkMessageBoxHandler(mFormerMessageBoxHandler);
+}
 
 void VxApp::SetRegistryLocation() { mCore.SetRegistryLocation(); }
 
@@ -131,4 +138,4 @@ wxString VxApp::GetProfileName() const { return FromUtf8(VxAppCore::ProfileName(
 
 VxApp * VxGetApp() { return dynamic_cast<VxApp *>(wxTheApp); }
 
-wxWindow * VxGetMainWnd() { return wxTheApp != nullptr ? wxTheApp->GetTopWindow() : nullptr; }
+wxWindow * VxGetMainWnd() { return AppMainWindow(); }
