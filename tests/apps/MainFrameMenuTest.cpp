@@ -40,10 +40,10 @@ enum class Opens {
   kFolderCollection,
   kCalculation,
   kBatchQuestion,
-  kMessageBox,     // a CustomMessageBoxDlg of `boxType` (buttons and icon)
-  kNothing,        // says so in the status bar
-  kAboutBox,       // the application's about command
-  kCloseRequest,   // the frame is asked to close
+  kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kNothing,       // says so in the status bar
+  kAboutBox,      // the application's about command
+  kCloseRequest,  // the frame is asked to close
 };
 
 struct Expected {
@@ -173,11 +173,10 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     fileRequests.clear();
     aboutCommands = closeRequests = 0;
     bool calculated = false;
-    frame->SetCalculationPlan(
-        {3, [&calculated](Progress & progress, int) {
-           calculated = Progress::GetActiveProgress() == &progress;
-           return progress.Set(1);
-         }});
+    frame->SetCalculationPlan({3, [&calculated](Progress & progress, int) {
+                                 calculated = Progress::GetActiveProgress() == &progress;
+                                 return progress.Set(1);
+                               }});
     frame->SetStatusText("");
 
     // What the command opened, seen while it was up (the dialogs live on
@@ -185,10 +184,9 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     // the test in the script.
     std::vector<Seen> seen;
     ModalDialogScript script;
-    bool const opensDialog = expected.opens == Opens::kFolderDialog ||
-                             expected.opens == Opens::kFolderCollection ||
-                             expected.opens == Opens::kBatchQuestion ||
-                             expected.opens == Opens::kMessageBox;
+    bool const opensDialog =
+        expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
+        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
@@ -226,7 +224,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
     }
     // Nothing else opened: no chooser where none belongs, no second dialog.
-    if (expected.opens != Opens::kFileChooserToOpen && expected.opens != Opens::kFileChooserToSave) {
+    if (expected.opens != Opens::kFileChooserToOpen &&
+        expected.opens != Opens::kFileChooserToSave) {
       EXPECT_TRUE(fileRequests.empty());
     }
     if (expected.opens != Opens::kAboutBox) {

@@ -46,8 +46,8 @@ void StopThroughTheBreakDialog(BreakDialog & dialog) {
 TEST_F(SampleCalculationTest, TheStatusBarSaysWhereTheCalculationStoppedOrThatItFinished) {
   struct Case {
     int runs;
-    int stopInRun;          // 0: never
-    bool afterLastReport;   // stopped once the run has made its last report
+    int stopInRun;         // 0: never
+    bool afterLastReport;  // stopped once the run has made its last report
     char const * status;
   };
   Case const cases[] = {
