@@ -4,11 +4,14 @@
 // The dialog's timers and buttons are driven by the test, never waited for.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include <wx/stattext.h>
 #include <wx/statusbr.h>
 
 #include "MainFrame.h"
 #include "SampleCommands.h"
+#include "controls/WindowSnapshot.h"
 #include "harness/GuiTestUtilities.h"
 #include "work/BreakConfirmWindow.h"
 #include "work/BreakDialog.h"
@@ -35,6 +38,23 @@ protected:
 
   MainFrame * frame = nullptr;
 };
+
+// With TALVO_SNAPSHOTS naming a folder, a PNG of `window` as shown goes
+// there, to look at.
+void Snapshot(wxWindow & window, char const * name) {
+  char const * folder = std::getenv("TALVO_SNAPSHOTS");
+  if (folder == nullptr) return;
+  bool painted = false;
+  auto onPaint = [&painted](wxPaintEvent & event) {
+    painted = true;
+    event.Skip();
+  };
+  window.Bind(wxEVT_PAINT, onPaint);
+  window.Refresh();
+  gui_test::WaitUntil([&] { return window.IsShownOnScreen() && painted; });
+  window.Unbind(wxEVT_PAINT, onPaint);
+  SaveWindowSnapshot(window, wxString::FromUTF8(folder) + "/" + name);
+}
 
 // The user presses Stop in the break dialog and answers Yes.
 void StopThroughTheBreakDialog(BreakDialog & dialog) {
@@ -91,6 +111,7 @@ TEST_F(SampleCalculationTest, TheBreakDialogShowsTheSamplesPaintings) {
                                    dynamic_cast<BreakDialog *>(Progress::GetBreakWindow());
                                if (dialog == nullptr) return false;
                                face = dialog->GetFace();
+                               Snapshot(*dialog, "sample-break-dialog.png");
                                artist = dialog->GetArtistText().GetLabel();
                                return progress.Set(1);
                              }});
