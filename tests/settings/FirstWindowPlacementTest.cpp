@@ -87,9 +87,9 @@ TEST(FirstWindow, PlacedBeforeItIsShownItComesUpThereAndGtkHasNothingToSay) {
   // what the placement says then (wx has learned the decorations by now).
   EXPECT_TRUE(gui_test::WaitUntil([&] { return FrameOnScreen(*frame) == normal; }, 10000))
       << "the X server shows it at " << FrameOnScreen(*frame);
-  EXPECT_TRUE(gui_test::WaitUntil(
-      [&] { return VxGetWindowPlacement(*frame).rcNormalPosition == normal; }))
-      << VxGetWindowPlacement(*frame).rcNormalPosition;
+  EXPECT_TRUE(gui_test::WaitUntil([&] {
+    return VxGetWindowPlacement(*frame).rcNormalPosition == normal;
+  })) << VxGetWindowPlacement(*frame).rcNormalPosition;
   EXPECT_EQ(sGtkComplaints, 0) << sLastComplaint;
   frame->Destroy();
   gui_test::Flush();
