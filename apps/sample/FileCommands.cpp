@@ -3,6 +3,7 @@
 #include <wx/frame.h>
 #include <wx/menu.h>
 
+#include "SampleCommands.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/FolderCollectionDialog.h"
 #include "dialogs/VxFileDialog.h"
@@ -16,13 +17,6 @@
 using vx3::Tr;
 
 namespace {
-
-enum Command {
-  kOpenCommand = wxID_HIGHEST + 101,
-  kSaveAsCommand,
-  kDefaultFolderCommand,
-  kSearchFoldersCommand,
-};
 
 constexpr char const * kSampleSection = "Sample";
 constexpr char const * kSearchFoldersEntry = "SearchFolders";

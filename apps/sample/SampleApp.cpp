@@ -24,12 +24,16 @@
 #include "frame/MuteAskUserComm.h"
 #include "frame/VxApp.h"
 #include "frame/VxAppCustomization.h"
+#include "platform/MessageBoxes.h"
+#include "platform/WinUser.h"
 #include "settings/TopLevelWindowPlacement.h"
 #include "settings/WindowPlacement.h"
 #include "utl/ConfigurationSection.h"
 #include "utl/Exception.h"
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
+
+using vx3::Tr;
 
 namespace {
 
@@ -48,6 +52,7 @@ public:
 
 private:
   void Customize();
+  void ReportCustomizationError();
   void CountStart();
   void PlaceFrame();
   void SavePlacement(wxCloseEvent & event);
@@ -60,6 +65,7 @@ private:
   bool mPainted = false;
   bool mStartCounted = false;
   VxAppCustomization * mCustomization = nullptr;
+  wxString mCustomizationError;
   MainFrame * mFrame = nullptr;
   wxTimer mScreenshotTimer;
   int mScreenshotTries = 0;
@@ -122,6 +128,8 @@ bool SampleApp::OnInit() {
   mFrame->Show();
   WatchFirstPaint();
   if (!mScreenshotPath.empty()) TakeScreenshotWhenPainted();
+  // A question for the user, not for a scripted run (stderr has it).
+  if (!scripted) ReportCustomizationError();
   return true;
 }
 
@@ -129,10 +137,18 @@ void SampleApp::Customize() {
   try {
     mCustomization = VxAppCustomization::Instance();
   } catch (Exception const & error) {
-    // A broken package must not keep the application from starting.
-    wxFprintf(stderr, "the customization package is ignored: %s\n",
-              wxString::FromUTF8(error.Why()));
+    // A broken package must not keep the application from starting; the
+    // user is told once the main window is up.
+    mCustomizationError = wxString::FromUTF8(error.Why());
+    wxFprintf(stderr, "the customization package is ignored: %s\n", mCustomizationError);
   }
+}
+
+void SampleApp::ReportCustomizationError() {
+  if (mCustomizationError.empty()) return;
+  wxString text = Tr("The customization package is ignored: %1%");
+  text.Replace("%1%", mCustomizationError);
+  AfxMessageBox(text, MB_OK | MB_ICONWARNING);
 }
 
 void SampleApp::CountStart() {
