@@ -21,6 +21,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/lib)
 set(_exact "(= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libtalvoutlwin${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "TALVOutlwin shared libraries")
+# Opened when printers are listed, so dpkg-shlibdeps cannot see it.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "libcups2 (>= 2.4)")
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libtalvoutlwin-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 # What the headers, the CMake package and its functions need.
