@@ -52,7 +52,6 @@ public:
 
 private:
   void Customize();
-  void ReportCustomizationError();
   void CountStart();
   void PlaceFrame();
   void SavePlacement(wxCloseEvent & event);
@@ -65,7 +64,6 @@ private:
   bool mPainted = false;
   bool mStartCounted = false;
   VxAppCustomization * mCustomization = nullptr;
-  wxString mCustomizationError;
   MainFrame * mFrame = nullptr;
   wxTimer mScreenshotTimer;
   int mScreenshotTries = 0;
@@ -128,28 +126,12 @@ bool SampleApp::OnInit() {
   mFrame->Show();
   WatchFirstPaint();
   if (!mScreenshotPath.empty()) TakeScreenshotWhenPainted();
-  // A question for the user, not for a scripted run (stderr has it).
-  if (!scripted) ReportCustomizationError();
   return true;
 }
 
-void SampleApp::Customize() {
-  try {
-    mCustomization = VxAppCustomization::Instance();
-  } catch (Exception const & error) {
-    // A broken package must not keep the application from starting; the
-    // user is told once the main window is up.
-    mCustomizationError = wxString::FromUTF8(error.Why());
-    wxFprintf(stderr, "the customization package is ignored: %s\n", mCustomizationError);
-  }
-}
-
-void SampleApp::ReportCustomizationError() {
-  if (mCustomizationError.empty()) return;
-  wxString text = Tr("The customization package is ignored: %1%");
-  text.Replace("%1%", mCustomizationError);
-  AfxMessageBox(text, MB_OK | MB_ICONWARNING);
-}
+// A damaged package is not used; the library logs it and tells the user
+// once the main window is up.
+void SampleApp::Customize() { mCustomization = VxAppCustomization::Instance(); }
 
 void SampleApp::CountStart() {
   // A setting of the sample's own, kept in the settings file between runs.

@@ -8,6 +8,7 @@
 #include "frame/AppProfile.h"
 #include "platform/ResourceModule.h"
 #include "platform/RunningApplication.h"
+#include "utl/FileProblemNotice.h"
 #include "utl/Utf.h"
 #include "utl/VxSystemInfo.h"
 
@@ -25,6 +26,12 @@ wxString FormatString1(wxString text, wxString const & insert) {
 }
 
 }  // namespace
+
+bool VxApp::OnInit() {
+  vx3::HoldFileProblems();
+  CallAfter([] { vx3::ReleaseFileProblems(); });
+  return wxApp::OnInit();
+}
 
 VxApp::VxApp(wchar_t const * appName) {
   if (appName != nullptr) {

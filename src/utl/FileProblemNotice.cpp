@@ -18,6 +18,7 @@ struct Waiting {
 };
 
 std::mutex gMutex;
+bool gHeld = false;
 std::set<std::string> & Told() {
   static std::set<std::string> told;
   return told;
@@ -45,7 +46,7 @@ bool TellFileProblemOnce(std::string const & path, ExceptionMessage const & mess
   {
     std::lock_guard<std::mutex> lock(gMutex);
     if (!Told().insert(path).second) return false;
-    if (channel == nullptr) {
+    if (channel == nullptr || gHeld) {
       WaitingForChannel().push_back({path, message});
       return false;
     }
@@ -59,16 +60,30 @@ void TellWaitingFileProblems(UserComm & channel) {
   std::vector<Waiting> waiting;
   {
     std::lock_guard<std::mutex> lock(gMutex);
-    if (WaitingForChannel().empty()) return;
+    if (gHeld || WaitingForChannel().empty()) return;
     waiting.swap(WaitingForChannel());
   }
   for (Waiting const & problem : waiting) Tell(channel, problem.message);
+}
+
+void HoldFileProblems() {
+  std::lock_guard<std::mutex> lock(gMutex);
+  gHeld = true;
+}
+
+void ReleaseFileProblems() {
+  {
+    std::lock_guard<std::mutex> lock(gMutex);
+    gHeld = false;
+  }
+  if (UserComm * channel = UserComm::GetUserComm()) TellWaitingFileProblems(*channel);
 }
 
 void ForgetReportedFiles() {
   std::lock_guard<std::mutex> lock(gMutex);
   Told().clear();
   WaitingForChannel().clear();
+  gHeld = false;
 }
 
 }  // namespace vx3

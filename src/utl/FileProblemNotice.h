@@ -24,8 +24,14 @@ bool ReportFileProblem(char const * className, char const * functionName, std::s
 bool TellFileProblemOnce(std::string const & path, ExceptionMessage const & message);
 
 // Tells the problems that waited for a channel through `channel`; called by
-// UserComm::SetUserComm.
+// UserComm::SetUserComm. Nothing while the problems are held.
 void TellWaitingFileProblems(UserComm & channel);
+
+// An application holds the problems during its start, so that no box comes
+// up before its main window (and then behind it); they wait, channel or
+// not, until released, and are then told through the current channel.
+void HoldFileProblems();
+void ReleaseFileProblems();
 
 // Forgets which files were told about and what waits: for tests.
 void ForgetReportedFiles();

@@ -143,4 +143,22 @@ TEST(SettingsFileOpening, AProblemMetBeforeAnyChannelIsToldThroughTheFirstOne) {
   UserComm::SetUserComm(before);
 }
 
+TEST(SettingsFileOpening, ProblemsHeldDuringAStartAreToldWhenReleased) {
+  CollectingUserComm channel;
+  vx3::HoldFileProblems();
+  std::string const path = VxPathAppend(FreshFolder("held"), "App.kvxml");
+  Spit(path, "<Settings>");
+  EXPECT_EQ(vx3::OpenSharedSettingsFile(path), nullptr);
+  {
+    CollectingUserComm installedMeanwhile(CollectingUserComm::TakingWhatWaits);
+    EXPECT_TRUE(installedMeanwhile.told.empty()) << "a new channel does not end the hold";
+  }
+  EXPECT_TRUE(channel.told.empty());
+  vx3::ReleaseFileProblems();
+  ASSERT_EQ(channel.told.size(), 1u);
+  EXPECT_NE(channel.told[0].find(path), std::string::npos) << channel.told[0];
+  vx3::ReleaseFileProblems();
+  EXPECT_EQ(channel.told.size(), 1u) << "told once";
+}
+
 }  // namespace
