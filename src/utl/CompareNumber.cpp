@@ -86,8 +86,13 @@ int CompareCodePoints(char32_t x, char32_t y) {
 
 class NaturalComparison {
 public:
-  NaturalComparison(std::string const & a, std::string const & b)
-      : mA(a.c_str()), mB(b.c_str()), mEndA(mA + a.size()), mEndB(mB + b.size()) {}
+  // `identical`: no byte before the starting place differs between the sides.
+  NaturalComparison(std::string const & a, std::string const & b, bool identical)
+      : mA(a.c_str()),
+        mB(b.c_str()),
+        mEndA(mA + a.size()),
+        mEndB(mB + b.size()),
+        mIdentical(identical) {}
 
   // Compares from `x` and `y`, which stand after the same number of
   // byte-identical ASCII bytes from the starts (none: the starts).
@@ -293,13 +298,13 @@ private:
   char const * const mEndA;
   char const * const mEndB;
   int mZeroTieBreak = 0;
-  bool mIdentical = true;  // no byte read so far differs between the sides
+  bool mIdentical;  // no byte read so far differs between the sides
 };
 
 // The whole comparison, from where the quick one below stopped.
 __attribute__((noinline)) int CompareFrom(std::string const & first, std::string const & second,
-                                          char const * x, char const * y) {
-  return NaturalComparison(first, second).Run(x, y);
+                                          char const * x, char const * y, bool identical) {
+  return NaturalComparison(first, second, identical).Run(x, y);
 }
 
 }  // namespace
@@ -313,9 +318,19 @@ int CompareNumber(std::string const & first, std::string const & second, std::lo
   char const * const start = first.c_str();
   char const * x = start;
   char const * y = second.c_str();
-  while (*x == *y && static_cast<signed char>(*x) > 0) ++x, ++y;
-  auto const ca = static_cast<unsigned char>(*x);
-  auto const cb = static_cast<unsigned char>(*y);
+  // Letters that differ in case only are passed too ("Run 7", "run 12"):
+  // they end any number on both sides alike, and only the final tie-break
+  // needs to know of them.
+  bool identical = true;
+  unsigned char ca, cb;
+  for (;;) {
+    while (*x == *y && static_cast<signed char>(*x) > 0) ++x, ++y;
+    ca = static_cast<unsigned char>(*x);
+    cb = static_cast<unsigned char>(*y);
+    if (ca >= 0x80 || cb >= 0x80 || vx3::FoldAscii(ca) != vx3::FoldAscii(cb) || ca == cb) break;
+    identical = false;
+    ++x, ++y;
+  }
   if (ca - 1u < 0x7Fu && cb - 1u < 0x7Fu) {  // both ASCII, neither NUL
     bool const digitA = vx3::IsAsciiDigit(ca);
     bool const digitB = vx3::IsAsciiDigit(cb);
@@ -325,9 +340,9 @@ int CompareNumber(std::string const & first, std::string const & second, std::lo
         unsigned char const fa = vx3::FoldAscii(ca);
         unsigned char const fb = vx3::FoldAscii(cb);
         if (fa != fb) return fa < fb ? -1 : 1;
-        return CompareFrom(first, second, x, y);
+        return CompareFrom(first, second, x, y, identical);
       }
-      if (ca == '0' || cb == '0') return CompareFrom(first, second, x, y);
+      if (ca == '0' || cb == '0') return CompareFrom(first, second, x, y, identical);
     } else {
       // Inside numbers whose first digits agree: only with a significant
       // digit among those are the leading zeros known to be equal.
@@ -335,7 +350,7 @@ int CompareNumber(std::string const & first, std::string const & second, std::lo
       bool significant = *digit != '0';
       while (!significant && digit > start && vx3::IsAsciiDigit(digit[-1]))
         significant = *--digit != '0';
-      if (!significant) return CompareFrom(first, second, x, y);
+      if (!significant) return CompareFrom(first, second, x, y, identical);
       // One number goes on, the other has ended at an ASCII byte.
       if (digitA != digitB) return digitA ? 1 : -1;
     }
@@ -352,7 +367,7 @@ int CompareNumber(std::string const & first, std::string const & second, std::lo
       }
     }
   }
-  return CompareFrom(first, second, x, y);
+  return CompareFrom(first, second, x, y, identical);
 }
 
 }  // namespace VxStdString
