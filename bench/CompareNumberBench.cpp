@@ -14,7 +14,7 @@
 
 namespace {
 
-TALVO_RATIO_LIMIT("SortCompareNumber", 1.3);
+TALVO_RATIO_LIMIT("SortCompareNumber", 1.0);
 
 // Texts of the kind a list shows: names with numbers (some zero-padded),
 // versions, plain numbers, files, and names without digits; one word in

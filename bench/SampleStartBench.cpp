@@ -25,7 +25,7 @@ extern char ** environ;
 
 namespace {
 
-TALVO_RATIO_LIMIT("SampleStart", 1.3);
+TALVO_RATIO_LIMIT("SampleStart", 1.15);
 
 // An X server for the processes: DISPLAY if set, else an Xvfb started here
 // (and stopped at exit), which reports its display number through a pipe.

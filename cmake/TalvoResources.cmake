@@ -13,10 +13,10 @@
 # The generated source marks the strings' message ids (and the templates'
 # titles and labels) with translate(...), so the pot target extracts them
 # for modules under src/ and apps/.
-
-# The generator is a small C++ program built for the build machine.
-add_executable(talvo-resgen ${CMAKE_CURRENT_LIST_DIR}/resource-generator/TalvoResourceGenerator.cpp)
-set_target_properties(talvo-resgen PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tools)
+#
+# The generator is talvo-resgen (resource-generator/): the target of this
+# build, or TALVOutlwin::talvo-resgen of an installed package, where this
+# file is installed for applications of the family.
 
 function(talvo_add_resource_module target)
   cmake_parse_arguments(R "LIBRARY" "NAME;DIRECTORY" "" ${ARGN})
@@ -30,18 +30,29 @@ function(talvo_add_resource_module target)
   if(R_LIBRARY)
     set(_role library)
   endif()
+  if(TARGET talvo-resgen)
+    set(_generator talvo-resgen)
+    set(_generator_file talvo-resgen)
+  else()
+    set(_generator TALVOutlwin::talvo-resgen)
+    set(_generator_file $<TARGET_FILE:TALVOutlwin::talvo-resgen>)
+  endif()
   set(_output ${CMAKE_CURRENT_BINARY_DIR}/${R_NAME}_resources.cpp)
   add_custom_command(OUTPUT ${_output}
-    COMMAND talvo-resgen --name ${R_NAME} --role ${_role} --root ${_root} --output ${_output}
+    COMMAND ${_generator} --name ${R_NAME} --role ${_role} --root ${_root} --output ${_output}
             ${_files}
-    DEPENDS talvo-resgen ${_files}
+    DEPENDS ${_generator_file} ${_files}
     COMMENT "Embedding the resource module ${R_NAME}"
     VERBATIM)
   target_sources(${target} PRIVATE ${_output})
 
-  # The library's and the applications' strings belong to the catalog.
-  file(RELATIVE_PATH _from_src ${CMAKE_SOURCE_DIR}/src ${_root})
-  file(RELATIVE_PATH _from_apps ${CMAKE_SOURCE_DIR}/apps ${_root})
+  # The strings of this project's library and applications belong to its
+  # catalog; an outside application extracts its own (talvo_add_pot).
+  if(NOT DEFINED TALVOutlwin_SOURCE_DIR)
+    return()
+  endif()
+  file(RELATIVE_PATH _from_src ${TALVOutlwin_SOURCE_DIR}/src ${_root})
+  file(RELATIVE_PATH _from_apps ${TALVOutlwin_SOURCE_DIR}/apps ${_root})
   if(NOT _from_src MATCHES "^\\.\\./" OR NOT _from_apps MATCHES "^\\.\\./")
     set_property(GLOBAL APPEND PROPERTY TALVO_POT_GENERATED_SOURCES ${_output})
     set_property(GLOBAL APPEND PROPERTY TALVO_POT_GENERATED_TARGETS ${target})

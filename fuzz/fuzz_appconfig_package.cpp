@@ -6,6 +6,7 @@
 
 #include "frame/AppConfigPackage.h"
 #include "utl/Exception.h"
+#include "utl/VxSystemInfo.h"
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   AppConfigLimits limits;
@@ -23,6 +24,11 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
     AppConfigPackage::ApplyReplacements(markup, package.IconReplacements());
     try {
       package.ReadAppName();
+    } catch (Exception const &) {}
+    try {
+      // What is taken must be an address the desktop may be asked to open.
+      std::string const page = package.ReadSupportPage();
+      if (!page.empty() && !VxSystemInfo::IsUsableSupportPage(page)) __builtin_trap();
     } catch (Exception const &) {}
   } catch (Exception const &) {}
   return 0;

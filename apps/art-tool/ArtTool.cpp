@@ -6,13 +6,18 @@
 //   talvo-art list ARCHIVE
 //   talvo-art extract ARCHIVE FOLDER
 //       writes every painting and portrait as <stream>.jpg into FOLDER
+//   talvo-art --help | --version
 //
-// Exit codes: 0 done, 1 failed (the reason on stderr), 2 wrong usage.
+// Exit codes: 0 done, 1 failed (the file and the reason on stderr), 2 wrong
+// usage.
 #include <dirent.h>
 #include <strings.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iostream>
 #include <map>
@@ -24,7 +29,6 @@
 
 #include "pictures/ArtInfo.h"
 #include "pictures/ArtPictureSource.h"
-#include "pictures/CompoundFileStream.h"
 #include "platform/MessageBoxes.h"
 #include "utl/Exception.h"
 #include "utl/Paths.h"
@@ -35,17 +39,31 @@ constexpr int kDone = 0;
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
 
+constexpr char kUsageText[] =
+    "usage: talvo-art create ARCHIVE FOLDER [--artist NAME] [--life-span TEXT]"
+    " [--portrait FILE]\n"
+    "       talvo-art list ARCHIVE\n"
+    "       talvo-art extract ARCHIVE FOLDER\n"
+    "       talvo-art --help | --version\n";
+
 int Usage() {
-  std::cerr << "usage: talvo-art create ARCHIVE FOLDER [--artist NAME] [--life-span TEXT]"
-               " [--portrait FILE]\n"
-               "       talvo-art list ARCHIVE\n"
-               "       talvo-art extract ARCHIVE FOLDER\n";
+  std::cerr << kUsageText;
   return kUsage;
 }
 
 int Fail(std::string const & text) {
   std::cerr << "talvo-art: " << text << '\n';
   return kFailed;
+}
+
+// "FILE: the system's reason" for the errno of a failed call on FILE.
+int FailOn(std::string const & file, int code) { return Fail(file + ": " + std::strerror(code)); }
+
+// Why a picture cannot be used: the system's reason if the file cannot be
+// opened, else that it holds no picture.
+int FailPicture(std::string const & path) {
+  if (::access(path.c_str(), R_OK) != 0) return FailOn(path, errno);
+  return Fail(path + ": no picture that can be read (JPEG, PNG, BMP, GIF, TIFF)");
 }
 
 bool IsPictureName(std::string const & name) {
@@ -59,13 +77,14 @@ bool IsPictureName(std::string const & name) {
   return false;
 }
 
-bool ListPictures(std::string const & folder, std::vector<std::string> & names) {
+// 0, or the errno of the failure.
+int ListPictures(std::string const & folder, std::vector<std::string> & names) {
   std::unique_ptr<DIR, int (*)(DIR *)> directory(::opendir(folder.c_str()), ::closedir);
-  if (!directory) return false;
+  if (!directory) return errno;
   while (dirent const * entry = ::readdir(directory.get()))
     if (entry->d_name[0] != '.' && IsPictureName(entry->d_name)) names.emplace_back(entry->d_name);
   std::sort(names.begin(), names.end());
-  return true;
+  return 0;
 }
 
 std::string Title(std::string const & fileName) { return fileName.substr(0, fileName.rfind('.')); }
@@ -73,8 +92,11 @@ std::string Title(std::string const & fileName) { return fileName.substr(0, file
 int Create(std::string const & archive, std::string const & folder,
            std::map<std::string, std::string> const & options) {
   std::vector<std::string> names;
-  if (!ListPictures(folder, names)) return Fail("cannot read the folder " + folder);
-  if (names.empty()) return Fail("no pictures (JPEG, PNG, BMP, GIF, TIFF) in " + folder);
+  if (int const code = ListPictures(folder, names)) return FailOn(folder, code);
+  if (names.empty()) return Fail(folder + ": no pictures (JPEG, PNG, BMP, GIF, TIFF) in it");
+  // An archive that is there must be one, readable whole: its reason is told
+  // here, before any picture is converted.
+  if (::access(archive.c_str(), F_OK) == 0) ArtInfo::LoadArtInfo(archive);
 
   CollectionInfo collection;
   auto const option = [&](char const * name) {
@@ -91,7 +113,7 @@ int Create(std::string const & archive, std::string const & folder,
     std::string const path = VxPathAppend(folder, name);
     wxImage const stored =
         vx3::LoadArtPicture(path, ArtInfo::nMaxPixWidth, ArtInfo::nMaxPixHeight, 0);
-    if (!stored.IsOk()) return Fail(path + " is no picture that can be read");
+    if (!stored.IsOk()) return FailPicture(path);
     collection.bitmapWidth = std::max(collection.bitmapWidth, stored.GetWidth());
     collection.bitmapHeight = std::max(collection.bitmapHeight, stored.GetHeight());
     PictureInfo picture;
@@ -103,7 +125,7 @@ int Create(std::string const & archive, std::string const & folder,
   if (!portrait.empty()) {
     wxImage const stored =
         vx3::LoadArtPicture(portrait, ArtInfo::nMaxPortraitWidth, ArtInfo::nMaxPortraitHeight, 0);
-    if (!stored.IsOk()) return Fail(portrait + " is no picture that can be read");
+    if (!stored.IsOk()) return FailPicture(portrait);
     collection.portraitWidth = stored.GetWidth();
     collection.portraitHeight = stored.GetHeight();
     PictureInfo name;  // a fresh unique stream name for the portrait
@@ -120,16 +142,9 @@ int Create(std::string const & archive, std::string const & folder,
   return kDone;
 }
 
-std::unique_ptr<ArtInfo const> Read(std::string const & archive) {
-  std::unique_ptr<ArtInfo const> art(ArtInfo::ReadArtInfo(archive));
-  if (!art) Fail(archive + " is no art archive that can be read");
-  return art;
-}
-
 int List(std::string const & archive) {
-  std::unique_ptr<ArtInfo const> const art = Read(archive);
-  if (!art) return kFailed;
-  for (CollectionInfo const & collection : art->GetCollections()) {
+  ArtInfo const art = ArtInfo::LoadArtInfo(archive);
+  for (CollectionInfo const & collection : art.GetCollections()) {
     std::cout << collection.artistName << " (" << collection.lifeSpan << "), paintings up to "
               << collection.bitmapWidth << " x " << collection.bitmapHeight << ", portrait "
               << (collection.iconName.empty() ? "none" : collection.iconName) << " "
@@ -141,28 +156,32 @@ int List(std::string const & archive) {
 }
 
 int Extract(std::string const & archive, std::string const & folder) {
-  std::unique_ptr<ArtInfo const> const art = Read(archive);
-  if (!art) return kFailed;
-  if (!VxCreateFolder(folder)) return Fail("cannot make the folder " + folder);
+  ArtInfo const art = ArtInfo::LoadArtInfo(archive);
+  errno = 0;
+  if (!VxCreateFolder(folder)) return FailOn(folder, errno != 0 ? errno : EIO);
   {
     int written = 0;
     auto const extract = [&](std::string const & stream) {
       std::string bytes;
-      if (vx3::ReadCompoundFileStream(archive, stream, 64u << 20, bytes) !=
-          vx3::CompoundStreamRead::kRead) {
-        std::cerr << "talvo-art: " << archive << " has no stream " << stream << '\n';
+      try {
+        bytes = ArtInfo::ReadPictureStream(archive, stream);
+      } catch (Exception const & error) {
+        Fail(error.Why());
         return false;
       }
       // The stream names are numbers, so they make safe file names.
       std::string const target = VxPathAppend(folder, VxGetFileName(stream) + ".jpg");
+      errno = 0;
       std::ofstream out(target, std::ios::binary);
-      if (!out.write(bytes.data(), static_cast<std::streamsize>(bytes.size())) || !out.flush())
+      if (!out.write(bytes.data(), static_cast<std::streamsize>(bytes.size())) || !out.flush()) {
+        FailOn(target, errno != 0 ? errno : EIO);
         return false;
+      }
       ++written;
       return true;
     };
     bool complete = true;
-    for (CollectionInfo const & collection : art->GetCollections()) {
+    for (CollectionInfo const & collection : art.GetCollections()) {
       if (!collection.iconName.empty()) complete = extract(collection.iconName) && complete;
       for (PictureInfo const & picture : collection.pictures)
         complete = extract(picture.GetFileName()) && complete;
@@ -184,6 +203,14 @@ int main(int argc, char ** argv) {
   });
 
   std::vector<std::string> args(argv + 1, argv + argc);
+  if (args.size() == 1 && args[0] == "--help") {
+    std::cout << kUsageText;
+    return kDone;
+  }
+  if (args.size() == 1 && args[0] == "--version") {
+    std::cout << "talvo-art " << TALVO_PROJECT_VERSION << '\n';
+    return kDone;
+  }
   try {
     if (args.size() == 2 && args[0] == "list") return List(args[1]);
     if (args.size() == 3 && args[0] == "extract") return Extract(args[1], args[2]);

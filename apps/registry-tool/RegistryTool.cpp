@@ -9,14 +9,18 @@
 //   talvo-reg import FILE         what FILE says, as one transaction: a
 //                                 malformed file is refused with its line
 //                                 number, and nothing changes
+//   talvo-reg --help | --version
 //
-// Exit code 0 on success, 1 on failure, 2 for a wrong command line. The
+// Exit code 0 on success, 1 on failure (the file or key and the reason on
+// stderr), 2 for a wrong command line (the usage on stderr). The
 // hives are where the library finds them (TALVO_REGISTRY_USER_HIVE and
 // TALVO_REGISTRY_SYSTEM_HIVE move them).
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -37,14 +41,33 @@ int const kUsage = 2;
 void Tell(std::string const & text) { std::fprintf(stderr, "talvo-reg: %s\n", text.c_str()); }
 void Tell(ExceptionMessage const & message) { Tell(message.ToString(std::locale())); }
 
+constexpr char kUsageText[] =
+    "usage: talvo-reg list [HIVE] [KEY]\n"
+    "       talvo-reg export FILE KEY\n"
+    "       talvo-reg import FILE\n"
+    "       talvo-reg --help | --version\n"
+    "HIVE: HKEY_CURRENT_USER (HKCU), HKEY_LOCAL_MACHINE (HKLM), HKEY_CLASSES_ROOT (HKCR)\n";
+
 int Usage() {
-  std::fprintf(stderr,
-               "usage: talvo-reg list [HIVE] [KEY]\n"
-               "       talvo-reg export FILE KEY\n"
-               "       talvo-reg import FILE\n"
-               "HIVE: HKEY_CURRENT_USER (HKCU), HKEY_LOCAL_MACHINE (HKLM), HKEY_CLASSES_ROOT "
-               "(HKCR)\n");
+  std::fputs(kUsageText, stderr);
   return kUsage;
+}
+
+// 0, or the errno of the failure.
+int ReadWholeFile(std::string const & path, std::string & bytes) {
+  int const fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return errno;
+  char buffer[65536];
+  int code = 0;
+  for (;;) {
+    ssize_t const n = ::read(fd, buffer, sizeof buffer);
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) code = errno;
+    if (n <= 0) break;
+    bytes.append(buffer, static_cast<size_t>(n));
+  }
+  ::close(fd);
+  return code;
 }
 
 // "HKCU\Software\X" as root and path; false when it starts with no root.
@@ -144,8 +167,11 @@ int Export(std::string const & file, std::string const & keyText) {
   if (!SplitKey(keyText, root, path)) return Usage();
   std::string text;
   ExceptionMessage error;
-  if (!registry::ExportRegFile(root, path, text, error) ||
-      !registry::SaveRegFile(file, text, error)) {
+  if (!registry::ExportRegFile(root, path, text, error)) {
+    Tell(ExceptionMessage::translate("{1}: {2}") % file % error.ToString(std::locale()));
+    return kFailure;
+  }
+  if (!registry::SaveRegFile(file, text, error)) {
     Tell(error);
     return kFailure;
   }
@@ -153,12 +179,12 @@ int Export(std::string const & file, std::string const & keyText) {
 }
 
 int Import(std::string const & file) {
-  std::ifstream in(file, std::ios::binary);
-  if (!in) {
-    Tell(ExceptionMessage::translate("The file {1} cannot be read.") % file);
+  std::string bytes;
+  if (int const code = ReadWholeFile(file, bytes)) {
+    Tell(ExceptionMessage::translate("The file {1} cannot be read: {2}.") % file %
+         std::string(std::strerror(code)));
     return kFailure;
   }
-  std::string const bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
   ExceptionMessage error;
   if (!registry::ImportRegFile(bytes, error)) {
     Tell(ExceptionMessage::translate("{1}: {2}") % file % error.ToString(std::locale()));
@@ -170,6 +196,14 @@ int Import(std::string const & file) {
 int Run(std::vector<std::string> const & args) {
   if (args.empty()) return Usage();
   std::string const & command = args[0];
+  if (command == "--help" && args.size() == 1) {
+    std::fputs(kUsageText, stdout);
+    return 0;
+  }
+  if (command == "--version" && args.size() == 1) {
+    std::printf("talvo-reg %s\n", TALVO_PROJECT_VERSION);
+    return 0;
+  }
   if (command == "list" && args.size() <= 3) {
     HKEY root = HKEY_CURRENT_USER;
     std::wstring path;

@@ -3,6 +3,7 @@
 #include <wx/menu.h>
 #include <wx/window.h>
 
+#include "SampleCommands.h"
 #include "frame/MemoryUserComm.h"
 #include "frame/StandardUserComm.h"
 #include "utl/ExceptionMessage.h"
@@ -10,7 +11,6 @@
 
 namespace {
 
-constexpr int kArchiveRunsCommand = wxID_HIGHEST + 40;
 constexpr int kSampleRunCount = 12;
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <wx/frame.h>
 #include <wx/menu.h>
 
+#include "SampleCommands.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/FolderCollectionDialog.h"
 #include "dialogs/VxFileDialog.h"
@@ -18,13 +19,6 @@
 using vx3::Tr;
 
 namespace {
-
-enum Command {
-  kOpenCommand = wxID_HIGHEST + 101,
-  kSaveAsCommand,
-  kDefaultFolderCommand,
-  kSearchFoldersCommand,
-};
 
 constexpr char const * kSampleSection = "Sample";
 constexpr char const * kSearchFoldersEntry = "SearchFolders";

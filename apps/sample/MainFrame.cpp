@@ -1,5 +1,6 @@
 #include "MainFrame.h"
 
+#include <wx/app.h>
 #include <wx/dcscreen.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
@@ -10,6 +11,7 @@
 #include "MessagesMenu.h"
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
+#include "SampleCommands.h"
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -60,7 +62,7 @@ void MainFrame::BuildMenus() {
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
   auto * help = new wxMenu;
-  help->Append(kAboutCommand, Tr("Menu command", "&About..."));
+  help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));
   bar->Append(tools, Tr("Menu", "&Tools"));
@@ -68,8 +70,26 @@ void MainFrame::BuildMenus() {
   bar->Append(help, Tr("Menu", "&Help"));
   SetMenuBar(bar);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
+  Bind(wxEVT_MENU, &MainFrame::OnRunCalculation, this, kRunCalculationCommand);
+  // wx menus take ids below 0x7fff only, so the item is the toolkit's about
+  // item, and its command and update go on to the application as the
+  // family's about command, which VxApp handles.
   Bind(
-      wxEVT_MENU, [this](wxCommandEvent &) { RunSampleCalculation(this); }, kRunCalculationCommand);
+      wxEVT_MENU,
+      [](wxCommandEvent &) {
+        wxCommandEvent about(wxEVT_MENU, kAboutCommand);
+        wxTheApp->ProcessEvent(about);
+      },
+      wxID_ABOUT);
+  Bind(
+      wxEVT_UPDATE_UI,
+      [](wxUpdateUIEvent & event) {
+        wxUpdateUIEvent update(kAboutCommand);
+        if (!wxTheApp->ProcessEvent(update)) return;
+        if (update.GetSetEnabled()) event.Enable(update.GetEnabled());
+        if (update.GetSetText()) event.SetText(update.GetText());
+      },
+      wxID_ABOUT);
 }
 
 void MainFrame::BuildPage() {
@@ -91,3 +111,9 @@ void MainFrame::BuildPage() {
 }
 
 void MainFrame::OnExit(wxCommandEvent &) { Close(); }
+
+void MainFrame::OnRunCalculation(wxCommandEvent &) {
+  // The progress puts the idle text back when it ends; the outcome comes
+  // after that.
+  SetStatusText(DescribeOutcome(RunSampleCalculation(this, mCalculation)));
+}

@@ -8,6 +8,7 @@
 #include <wx/frame.h>
 #include <wx/menu.h>
 
+#include "SampleCommands.h"
 #include "dialogs/CheckBoxMessageBox.h"
 #include "dialogs/CustomMessageBoxDlg.h"
 #include "dialogs/DontShowAgainMessageBox.h"
@@ -21,18 +22,6 @@ using vx3::Tr;
 wchar_t const kSampleDontShowAgainKey[] = L"SampleCalculationFinished";
 
 namespace {
-
-enum Command {
-  kOkBox = wxID_HIGHEST + 100,
-  kOkCancelBox,
-  kYesNoBox,
-  kRelabelledBox,
-  kHelpBox,
-  kCheckBox,
-  kDontShowAgain,
-  kForgetAnswers,
-  kFailingHandler,
-};
 
 // A sample-only help topic: Help stays disabled until a help viewer exists.
 constexpr unsigned int kSampleHelpTopic = 1001;
@@ -82,35 +71,35 @@ public:
 
 wxMenu * CreateMessagesMenu(wxFrame & frame) {
   auto * menu = new wxMenu;
-  menu->Append(kOkBox, Tr("Menu command", "&Information (OK)"));
-  menu->Append(kOkCancelBox, Tr("Menu command", "&Warning (OK, Cancel)"));
-  menu->Append(kYesNoBox, Tr("Menu command", "&Question (Yes, No)"));
-  menu->Append(kRelabelledBox, Tr("Menu command", "&Relabelled buttons (Yes, No, Cancel)"));
-  menu->Append(kHelpBox, Tr("Menu command", "With a &help topic"));
-  menu->Append(kCheckBox, Tr("Menu command", "With a &check box"));
+  menu->Append(kOkBoxCommand, Tr("Menu command", "&Information (OK)"));
+  menu->Append(kOkCancelBoxCommand, Tr("Menu command", "&Warning (OK, Cancel)"));
+  menu->Append(kYesNoBoxCommand, Tr("Menu command", "&Question (Yes, No)"));
+  menu->Append(kRelabelledBoxCommand, Tr("Menu command", "&Relabelled buttons (Yes, No, Cancel)"));
+  menu->Append(kHelpBoxCommand, Tr("Menu command", "With a &help topic"));
+  menu->Append(kCheckBoxCommand, Tr("Menu command", "With a &check box"));
   menu->AppendSeparator();
-  menu->Append(kDontShowAgain, Tr("Menu command", "&Don't-show-again message"));
-  menu->Append(kForgetAnswers, Tr("Menu command", "&Forget the stored answers"));
+  menu->Append(kDontShowAgainCommand, Tr("Menu command", "&Don't-show-again message"));
+  menu->Append(kForgetAnswersCommand, Tr("Menu command", "&Forget the stored answers"));
   menu->AppendSeparator();
-  menu->Append(kFailingHandler, Tr("Menu command", "&Failure in a dialog handler"));
+  menu->Append(kFailingHandlerCommand, Tr("Menu command", "&Failure in a dialog handler"));
 
   auto on = [&frame](int command, auto action) {
     frame.Bind(
         wxEVT_MENU, [&frame, action](wxCommandEvent &) { action(frame); }, command);
   };
-  on(kOkBox, [](wxFrame & f) {
+  on(kOkBoxCommand, [](wxFrame & f) {
     std::wstring const text = W(Tr("The measurement has been saved."));
     Report(f, VxMessageBox(text.c_str(), MB_OK | MB_ICONINFORMATION));
   });
-  on(kOkCancelBox, [](wxFrame & f) {
+  on(kOkCancelBoxCommand, [](wxFrame & f) {
     std::wstring const text = W(Tr("The calibration is older than a month. Measure anyway?"));
     Report(f, VxMessageBox(text.c_str(), MB_OKCANCEL | MB_ICONWARNING));
   });
-  on(kYesNoBox, [](wxFrame & f) {
+  on(kYesNoBoxCommand, [](wxFrame & f) {
     std::wstring const text = W(Tr("Add the new runs to the project?"));
     Report(f, VxMessageBox(text.c_str(), MB_YESNO | MB_ICONQUESTION));
   });
-  on(kRelabelledBox, [](wxFrame & f) {
+  on(kRelabelledBoxCommand, [](wxFrame & f) {
     std::wstring const text =
         W(Tr("The run \"Calibration 12\" has changed. Save the changes "
              "before the project closes?"));
@@ -118,14 +107,14 @@ wxMenu * CreateMessagesMenu(wxFrame & frame) {
     Report(f, VxMessageBox(text.c_str(), MB_YESNOCANCEL | MB_ICONQUESTION, save.c_str(),
                            discard.c_str()));
   });
-  on(kHelpBox, [](wxFrame & f) {
+  on(kHelpBoxCommand, [](wxFrame & f) {
     CustomMessageBoxDlg box(MB_OK | MB_ICONINFORMATION, kSampleHelpTopic);
     box.SetText(
         Tr("This box has a Help button for its topic. It is disabled while the "
            "application has no help viewer."));
     Report(f, box.DoModal());
   });
-  on(kCheckBox, [](wxFrame & f) {
+  on(kCheckBoxCommand, [](wxFrame & f) {
     std::wstring const text = W(Tr("Close the project \"Stability 2026\"?"));
     std::wstring const check = W(Tr("&Close the other projects too"));
     bool checked = false;
@@ -133,7 +122,7 @@ wxMenu * CreateMessagesMenu(wxFrame & frame) {
     f.SetStatusText(Say(Tr("The box was answered: %1%, the check box is %2%."), AnswerName(answer),
                         checked ? Tr("ticked") : Tr("not ticked")));
   });
-  on(kDontShowAgain, [](wxFrame & f) {
+  on(kDontShowAgainCommand, [](wxFrame & f) {
     std::wstring const text =
         W(Tr("The calculation has finished. Tick the box to keep your answer: this message "
              "will not be shown again until the stored answers are forgotten."));
@@ -145,12 +134,12 @@ wxMenu * CreateMessagesMenu(wxFrame & frame) {
     else
       f.SetStatusText(Say(Tr("Not shown: the stored answer is %1%."), AnswerName(answer)));
   });
-  on(kForgetAnswers, [](wxFrame & f) {
+  on(kForgetAnswersCommand, [](wxFrame & f) {
     std::string const section = vx3::WideToUtf8(GetDontShowAgainRegistrySection());
     AppProfile::WriteProfileString(section.c_str(), nullptr, nullptr);
     f.SetStatusText(Tr("The stored answers are forgotten."));
   });
-  on(kFailingHandler, [](wxFrame & f) {
+  on(kFailingHandlerCommand, [](wxFrame & f) {
     FailingMessageBox box;
     Report(f, box.DoModal());
   });

@@ -21,14 +21,19 @@
 #include "BatchCommand.h"
 #include "MainFrame.h"
 #include "controls/WindowSnapshot.h"
+#include "frame/MuteAskUserComm.h"
 #include "frame/VxApp.h"
 #include "frame/VxAppCustomization.h"
+#include "platform/MessageBoxes.h"
+#include "platform/WinUser.h"
 #include "settings/TopLevelWindowPlacement.h"
 #include "settings/WindowPlacement.h"
 #include "utl/ConfigurationSection.h"
 #include "utl/Exception.h"
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
+
+using vx3::Tr;
 
 namespace {
 
@@ -91,7 +96,13 @@ bool SampleApp::OnInit() {
   // settings location.
   Customize();
   SetRegistryLocation();
-  InstallStandardUserComm();
+  if (!mScreenshotPath.empty() || mExitOnPaint) {
+    // Nobody answers a box in a scripted run: what it would tell is logged.
+    static MuteAskUserComm unattended;
+    UserComm::SetUserComm(&unattended);
+  } else {
+    InstallStandardUserComm();
+  }
 
   mFrame = new MainFrame;
   mFrame->SetTitle(wxString::FromUTF8(VxSystemInfo::GetApplicationName()));
@@ -118,15 +129,9 @@ bool SampleApp::OnInit() {
   return true;
 }
 
-void SampleApp::Customize() {
-  try {
-    mCustomization = VxAppCustomization::Instance();
-  } catch (Exception const & error) {
-    // A broken package must not keep the application from starting.
-    wxFprintf(stderr, "the customization package is ignored: %s\n",
-              wxString::FromUTF8(error.Why()));
-  }
-}
+// A damaged package is not used; the library logs it and tells the user
+// once the main window is up.
+void SampleApp::Customize() { mCustomization = VxAppCustomization::Instance(); }
 
 void SampleApp::CountStart() {
   // A setting of the sample's own, kept in the settings file between runs.

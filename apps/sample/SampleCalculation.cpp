@@ -4,38 +4,56 @@
 
 #include <cmath>
 
+#include "utl/Translation.h"
 #include "work/Progress.h"
+
+using vx3::Tr;
 
 namespace {
 
-constexpr int kSeries = 4;
-constexpr int kPointsPerSeries = 400;
+constexpr int kPointsPerRun = 40;
 // Short runs show no dialog at all.
 constexpr unsigned int kShowDelayMs = 400;
 
-// One series: a procedure that reports in its own scale and knows nothing
-// of the slice its caller gave it.
-double FitSeries(Progress & progress, int series) {
-  progress.SetRange(0, kPointsPerSeries);
+// One run: fits its points, reporting each, like a procedure that knows
+// nothing of the slice its caller gave it.
+bool FitRun(Progress & progress, int run) {
+  progress.SetRange(0, kPointsPerRun);
   double sum = 0;
-  for (int point = 0; point < kPointsPerSeries; ++point) {
-    for (int term = 1; term < 2000; ++term) sum += std::sin(series + point * 0.001 * term) / term;
-    if (point % 2 == 0) wxMilliSleep(1);  // a slow instrument, so that the gauge is seen moving
-    if (!progress.Set(float(point + 1))) break;
+  for (int point = 0; point < kPointsPerRun; ++point) {
+    for (int term = 1; term < 2000; ++term) sum += std::sin(run + point * 0.001 * term) / term;
+    wxMilliSleep(4);  // a slow instrument, so that a person can follow and stop it
+    if (!progress.Set(float(point + 1))) return false;
   }
-  return sum;
+  return std::isfinite(sum);
 }
 
 }  // namespace
 
-double RunSampleCalculation(wxWindow * parent) {
-  Progress progress(parent, L"Fitting the calibration series...", 0, kSeries, false, true, true,
-                    nullptr, nullptr, nullptr, kShowDelayMs);
-  double checksum = 0;
-  for (int series = 0; series < kSeries && !progress.IsBreakPressed(); ++series) {
-    progress.PushSubRange(float(series), float(series + 1));
-    checksum += FitSeries(progress, series);
+CalculationOutcome RunSampleCalculation(wxWindow * parent, CalculationPlan const & plan) {
+  CalculationOutcome outcome;
+  outcome.runs = plan.runs;
+  std::function<bool(Progress &, int)> const run = plan.run ? plan.run : FitRun;
+  Progress progress(parent, Tr("Fitting the calibration runs...").wc_str(), 0, float(plan.runs),
+                    false, true, true, nullptr, nullptr, nullptr, kShowDelayMs);
+  for (int index = 0; index < plan.runs; ++index) {
+    outcome.reached = index + 1;
+    progress.PushSubRange(float(index), float(index + 1));
+    bool const going = run(progress, outcome.reached);
     progress.PopSubRange();
+    // A stop pressed after the run's last report is seen here.
+    if (!going || progress.IsBreakPressed()) {
+      outcome.stopped = true;
+      break;
+    }
   }
-  return checksum;
+  return outcome;
+}
+
+wxString DescribeOutcome(CalculationOutcome const & outcome) {
+  wxString text = outcome.stopped ? Tr("Calculation stopped at run %1% of %2%.")
+                                  : Tr("Calculation finished: %2% runs.");
+  text.Replace("%1%", wxString::Format("%d", outcome.reached));
+  text.Replace("%2%", wxString::Format("%d", outcome.runs));
+  return text;
 }

@@ -21,6 +21,8 @@
 
 namespace {
 
+// Within a tenth of the least that the template costs, and never past 30 ms.
+TALVO_RATIO_LIMIT("MessageBoxLayout", 1.1);
 TALVO_TIME_LIMIT("MessageBoxLayout", 30e6);
 
 wchar_t const Text[] =

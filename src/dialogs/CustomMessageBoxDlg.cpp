@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
+#include <tuple>
+#include <utility>
 
 #include <gtk/gtk.h>
 #include <unicode/uchar.h>
 
+#include <wx/app.h>
 #include <wx/artprov.h>
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -17,7 +21,7 @@
 #include <wx/textctrl.h>
 
 #include "dialogs/LimitLineLength.h"
-#include "frame/VxApp.h"
+#include "platform/RunningApplication.h"
 #include "platform/WinUser.h"
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -78,6 +82,32 @@ wxArtID IconArt(unsigned int type) {
   }
 }
 
+// The font the text is drawn in. A control without a font of its own asks
+// GTK for its class's default by building a label each time, the dearest
+// step of the layout; that default is kept while the system's GUI font (which
+// wx follows) stays the same.
+wxFont TextFont(wxWindow const & text) {
+  struct OwnFont : wxWindowBase {
+    static wxFont const & Of(wxWindowBase const & window) { return window.*(&OwnFont::m_font); }
+  };
+  if (OwnFont::Of(text).IsOk() || text.GetWindowVariant() != wxWINDOW_VARIANT_NORMAL)
+    return text.GetFont();
+  // Never freed: no font may outlive the toolkit at exit.
+  static auto * const kept = new std::pair<wxFont, wxFont>;  // system font, text's default
+  wxFont const system = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
+  if (!kept->second.IsOk() || kept->first != system) *kept = {system, text.GetFont()};
+  return kept->second;
+}
+
+// wxSize has no order of its own.
+struct LessArtKey {
+  bool operator()(std::pair<wxArtID, wxSize> const & a,
+                  std::pair<wxArtID, wxSize> const & b) const {
+    return std::make_tuple(a.first, a.second.x, a.second.y) <
+           std::make_tuple(b.first, b.second.x, b.second.y);
+  }
+};
+
 }  // namespace
 
 CustomMessageBoxDlg::CustomMessageBoxDlg(unsigned int type, unsigned int helpTopic,
@@ -102,8 +132,7 @@ void CustomMessageBoxDlg::SetButtonText(unsigned int id, wxString const & text) 
 }
 
 int CustomMessageBoxDlg::DoModal() {
-  VxApp const * app = VxGetApp();
-  if (app != nullptr && app->MuteInfoMessages() && Kind() == MB_OK) return 0;
+  if (AppInfoMessagesMuted() && Kind() == MB_OK) return 0;
   return VxDialog::DoModal();
 }
 
@@ -142,7 +171,9 @@ void CustomMessageBoxDlg::RelabelButtons(wxFont const & textFont) {
       button->SetSize(textWidth + FromDlgX(8), button->GetSize().y);
   }
   // No label is ever cut, whatever the theme's padding or the translation.
-  for (int id : {IDOK, IDCANCEL, IDYES, IDNO, IDHELP}) {
+  // Only the buttons of the box are asked: asking GTK is the dearest step
+  // of the layout, and the others stay hidden.
+  for (int id : ButtonsInUse()) {
     wxWindow * button = GetDlgItem(id);
     int const needed = button->GetBestSize().x;
     if (needed > button->GetSize().x) button->SetSize(needed, button->GetSize().y);
@@ -153,13 +184,20 @@ void CustomMessageBoxDlg::ShowIcon() {
   auto * icon = dynamic_cast<wxStaticBitmap *>(GetDlgItem(kIconId));
   if (icon == nullptr) return;
   wxSize const size = icon->GetSize();
-  icon->SetBitmap(wxArtProvider::GetBitmap(IconArt(mType), wxART_MESSAGE_BOX, size));
+  // The theme's icons are looked up once a process: a lookup realises a GTK
+  // widget and asks the X server, which a box should not wait for.
+  static std::map<std::pair<wxArtID, wxSize>, wxBitmap, LessArtKey> icons;
+  auto const key = std::make_pair(IconArt(mType), size);
+  auto found = icons.find(key);
+  if (found == icons.end())
+    found = icons.emplace(key, wxArtProvider::GetBitmap(key.first, wxART_MESSAGE_BOX, size)).first;
+  icon->SetBitmap(found->second);
   icon->SetSize(size);  // the layout counts with the template's size
 }
 
-wxSize CustomMessageBoxDlg::SizeText(wxString const & shown) {
+wxSize CustomMessageBoxDlg::SizeText(wxString const & shown, wxFont const & font,
+                                     wxRect const & workArea) {
   wxWindow * text = GetDlgItem(kTextId);
-  wxFont const font = text->GetFont();
   std::wstring const & whole = shown.ToStdWstring();
   std::wstring wrapped = LimitLineLength::ByCharacters(whole, kCharactersPerLine);
   wxRect bounds = LimitLineLength::GetBoundsRect(wrapped.c_str(), font);
@@ -173,11 +211,9 @@ wxSize CustomMessageBoxDlg::SizeText(wxString const & shown) {
   int const otherWidth = FromDlgX(10) + 2 * mMarginX + icon->GetSize().x;
   int otherHeight = (mShowCheckBox ? FromDlgY(6) : FromDlgY(8)) + 2 * mMarginY + buttonHeight;
   if (mShowCheckBox) otherHeight += FromDlgY(4) + buttonHeight;
-  int display = wxDisplay::GetFromWindow(GetParent() != nullptr ? GetParent() : this);
-  if (display == wxNOT_FOUND) display = 0;
   wxSize frame = GetSize() - GetClientSize();
-  frame.y = std::max(frame.y, 2 * GetCharHeight());
-  wxSize const screen = wxDisplay(static_cast<unsigned>(display)).GetClientArea().GetSize();
+  frame.y = std::max(frame.y, 2 * FromDlgY(8));  // two lines: 8 units a line
+  wxSize const screen = workArea.GetSize();
   wxSize const room(screen.x - frame.x - otherWidth, screen.y - frame.y - otherHeight);
 
   // Lines of wide characters (CJK, pictographs) may be too wide for the
@@ -209,7 +245,7 @@ wxSize CustomMessageBoxDlg::SizeText(wxString const & shown) {
   int const scrollBar = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
   int const maxHeight = std::min(room.y, screen.y * 3 / 4 - frame.y - otherHeight);
   size.x = std::max(std::min(bounds.width + 2 * margin + scrollBar, room.x), FromDlgX(100));
-  size.y = std::max(std::min(bounds.height, maxHeight), 3 * GetCharHeight());
+  size.y = std::max(std::min(bounds.height, maxHeight), 3 * FromDlgY(8));
   wxPoint const position = text->GetPosition();
   text->Destroy();
   auto * view = new wxTextCtrl(this, kTextId, lines, position, size,
@@ -228,6 +264,22 @@ wxSize CustomMessageBoxDlg::SizeText(wxString const & shown) {
     }
   }
   return size;
+}
+
+void CustomMessageBoxDlg::CentreIn(wxRect const & workArea) {
+  // As wxTopLevelWindow::Centre does: on a parent that is on that display,
+  // else on the work area; moved back onto the work area if it would start
+  // off it.
+  wxRect around = workArea;
+  if (wxWindow * parent = GetParent()) {
+    wxRect const parentRect = parent->GetScreenRect();
+    if (parentRect.Intersects(workArea)) around = parentRect;
+  }
+  wxRect rect = GetRect().CentreIn(around, wxBOTH);
+  if (!workArea.Contains(rect.GetTopLeft()))
+    rect.Offset(workArea.GetRightBottom() - rect.GetBottomRight());
+  if (!workArea.Contains(rect.GetTopLeft())) rect.SetPosition(workArea.GetPosition());
+  Move(rect.GetPosition());
 }
 
 void CustomMessageBoxDlg::PlaceButtons(int rowWidth, int clientWidth, int rowY) {
@@ -250,7 +302,8 @@ bool CustomMessageBoxDlg::OnInitDialog() {
   wxWindow * text = GetDlgItem(kTextId);
   wxWindow * icon = GetDlgItem(kIconId);
   auto * check = dynamic_cast<wxCheckBox *>(GetDlgItem(kCheckBoxId));
-  RelabelButtons(text->GetFont());
+  wxFont const textFont = TextFont(*text);
+  RelabelButtons(textFont);
   check->Show(mShowCheckBox != 0);
 
   mGapX = FromDlgX(4);
@@ -264,7 +317,13 @@ bool CustomMessageBoxDlg::OnInitDialog() {
   // one font only).
   icon->Move(mMarginX, mMarginY);
   text->Move(mMarginX + icon->GetSize().x + FromDlgX(10), mMarginY);
-  wxSize const textSize = SizeText(Displayable(mText));
+  // The work area of the parent's display (this window's without one),
+  // asked once: the text's room and the centring both need it, and each
+  // asking waits for the X server.
+  int display = wxDisplay::GetFromWindow(GetParent() != nullptr ? GetParent() : this);
+  if (display == wxNOT_FOUND) display = 0;
+  wxRect const workArea = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
+  wxSize const textSize = SizeText(Displayable(mText), textFont, workArea);
 
   int const buttonHeight = GetDlgItem(IDOK)->GetSize().y;
   wxSize const iconSize = icon->GetSize();
@@ -288,7 +347,7 @@ bool CustomMessageBoxDlg::OnInitDialog() {
 
   SetClientSize(width, height);
   SetMinTrackSize(ClientToWindowSize(wxSize(width, height)));
-  Centre();
+  CentreIn(workArea);
 
   PlaceButtons(rowWidth, width, height - mMarginY - buttonHeight);
 

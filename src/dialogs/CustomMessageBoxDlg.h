@@ -73,8 +73,10 @@ private:
   void RelabelButtons(wxFont const & textFont);
   void ShowIcon();
   // Sizes the text control for `shown`, or puts a scrolling view in its
-  // place when the text would not fit on the screen; returns its size.
-  wxSize SizeText(wxString const & shown);
+  // place when the text would not fit in `workArea`; returns its size.
+  wxSize SizeText(wxString const & shown, wxFont const & font, wxRect const & workArea);
+  // Centres the window on its parent, or on `workArea`, and keeps it there.
+  void CentreIn(wxRect const & workArea);
   void PlaceButtons(int rowWidth, int clientWidth, int rowY);
   void OnAnswer(wxCommandEvent & event);
 

@@ -6,9 +6,9 @@
 
 #include <wx/toplevel.h>
 
-#include "frame/VxApp.h"
 #include "html/VxHtmlHelp.h"
 #include "platform/ResourceModule.h"
+#include "platform/RunningApplication.h"
 #include "platform/WinUser.h"
 #include "utl/Log.h"
 
@@ -58,7 +58,7 @@ wxWindow * VxDialog::GetDialogParent() {
   }
   // wx names any top-level window the main one when the application set
   // none; a hidden one (a dialog between runs) owns nothing.
-  wxWindow * main = VxGetMainWnd();
+  wxWindow * main = AppMainWindow();
   if (main == nullptr || !main->IsShown()) return nullptr;
   return wxGetTopLevelParent(main);
 }

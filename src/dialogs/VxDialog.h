@@ -12,14 +12,14 @@
 // Commands: button 1 (IDOK) reaches OnOK, button 2 (IDCANCEL), Escape and
 // the close box reach OnCancel, button 9 (IDHELP) OnHelp. Exceptions out of
 // any handler, OnInitDialog included, stop at the dialog's guard
-// (frame/ExceptionGuarded.h) by its mask.
+// (controls/ExceptionGuarded.h) by its mask.
 
 #include <wx/dialog.h>
 #include <wx/event.h>
 #include <wx/weakref.h>
 
+#include "controls/ExceptionGuarded.h"
 #include "dialogs/ResizableDialog.h"
-#include "frame/ExceptionGuarded.h"
 
 class VxDialog : public ExceptionGuarded<CResizableDialog> {
 public:

@@ -8,6 +8,7 @@
 
 #include "utl/Exception.h"
 #include "utl/Paths.h"
+#include "utl/VxSystemInfo.h"
 #include "utl/WholeFile.h"
 #include "utl/XmlTree.h"
 
@@ -167,7 +168,7 @@ std::string AppConfigPackage::ReadFile(char const * name) const {
   return entry != nullptr ? entry->bytes : std::string();
 }
 
-std::string AppConfigPackage::ReadAppName() const {
+std::string AppConfigPackage::ReadConfigItem(char const * item) const {
   Entry const * entry = Find("appconfig.xml");
   if (entry == nullptr) return "";
   std::string const source = mSource + " (appconfig.xml)";
@@ -177,15 +178,25 @@ std::string AppConfigPackage::ReadAppName() const {
   if (root.name != "AppConfig")
     Refuse("The customization package {1} cannot be read: {2}", mSource,
            "the root element of appconfig.xml is not AppConfig");
-  for (vx3::XmlNode const & child : root.children) {
-    if (child.kind != vx3::XmlNode::Kind::Element || child.name != "AppName") continue;
-    std::string name = child.TextContent();
-    if (!name.empty() && !IsUsableAppName(name))
-      Refuse("The customization package {1} cannot be read: {2}", mSource,
-             "the application name \"" + name + "\" is not usable");
-    return name;
-  }
+  for (vx3::XmlNode const & child : root.children)
+    if (child.kind == vx3::XmlNode::Kind::Element && child.name == item) return child.TextContent();
   return "";
+}
+
+std::string AppConfigPackage::ReadAppName() const {
+  std::string const name = ReadConfigItem("AppName");
+  if (!name.empty() && !IsUsableAppName(name))
+    Refuse("The customization package {1} cannot be read: {2}", mSource,
+           "the application name \"" + name + "\" is not usable");
+  return name;
+}
+
+std::string AppConfigPackage::ReadSupportPage() const {
+  std::string const address = ReadConfigItem("SupportPage");
+  if (!address.empty() && !VxSystemInfo::IsUsableSupportPage(address))
+    Refuse("The customization package {1} cannot be read: {2}", mSource,
+           "the support page \"" + address + "\" is no http or https address");
+  return address;
 }
 
 std::vector<std::string> AppConfigPackage::IconEntryNames() const {

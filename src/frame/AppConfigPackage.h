@@ -3,7 +3,10 @@
 // "*.appconfig" beside the executable. Entries the library knows (names
 // matched without regard to ASCII case):
 //
-//   appconfig.xml              <AppConfig><AppName>New name</AppName></AppConfig>
+//   appconfig.xml              <AppConfig>
+//                                <AppName>New name</AppName>
+//                                <SupportPage>https://...</SupportPage>
+//                              </AppConfig>
 //   splash.png                 the splash picture
 //   any other *.png            numbered icons, in archive order from 1
 //   about_us.xaml              markup of the about dialog
@@ -57,6 +60,10 @@ public:
   // name is unusable as an application name (it names folders and registry
   // keys: no "/", "\", control characters, "." or "..").
   std::string ReadAppName() const;
+  // The "SupportPage" of "appconfig.xml" (the internal-error dialog's link);
+  // "" when absent. Throws Exception like ReadAppName, and for anything but
+  // an "http://" or "https://" address without blanks or control characters.
+  std::string ReadSupportPage() const;
   // The entries that become numbered icons (extension "png", not
   // "splash.png"), in archive order: the first is icon 1.
   std::vector<std::string> IconEntryNames() const;
@@ -75,6 +82,8 @@ private:
   };
 
   void Read(std::string const & bytes, Limits const & limits);
+  // The text of the element `item` below the root of "appconfig.xml".
+  std::string ReadConfigItem(char const * item) const;
   Entry const * Find(char const * name) const;
 
   std::string mSource;

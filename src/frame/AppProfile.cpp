@@ -93,20 +93,24 @@ bool WriteProfileInt(char const * section, char const * entry, int value) {
 
 bool WriteProfileString(char const * section, char const * entry, char const * value) {
   if (section == nullptr) return false;
-  if (entry == nullptr) {
-    OpenKey const app(GetAppRegistryKey());
-    if (app.get() == nullptr) return false;
-    std::wstring const name = vx3::Utf8ToWide(section);
-    LSTATUS const rc = RegDeleteTreeW(app.get(), name.c_str());
+  if (entry == nullptr || value == nullptr) {
+    // Removing: what is not there is removed already, and no key is made
+    // only to remove something from it.
+    HKEY raw = nullptr;
+    std::string const path =
+        GetRegistryBaseKeyName() + (entry == nullptr ? "" : "\\" + std::string(section));
+    LSTATUS rc = RegOpenKeyExW(HKEY_CURRENT_USER, vx3::Utf8ToWide(path).c_str(), 0,
+                               KEY_READ | KEY_WRITE, &raw);
+    if (rc == ERROR_FILE_NOT_FOUND) return true;
+    if (rc != ERROR_SUCCESS) return false;
+    OpenKey const key(raw);
+    rc = entry == nullptr ? RegDeleteTreeW(key.get(), vx3::Utf8ToWide(section).c_str())
+                          : RegDeleteValueW(key.get(), vx3::Utf8ToWide(entry).c_str());
     return rc == ERROR_SUCCESS || rc == ERROR_FILE_NOT_FOUND;
   }
   OpenKey const key(GetSectionKey(section));
   if (key.get() == nullptr) return false;
   std::wstring const name = vx3::Utf8ToWide(entry);
-  if (value == nullptr) {
-    LSTATUS const rc = RegDeleteValueW(key.get(), name.c_str());
-    return rc == ERROR_SUCCESS || rc == ERROR_FILE_NOT_FOUND;
-  }
   std::wstring const text = vx3::Utf8ToWide(value);
   return RegSetValueExW(key.get(), name.c_str(), 0, REG_SZ,
                         reinterpret_cast<BYTE const *>(text.c_str()),

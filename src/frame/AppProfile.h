@@ -26,6 +26,7 @@ std::string GetProfileString(char const * section, char const * entry, char cons
 
 bool WriteProfileInt(char const * section, char const * entry, int value);
 // A null `entry` removes the whole section; a null `value` removes the entry.
+// Removing what is not there succeeds and creates no key.
 bool WriteProfileString(char const * section, char const * entry, char const * value);
 
 }  // namespace AppProfile

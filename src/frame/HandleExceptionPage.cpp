@@ -11,8 +11,6 @@
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
 
-char const kSupportPageUrl[] = "https://support.talvo.example/internal-error";
-
 namespace {
 
 wxString WithApplicationName(wxString text) {
@@ -36,7 +34,8 @@ HandleExceptionPage::HandleExceptionPage(wxWindow * parent)
       this, kDetailsId,
       WithApplicationName(vx3::Tr("If the problem persists, tell us what %1% was doing.")));
   auto * moreInformation = new wxButton(this, kMoreInformationId, vx3::Tr("&More information..."));
-  auto * link = new wxHyperlinkCtrl(this, kSupportLinkId, vx3::Tr("Support page"), kSupportPageUrl);
+  auto * link = new wxHyperlinkCtrl(this, kSupportLinkId, vx3::Tr("Support page"),
+                                    wxString::FromUTF8(VxSystemInfo::GetSupportPage()));
   mFinish = new wxButton(this, kFinishId, wxString());
   auto * ignore = new wxButton(this, kIgnoreId, vx3::Tr("Ignore button", "&Ignore"));
 

@@ -35,6 +35,3 @@ private:
   wxCheckBox * mRestart = nullptr;
   wxButton * mFinish = nullptr;
 };
-
-// Where the page's link leads: the maker's support page.
-extern char const kSupportPageUrl[];

@@ -3,14 +3,7 @@
 
 #include <string>
 
-class CException;
-
-// The text shown for a failure that is neither of the library's nor standard.
-extern char const kUnknownExceptionText[];
-
-// Shows `text` as the description of an internal error.
+// Shows `text` as the description of an internal error. The library installs
+// it as the internal-error reporter (platform/InternalErrorReport.h) when it
+// is loaded.
 void ShowInternalErrorDialog(std::string const & text);
-
-// The text of a framework exception (CExceptionHelper::GetErrorMessage);
-// here so that the guard template needs no more than this header.
-std::string FrameworkExceptionText(CException * e);

@@ -7,6 +7,8 @@
 #include "controls/GUIUtilities.h"
 #include "frame/AppProfile.h"
 #include "platform/ResourceModule.h"
+#include "platform/RunningApplication.h"
+#include "utl/FileProblemNotice.h"
 #include "utl/Utf.h"
 #include "utl/VxSystemInfo.h"
 
@@ -25,6 +27,12 @@ wxString FormatString1(wxString text, wxString const & insert) {
 
 }  // namespace
 
+bool VxApp::OnInit() {
+  vx3::HoldFileProblems();
+  CallAfter([] { vx3::ReleaseFileProblems(); });
+  return wxApp::OnInit();
+}
+
 VxApp::VxApp(wchar_t const * appName) {
   if (appName != nullptr) {
     VxSystemInfo::SetApplication(ToUtf8(appName),
@@ -38,9 +46,15 @@ VxApp::VxApp(wchar_t const * appName) {
       SetFrameworkMessageBoxHandler([this](wxString const & text, UINT type, UINT helpId) {
         return DoMessageBox(text.wc_str(), type, helpId);
       });
+  // The lower layers reach the application through these hooks, not through this class.
+  SetRunningApplication({nullptr, [this] { return MuteInfoMessages(); },
+                         [this] { return GetPluginDirectory().utf8_string(); }});
 }
 
-VxApp::~VxApp() { SetFrameworkMessageBoxHandler(mFormerMessageBoxHandler); }
+VxApp::~VxApp() {
+  SetRunningApplication({});
+  SetFrameworkMessageBoxHandler(mFormerMessageBoxHandler);
+}
 
 void VxApp::SetRegistryLocation() { mCore.SetRegistryLocation(); }
 
@@ -131,4 +145,4 @@ wxString VxApp::GetProfileName() const { return FromUtf8(VxAppCore::ProfileName(
 
 VxApp * VxGetApp() { return dynamic_cast<VxApp *>(wxTheApp); }
 
-wxWindow * VxGetMainWnd() { return wxTheApp != nullptr ? wxTheApp->GetTopWindow() : nullptr; }
+wxWindow * VxGetMainWnd() { return AppMainWindow(); }

@@ -47,6 +47,12 @@ public:
   explicit VxApp(wchar_t const * appName = nullptr);
   ~VxApp() override;
 
+  // Damaged files met while the application starts (its package, settings,
+  // registry hives) are told once the event loop runs, that is once the
+  // main window that OnInit shows is up: a box before it would open with no
+  // window to belong to and end up behind it.
+  bool OnInit() override;
+
   void SetRegistryLocation();
 
   wxString GetAppDataDirectory() const;

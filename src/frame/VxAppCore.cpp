@@ -12,6 +12,7 @@
 #include "utl/Exception.h"
 #include "utl/Log.h"
 #include "utl/Paths.h"
+#include "utl/SettingsFileOpening.h"
 #include "utl/VxSystemInfo.h"
 #include "utl/XercesXMLSection.h"
 
@@ -63,7 +64,8 @@ void VxAppCore::OpenUserSettings() const {
   if (mUserSettingsOpened || mUserSettingsFile.empty()) return;
   mUserSettingsOpened = true;
   try {
-    auto root = boost::make_shared<XercesXMLSection>(mUserSettingsFile.c_str(), true);
+    boost::shared_ptr<XercesXMLSection> root(vx3::OpenUserSettingsFile(mUserSettingsFile));
+    if (!root) return;
     mSettings = root;
     if (!mSettings->ChangeSubSection(kAppSettings)) {
       mSettings.reset(root->CreateSubSection(kAppSettings));
@@ -117,9 +119,7 @@ std::unique_ptr<ConfigurationSection> VxAppCore::CommonSource() const {
   if (mCommon.path != mCommonSettingsFile || mCommon.size != status.st_size ||
       mCommon.modified != modified || mCommon.inode != status.st_ino) {
     mCommon = ParsedFile{mCommonSettingsFile, status.st_size, modified, status.st_ino, nullptr};
-    try {
-      mCommon.root = std::make_shared<XercesXMLSection>(mCommonSettingsFile.c_str(), true);
-    } catch (Exception const &) {}
+    mCommon.root = vx3::OpenSharedSettingsFile(mCommonSettingsFile);
   }
   return std::unique_ptr<ConfigurationSection>(mCommon.root ? mCommon.root->Copy() : nullptr);
 }

@@ -7,6 +7,7 @@
 
 #include "frame/AppConfigPackage.h"
 #include "utl/Exception.h"
+#include "utl/FileProblemNotice.h"
 #include "utl/Paths.h"
 #include "utl/VxSystemInfo.h"
 
@@ -68,11 +69,28 @@ std::unique_ptr<VxAppCustomization> VxAppCustomization::ReadFromFolder(std::stri
 VxAppCustomization::VxAppCustomization(std::string const & folder) {
   std::string const path = AppConfigPackage::FindPackage(folder);
   if (path.empty()) return;
+  try {
+    Apply(path);
+  } catch (Exception const & refusal) {
+    // Nothing of a refused package is used (Apply changes nothing before it
+    // has checked everything); the user learns why once, the log always.
+    RemoveAll();
+    mReplacements.clear();
+    mSplash = wxBitmap();
+    vx3::ReportFileProblem(
+        "VxAppCustomization", "VxAppCustomization", path,
+        ExceptionMessage::translate("The customization package {1} is not used: {2}") % path %
+            refusal.Why());
+  }
+}
+
+void VxAppCustomization::Apply(std::string const & path) {
   auto package = std::make_unique<AppConfigPackage>(path);
 
   // Everything is checked before anything changes: a package refused
   // half-way renames nothing.
   std::string const name = package->ReadAppName();
+  std::string const supportPage = package->ReadSupportPage();
   if (package->HasEntry("splash.png"))
     mSplash = DecodePng(package->ReadFile("splash.png"), path, "splash.png");
   int number = 1;
@@ -84,6 +102,7 @@ VxAppCustomization::VxAppCustomization(std::string const & folder) {
                                  VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionFull));
     if (wxTheApp != nullptr) wxTheApp->SetAppName(wxString::FromUTF8(name));
   }
+  if (!supportPage.empty()) VxSystemInfo::SetSupportPage(supportPage);
   mPackagePath = path;
   mPackage = std::move(package);
 }

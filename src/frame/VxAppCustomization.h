@@ -8,8 +8,13 @@
 // VxApp::SetRegistryLocation, because a new name changes every settings
 // location. A package that cannot be read (no ZIP archive, truncated,
 // damaged, an entry beyond the size limits, a picture that is no PNG or too
-// large) makes Instance() throw Exception naming the package; the next call
-// tries again. Without a package every getter gives an empty result.
+// large, an unusable name or support page) is not used at all: nothing of it
+// is applied, the log gets the reason and the package's path, and the user
+// is told once through the current UserComm. Without a package, or with a
+// refused one, every getter gives an empty result.
+//
+// "appconfig.xml" may also name the support page of the internal-error
+// dialog (VxSystemInfo::SetSupportPage).
 //
 // The singleton lives to the end of the process and is never destroyed: its
 // bitmaps must not be released after the toolkit has shut down.
@@ -51,6 +56,9 @@ public:
 
 private:
   explicit VxAppCustomization(std::string const & folder);
+  // Reads and checks the package, then applies it; throws Exception, having
+  // changed nothing outside this object, when it refuses the package.
+  void Apply(std::string const & path);
   std::string MarkupSource(char const * entry) const;
 
   std::map<std::string, std::string> mReplacements;

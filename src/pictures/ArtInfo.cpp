@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <stdexcept>
 
 #include "pictures/ArtInfoText.h"
 #include "pictures/ArtJpeg.h"
@@ -44,10 +45,44 @@ void CheckStreamName(std::string const & name) {
                     name);
 }
 
+Exception Unreadable(std::string const & path, std::string const & why) {
+  return Exception(ExceptionMessage::translate("The art archive {1} is unreadable: {2}.") % path %
+                   why);
+}
+
 }  // namespace
 
 ArtInfo const * ArtInfo::ReadArtInfo(wchar_t const * path) {
   return path != nullptr ? ReadArtInfo(vx3::WideToUtf8(path)) : nullptr;
+}
+
+ArtInfo ArtInfo::LoadArtInfo(std::string const & path) {
+  std::string why = vx3::FindCompoundFileDamageAt(path);
+  if (!why.empty()) throw Unreadable(path, why);
+  ArtInfo art;
+  switch (ReadList(path, art, &why)) {
+    case vx3::CompoundStreamRead::kRead: break;
+    case vx3::CompoundStreamRead::kAbsent:
+      throw Unreadable(
+          path,
+          ExceptionMessage::translate("it has no stream \"ArtInfo\"").ToString(std::locale()));
+    case vx3::CompoundStreamRead::kUnreadable: throw Unreadable(path, why);
+  }
+  for (CollectionInfo & collection : art.mCollections) collection.file = path;
+  return art;
+}
+
+std::string ArtInfo::ReadPictureStream(std::string const & file, std::string const & stream) {
+  std::string bytes;
+  std::string why;
+  switch (vx3::ReadCompoundFileStream(file, stream, kMaxPictureStreamBytes, bytes, &why)) {
+    case vx3::CompoundStreamRead::kRead: break;
+    case vx3::CompoundStreamRead::kAbsent:
+      throw Unreadable(file, (ExceptionMessage::translate("it has no stream \"{1}\"") % stream)
+                                 .ToString(std::locale()));
+    case vx3::CompoundStreamRead::kUnreadable: throw Unreadable(file, why);
+  }
+  return bytes;
 }
 
 ArtInfo const * ArtInfo::ReadArtInfo(std::string const & path) {
@@ -58,15 +93,16 @@ ArtInfo const * ArtInfo::ReadArtInfo(std::string const & path) {
   return art.release();
 }
 
-vx3::CompoundStreamRead ArtInfo::ReadList(std::string const & path, ArtInfo & art) {
+vx3::CompoundStreamRead ArtInfo::ReadList(std::string const & path, ArtInfo & art,
+                                          std::string * why) {
   std::string text;
   vx3::CompoundStreamRead const found = vx3::ReadCompoundFileStream(
-      path, kArtInfoStream, vx3::ArtInfoTextLimits::kMaxTextBytes, text);
+      path, kArtInfoStream, vx3::ArtInfoTextLimits::kMaxTextBytes, text, why);
   if (found != vx3::CompoundStreamRead::kRead) return found;
   vx3::GsfPtr<GsfInput> const stream(gsf_input_memory_new(
       reinterpret_cast<guint8 const *>(text.data()), static_cast<gsf_off_t>(text.size()), FALSE));
-  return stream && art.ReadFromIStream(stream.get()) ? vx3::CompoundStreamRead::kRead
-                                                     : vx3::CompoundStreamRead::kUnreadable;
+  return stream && art.ReadFromIStream(stream.get(), why) ? vx3::CompoundStreamRead::kRead
+                                                          : vx3::CompoundStreamRead::kUnreadable;
 }
 
 void ArtInfo::AddCollection(CollectionInfo const & collection) {
@@ -105,19 +141,24 @@ wxImage ArtInfo::GetBitMap(std::string const & file, std::string const & stream)
   }
 }
 
-bool ArtInfo::ReadFromIStream(GsfInput * stream) {
+bool ArtInfo::ReadFromIStream(GsfInput * stream, std::string * why) {
+  std::string fault;
   try {
     gsf_off_t const size = gsf_input_size(stream);
     if (size < 0 || static_cast<unsigned long long>(size) > vx3::ArtInfoTextLimits::kMaxTextBytes)
-      return false;
+      throw std::length_error("longer than allowed");
     boost::iostreams::stream<IStreamDevice> in{IStreamDevice(stream)};
     std::string text(static_cast<size_t>(size), '\0');
-    if (size > 0 && !in.read(&text[0], size)) return false;
+    if (size > 0 && !in.read(&text[0], size)) throw std::ios_base::failure("read failed.");
     *this = vx3::ReadArtInfoText(text);
     return true;
-  } catch (std::exception const &) {
-    return false;
+  } catch (std::exception const & error) {
+    fault = error.what();
   }
+  if (why != nullptr)
+    *why = (ExceptionMessage::translate("its list \"ArtInfo\" is damaged ({1})") % fault)
+               .ToString(std::locale());
+  return false;
 }
 
 bool ArtInfo::SaveToIStream(GsfOutput * stream) const {

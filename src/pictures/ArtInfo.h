@@ -44,6 +44,15 @@ public:
   // collections' `file` is set to the path. The caller deletes the result.
   static ArtInfo const * ReadArtInfo(wchar_t const * path);
   static ArtInfo const * ReadArtInfo(std::string const & path);
+  // As ReadArtInfo, for callers that report failures, and strict: a file
+  // that SaveToFile would refuse (any damage in the compound file, not only
+  // in the list) is refused too. Throws an Exception "The art archive {1} is
+  // unreadable: {2}." with the path and what is wrong (the system's reason,
+  // the damage, a missing "ArtInfo" stream, or the list's own fault).
+  static ArtInfo LoadArtInfo(std::string const & path);
+  // The bytes of the stream `stream` (a picture's JPEG) of the archive at
+  // `file`; throws as LoadArtInfo does, also when the stream is absent.
+  static std::string ReadPictureStream(std::string const & file, std::string const & stream);
 
   void AddCollection(CollectionInfo const & collection);
   void AddArtInfo(ArtInfo const & other);
@@ -95,12 +104,14 @@ private:
   void SavePicture(std::map<std::string, std::string> & streams, std::string const & source,
                    std::string const & stream, unsigned int maxHeight, unsigned int maxWidth,
                    int rotation) const;
-  // Reads the list of the archive at `path` into `art`.
-  static vx3::CompoundStreamRead ReadList(std::string const & path, ArtInfo & art);
+  // Reads the list of the archive at `path` into `art`; `why` says what is
+  // wrong when it is unreadable.
+  static vx3::CompoundStreamRead ReadList(std::string const & path, ArtInfo & art,
+                                          std::string * why = nullptr);
   static wxImage GetBitMap(std::string const & file, std::string const & stream);
   // Read or write the text archive through an IStreamDevice on a gsf
-  // stream; false on any std::exception.
-  bool ReadFromIStream(_GsfInput * stream);
+  // stream; false on any std::exception, whose text goes to `why`.
+  bool ReadFromIStream(_GsfInput * stream, std::string * why = nullptr);
   bool SaveToIStream(_GsfOutput * stream) const;
 
   std::vector<CollectionInfo> mCollections;

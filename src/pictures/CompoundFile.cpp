@@ -3,14 +3,19 @@
 #include <gsf/gsf-infile-msole.h>
 #include <gsf/gsf-infile.h>
 #include <gsf/gsf-input-memory.h>
-#include <gsf/gsf-input-stdio.h>
 #include <gsf/gsf-outfile-msole.h>
 #include <gsf/gsf-outfile.h>
 #include <gsf/gsf-output-memory.h>
 #include <gsf/gsf-utils.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 #include <mutex>
 
+#include "pictures/CompoundFileStream.h"
 #include "utl/Utf.h"
 
 namespace vx3 {
@@ -34,6 +39,23 @@ std::string Message(GError * error, std::string const & what) {
     g_error_free(error);
   }
   return text;
+}
+
+// 0, or the errno of the failure.
+int ReadWholeFile(std::string const & path, std::string & bytes) {
+  int const fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return errno;
+  char buffer[kCopyChunk];
+  int code = 0;
+  for (;;) {
+    ssize_t const n = ::read(fd, buffer, sizeof buffer);
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) code = errno;
+    if (n <= 0) break;
+    bytes.append(buffer, static_cast<size_t>(n));
+  }
+  ::close(fd);
+  return code;
 }
 
 void CopyStream(GsfInput * from, GsfOutput * to) {
@@ -82,22 +104,20 @@ bool IsValidStreamName(std::string_view utf8Name) {
 }
 
 CompoundFileReader::CompoundFileReader(std::string const & path) {
-  InitGsf();
-  GError * error = nullptr;
-  GsfInput * source = gsf_input_mmap_new(path.c_str(), nullptr);
-  if (source == nullptr) source = gsf_input_stdio_new(path.c_str(), &error);
-  if (source == nullptr) throw CompoundFileError(Message(error, path));
-  Open(source, path);
+  // Read whole, so that the bytes checked are the bytes libgsf reads.
+  int const code = ReadWholeFile(path, mBytes);
+  if (code != 0) throw CompoundFileError(path + ": " + std::strerror(code));
+  Open(mBytes, path);
 }
 
-CompoundFileReader::CompoundFileReader(std::string_view bytes) {
-  InitGsf();
-  Open(gsf_input_memory_new(reinterpret_cast<guint8 const *>(bytes.data()), bytes.size(), FALSE),
-       "memory");
-}
+CompoundFileReader::CompoundFileReader(std::string_view bytes) { Open(bytes, "memory"); }
 
-void CompoundFileReader::Open(GsfInput * source, std::string const & what) {
-  GsfPtr<GsfInput> input(source);
+void CompoundFileReader::Open(std::string_view bytes, std::string const & what) {
+  InitGsf();
+  std::string const damage = FindCompoundFileDamage(bytes);
+  if (!damage.empty()) throw CompoundFileError(what + ": " + damage);
+  GsfPtr<GsfInput> input(
+      gsf_input_memory_new(reinterpret_cast<guint8 const *>(bytes.data()), bytes.size(), FALSE));
   GError * error = nullptr;
   mRoot.reset(gsf_infile_msole_new(input.get(), &error));
   if (!mRoot) throw CompoundFileError(Message(error, what + " is no compound file"));

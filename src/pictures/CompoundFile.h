@@ -36,8 +36,9 @@ public:
 
 class CompoundFileReader {
 public:
-  // Opens the file; throws CompoundFileError if it cannot be read or is no
-  // compound file.
+  // Opens the file; throws CompoundFileError, naming the file and the reason,
+  // if it cannot be read or is no sound compound file (FindCompoundFileDamage
+  // in CompoundFileStream.h): a damaged file never reaches libgsf.
   explicit CompoundFileReader(std::string const & path);
   // The same on bytes in memory, which must outlive the reader.
   explicit CompoundFileReader(std::string_view bytes);
@@ -51,8 +52,9 @@ public:
   _GsfInfile * Root() const { return mRoot.get(); }
 
 private:
-  void Open(_GsfInput * source, std::string const & what);
+  void Open(std::string_view bytes, std::string const & what);
 
+  std::string mBytes;  // the file's, which libgsf reads in place
   GsfPtr<_GsfInfile> mRoot;
 };
 

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace vx3 {
 
@@ -21,8 +22,20 @@ enum class CompoundStreamRead {
 };
 
 // Fills `bytes` with the stream `name` (UTF-8, compared exactly) directly
-// under the root, if it is at most `maxBytes` long.
+// under the root, if it is at most `maxBytes` long. When the result is
+// kUnreadable, `why` (if given) says what is wrong, for a person: the
+// system's reason, or what is damaged.
 CompoundStreamRead ReadCompoundFileStream(std::string const & path, std::string const & name,
-                                          size_t maxBytes, std::string & bytes);
+                                          size_t maxBytes, std::string & bytes,
+                                          std::string * why = nullptr);
+
+// Empty if `bytes` are a sound compound file: its header, allocation tables
+// and directory tree, and the chain of every stream inside the file and as
+// long as the stream. Otherwise what is wrong, for a person. libgsf is given
+// only files that pass: it loses memory on some damaged directories.
+std::string FindCompoundFileDamage(std::string_view bytes);
+// The same for the file at `path`, or the system's reason if it cannot be
+// read.
+std::string FindCompoundFileDamageAt(std::string const & path);
 
 }  // namespace vx3

@@ -137,6 +137,7 @@ void Hive::EnsureOpen() {
       AddNotice(ExceptionMessage::translate(
                     "The registry hive {1} cannot be opened. Its settings are not available "
                     "and changes to them cannot be kept.") %
+                    mPath,
                 mPath);
       return;
   }
@@ -233,7 +234,8 @@ void Hive::Recover(std::string const & problem) {
     AddNotice(ExceptionMessage::translate(
                   "The registry hive {1} is damaged ({2}) and could not be replaced. Its "
                   "settings are not available and changes to them cannot be kept.") %
-              mPath % why);
+                  mPath % why,
+              mPath);
   };
   std::string aside;
   {
@@ -258,7 +260,8 @@ void Hive::Recover(std::string const & problem) {
     AddNotice(ExceptionMessage::translate(
                   "The registry hive {1} was damaged ({2}). It was kept as {3} and a new, "
                   "empty hive was made.") %
-              mPath % problem % aside);
+                  mPath % problem % aside,
+              mPath);
   }
   std::string again;
   if (OpenFile(again) == Opening::Opened) {

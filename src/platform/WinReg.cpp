@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/RegistryNotices.h"
 #include "platform/RegistryStore.h"
 #include "utl/Utf.h"
 
@@ -49,6 +50,7 @@ LONG ResolveBase(HKEY handle, Base & base) {
     base.hive = &hive;
     base.id = registry::kRootKey;
     base.access = hive.IsWritable() ? KEY_ALL_ACCESS : KEY_READ;
+    registry::TellNotices();  // what opening the hive repaired, told unlocked
     if (handle == HKEY_CLASSES_ROOT) registry::ParseKeyPath(L"SOFTWARE\\Classes", base.prefix);
     return ERROR_SUCCESS;
   }

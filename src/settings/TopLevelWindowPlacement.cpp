@@ -1,5 +1,6 @@
 #include "settings/TopLevelWindowPlacement.h"
 
+#include <gtk/gtk.h>
 #include <wx/display.h>
 #include <wx/toplevel.h>
 
@@ -18,7 +19,14 @@ struct Tracked {
   // until then the window's own rectangle stands, whatever the program
   // gives it before showing it.
   bool known = false;
+  // The window's size less its client size when last seen: decorations,
+  // menu bar and status bar.
+  wxSize frame;
 };
+
+wxSize FrameSize(wxTopLevelWindow const & window) {
+  return window.GetSize() - window.GetClientSize();
+}
 
 // Windows live on the GUI thread only, so a plain map serves; an entry goes
 // when its window is destroyed.
@@ -55,18 +63,38 @@ void Review(wxTopLevelWindow & window) {
   if (found == TrackedWindows().end()) return;
   Tracked & tracked = found->second;
   bool const normal = IsNormalOnScreen(window);
+  wxSize const frame = FrameSize(window);
+  bool const frameChanged = frame != tracked.frame;
+  tracked.frame = frame;
   if (normal && !tracked.known) {
     tracked.known = true;
     tracked.normal = window.GetRect();
-  } else if (normal && !tracked.wasNormal) {
+  } else if (normal && (!tracked.wasNormal || frameChanged)) {
     // Shown or restored: back to the normal rectangle. Until a window has
     // been on screen its decorations are unknown, so one maximised before it
-    // was shown would otherwise restore to a size without them.
+    // was shown would otherwise restore to a size without them; and when wx
+    // learns them from a shown window it keeps the client size and grows
+    // the window, which is no move of the user's.
     if (window.GetRect() != tracked.normal) window.SetSize(tracked.normal);
   } else if (normal) {
     tracked.normal = window.GetRect();
   }
   tracked.wasNormal = normal;
+}
+
+// wx on GTK holds back the first show of a process's first top-level window
+// until the window manager has told it the size of its decorations: it
+// realizes the window hidden, asks, and shows it when the answer comes. GTK
+// then allocates the window at a stale size of a few pixels (a GTK-CRITICAL
+// from the menu bar) and the window manager places it itself, wherever the
+// program had put it. A window realized before it is shown is shown at
+// once, where it was put; wx learns the decorations from it all the same,
+// and Review gives it back its normal rectangle once they are known. The
+// children are laid out first: realizing allocates them at their sizes.
+void ShowWherePut(wxTopLevelWindow & window) {
+  if (window.IsShown() || window.GetHandle() == nullptr) return;
+  window.Layout();
+  gtk_widget_realize(window.GetHandle());
 }
 
 }  // namespace
@@ -81,7 +109,9 @@ std::vector<RECT> VxGetDisplayWorkAreas() {
 void VxTrackWindowPlacement(wxTopLevelWindow & window) {
   auto & windows = TrackedWindows();
   if (windows.count(&window) != 0) return;
-  windows[&window] = Tracked{window.GetRect(), IsNormalOnScreen(window), window.IsShown()};
+  ShowWherePut(window);
+  windows[&window] =
+      Tracked{window.GetRect(), IsNormalOnScreen(window), window.IsShown(), FrameSize(window)};
   auto const review = [&window](wxEvent & event) {
     event.Skip();
     window.CallAfter([&window] { Review(window); });

@@ -6,9 +6,9 @@
 class wxWindow;
 
 // True when a folder stands at `path`, or the user agreed to create it and it
-// was created. Says why not in a message box on the framework road
-// (AfxMessageBox) otherwise: a file stands there; the user declined; the last
-// path element starts or ends with white space; the folder could not be
-// created. `parent` is kept for callers; the framework road owns its boxes by
-// the main window.
+// was created. Asks, and says why not, in plain message boxes (MessageBoxW)
+// owned by `parent`, captioned "Select Folder" ("Create Folder" when the
+// folder could not be made) and never muted: a file stands there; the user
+// declined; the last path element starts or ends with white space; the folder
+// could not be created.
 bool VxValidateFolder(std::string const & path, wxWindow * parent);

@@ -10,9 +10,11 @@
 // Lists sort with this, so the common case is tuned: ASCII text is walked
 // with the terminating NUL of std::string as a sentinel (an embedded NUL is
 // told from the end by the length), and the byte-identical prefix is
-// skipped in one tight loop, digits included; only where the texts differ
-// inside a number is the number read from its start.
+// skipped in one tight loop, digits and identical valid characters of any
+// script included; only where the texts differ inside a number is the
+// number read from its start.
 #include <algorithm>
+#include <cstring>
 
 #include "utl/CaseFolding.h"
 #include "utl/VxStdString.h"
@@ -84,17 +86,31 @@ int CompareCodePoints(char32_t x, char32_t y) {
 
 class NaturalComparison {
 public:
-  NaturalComparison(std::string const & a, std::string const & b)
-      : mA(a.c_str()), mB(b.c_str()), mEndA(mA + a.size()), mEndB(mB + b.size()) {}
+  // `identical`: no byte before the starting place differs between the sides.
+  NaturalComparison(std::string const & a, std::string const & b, bool identical)
+      : mA(a.c_str()),
+        mB(b.c_str()),
+        mEndA(mA + a.size()),
+        mEndB(mB + b.size()),
+        mIdentical(identical) {}
 
-  int Run() {
-    char const * x = mA;
-    char const * y = mB;
-    for (;;) {
-      char const * const floor = x;
-      // Byte-identical ASCII, digits included: stops at a difference, at a
-      // byte >= 0x80 and at NUL (the end, or a NUL inside the text).
-      while (*x == *y && static_cast<signed char>(*x) > 0) ++x, ++y;
+  // Compares from `x` and `y`, which stand after the same number of
+  // byte-identical ASCII bytes from the starts (none: the starts).
+  int Run(char const * x, char const * y) {
+    // Where this pass of the loop began: digits before it are not re-read.
+    for (char const * floor = mA;; floor = x) {
+      // Byte-identical text, digits included: stops at a difference, at NUL
+      // (the end, or a NUL inside the text) and at a byte >= 0x80 that does
+      // not begin the same valid character on both sides. A valid character
+      // is a token of its own that ends any number, so an identical one is
+      // passed like an identical ASCII byte.
+      for (;;) {
+        while (*x == *y && static_cast<signed char>(*x) > 0) ++x, ++y;
+        if (*x != *y || *x == '\0') break;
+        size_t const length = IdenticalCharacterLength(x, y);
+        if (length == 0) break;
+        x += length, y += length;
+      }
 
       if (x > floor && vx3::IsAsciiDigit(x[-1])) {
         // Inside a number whose first digits are the same on both sides.
@@ -127,8 +143,14 @@ public:
       unsigned char const ca = *x;
       unsigned char const cb = *y;
       if (ca >= 0x80 || cb >= 0x80) {
-        int const order = SlowStep(x, y);
+        // Through copies: the loop's own positions must not have their
+        // address taken, or they would live in memory instead of registers.
+        char const * slowX = x;
+        char const * slowY = y;
+        int const order = SlowStep(slowX, slowY);
         if (order != kUndecided) return order;
+        x = slowX;
+        y = slowY;
         continue;
       }
       if (endA || endB) return endA ? -1 : 1;
@@ -147,6 +169,23 @@ public:
 
 private:
   static constexpr int kUndecided = 2;
+
+  // The length of the valid UTF-8 character at `x` (a byte >= 0x80) when
+  // `y` starts with the same bytes; 0 otherwise. Two-byte characters, the
+  // common ones of Latin scripts, are checked here in line.
+  __attribute__((always_inline)) size_t IdenticalCharacterLength(char const * x,
+                                                                 char const * y) const {
+    auto const lead = static_cast<unsigned char>(*x);
+    if (lead >= 0xC2 && lead < 0xE0) {
+      auto const next = static_cast<unsigned char>(x[1]);
+      return (next & 0xC0) == 0x80 && next == static_cast<unsigned char>(y[1]) ? 2 : 0;
+    }
+    size_t at = x - mA;
+    if (vx3::DecodeUtf8(TextA(), at) == vx3::kInvalidCodePoint) return 0;
+    size_t const length = at - (x - mA);
+    if (static_cast<size_t>(mEndB - y) < length || std::memcmp(x, y, length) != 0) return 0;
+    return length;
+  }
 
   // Compares the digit runs at `x` and `y` (both at a digit) and moves both
   // past them. Equal values note the first difference of leading zeros.
@@ -184,6 +223,17 @@ private:
       }
       if (firstDifference == 0 && *p != *q) firstDifference = *p < *q ? -1 : 1;
     }
+    char const * generalX = x;  // copies, as for SlowStep in Run
+    char const * generalY = y;
+    int const order = CompareRunsWithInvalidBytes(generalX, generalY);
+    x = generalX;
+    y = generalY;
+    return order;
+  }
+
+  // The general reading of two digit runs that may hold invalid bytes;
+  // out of line for the same reason as SlowStep.
+  __attribute__((noinline)) int CompareRunsWithInvalidBytes(char const *& x, char const *& y) {
     mIdentical = false;
     size_t i = x - mA;
     size_t j = y - mB;
@@ -195,8 +245,9 @@ private:
 
   // Tokens of any text until both sides stand on ASCII again (or the end).
   // Returns the order if it is decided, otherwise kUndecided with `x`, `y`
-  // moved on.
-  int SlowStep(char const *& x, char const *& y) {
+  // moved on. Out of line, so that its readers do not weigh on the frame of
+  // the common path.
+  __attribute__((noinline)) int SlowStep(char const *& x, char const *& y) {
     mIdentical = false;
     vx3::FoldedReader readerX(TextA());
     vx3::FoldedReader readerY(TextB());
@@ -247,13 +298,76 @@ private:
   char const * const mEndA;
   char const * const mEndB;
   int mZeroTieBreak = 0;
-  bool mIdentical = true;  // no byte read so far differs between the sides
+  bool mIdentical;  // no byte read so far differs between the sides
 };
+
+// The whole comparison, from where the quick one below stopped.
+__attribute__((noinline)) int CompareFrom(std::string const & first, std::string const & second,
+                                          char const * x, char const * y, bool identical) {
+  return NaturalComparison(first, second, identical).Run(x, y);
+}
 
 }  // namespace
 
+// Most comparisons of a sort are decided where the texts first differ: at
+// a letter, or at a digit of two numbers that agree up to there. Those are
+// answered from two pointers, with no state; anything else (a difference
+// in case only, leading zeros, a byte >= 0x80, an end) goes on in the whole
+// comparison from the same place.
 int CompareNumber(std::string const & first, std::string const & second, std::locale const &) {
-  return NaturalComparison(first, second).Run();
+  char const * const start = first.c_str();
+  char const * x = start;
+  char const * y = second.c_str();
+  // Letters that differ in case only are passed too ("Run 7", "run 12"):
+  // they end any number on both sides alike, and only the final tie-break
+  // needs to know of them.
+  bool identical = true;
+  unsigned char ca, cb;
+  for (;;) {
+    while (*x == *y && static_cast<signed char>(*x) > 0) ++x, ++y;
+    ca = static_cast<unsigned char>(*x);
+    cb = static_cast<unsigned char>(*y);
+    if (ca >= 0x80 || cb >= 0x80 || vx3::FoldAscii(ca) != vx3::FoldAscii(cb) || ca == cb) break;
+    identical = false;
+    ++x, ++y;
+  }
+  if (ca - 1u < 0x7Fu && cb - 1u < 0x7Fu) {  // both ASCII, neither NUL
+    bool const digitA = vx3::IsAsciiDigit(ca);
+    bool const digitB = vx3::IsAsciiDigit(cb);
+    if (x == start || !vx3::IsAsciiDigit(x[-1])) {
+      if (!digitA || !digitB) {
+        // A number stands for its first digit, which no folded letter equals.
+        unsigned char const fa = vx3::FoldAscii(ca);
+        unsigned char const fb = vx3::FoldAscii(cb);
+        if (fa != fb) return fa < fb ? -1 : 1;
+        return CompareFrom(first, second, x, y, identical);
+      }
+      if (ca == '0' || cb == '0') return CompareFrom(first, second, x, y, identical);
+    } else {
+      // Inside numbers whose first digits agree: only with a significant
+      // digit among those are the leading zeros known to be equal.
+      char const * digit = x - 1;
+      bool significant = *digit != '0';
+      while (!significant && digit > start && vx3::IsAsciiDigit(digit[-1]))
+        significant = *--digit != '0';
+      if (!significant) return CompareFrom(first, second, x, y, identical);
+      // One number goes on, the other has ended at an ASCII byte.
+      if (digitA != digitB) return digitA ? 1 : -1;
+    }
+    if (digitA && digitB) {
+      // The longer number is the greater, else the digit that differs here.
+      // An invalid byte may continue a number: the whole comparison reads it.
+      char const * p = x + 1;
+      char const * q = y + 1;
+      while (vx3::IsAsciiDigit(*p)) ++p;
+      while (vx3::IsAsciiDigit(*q)) ++q;
+      if (static_cast<unsigned char>(*p) < 0x80 && static_cast<unsigned char>(*q) < 0x80) {
+        if (p - x != q - y) return p - x < q - y ? -1 : 1;
+        return ca < cb ? -1 : 1;
+      }
+    }
+  }
+  return CompareFrom(first, second, x, y, identical);
 }
 
 }  // namespace VxStdString

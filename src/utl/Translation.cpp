@@ -1,7 +1,11 @@
 #include "utl/Translation.h"
 
+#include <dlfcn.h>
+
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
+#include <filesystem>
 
 #include <boost/locale/generator.hpp>
 #include <boost/locale/message.hpp>
@@ -37,6 +41,25 @@ std::string Lookup(char const * context, char const * id, std::locale const & lo
   return id;
 }
 
+// Where the library's own catalogs are installed, relative to the folder of
+// the library file (the build passes the installation's layout).
+#ifndef TALVO_LIBRARY_TO_LOCALE_DIR
+#define TALVO_LIBRARY_TO_LOCALE_DIR "../share/locale"
+#endif
+
+// The catalog folder of the installation this library belongs to, which an
+// application installed elsewhere would not find beside its executable.
+std::string LibraryCatalogPath() {
+  Dl_info info{};
+  if (::dladdr(reinterpret_cast<void *>(&DefaultCatalogPaths), &info) == 0 ||
+      info.dli_fname == nullptr)
+    return "";
+  std::string const folder = VxGetDirectory(info.dli_fname);
+  if (folder.empty()) return "";
+  std::filesystem::path const path(VxPathAppend(folder, TALVO_LIBRARY_TO_LOCALE_DIR));
+  return path.lexically_normal().string();
+}
+
 }  // namespace
 
 std::locale InstallTranslation(TranslationSetup const & setup) {
@@ -58,10 +81,16 @@ std::locale InstallTranslation(TranslationSetup const & setup) {
 }
 
 std::vector<std::string> DefaultCatalogPaths() {
+  std::vector<std::string> paths;
   std::string const exeDirectory = VxGetExecutableDirectory();
-  if (exeDirectory.empty()) return {};
-  return {VxPathAppend(VxGetDirectory(exeDirectory), "share/locale"),
-          VxPathAppend(exeDirectory, "locale")};
+  if (!exeDirectory.empty()) {
+    paths.push_back(VxPathAppend(VxGetDirectory(exeDirectory), "share/locale"));
+    paths.push_back(VxPathAppend(exeDirectory, "locale"));
+  }
+  std::string const library = LibraryCatalogPath();
+  if (!library.empty() && std::find(paths.begin(), paths.end(), library) == paths.end())
+    paths.push_back(library);
+  return paths;
 }
 
 std::string TranslateText(char const * id, std::locale const & locale) noexcept {

@@ -26,7 +26,8 @@ struct TranslationSetup {
 // Builds the locale, makes it the global C++ locale and returns it.
 std::locale InstallTranslation(TranslationSetup const & setup);
 
-// Catalog folders beside an executable: <exe>/../share/locale, <exe>/locale.
+// Catalog folders beside an executable: <exe>/../share/locale, <exe>/locale,
+// then the installed library's own (<prefix>/share/locale).
 std::vector<std::string> DefaultCatalogPaths();
 
 // The translation of `id` (with `context`, when given) in `locale`; `id`

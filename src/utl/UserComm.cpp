@@ -2,6 +2,8 @@
 
 #include <atomic>
 
+#include "utl/FileProblemNotice.h"
+
 namespace {
 // Belongs to the user-interface thread; atomic only so that a service thread
 // that reads it sees a whole pointer.
@@ -10,7 +12,12 @@ std::atomic<UserComm *> gCurrent{nullptr};
 
 UserComm * UserComm::GetUserComm() { return gCurrent.load(); }
 
-UserComm * UserComm::SetUserComm(UserComm * channel) { return gCurrent.exchange(channel); }
+UserComm * UserComm::SetUserComm(UserComm * channel) {
+  UserComm * const previous = gCurrent.exchange(channel);
+  // Damaged files met before the application had a channel are told now.
+  if (channel != nullptr) vx3::TellWaitingFileProblems(*channel);
+  return previous;
+}
 
 UserComm::~UserComm() = default;
 

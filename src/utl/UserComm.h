@@ -19,7 +19,8 @@ public:
   // The current channel; null until the application installs one.
   static UserComm * GetUserComm();
   // Installs `channel` and returns the one it replaces, so that a scoped
-  // channel can restore it.
+  // channel can restore it. Damaged files met while there was no channel
+  // are told through the new one (FileProblemNotice.h).
   static UserComm * SetUserComm(UserComm * channel);
 
   virtual ~UserComm();

@@ -1,16 +1,21 @@
 #include "utl/VxSystemInfo.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <mutex>
 
 namespace VxSystemInfo {
 
+// A reserved domain (RFC 2606) under the library's own name: no vendor's.
+char const kDefaultSupportPage[] = "https://talvoutlwin.example/support/internal-error";
+
 namespace {
 
 struct Identity {
   std::string name = "TALVOutlwin";
   std::array<unsigned long, 4> parts{0, 1, 0, 0};
+  std::string supportPage = kDefaultSupportPage;
 };
 
 std::mutex gMutex;
@@ -50,6 +55,7 @@ void SetApplication(std::string const & name, std::string const & version) {
     start = end + 1;
   }
   std::lock_guard<std::mutex> lock(gMutex);
+  identity.supportPage = gIdentity.supportPage;
   gIdentity = identity;
 }
 
@@ -69,5 +75,23 @@ std::string GetApplicationVersionAndBuild() {
   Identity const identity = Current();
   return Join(identity.parts, 3) + " (build " + std::to_string(identity.parts[3]) + ")";
 }
+
+bool IsUsableSupportPage(std::string const & address) {
+  size_t const scheme = address.rfind("https://", 0) == 0  ? 8
+                        : address.rfind("http://", 0) == 0 ? 7
+                                                           : 0;
+  return scheme != 0 && address.size() > scheme &&
+         std::none_of(address.begin(), address.end(),
+                      [](char c) { return static_cast<unsigned char>(c) <= 0x20 || c == 0x7f; });
+}
+
+bool SetSupportPage(std::string const & address) {
+  if (!IsUsableSupportPage(address)) return false;
+  std::lock_guard<std::mutex> lock(gMutex);
+  gIdentity.supportPage = address;
+  return true;
+}
+
+std::string GetSupportPage() { return Current().supportPage; }
 
 }  // namespace VxSystemInfo

@@ -24,4 +24,15 @@ std::string GetApplicationVersion(EVersionFormat format);
 // "6.3.2 (build 1234)".
 std::string GetApplicationVersionAndBuild();
 
+// Where a person gets help with a failure: the link of the internal-error
+// dialog. The application sets its own (or its customization package does);
+// until then it is this library's neutral page, kDefaultSupportPage. Only
+// "https://" and "http://" addresses are taken; false (and nothing changed)
+// for anything else, so a stray text never becomes something the desktop
+// opens.
+extern char const kDefaultSupportPage[];
+bool IsUsableSupportPage(std::string const & address);
+bool SetSupportPage(std::string const & address);
+std::string GetSupportPage();
+
 }  // namespace VxSystemInfo

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-#include "frame/VxApp.h"
+#include "platform/RunningApplication.h"
 #include "utl/Translation.h"
 #include "work/BreakConfirmWindow.h"
 #include "work/Progress.h"
@@ -134,7 +134,7 @@ void BreakDialog::Start(std::uint32_t delay, Progress * progress) {
   }
 
   // Centred on the main window, on the screen that shows it.
-  wxWindow * const main = VxGetMainWnd();
+  wxWindow * const main = AppMainWindow();
   int const display = wxDisplay::GetFromWindow(main != nullptr ? main : this);
   wxRect const screen = wxDisplay(display != wxNOT_FOUND ? display : 0).GetClientArea();
   wxRect const owner = main != nullptr && main != this ? main->GetScreenRect() : screen;

@@ -8,7 +8,7 @@
 
 #include <cmath>
 
-#include "frame/VxApp.h"
+#include "platform/RunningApplication.h"
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
 #include "work/BreakSpinnerThread.h"
@@ -37,7 +37,7 @@ void SetGaugeValue(float value) {
   if (StatusGauge * gauge = gGauge.get()) gauge->SetValue(value);
 }
 
-wxFrame * MainFrame() { return dynamic_cast<wxFrame *>(VxGetMainWnd()); }
+wxFrame * MainFrame() { return dynamic_cast<wxFrame *>(AppMainWindow()); }
 
 wxString FromWide(wchar_t const * text) { return text != nullptr ? wxString(text) : wxString(); }
 
@@ -123,7 +123,7 @@ void Progress::Construct(float from, float to) {
     mWaitCursor = true;
   }
   if (gGauge.get() == nullptr) InitProgress();
-  if (mParent.get() == nullptr) mParent = VxGetMainWnd();
+  if (mParent.get() == nullptr) mParent = AppMainWindow();
   if (gActive == nullptr) Init();
 }
 

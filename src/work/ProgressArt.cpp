@@ -12,8 +12,8 @@
 
 #include <wx/app.h>
 
-#include "frame/VxApp.h"
 #include "pictures/ArtInfo.h"
+#include "platform/RunningApplication.h"
 #include "utl/Paths.h"
 
 namespace {
@@ -130,8 +130,8 @@ void ProgressArt::Reload(std::vector<std::string> const & directories) {
 
 std::vector<std::string> ProgressArt::DefaultDirectories() {
   std::vector<std::string> directories{VxGetExecutableDirectory()};
-  if (auto const * const app = dynamic_cast<VxApp const *>(wxApp::GetInstance()))
-    directories.push_back(app->GetPluginDirectory().utf8_string());
+  std::string plugins = AppPluginDirectory();
+  if (!plugins.empty()) directories.push_back(std::move(plugins));
   return directories;
 }
 

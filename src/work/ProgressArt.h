@@ -64,7 +64,7 @@ public:
   static wxImage GetPainting(int artist, int painting);
 
   // The folders searched by Init: the executable's, then the plug-in folder
-  // when the application is a VxApp.
+  // when the running application has one.
   static std::vector<std::string> DefaultDirectories();
 };
 

@@ -41,8 +41,10 @@ void SpinWindow::SetClock(Clock clock) {
 
 void SpinWindow::Step() {
   std::uint32_t const now = mClock();
-  // Unsigned difference: right across the wrap of the 32-bit clock.
-  if (now - mLastStep < kStepIntervalMs) return;
+  // Only once the last step plus the interval lies before now: at exactly
+  // 100 ms the pole stands. Unsigned difference: right across the wrap of
+  // the 32-bit clock.
+  if (now - mLastStep <= kStepIntervalMs) return;
   mLastStep = now;
   SetStep(mStep + 1);
 }

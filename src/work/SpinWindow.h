@@ -1,10 +1,10 @@
 #pragma once
 // The status bar's spinner: a barber pole, stripes 5 pixels wide leaning at
 // 45 degrees, one colour and the face colour in turn. The pole moves one
-// pixel when the operation reports (Step), at most once in 100 ms however
-// often it reports. Turning by itself, a 50 ms timer on the GUI thread (one
-// that the progress pump lets through) steps it at every other tick. The
-// colour goes round the hue circle in 73 ticks while the pole is on screen.
+// pixel when the operation reports (Step), once more than 100 ms have passed
+// since its last step, however often it reports. Turning by itself, a 50 ms timer on the GUI thread
+// (one that the progress pump lets through) steps it at every other tick. The colour goes round the
+// hue circle in 73 ticks while the pole is on screen.
 
 #include <wx/timer.h>
 #include <wx/window.h>
@@ -25,7 +25,7 @@ public:
   explicit SpinWindow(wxWindow * parent);
   ~SpinWindow() override;
 
-  // One pixel on, unless the last step was less than 100 ms ago.
+  // One pixel on when the last step plus 100 ms lies before now.
   void Step();
   void SetStep(int step);
   int GetStep() const { return mStep; }

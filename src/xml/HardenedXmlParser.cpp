@@ -10,6 +10,8 @@
 #include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/validators/DTD/DTDElementDecl.hpp>
 
+#include <algorithm>
+
 #include "utl/Exception.h"
 #include "utl/XmlText.h"
 #include "xml/XercesStart.h"
@@ -52,8 +54,15 @@ private:
 // before anything is expanded or built.
 class HardenedDomParser : public xercesc::XercesDOMParser {
 public:
-  HardenedDomParser(std::string source, int maxDepth)
-      : mSource(std::move(source)), mMaxDepth(maxDepth) {}
+  HardenedDomParser(std::string source, int maxDepth,
+                    std::vector<std::u16string> const & layoutElements)
+      : mSource(std::move(source)), mMaxDepth(maxDepth), mLayoutElements(layoutElements) {}
+
+  void docCharacters(XMLCh const * const chars, XMLSize_t const length,
+                     bool const cdataSection) override {
+    if (!mLayoutElements.empty() && !cdataSection && IsLayout(chars, length)) return;
+    XercesDOMParser::docCharacters(chars, length, cdataSection);
+  }
 
   void doctypeDecl(xercesc::DTDElementDecl const &, XMLCh const * const, XMLCh const * const,
                    bool const, bool const) override {
@@ -84,15 +93,29 @@ public:
   }
 
 private:
+  // Whitespace directly in a layout element. Text of any other element is
+  // kept whole, even when the scanner hands it over in pieces.
+  bool IsLayout(XMLCh const * chars, XMLSize_t length) const {
+    for (XMLSize_t i = 0; i < length; ++i)
+      if (chars[i] != u' ' && chars[i] != u'\t' && chars[i] != u'\n' && chars[i] != u'\r')
+        return false;
+    xercesc::DOMNode const * parent = fCurrentParent;
+    if (parent == nullptr || parent->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) return false;
+    std::u16string_view const name(parent->getNodeName());
+    return std::find(mLayoutElements.begin(), mLayoutElements.end(), name) != mLayoutElements.end();
+  }
+
   std::string mSource;
   int mMaxDepth;
+  std::vector<std::u16string> const & mLayoutElements;
   int mDepth = 0;
 };
 
 }  // namespace
 
 XmlDocumentPtr ParseHardenedXml(std::string_view bytes, std::string const & source,
-                                XmlParseLimits const & limits) {
+                                XmlParseLimits const & limits,
+                                std::vector<std::u16string> const & layoutElements) {
   if (bytes.size() > limits.maxBytes)
     throw Exception(
         ExceptionMessage::translate("The XML of {1} is larger than {2} MB and is not read.") %
@@ -102,7 +125,7 @@ XmlDocumentPtr ParseHardenedXml(std::string_view bytes, std::string const & sour
   xercesc::SecurityManager security;
   security.setEntityExpansionLimit(16);
   RefusingErrorHandler errors(source);
-  HardenedDomParser parser(source, limits.maxDepth);
+  HardenedDomParser parser(source, limits.maxDepth, layoutElements);
   parser.setValidationScheme(xercesc::XercesDOMParser::Val_Never);
   parser.setDoNamespaces(false);
   parser.setDoSchema(false);

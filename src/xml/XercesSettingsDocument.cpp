@@ -66,6 +66,14 @@ bool IndexOfElement(Dom const * element, int & index) {
   return ParseInt(XmlToUtf8(text), index);
 }
 
+// Sections and the root hold keys and sections, never text: whitespace in
+// them is indentation, which the writer makes anew.
+std::vector<std::u16string> const & LayoutElements() {
+  static std::vector<std::u16string> const names = {kSectionTag,
+                                                    Utf8ToXml(XmlSettingsDocument::RootName())};
+  return names;
+}
+
 XmlDocumentPtr CreateEmptyDocument() {
   StartXerces();
   xercesc::DOMImplementation * implementation =
@@ -90,7 +98,7 @@ XercesSettingsDocument::XercesSettingsDocument(std::string path, bool missingIsE
     Adopt(CreateEmptyDocument());
     return;
   }
-  XmlDocumentPtr document = ParseHardenedXml(bytes, mPath, limits);
+  XmlDocumentPtr document = ParseHardenedXml(bytes, mPath, limits, LayoutElements());
   std::string const root = XmlToUtf8(document->getDocumentElement()->getTagName());
   if (root != RootName())
     throw Exception(ExceptionMessage::translate(
@@ -101,7 +109,7 @@ XercesSettingsDocument::XercesSettingsDocument(std::string path, bool missingIsE
 
 std::shared_ptr<XercesSettingsDocument> XercesSettingsDocument::FromString(std::string_view xml) {
   std::string const source = "(settings text)";
-  XmlDocumentPtr document = ParseHardenedXml(xml, source, XmlParseLimits());
+  XmlDocumentPtr document = ParseHardenedXml(xml, source, XmlParseLimits(), LayoutElements());
   std::string const root = XmlToUtf8(document->getDocumentElement()->getTagName());
   if (root != RootName())
     throw Exception(ExceptionMessage::translate(

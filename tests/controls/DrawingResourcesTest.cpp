@@ -1,6 +1,8 @@
 // The class-wide pens and fonts, and drawing through VxMemDC.
 #include <gtest/gtest.h>
 
+#include <iterator>
+
 #include <wx/dcmemory.h>
 #include <wx/font.h>
 #include <wx/pen.h>
@@ -13,23 +15,32 @@
 
 namespace {
 
-// One pen of each kind: plain, styled, coloured, and none.
-TEST(StandardPen, TheTablesPensAndNoneOutsideIt) {
+TEST(StandardPen, EveryPenOfTheTableAndNoneOutsideIt) {
   struct Case {
     int style;
+    wxPen const * (*getter)();
     wxColour colour;
     int width;
     wxPenStyle penStyle;
   };
-  wxColour const black(0, 0, 0);
-  Case const cases[] = {{StandardPen::Thick, black, 2, wxPENSTYLE_SOLID},
-                        {StandardPen::Dash, black, 0, wxPENSTYLE_LONG_DASH},
-                        {StandardPen::LightGray, wxColour(0xC0, 0xC0, 0xC0), 0, wxPENSTYLE_SOLID},
-                        {StandardPen::None, black, 1, wxPENSTYLE_TRANSPARENT}};
-  for (Case const & c : cases) {
+  wxColour const black(0, 0, 0), white(0xFF, 0xFF, 0xFF), lightGray(0xC0, 0xC0, 0xC0);
+  // The stock pens are wx's own, one pixel wide; the made ones are cosmetic (0).
+  Case const cases[] = {
+      {StandardPen::Solid, &StandardPen::GetSolidPen, black, 1, wxPENSTYLE_SOLID},
+      {StandardPen::Dash, &StandardPen::GetDashPen, black, 0, wxPENSTYLE_LONG_DASH},
+      {StandardPen::DashDot, &StandardPen::GetDashDotPen, black, 0, wxPENSTYLE_DOT_DASH},
+      {StandardPen::Dot, &StandardPen::GetDotPen, black, 0, wxPENSTYLE_DOT},
+      {StandardPen::LightGray, &StandardPen::GetLightGrayPen, lightGray, 0, wxPENSTYLE_SOLID},
+      {StandardPen::White, &StandardPen::GetWhitePen, white, 1, wxPENSTYLE_SOLID},
+      {StandardPen::Thick, &StandardPen::GetThickPen, black, 2, wxPENSTYLE_SOLID},
+      {StandardPen::None, &StandardPen::GetNonePen, black, 1, wxPENSTYLE_TRANSPARENT}};
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    Case const & c = cases[i];
     SCOPED_TRACE(c.style);
+    EXPECT_EQ(c.style, int(i) + 1) << "numbers follow the table's rows";
     wxPen const * pen = StandardPen::GetPen(c.style);
     ASSERT_TRUE(pen != nullptr && pen->IsOk());
+    EXPECT_EQ(c.getter(), pen);
     EXPECT_EQ(pen->GetStyle(), c.penStyle);
     if (c.penStyle == wxPENSTYLE_TRANSPARENT) continue;
     EXPECT_EQ(pen->GetColour(), c.colour);
@@ -43,7 +54,7 @@ TEST(StandardFont, EveryTypeOfTheTable) {
   wxFont const base = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
   LOGFONTW baseLog{};
   ASSERT_TRUE(StandardFont::GetLogFont(StandardFont::Normal, baseLog));
-  // 0 means "as the message font".
+  // 0 means "as the message font"; a face means the font is not made from it.
   struct Case {
     int type;
     double points;
@@ -52,16 +63,22 @@ TEST(StandardFont, EveryTypeOfTheTable) {
     char const * face;
     BYTE pitchAndFamily;
   };
-  // One of each kind of entry: the message font itself, and changed in
-  // size, weight, slant, underline and face.
   Case const cases[] = {{0, 0, 0, false, false, nullptr, 0},
+                        {1, 12, 0, false, false, nullptr, 0},
                         {2, 0, 700, false, false, nullptr, 0},
+                        {3, 12, 700, false, false, nullptr, 0},
                         {4, 16, 700, true, false, "Times New Roman", 16},
+                        {5, 22, 700, false, false, nullptr, 0},
                         {6, 0, 0, true, false, nullptr, 0},
+                        {7, 8, 0, false, false, nullptr, 0},
+                        {8, 7, 0, false, false, nullptr, 0},
+                        {9, 8, 700, false, false, "Courier New", 49},
                         {10, 9, 300, false, false, "Courier New", 49},
                         {11, 0, 0, false, true, nullptr, 0}};
-  for (Case const & c : cases) {
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    Case const & c = cases[i];
     SCOPED_TRACE(c.type);
+    EXPECT_EQ(c.type, int(i)) << "every type, in order";
     LOGFONTW log{};
     ASSERT_TRUE(StandardFont::GetLogFont(c.type, log));
     LONG const height = c.points > 0 ? StandardFont::PointsToHeight(c.points) : baseLog.lfHeight;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -24,46 +25,161 @@ StandardColor::NearestColorFunction PaletteOf(std::vector<COLORREF> palette) {
   };
 }
 
-// The twenty static colours of a 256-colour palette display.
-std::vector<COLORREF> const StaticColours = {0x000000, 0x000080, 0x008000, 0x008080, 0x800000,
-                                             0x800080, 0x808000, 0xC0C0C0, 0xC0DCC0, 0xF0CAA6,
-                                             0xF0FBFF, 0xA4A0A0, 0x808080, 0x0000FF, 0x00FF00,
-                                             0x00FFFF, 0xFF0000, 0xFF00FF, 0xFFFF00, 0xFFFFFF};
+// A display that shows exactly the colours of `shown` and answers any other
+// with a near one that is in no table.
+COLORREF Near(COLORREF c) { return c ^ 0x010101; }
+StandardColor::NearestColorFunction Showing(std::vector<COLORREF> shown) {
+  return [shown](COLORREF wanted) {
+    return std::find(shown.begin(), shown.end(), wanted) != shown.end() ? wanted : Near(wanted);
+  };
+}
 
 class StandardColorTest : public testing::Test {
 protected:
   void TearDown() override { StandardColor::SetNearestColorFunction(nullptr); }
 };
 
-TEST_F(StandardColorTest, ATrueColourDisplayTakesTheFirstCandidates) {
+using Getter = COLORREF (*)();
+
+// The light colours and their candidates, in the order they are tried.
+struct Candidates {
+  int def;
+  Getter getter;
+  std::vector<COLORREF> list;
+};
+std::vector<Candidates> const LightColours = {
+    {StandardColor::Blue,
+     &StandardColor::GetColorBlue,
+     {0xFF8080, 0xF0C8A4, 0xF0CAA6, 0xFF0000, 0x808080}},
+    {StandardColor::Red, &StandardColor::GetColorRed, {0x8080FF, 0x0000FF, 0x808080}},
+    {StandardColor::Green,
+     &StandardColor::GetColorGreen,
+     {0x80FF80, 0xC0DCC0, 0x808000, 0x00FF00, 0x808080}},
+    {StandardColor::Yellow, &StandardColor::GetColorYellow, {0x80FFFF, 0x00FFFF, 0x808080}},
+};
+
+TEST_F(StandardColorTest, EveryNamedColourOnATrueColourDisplay) {
   StandardColor::SetNearestColorFunction([](COLORREF c) { return c; });
   struct Case {
     int def;
+    Getter getter;
     COLORREF value;
   };
-  // The first and last entries of the table, and past its ends: white.
-  Case const cases[] = {{StandardColor::Blue, 0xFF8080},
-                        {StandardColor::LightMagenta, 0xFF80FF},
-                        {-1, 0xFFFFFF},
-                        {24, 0xFFFFFF}};
-  for (Case const & c : cases) EXPECT_EQ(StandardColor::GetColor(c.def), c.value) << c.def;
+  Case const cases[] = {
+      {StandardColor::Blue, &StandardColor::GetColorBlue, 0xFF8080},
+      {StandardColor::Red, &StandardColor::GetColorRed, 0x8080FF},
+      {StandardColor::Green, &StandardColor::GetColorGreen, 0x80FF80},
+      {StandardColor::Yellow, &StandardColor::GetColorYellow, 0x80FFFF},
+      {StandardColor::Gray, &StandardColor::GetColorGray, 0x808080},
+      {StandardColor::LightGray, &StandardColor::GetColorLightGray, 0xC0C0C0},
+      {StandardColor::White, &StandardColor::GetColorWhite, 0xFFFFFF},
+      {StandardColor::Black, &StandardColor::GetColorBlack, 0x000000},
+      {StandardColor::Cyan, &StandardColor::GetColorCyan, 0xFFFF00},
+      {StandardColor::Magenta, &StandardColor::GetColorMagenta, 0xFF00FF},
+      {StandardColor::DarkYellow, &StandardColor::GetColorDarkYellow, 0x008080},
+      {StandardColor::Navy, &StandardColor::GetColorNavy, 0x800000},
+      {StandardColor::Purple, &StandardColor::GetColorPurple, 0x800080},
+      {StandardColor::Wine, &StandardColor::GetColorWine, 0x000080},
+      {StandardColor::Olive, &StandardColor::GetColorOlive, 0x008000},
+      {StandardColor::DarkCyan, &StandardColor::GetColorDarkCyan, 0x808000},
+      {StandardColor::Royal, &StandardColor::GetColorRoyal, 0xA00000},
+      {StandardColor::Orange, &StandardColor::GetColorOrange, 0x0080FF},
+      {StandardColor::Violet, &StandardColor::GetColorViolet, 0xFF0080},
+      {StandardColor::Pink, &StandardColor::GetColorPink, 0x8000FF},
+      {StandardColor::SoftPink, &StandardColor::GetColorSoftPink, 0xB7BBFF},
+      {StandardColor::LightYellow, &StandardColor::GetColorLightYellow, 0x80FFFF},
+      {StandardColor::LightCyan, &StandardColor::GetColorLightCyan, 0xFFFF80},
+      {StandardColor::LightMagenta, &StandardColor::GetColorLightMagenta, 0xFF80FF},
+  };
+  ASSERT_EQ(std::size(cases), size_t(StandardColor::ColorDefCount));
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    Case const & c = cases[i];
+    EXPECT_EQ(c.def, int(i)) << "numbers follow the table's rows";
+    EXPECT_EQ(StandardColor::GetColor(c.def), c.value) << c.def;
+    EXPECT_EQ(c.getter(), c.value) << c.def;
+  }
+  for (int outside : {-1, 24, 1000}) EXPECT_EQ(StandardColor::GetColor(outside), 0xFFFFFFu);
 }
 
-TEST_F(StandardColorTest, APaletteDisplayTakesTheFirstCandidateItShowsExactly) {
-  StandardColor::SetNearestColorFunction(PaletteOf(StaticColours));
-  EXPECT_EQ(StandardColor::GetColorBlue(), 0xF0CAA6u);   // third candidate
-  EXPECT_EQ(StandardColor::GetColorGreen(), 0xC0DCC0u);  // second
-  EXPECT_EQ(StandardColor::GetColorRed(), 0x0000FFu);
-  EXPECT_EQ(StandardColor::GetColorYellow(), 0x00FFFFu);
-  EXPECT_EQ(StandardColor::GetColorLightGray(), 0xC0C0C0u);
-  // On paper the light colours come back.
-  std::pair<COLORREF, COLORREF> const printed[] = {{0xF0CAA6, 0xFF8080},
-                                                   {0xC0DCC0, 0x80FF80},
-                                                   {0x0000FF, 0x8080FF},
-                                                   {0x123456, 0x123456},
-                                                   {0xFF8080, 0xFF8080}};
-  for (auto const & [shown, onPaper] : printed)
-    EXPECT_EQ(StandardColor::GetPrintColor(shown), onPaper) << std::hex << shown;
+TEST_F(StandardColorTest, EachLightColourTakesTheFirstCandidateShownExactly) {
+  for (Candidates const & c : LightColours) {
+    for (size_t first = 0; first < c.list.size(); ++first) {
+      // The display shows this candidate and those after it, none before.
+      StandardColor::SetNearestColorFunction(
+          Showing(std::vector<COLORREF>(c.list.begin() + first, c.list.end())));
+      EXPECT_EQ(StandardColor::GetColor(c.def), c.list[first]) << c.def << " #" << first;
+      EXPECT_EQ(c.getter(), c.list[first]) << c.def << " #" << first;
+      // On paper the light colour comes back, whichever was shown (the gray
+      // that ends every list is then every light colour: the first wins).
+      if (c.list[first] != 0x808080)
+        EXPECT_EQ(StandardColor::GetPrintColor(c.list[first]), c.list[0]) << c.def << " #" << first;
+    }
+    // None shown exactly: the answer for the last candidate stands.
+    StandardColor::SetNearestColorFunction(Showing({}));
+    EXPECT_EQ(c.getter(), Near(c.list.back())) << c.def;
+  }
+}
+
+TEST_F(StandardColorTest, PlainColoursAreTheDisplaysNearestTheOthersFixed) {
+  StandardColor::SetNearestColorFunction(Showing({}));
+  struct Case {
+    Getter getter;
+    COLORREF value;
+  };
+  Case const cases[] = {
+      {&StandardColor::GetColorGray, Near(0x808080)},
+      {&StandardColor::GetColorLightGray, Near(0xC0C0C0)},
+      {&StandardColor::GetColorWhite, Near(0xFFFFFF)},
+      {&StandardColor::GetColorBlack, Near(0x000000)},
+      {&StandardColor::GetComment, Near(0xC0C0C0)},  // light gray
+      {&StandardColor::GetData, Near(0xFFFFFF)},     // white
+      {&StandardColor::GetColorCyan, 0xFFFF00},      // not through the display
+      {&StandardColor::GetColorLightMagenta, 0xFF80FF},
+  };
+  for (size_t i = 0; i < std::size(cases); ++i)
+    EXPECT_EQ(cases[i].getter(), cases[i].value) << "row " << i;
+  // A colour that is not one of the display's light colours (here all four
+  // are the near gray) prints as it is.
+  for (COLORREF other : {0x123456u, 0xFF8080u, 0x808080u})
+    EXPECT_EQ(StandardColor::GetPrintColor(other), other) << std::hex << other;
+}
+
+TEST_F(StandardColorTest, EveryColourByMeaningAndItsOtherNames) {
+  StandardColor::SetNearestColorFunction([](COLORREF c) { return c; });
+  struct Case {
+    char const * name;
+    Getter getter;
+    COLORREF value;
+  };
+  Case const cases[] = {
+      {"Comment", &StandardColor::GetComment, 0xC0C0C0},
+      {"Data", &StandardColor::GetData, 0xFFFFFF},
+      {"MisVal", &StandardColor::GetMisVal, 0xBFBFFF},
+      {"ObsName", &StandardColor::GetObsName, 0x00EBEB},
+      {"ObsNumber", &StandardColor::GetObsNumber, 0x00C0C0},
+      {"VarName", &StandardColor::GetVarName, 0x3CAA1E},
+      {"VarNumber", &StandardColor::GetVarNumber, 0x46E61E},
+      {"Text", &StandardColor::GetText, 0xFFFF00},
+      {"Qualitative", &StandardColor::GetQualitative, 0xE9E9AC},
+      {"YQualitative", &StandardColor::GetYQualitative, 0xCBC77E},
+      {"PredictionCaption", &StandardColor::GetPredictionCaption, 0xFFA26F},
+      {"Prediction", &StandardColor::GetPrediction, 0xFFE1A0},
+      {"YVar", &StandardColor::GetYVar, 0x3599C8},
+      {"YVarData", &StandardColor::GetYVarData, 0xB3D9EB},
+      {"Time", &StandardColor::GetTime, 0xB3D9EB},
+      {"DateTime", &StandardColor::GetDateTime, 0x69B4D8},
+      {"Maturity", &StandardColor::GetMaturity, 0xB2C8EC},
+      {"InitialCondition", &StandardColor::GetInitialCondition, 0xDBDBE5},
+      {"BatchID", &StandardColor::GetBatchID, 0x43DEFF},
+      {"PhaseID", &StandardColor::GetPhaseID, 0xA3F8F8},
+      {"TalvoText", &StandardColor::GetTalvoText, 0xE6E6E6},
+      {"Marking", &StandardColor::GetMarking, 0x0080FF},  // orange
+      {"ObsPrimary", &StandardColor::GetObsPrimary, 0x00C0C0},
+      {"ObsSecondary", &StandardColor::GetObsSecondary, 0x00EBEB},
+      {"VarPrimary", &StandardColor::GetVarPrimary, 0x3CAA1E},
+      {"VarSecondary", &StandardColor::GetVarSecondary, 0x46E61E},
+  };
+  for (Case const & c : cases) EXPECT_EQ(c.getter(), c.value) << c.name;
 }
 
 TEST_F(StandardColorTest, WhenNoCandidateIsShownTheLastAnswerStands) {

@@ -26,7 +26,7 @@ MessageBoxProbe RunAndProbe(CustomMessageBoxDlg & box, int answer, int * result 
   MessageBoxProbe probe;
   ModalDialogScript script;
   script.Act([&](wxDialog & d) {
-    gui_test::WaitUntil([&] { return d.IsShownOnScreen(); });
+    gui_test::WaitUntilPlaced(d);
     probe = MessageBoxProbe::Of(d);
     Click(d, answer);
   });

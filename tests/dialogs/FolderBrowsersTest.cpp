@@ -87,6 +87,8 @@ TEST(FolderBrowsers, CupsWithoutASchedulerListsNothingAndSaysWhy) {
   unsetenv("CUPS_SERVER");
   EXPECT_TRUE(listing.names.empty());
   EXPECT_FALSE(listing.error.empty());
+  EXPECT_EQ(listing.error.find("libcups"), std::string::npos)
+      << "CUPS was loaded: " << listing.error;
 }
 
 TEST(FolderBrowsers, BrowseForFolderStartsAtTheNearestFolderStillThere) {

@@ -12,12 +12,12 @@
 #include <utility>
 #include <vector>
 
-#include "frame/ExceptionGuarded.h"
-#include "frame/ExceptionsHandled.h"
+#include "controls/ExceptionGuarded.h"
 #include "frame/HandleExceptionPage.h"
-#include "frame/InternalErrorDialog.h"
 #include "frame/VxSystemException.h"
 #include "harness/ModalDialogScript.h"
+#include "platform/ExceptionsHandled.h"
+#include "platform/InternalErrorReport.h"
 #include "utl/Exception.h"
 
 namespace {

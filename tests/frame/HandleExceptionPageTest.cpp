@@ -5,7 +5,10 @@
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
+#include <wx/hyperlink.h>
 
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -13,6 +16,8 @@
 #include "frame/InternalErrorDialog.h"
 #include "frame/ProcessRestart.h"
 #include "harness/ModalDialogScript.h"
+#include "utl/Log.h"
+#include "utl/VxSystemInfo.h"
 
 namespace {
 
@@ -76,8 +81,12 @@ TEST_F(HandleExceptionPageTest, TheFinishButtonRestartsWhenTickedAndExitsWithOne
 }
 
 TEST_F(HandleExceptionPageTest, IgnoreCarriesOnAndMoreInformationShowsTheDetail) {
+  ASSERT_TRUE(VxSystemInfo::SetSupportPage("https://help.example.org/analyzer"));
   ModalDialogScript script;
+  wxString link;
   script.Act([&](wxDialog & page) {
+    link = wxStaticCast(page.FindWindow(HandleExceptionPage::kSupportLinkId), wxHyperlinkCtrl)
+               ->GetURL();
     Click(page, HandleExceptionPage::kMoreInformationId);
     Click(page, HandleExceptionPage::kIgnoreId);
   });
@@ -88,6 +97,13 @@ TEST_F(HandleExceptionPageTest, IgnoreCarriesOnAndMoreInformationShowsTheDetail)
             "Error reported by the exception handler:\n\nindex 7 out of range");
   EXPECT_EQ(ending.launches, 0);
   EXPECT_TRUE(ending.exits.empty());
+  EXPECT_EQ(link, "https://help.example.org/analyzer");
+  // The failure stays in the log at the error level, whatever the user chose.
+  std::ifstream log(Log::GetLogFilePath());
+  std::string const text((std::istreambuf_iterator<char>(log)), std::istreambuf_iterator<char>());
+  EXPECT_NE(text.find("] 3 InternalErrorDialog::ShowInternalErrorDialog: index 7 out of range\n"),
+            std::string::npos)
+      << text;
 }
 
 }  // namespace

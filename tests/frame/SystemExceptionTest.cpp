@@ -7,10 +7,10 @@
 #include <memory>
 #include <string>
 
-#include "frame/CException.h"
-#include "frame/CExceptionHelper.h"
 #include "frame/SystemExceptionCodes.h"
 #include "frame/VxSystemException.h"
+#include "platform/CException.h"
+#include "platform/CExceptionHelper.h"
 #include "platform/WinError.h"
 
 namespace {

@@ -6,12 +6,16 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <vector>
 
 #include "frame/AppProfile.h"
 #include "frame/VxAppCore.h"
 #include "frame/ZipPackageBuilder.h"
+#include "settings/RegistryBaseKeyName.h"
+#include "utl/CollectingUserComm.h"
 #include "utl/ConfigurationSection.h"
 #include "utl/Exception.h"
+#include "utl/Utf.h"
 #include "utl/VxSystemInfo.h"
 #include "utl/XercesXMLSection.h"
 
@@ -87,21 +91,31 @@ TEST_F(VxAppCoreTest, TheUserFileIsReadWhenSettingsAreFirstAskedFor) {
   EXPECT_EQ(Read(*core.GetSettingsSection(), "AppName"), "Core Test");
 }
 
-TEST_F(VxAppCoreTest, AnUnreadableSettingsFileIsSwallowedAndNeverOverwritten) {
+TEST_F(VxAppCoreTest, ADamagedSettingsFileIsKeptAsideAndTheSessionIsSaved) {
   fs::create_directories(UserFile().parent_path());
   std::string const damaged = "<?xml version=\"1.0\"?>\n<Settings><Section name=\"AppSet";
   WriteBytes(UserFile().string(), damaged);
+  CollectingUserComm channel;
   {
     VxAppCore core;
     EXPECT_NO_THROW(core.SetRegistryLocation());
-    EXPECT_EQ(core.GetSettingsSection(), nullptr);
-    // Subsystems still get their sections, on a tree that is never written.
     std::unique_ptr<ConfigurationSection> section(core.GetAppSettings("Lists", 0));
     ASSERT_NE(section, nullptr);
     section->WriteKey("Columns", "3");
-    EXPECT_FALSE(section->Flush());
   }
-  EXPECT_EQ(ReadBytes(UserFile().string()), damaged);
+  std::vector<fs::path> aside;
+  for (auto const & entry : fs::directory_iterator(UserFile().parent_path()))
+    if (entry.path().filename().string().rfind("Core Test.kvxml.damaged-", 0) == 0)
+      aside.push_back(entry.path());
+  ASSERT_EQ(aside.size(), 1u);
+  EXPECT_EQ(ReadBytes(aside[0].string()), damaged);
+  XercesXMLSection saved(UserFile().c_str(), false);
+  ASSERT_TRUE(saved.ChangeSubSection("AppSettings"));
+  EXPECT_EQ(Read(saved, "AppName"), "Core Test");
+  ASSERT_TRUE(saved.ChangeSubSection("Lists"));
+  EXPECT_EQ(Read(saved, "Columns"), "3");
+  ASSERT_EQ(channel.told.size(), 1u);
+  EXPECT_NE(channel.told[0].find(UserFile().string()), std::string::npos) << channel.told[0];
 }
 
 TEST_F(VxAppCoreTest, SettingsAreLayeredUserFirstThenAllUsersThenDefaults) {
@@ -210,6 +224,24 @@ TEST_F(VxAppCoreTest, TheProfileLivesUnderTheRegistryBase) {
   EXPECT_EQ(AppProfile::GetProfileString("Window", "Placement", "gone"), "gone");
   EXPECT_TRUE(AppProfile::WriteProfileString("Window", nullptr, nullptr));  // the whole section
   EXPECT_EQ(AppProfile::GetProfileInt("Window", "Left", 0), 0);
+
+  // Removing what is not there succeeds, and makes no key to remove it from.
+  struct Removal {
+    char const * section;
+    char const * entry;
+  } const removals[] = {
+      {"Window", "Never written"}, {"No such section", "Entry"}, {"No such section", nullptr}};
+  AppProfile::WriteProfileInt("Window", "Left", 3);
+  for (Removal const & r : removals) {
+    SCOPED_TRACE(std::string(r.section) + "/" + (r.entry != nullptr ? r.entry : "(section)"));
+    EXPECT_TRUE(AppProfile::WriteProfileString(r.section, r.entry, nullptr));
+    EXPECT_TRUE(AppProfile::WriteProfileString(r.section, r.entry, nullptr)) << "a second time";
+  }
+  EXPECT_EQ(AppProfile::GetProfileInt("Window", "Left", 0), 3);
+  HKEY absent = nullptr;
+  std::wstring const missing = vx3::Utf8ToWide(GetRegistryBaseKeyName() + "\\No such section");
+  EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, missing.c_str(), 0, KEY_READ, &absent),
+            ERROR_FILE_NOT_FOUND);
 
   // Another application version has a profile of its own.
   AppProfile::WriteProfileInt("Window", "Left", 5);

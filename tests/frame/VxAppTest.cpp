@@ -18,14 +18,17 @@
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/MessageBoxes.h"
+#include "utl/CollectingUserComm.h"
 #include "utl/ConfigurationSection.h"
 #include "utl/Exception.h"
+#include "utl/Log.h"
 #include "utl/VxSystemInfo.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using frame_test::WriteZip;
+using frame_test::ZipEntries;
 
 std::string Png(int width, int height, unsigned char red) {
   wxImage image(width, height);
@@ -97,7 +100,9 @@ TEST(VxAppCustomization, APackageRenamesAndGivesPicturesAndMarkup) {
   NameGuard const guard;
   fs::path const folder = FreshFolder();
   WriteZip((folder / "brand.appconfig").string(),
-           {{"AppConfig.XML", "<AppConfig><AppName>Branded</AppName></AppConfig>"},
+           {{"AppConfig.XML",
+             "<AppConfig><AppName>Branded</AppName>"
+             "<SupportPage>https://help.example.org/branded</SupportPage></AppConfig>"},
             {"first.png", Png(16, 16, 200)},
             {"Splash.PNG", Png(120, 60, 10)},
             {"second.png", Png(32, 24, 100)},
@@ -110,6 +115,7 @@ TEST(VxAppCustomization, APackageRenamesAndGivesPicturesAndMarkup) {
   EXPECT_EQ(custom->GetPackagePath(), (folder / "brand.appconfig").string());
   EXPECT_EQ(VxSystemInfo::GetApplicationName(), "Branded");
   EXPECT_EQ(wxTheApp->GetAppName(), "Branded");
+  EXPECT_EQ(VxSystemInfo::GetSupportPage(), "https://help.example.org/branded");
 
   ASSERT_TRUE(custom->GetSplashBitmap().IsOk()) << "Splash.PNG is the splash, not icon 1";
   EXPECT_EQ(custom->GetSplashBitmap().GetSize(), wxSize(120, 60));
@@ -125,39 +131,64 @@ TEST(VxAppCustomization, APackageRenamesAndGivesPicturesAndMarkup) {
   EXPECT_TRUE(copy->GetBitmapBundle(2).IsOk());
 }
 
-TEST(VxAppCustomization, BadPicturesAndArchivesAreRefusedAndRenameNothing) {
+TEST(VxAppCustomization, ARefusedPackageIsNotUsedAtAllAndTheUserIsToldOnce) {
   NameGuard const guard;
   std::string const png = Png(8, 8, 1);
   std::string huge = png;  // IHDR declares 100000 x 100000
   for (int at : {16, 20}) {
     huge[at] = 0, huge[at + 1] = 1, huge[at + 2] = char(0x86), huge[at + 3] = char(0xA0);
   }
+  std::string const renaming =
+      "<AppConfig><AppName>Renamed</AppName>"
+      "<SupportPage>https://help.example.org/renamed</SupportPage></AppConfig>";
   struct Case {
     char const * what;
-    std::string entry;
-    std::string bytes;
+    ZipEntries entries;
+    size_t keep;          // bytes of the archive that stay; 0: all
+    char const * reason;  // part of the message
   };
   Case const cases[] = {
-      {"text as an icon", "icon.png", "not a picture"},
-      {"an enormous picture", "icon.png", huge},
-      {"a bad splash", "splash.png", "GIF89a"},
+      {"text as an icon",
+       {{"appconfig.xml", renaming}, {"icon.png", "not a picture"}},
+       0,
+       "icon.png"},
+      {"an enormous picture", {{"appconfig.xml", renaming}, {"icon.png", huge}}, 0, "icon.png"},
+      {"a bad splash", {{"appconfig.xml", renaming}, {"splash.png", "GIF89a"}}, 0, "splash.png"},
+      {"a support page that is no web address",
+       {{"appconfig.xml", "<AppConfig><SupportPage>file:///bin/sh</SupportPage></AppConfig>"},
+        {"icon.png", png}},
+       0,
+       "file:///bin/sh"},
+      {"truncated",
+       {{"appconfig.xml", renaming}, {"icon.png", png}},
+       60,
+       "not a readable ZIP archive"},
   };
+  std::string const supportPage = VxSystemInfo::GetSupportPage();
   for (Case const & c : cases) {
+    SCOPED_TRACE(c.what);
+    CollectingUserComm channel;
     fs::path const folder = FreshFolder();
-    WriteZip((folder / "bad.appconfig").string(),
-             {{"appconfig.xml", "<AppConfig><AppName>Renamed</AppName></AppConfig>"},
-              {c.entry, c.bytes}});
-    try {
-      VxAppCustomization::ReadFromFolder(folder.string());
-      ADD_FAILURE() << c.what << ": accepted";
-    } catch (Exception const & e) {
-      EXPECT_NE(e.Why(std::locale::classic()).find(c.entry), std::string::npos) << c.what;
+    std::string const path = (folder / "bad.appconfig").string();
+    std::string const bytes = WriteZip(path, c.entries);
+    if (c.keep != 0) frame_test::WriteBytes(path, bytes.substr(0, c.keep));
+    for (int read = 0; read < 2; ++read) {
+      std::unique_ptr<VxAppCustomization> custom;
+      ASSERT_NO_THROW(custom = VxAppCustomization::ReadFromFolder(folder.string()));
+      EXPECT_EQ(custom->GetPackagePath(), "");
+      EXPECT_TRUE(custom->GetIconIds().empty());
+      EXPECT_FALSE(custom->GetSplashBitmap().IsOk());
+      EXPECT_TRUE(custom->GetReplacements().empty());
+      EXPECT_EQ(custom->ReadFile("appconfig.xml"), "");
     }
-    EXPECT_EQ(VxSystemInfo::GetApplicationName(), guard.name) << c.what;
+    EXPECT_EQ(VxSystemInfo::GetApplicationName(), guard.name);
+    EXPECT_EQ(VxSystemInfo::GetSupportPage(), supportPage);
+    ASSERT_EQ(channel.told.size(), 1u) << "told once, however often the package is read";
+    EXPECT_NE(channel.told[0].find(path), std::string::npos) << channel.told[0];
+    EXPECT_NE(channel.told[0].find(c.reason), std::string::npos) << channel.told[0];
+    std::string const log = frame_test::ReadBytes(Log::GetLogFilePath());
+    EXPECT_NE(log.find("The customization package " + path + " is not used"), std::string::npos);
   }
-  fs::path const folder = FreshFolder();
-  frame_test::WriteBytes((folder / "a.appconfig").string(), "PK\x03\x04 truncated");
-  EXPECT_THROW(VxAppCustomization::ReadFromFolder(folder.string()), Exception);
 }
 
 }  // namespace

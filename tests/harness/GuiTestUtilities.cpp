@@ -7,8 +7,13 @@
 
 #include <wx/app.h>
 #include <wx/evtloop.h>
+#include <wx/toplevel.h>
 #include <wx/utils.h>
 #include <wx/window.h>
+
+// Last: Xlib defines macros (None, Success, Bool) that other headers use as names.
+#include <gdk/gdkx.h>
+#include <gtk/gtk.h>
 
 namespace gui_test {
 
@@ -29,7 +34,43 @@ void DispatchOnce() {
   loop.ProcessIdle();
 }
 
+// True when the window manager has set the frame's extents on `window`,
+// which it does once it has framed it.
+bool HasFrameExtents(GdkWindow * window) {
+  Display * const display = GDK_WINDOW_XDISPLAY(window);
+  Atom const extents = XInternAtom(display, "_NET_FRAME_EXTENTS", True);
+  if (extents == None) return false;
+  Atom type = None;
+  int format = 0;
+  unsigned long count = 0, after = 0;
+  unsigned char * data = nullptr;
+  int const status = XGetWindowProperty(display, GDK_WINDOW_XID(window), extents, 0, 4, False,
+                                        AnyPropertyType, &type, &format, &count, &after, &data);
+  if (data != nullptr) XFree(data);
+  return status == Success && count == 4;
+}
+
+bool HasWindowManager(GdkWindow * window) {
+  return gdk_x11_screen_supports_net_wm_hint(gdk_window_get_screen(window),
+                                             gdk_atom_intern_static_string("_NET_FRAME_EXTENTS"));
+}
+
 }  // namespace
+
+bool WaitUntilPlaced(wxTopLevelWindow & window, int timeoutMs) {
+  return WaitUntil(
+      [&] {
+        if (!window.IsShownOnScreen()) return false;
+        GdkWindow * const gdk = gtk_widget_get_window(window.GetHandle());
+        if (gdk == nullptr || !GDK_IS_X11_WINDOW(gdk)) return gdk != nullptr;
+        if (!HasWindowManager(gdk)) return true;
+        if (!HasFrameExtents(gdk)) return false;
+        GdkRectangle frame;
+        gdk_window_get_frame_extents(gdk, &frame);
+        return window.GetScreenRect() == wxRect(frame.x, frame.y, frame.width, frame.height);
+      },
+      timeoutMs);
+}
 
 void Flush() { DispatchOnce(); }
 

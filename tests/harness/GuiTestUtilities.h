@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class wxTopLevelWindow;
 class wxWindow;
 
 namespace gui_test {
@@ -15,6 +16,12 @@ bool WaitUntil(std::function<bool()> const & condition, int timeoutMs = 5000);
 // Shows the top-level window and waits until the X server has mapped it and
 // it has been painted once.
 bool ShowAndWait(wxWindow & window, int timeoutMs = 5000);
+
+// Waits until the window manager has framed and placed the shown top-level
+// window and wx knows its place: the X server's frame is where wx says the
+// window is. Before that, GTK reports the place it asked for, not the one it
+// got. Returns true at once without a window manager.
+bool WaitUntilPlaced(wxTopLevelWindow & window, int timeoutMs = 5000);
 
 // Handles everything that is pending now.
 void Flush();

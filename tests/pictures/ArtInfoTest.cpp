@@ -259,6 +259,47 @@ TEST_F(ArtInfoTest, ADamagedListIsNotReadAndNotReplaced) {
   EXPECT_EQ(before, Slurp(mArchive));
 }
 
+TEST_F(ArtInfoTest, StrictReadsNameTheFileAndWhatIsWrong) {
+  std::string const source = WriteJpeg("ok.jpg", 20, 10);
+  SaveCollection(mArchive, Painter("Ann", {"One"}), source);
+  std::string const text = VxPathAppend(mFolder, "text.vart");
+  Spit(text, "just text");
+  std::string const empty = VxPathAppend(mFolder, "empty.vart");
+  Spit(empty, "");
+  std::string const noList = VxPathAppend(mFolder, "no-list.vart");
+  std::string const badList = VxPathAppend(mFolder, "bad-list.vart");
+  for (auto const & [path, list] : {std::make_pair(noList, ""), std::make_pair(badList, "22 x")}) {
+    vx3::CompoundFileWriter storage;
+    if (*list != '\0') storage.AddStream("ArtInfo", list);
+    storage.AddStream("1", "picture");
+    Spit(path, storage.Finish());
+  }
+  struct Case {
+    std::string path;
+    std::function<void()> read;
+    std::string why;
+  } const cases[] = {
+      {mFolder + "/absent.vart", nullptr, "No such file or directory"},
+      {mFolder, nullptr, "Is a directory"},
+      {empty, nullptr, "it is empty"},
+      {text, nullptr, "it is no compound file"},
+      {noList, nullptr, "it has no stream \"ArtInfo\""},
+      {badList, nullptr, "its list \"ArtInfo\" is damaged ("},
+      {mArchive, [&] { ArtInfo::ReadPictureStream(mArchive, "77"); }, "it has no stream \"77\""},
+  };
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.why);
+    std::string const failure = FailureOf(c.read ? c.read : [&] { ArtInfo::LoadArtInfo(c.path); });
+    EXPECT_EQ(0u, failure.find("The art archive " + c.path + " is unreadable: " + c.why))
+        << failure;
+  }
+  EXPECT_EQ("Ann", ArtInfo::LoadArtInfo(mArchive).GetCollections().at(0).artistName);
+  EXPECT_EQ(mArchive, ArtInfo::LoadArtInfo(mArchive).GetCollections().at(0).file);
+  std::string const picture = ArtInfo::ReadPictureStream(
+      mArchive, ArtInfo::LoadArtInfo(mArchive).GetCollections()[0].pictures[0].GetFileName());
+  EXPECT_EQ("\xFF\xD8", picture.substr(0, 2));
+}
+
 TEST_F(ArtInfoTest, AnArchiveInAMissingFolderCannotBeWritten) {
   std::string const target = VxPathAppend(mFolder, "no/such/folder.vart");
   EXPECT_EQ(0u, FailureOf([&] {

@@ -7,8 +7,12 @@
 #include <sys/stat.h>
 
 #include <set>
+#include <thread>
+
+#include <wx/init.h>
 
 #include "RegistryTestSupport.h"
+#include "utl/CollectingUserComm.h"
 #include "utl/Log.h"
 
 namespace {
@@ -111,6 +115,44 @@ TEST_F(RegistryHive, AFileThatIsNoHiveIsKeptAsideAndReplaced) {
     EXPECT_NE(text.find(aside), std::string::npos) << "the notice says where";
     EXPECT_NE(FileBytes(Log::GetLogFilePath()).find(text), std::string::npos) << "and it is logged";
   }
+}
+
+TEST_F(RegistryHive, TheUserIsToldOnceAboutADamagedHiveThroughTheChannel) {
+  CollectingUserComm channel;
+  std::string const hive = mFolder + "/told.db";
+  ::setenv("TALVO_REGISTRY_USER_HIVE", hive.c_str(), 1);
+  for (int damage = 0; damage < 2; ++damage) {
+    SCOPED_TRACE(damage);
+    std::ofstream(hive, std::ios::binary) << "not a hive at all, but long enough to be read";
+    registry::CloseHives();
+    HKEY key = Create(HKEY_CURRENT_USER, L"Software");
+    RegCloseKey(key);
+    EXPECT_TRUE(registry::TakeNotices().empty()) << "the channel has taken them";
+  }
+  // The second damage of the same file is logged, but not told again.
+  std::string const log = FileBytes(Log::GetLogFilePath());
+  size_t const first = log.find(hive + " was damaged (file is not a database)");
+  ASSERT_NE(first, std::string::npos) << log;
+  EXPECT_NE(log.find(hive + " was damaged", first + 1), std::string::npos) << log;
+  ASSERT_EQ(channel.told.size(), 1u);
+  EXPECT_NE(channel.told[0].find(hive + " was damaged (file is not a database)"), std::string::npos)
+      << channel.told[0];
+  EXPECT_NE(channel.told[0].find(hive + ".damaged-"), std::string::npos) << channel.told[0];
+}
+
+TEST_F(RegistryHive, AWorkerThreadLeavesTheNoticeToTheMainThread) {
+  wxInitializer wx;  // knows the main thread from here on
+  ASSERT_TRUE(wx.IsOk());
+  CollectingUserComm channel;
+  std::string const hive = mFolder + "/worker.db";
+  ::setenv("TALVO_REGISTRY_USER_HIVE", hive.c_str(), 1);
+  std::ofstream(hive, std::ios::binary) << "not a hive at all, but long enough to be read";
+  registry::CloseHives();
+  std::thread([] { RegCloseKey(Create(HKEY_CURRENT_USER, L"Software")); }).join();
+  EXPECT_TRUE(channel.told.empty()) << "a channel may show a dialog: not from a worker";
+  RegCloseKey(Create(HKEY_CURRENT_USER, L"Software"));
+  ASSERT_EQ(channel.told.size(), 1u);
+  EXPECT_NE(channel.told[0].find(hive + " was damaged"), std::string::npos) << channel.told[0];
 }
 
 TEST_F(RegistryHive, AHiveWithWorkInItsLogIsNoDamage) {

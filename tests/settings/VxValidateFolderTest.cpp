@@ -1,78 +1,142 @@
-// VxValidateFolder asks through the framework road: a scripted handler
-// answers each box and records what it said.
+// VxValidateFolder asks and explains in plain message boxes on the window it
+// is given: the boxes are answered by a modal hook that records what each
+// one showed and on which parent, with the framework road and the mute
+// switch of information boxes set against it.
 #include <gtest/gtest.h>
+#include <wx/frame.h>
+#include <wx/modalhook.h>
+#include <wx/msgdlg.h>
 
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "harness/GuiTestUtilities.h"
 #include "platform/MessageBoxes.h"
+#include "platform/RunningApplication.h"
 #include "settings/VxValidateFolder.h"
 #include "utl/Paths.h"
 #include "utl/TestFiles.h"
 
 namespace {
 
-using Boxes = std::vector<std::pair<UINT, std::string>>;  // type and text of each box
+struct Box {
+  wxWindow * parent;
+  std::string caption;
+  std::string text;
+  bool operator==(Box const & o) const {
+    return parent == o.parent && caption == o.caption && text == o.text;
+  }
+};
+
+void PrintTo(Box const & box, std::ostream * out) {
+  *out << "{" << box.parent << ", \"" << box.caption << "\", \"" << box.text << "\"}";
+}
+
+// Answers each box with the next scripted answer (wxID_OK when none is left).
+class BoxRecorder : public wxModalDialogHook {
+public:
+  BoxRecorder() { Register(); }
+  ~BoxRecorder() override { Unregister(); }
+
+  std::deque<int> answers;
+  std::vector<Box> boxes;
+
+protected:
+  int Enter(wxDialog * dialog) override {
+    auto * box = dynamic_cast<wxMessageDialogBase *>(dialog);
+    boxes.push_back(Box{dialog->GetParent(), dialog->GetTitle().utf8_string(),
+                        box != nullptr ? box->GetMessage().utf8_string() : "(not a message box)"});
+    if (answers.empty()) return wxID_OK;
+    int const answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  void Exit(wxDialog *) override {}
+};
 
 class ValidateFolder : public testing::Test {
 protected:
   void SetUp() override {
     ASSERT_TRUE(VxCreateFolder(mRoot));
-    mPrevious = SetFrameworkMessageBoxHandler([this](wxString const & text, UINT type, UINT) {
-      mBoxes.emplace_back(type, text.utf8_string());
-      return mAnswer;
+    // A box takes only a window on screen as its parent.
+    ASSERT_TRUE(gui_test::ShowAndWait(*mParent));
+    // Neither the framework road nor the mute switch may take these boxes.
+    mFormerHandler = SetFrameworkMessageBoxHandler([](wxString const & text, UINT, UINT) {
+      ADD_FAILURE() << "framework box: " << text.utf8_string();
+      return IDCANCEL;
     });
+    mFormerApp = SetRunningApplication({nullptr, [] { return true; }, nullptr});
   }
-  void TearDown() override { SetFrameworkMessageBoxHandler(mPrevious); }
+  void TearDown() override {
+    SetRunningApplication(mFormerApp);
+    SetFrameworkMessageBoxHandler(mFormerHandler);
+    mParent->Destroy();
+  }
+
+  Box Expected(std::string const & caption, std::string const & text) const {
+    return Box{mParent, caption, text};
+  }
 
   std::string const mRoot = Temp("validate");
-  int mAnswer = IDYES;
-  Boxes mBoxes;
-  FrameworkMessageBoxHandler mPrevious;
+  wxFrame * mParent = new wxFrame(nullptr, wxID_ANY, "Owner");
+  BoxRecorder mRecorder;
+  FrameworkMessageBoxHandler mFormerHandler;
+  RunningApplicationHooks mFormerApp;
 };
 
-TEST_F(ValidateFolder, AnExistingFolderPassesSilentlyAFileInTheWayIsAnError) {
-  EXPECT_TRUE(VxValidateFolder(mRoot, nullptr));
-  EXPECT_TRUE(mBoxes.empty());
+TEST_F(ValidateFolder, AnExistingFolderPassesSilentlyAFileInTheWayIsShownEvenMuted) {
+  EXPECT_TRUE(VxValidateFolder(mRoot, mParent));
+  EXPECT_TRUE(mRecorder.boxes.empty());
   std::string const file = mRoot + "/file";
   Spit(file, "x");
-  EXPECT_FALSE(VxValidateFolder(file, nullptr));
-  EXPECT_EQ(
-      mBoxes,
-      (Boxes{{MB_ICONHAND, "A file with the same name as the specified folder already exists.\n" +
-                               file + "\nPlease change the folder name to something else."}}));
+  EXPECT_FALSE(VxValidateFolder(file, mParent));
+  EXPECT_EQ(mRecorder.boxes,
+            (std::vector<Box>{Expected("Select Folder",
+                                       "A file with the same name as the specified folder already "
+                                       "exists.\n" +
+                                           file +
+                                           "\nPlease change the folder name to something else.")}));
 }
 
 TEST_F(ValidateFolder, AMissingFolderIsCreatedOnlyWhenTheUserAgrees) {
   std::string const wanted = mRoot + "/new/deeper";
-  mAnswer = IDNO;
-  EXPECT_FALSE(VxValidateFolder(wanted, nullptr));
+  mRecorder.answers = {wxID_NO, wxID_YES};
+  EXPECT_FALSE(VxValidateFolder(wanted, mParent));
   EXPECT_EQ(VxFileExist(wanted), VxNothing);
-  mAnswer = IDYES;
-  EXPECT_TRUE(VxValidateFolder(wanted, nullptr));
+  EXPECT_TRUE(VxValidateFolder(wanted, mParent));
   EXPECT_EQ(VxFileExist(wanted), VxFolder);
-  std::pair<UINT, std::string> const question{
-      MB_YESNO | MB_ICONINFORMATION,
-      "The specified folder '" + wanted + "' does not exist, do you want to create it?"};
-  EXPECT_EQ(mBoxes, (Boxes{question, question}));
+  Box const question = Expected("Select Folder", "The specified folder '" + wanted +
+                                                     "' does not exist, do you want to create it?");
+  EXPECT_EQ(mRecorder.boxes, (std::vector<Box>{question, question}));
 }
 
-TEST_F(ValidateFolder, BlanksAroundTheLastNameAreRefusedAfterTheQuestion) {
-  for (std::string const name : {" lead", "tab\t"}) {
-    mBoxes.clear();
-    std::string const wanted = mRoot + "/" + name;
-    EXPECT_FALSE(VxValidateFolder(wanted, nullptr)) << name;
-    EXPECT_EQ(VxFileExist(wanted), VxNothing) << name;
-    ASSERT_EQ(mBoxes.size(), 2u) << name;
-    EXPECT_EQ(mBoxes[1], (std::pair<UINT, std::string>{
-                             MB_ICONHAND,
-                             "A folder name may not start or end with spaces, please "
-                             "change the folder name."}));
-  }
-  EXPECT_TRUE(VxValidateFolder(mRoot + "/ inner blanks are fine/x", nullptr));
-  // A folder that cannot be made (a file stands in its path) is reported.
+TEST_F(ValidateFolder, BlanksAroundTheLastNameAndFailedCreationAreExplained) {
+  struct Case {
+    std::string name;
+    bool blocked;  // a file stands in the path, so the folder cannot be made
+    Box refusal;
+  } const cases[] = {
+      {"/ lead", false,
+       Expected("Select Folder",
+                "A folder name may not start or end with spaces, please change the folder name.")},
+      {"/tab\t", false,
+       Expected("Select Folder",
+                "A folder name may not start or end with spaces, please change the folder name.")},
+      {"/blocker/below", true, Expected("Create Folder", "The folder could not be created.")},
+  };
   Spit(mRoot + "/blocker", "x");
-  mBoxes.clear();
-  EXPECT_FALSE(VxValidateFolder(mRoot + "/blocker/below", nullptr));
-  ASSERT_EQ(mBoxes.size(), 2u);
-  EXPECT_EQ(mBoxes[1].second, "The folder could not be created.");
+  for (Case const & c : cases) {
+    mRecorder.boxes.clear();
+    mRecorder.answers = {wxID_YES};
+    std::string const wanted = mRoot + c.name;
+    EXPECT_FALSE(VxValidateFolder(wanted, mParent)) << c.name;
+    EXPECT_EQ(VxFileExist(wanted), VxNothing) << c.name;
+    ASSERT_EQ(mRecorder.boxes.size(), 2u) << c.name;
+    EXPECT_EQ(mRecorder.boxes[1], c.refusal) << c.name;
+  }
+  mRecorder.answers = {wxID_YES};
+  EXPECT_TRUE(VxValidateFolder(mRoot + "/ inner blanks are fine/x", mParent));
 }
 
 }  // namespace

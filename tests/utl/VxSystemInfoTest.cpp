@@ -24,4 +24,31 @@ TEST(VxSystemInfo, ShortOrMalformedVersionsFillWithZero) {
   EXPECT_EQ(VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionPath), "0.0");
 }
 
+TEST(VxSystemInfo, SupportPageTakesOnlyWebAddressesAndSurvivesRenaming) {
+  EXPECT_EQ(VxSystemInfo::GetSupportPage(), VxSystemInfo::kDefaultSupportPage);
+  struct Case {
+    char const * address;
+    bool taken;
+  };
+  Case const cases[] = {
+      {"https://help.example.org/crash?id=1", true},
+      {"http://intranet/support", true},
+      {"", false},
+      {"https://", false},
+      {"file:///etc/passwd", false},
+      {"javascript:alert(1)", false},
+      {"https://a.example/ page", false},
+      {"https://a.example/\npage", false},
+  };
+  std::string expected = VxSystemInfo::GetSupportPage();
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.address);
+    EXPECT_EQ(VxSystemInfo::SetSupportPage(c.address), c.taken);
+    if (c.taken) expected = c.address;
+    EXPECT_EQ(VxSystemInfo::GetSupportPage(), expected);
+  }
+  VxSystemInfo::SetApplication("Renamed", "1.0");
+  EXPECT_EQ(VxSystemInfo::GetSupportPage(), expected);
+}
+
 }  // namespace

@@ -51,7 +51,10 @@ TEST(XercesXMLSection, WritesTheDocumentedGrammar) {
 
 TEST(XercesXMLSection, ValuesAndNamesComeBackExactlyFromTheFile) {
   std::string const path = Temp("roundtrip.kvxml");
-  std::string const values[] = {"a\r\nb\rc\n", "  spaced  ", "", "<b>&amp;</b>]]>", "日本 😀"};
+  // Whitespace-only values too: the layout between elements is dropped on
+  // reading, the text of a key never.
+  std::string const values[] = {"a\r\nb\rc\n", "  spaced  ", "",        "<b>&amp;</b>]]>",
+                                "日本 😀",      " ",          "\r\n\t ", "\n"};
   {
     XercesXMLSection root(path.c_str(), true);
     Section section(root.CreateSubSection("Odd <name> & \"more\""));
@@ -78,6 +81,52 @@ TEST(XercesXMLSection, RefusesTextThatXmlCannotHold) {
                             "a\xff"
                             "b"));
   EXPECT_EQ(Read(root, "utf"), "ab");
+}
+
+// Both sides of each edge of what XML 1.0 holds: the controls below space
+// but tab, line feed and carriage return are refused; space, DEL, the C1
+// controls and U+FFFD are kept and come back from the file exactly.
+TEST(XercesXMLSection, ControlCharacterEdgesOfWhatAValueMayHold) {
+  struct Case {
+    char const * what;
+    char const * text;
+    bool kept;
+  };
+  Case const cases[] = {
+      {"U+0001, the first control", "a\x01z", false},
+      {"U+0008, below tab", "a\x08z", false},
+      {"U+0009 tab", "a\tz", true},
+      {"U+000A line feed", "a\nz", true},
+      {"U+000B, between line feed and carriage return", "a\x0bz", false},
+      {"U+000C, just below carriage return", "a\x0cz", false},
+      {"U+000D carriage return", "a\rz", true},
+      {"U+000E, just above carriage return", "a\x0ez", false},
+      {"U+001F, the last control", "a\x1fz", false},
+      {"U+0020 space, the first character after the controls", "a z", true},
+      {"U+007F delete", "a\x7fz", true},
+      {"U+0080, the first C1 control", "a\xc2\x80z", true},
+      {"U+009F, the last C1 control", "a\xc2\x9fz", true},
+      {"U+FFFD", "a\xef\xbf\xbdz", true},
+      {"U+FFFE", "a\xef\xbf\xbez", false},
+  };
+  std::string const path = Temp("controls.kvxml");
+  {
+    XercesXMLSection root(path.c_str(), true);
+    for (Case const & c : cases) {
+      SCOPED_TRACE(c.what);
+      root.WriteKey(c.what, "before");
+      EXPECT_EQ(root.WriteKey(c.what, c.text), c.kept);
+      EXPECT_EQ(Read(root, c.what), c.kept ? c.text : "before") << "a refusal changes nothing";
+      EXPECT_EQ(root.WriteKey((std::string("name ") + c.text).c_str(), "x"), c.kept);
+    }
+    ASSERT_TRUE(root.Flush());
+  }
+  XercesXMLSection reloaded(path.c_str(), false);
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.what);
+    EXPECT_EQ(Read(reloaded, c.what), c.kept ? c.text : "before");
+    EXPECT_EQ(reloaded.HasKey((std::string("name ") + c.text).c_str()), c.kept);
+  }
 }
 
 // What the application object does: it opens the file, replaces the root

@@ -3,8 +3,8 @@
 // page must not let one reach the window system. Every event the window
 // processes (its own and those its children pass up) runs inside a try; a
 // failure whose class is switched on in the window's mask ends in the
-// internal-error dialog and the event counts as handled, any other travels
-// on unchanged.
+// internal-error dialog (platform/InternalErrorReport.h) and the event counts
+// as handled, any other travels on unchanged.
 //
 //   class VxDialog : public ExceptionGuarded<wxDialog> { ... };
 
@@ -14,9 +14,10 @@
 
 #include <wx/event.h>
 
-#include "frame/CException.h"
-#include "frame/ExceptionsHandled.h"
-#include "frame/InternalErrorDialog.h"
+#include "platform/CException.h"
+#include "platform/CExceptionHelper.h"
+#include "platform/ExceptionsHandled.h"
+#include "platform/InternalErrorReport.h"
 #include "utl/Exception.h"
 
 template <class Base>
@@ -55,14 +56,14 @@ protected:
       text = e->what();  // not ours to delete
     } catch (CException * e) {
       if (!Handles(kHandleFrameworkException)) throw;
-      text = FrameworkExceptionText(e);
+      text = CExceptionHelper::GetErrorMessage(e);
       e->Delete();
     } catch (...) {
       if (!Handles(kHandleOtherExceptions)) throw;
       text = kUnknownExceptionText;
     }
     // Outside the handlers: a failure inside the dialog is a new one.
-    ShowInternalErrorDialog(text);
+    ReportInternalError(text);
     return false;
   }
 

@@ -1,9 +1,9 @@
-#include "frame/CExceptionHelper.h"
+#include "platform/CExceptionHelper.h"
 
 #include <cwctype>
 #include <string>
 
-#include "frame/CException.h"
+#include "platform/CException.h"
 #include "platform/RegistryErrorText.h"
 #include "platform/WinError.h"
 #include "utl/Translation.h"

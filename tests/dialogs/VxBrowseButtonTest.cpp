@@ -11,9 +11,9 @@
 #include <wx/panel.h>
 #include <wx/textctrl.h>
 
-#include "controls/VxBrowseButton.h"
 #include "controls/VxMenu.h"
 #include "dialogs/NativeChoosers.h"
+#include "dialogs/VxBrowseButton.h"
 #include "harness/GuiTestUtilities.h"
 #include "platform/WindowMessage.h"
 

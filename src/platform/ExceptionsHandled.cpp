@@ -1,4 +1,4 @@
-#include "frame/ExceptionsHandled.h"
+#include "platform/ExceptionsHandled.h"
 
 namespace {
 int gDefaultExceptionsHandled = kHandleAllExceptions;

@@ -1,4 +1,4 @@
-#include "controls/VxBrowseButton.h"
+#include "dialogs/VxBrowseButton.h"
 
 #include <string>
 #include <utility>

@@ -1,0 +1,30 @@
+#pragma once
+// Every command id of the sample's menus, in one enumeration: each command
+// is one enumerator, so no two menus can ever share an id. (The stock ids
+// the sample uses, wxID_EXIT and the family's about command, 57664, lie
+// below wxID_HIGHEST and cannot meet these.)
+
+#include <wx/defs.h>
+
+enum SampleCommand : int {
+  kFirstSampleCommand = wxID_HIGHEST + 1,
+  // File
+  kOpenCommand = kFirstSampleCommand,
+  kSaveAsCommand,
+  kDefaultFolderCommand,
+  kSearchFoldersCommand,
+  // Tools
+  kRunCalculationCommand,
+  kArchiveRunsCommand,
+  // Messages
+  kOkBoxCommand,
+  kOkCancelBoxCommand,
+  kYesNoBoxCommand,
+  kRelabelledBoxCommand,
+  kHelpBoxCommand,
+  kCheckBoxCommand,
+  kDontShowAgainCommand,
+  kForgetAnswersCommand,
+  kFailingHandlerCommand,
+  kEndOfSampleCommands
+};

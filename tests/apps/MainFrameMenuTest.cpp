@@ -1,0 +1,240 @@
+// Every command of the sample's real main frame, fired from its menu bar:
+// each opens what its item names (a file chooser for Open, a message box of
+// the item's kind for the Messages items, ...). A command bound twice, or an
+// id that two menus share, opens the wrong thing and fails here; an item
+// without a row in the table fails too, so new commands get checked.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <set>
+#include <typeinfo>
+#include <vector>
+
+#include <wx/app.h>
+#include <wx/menu.h>
+#include <wx/statusbr.h>
+
+#include "BatchCommand.h"
+#include "MainFrame.h"
+#include "dialogs/CSelectFolderDialog.h"
+#include "dialogs/CustomMessageBoxDlg.h"
+#include "dialogs/DontShowAgainMessageBox.h"
+#include "dialogs/FolderCollectionDialog.h"
+#include "dialogs/NativeChoosers.h"
+#include "dialogs/YesNoCancelAll.h"
+#include "frame/AppProfile.h"
+#include "harness/GuiTestUtilities.h"
+#include "harness/ModalDialogScript.h"
+#include "platform/WinUser.h"
+#include "utl/Utf.h"
+#include "work/Progress.h"
+
+namespace {
+
+// What a command opens.
+enum class Opens {
+  kFileChooserToOpen,
+  kFileChooserToSave,
+  kFolderDialog,
+  kFolderCollection,
+  kCalculation,
+  kBatchQuestion,
+  kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kNothing,       // says so in the status bar
+  kAboutBox,      // the application's about command
+  kCloseRequest,  // the frame is asked to close
+};
+
+struct Expected {
+  Opens opens;
+  unsigned int boxType = 0;
+};
+
+// Keyed by menu and item label, mnemonics and accelerators left out.
+std::map<wxString, Expected> const kExpected = {
+    {"File/Open...", {Opens::kFileChooserToOpen}},
+    {"File/Save As...", {Opens::kFileChooserToSave}},
+    {"File/Default Folder...", {Opens::kFolderDialog}},
+    {"File/Search Folders...", {Opens::kFolderCollection}},
+    {"File/Exit", {Opens::kCloseRequest}},
+    {"Tools/Run calculation", {Opens::kCalculation}},
+    {"Tools/Archive runs...", {Opens::kBatchQuestion}},
+    {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
+    {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
+    {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
+    {"Messages/Relabelled buttons (Yes, No, Cancel)",
+     {Opens::kMessageBox, MB_YESNOCANCEL | MB_ICONQUESTION}},
+    {"Messages/With a help topic", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
+    {"Messages/With a check box", {Opens::kMessageBox, MB_YESNO}},
+    {"Messages/Don't-show-again message", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONINFORMATION}},
+    {"Messages/Forget the stored answers", {Opens::kNothing}},
+    {"Messages/Failure in a dialog handler", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONHAND}},
+    {"Help/About...", {Opens::kAboutBox}},
+};
+
+// What kind of dialog a command showed.
+struct Seen {
+  Opens opens = Opens::kNothing;
+  unsigned int boxType = 0;
+  wxString className;
+};
+
+Seen Look(wxDialog & dialog) {
+  Seen seen;
+  seen.className = typeid(dialog).name();
+  if (dynamic_cast<CSelectFolderDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kFolderDialog;
+  } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kFolderCollection;
+  } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
+    seen.opens = Opens::kBatchQuestion;
+  } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
+    seen.opens = Opens::kMessageBox;
+    seen.boxType = box->GetType() & (MB_TYPEMASK | MB_ICONMASK);
+  }
+  return seen;
+}
+
+struct Item {
+  wxString path;
+  int id;
+};
+
+void Collect(wxMenu const & menu, wxString const & prefix, std::vector<Item> & items) {
+  for (wxMenuItem const * item : menu.GetMenuItems()) {
+    if (item->IsSeparator()) continue;
+    wxString const path = prefix + "/" + item->GetItemLabelText();
+    if (item->IsSubMenu())
+      Collect(*item->GetSubMenu(), path, items);
+    else
+      items.push_back({path, item->GetId()});
+  }
+}
+
+class MainFrameMenuTest : public testing::Test {
+protected:
+  void SetUp() override {
+    InstallStandardUserComm();
+    // The don't-show-again box asks only while no answer is stored.
+    AppProfile::WriteProfileString(vx3::WideToUtf8(GetDontShowAgainRegistrySection()).c_str(),
+                                   nullptr, nullptr);
+    frame = new MainFrame;
+    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+    mFormerFiles = SetFileChooserFunction([this](FileChooserRequest const & request) {
+      fileRequests.push_back(request);
+      return FileChooserAnswer{};  // cancelled
+    });
+    // The about command is the application's (VxApp binds it there).
+    wxTheApp->Bind(wxEVT_MENU, &MainFrameMenuTest::OnAbout, this, MainFrame::kAboutCommand);
+    frame->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent & event) {
+      ++closeRequests;
+      event.Veto();
+    });
+  }
+  void TearDown() override {
+    wxTheApp->Unbind(wxEVT_MENU, &MainFrameMenuTest::OnAbout, this, MainFrame::kAboutCommand);
+    SetFileChooserFunction(mFormerFiles);
+    frame->Destroy();
+    gui_test::Flush();
+  }
+
+  void OnAbout(wxCommandEvent &) { ++aboutCommands; }
+
+  wxString Status() const { return frame->GetStatusBar()->GetStatusText(); }
+
+  MainFrame * frame = nullptr;
+  std::vector<FileChooserRequest> fileRequests;
+  int aboutCommands = 0;
+  int closeRequests = 0;
+
+private:
+  FileChooserFunction mFormerFiles;
+};
+
+TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
+  std::vector<Item> items;
+  wxMenuBar const & bar = *frame->GetMenuBar();
+  for (size_t index = 0; index < bar.GetMenuCount(); ++index)
+    Collect(*bar.GetMenu(index), wxMenuItem::GetLabelText(bar.GetMenuLabel(index)), items);
+  ASSERT_EQ(items.size(), kExpected.size());
+  std::set<int> ids;
+  for (Item const & item : items)
+    EXPECT_TRUE(ids.insert(item.id).second) << item.path << " shares its id " << item.id;
+
+  for (Item const & item : items) {
+    SCOPED_TRACE(item.path.utf8_string());
+    auto const found = kExpected.find(item.path);
+    if (found == kExpected.end()) {
+      ADD_FAILURE() << "no expectation for this command";
+      continue;
+    }
+    Expected const & expected = found->second;
+    fileRequests.clear();
+    aboutCommands = closeRequests = 0;
+    bool calculated = false;
+    frame->SetCalculationPlan({3, [&calculated](Progress & progress, int) {
+                                 calculated = Progress::GetActiveProgress() == &progress;
+                                 return progress.Set(1);
+                               }});
+    frame->SetStatusText("");
+
+    // What the command opened, seen while it was up (the dialogs live on
+    // the handler's stack), then cancelled; a dialog nobody expected fails
+    // the test in the script.
+    std::vector<Seen> seen;
+    ModalDialogScript script;
+    bool const opensDialog =
+        expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
+        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox;
+    if (opensDialog) {
+      script.Act([&seen](wxDialog & d) {
+        seen.push_back(Look(d));
+        d.EndModal(IDCANCEL);
+      });
+    }
+    if (expected.opens == Opens::kBatchQuestion) script.Answer(wxID_OK);  // the account
+
+    wxCommandEvent command(wxEVT_MENU, item.id);
+    command.SetEventObject(frame);
+    frame->ProcessWindowEvent(command);
+
+    if (opensDialog) {
+      ASSERT_EQ(seen.size(), 1u);
+    }
+    switch (expected.opens) {
+      case Opens::kFileChooserToOpen:
+      case Opens::kFileChooserToSave:
+        ASSERT_EQ(fileRequests.size(), 1u);
+        EXPECT_EQ(fileRequests[0].open, expected.opens == Opens::kFileChooserToOpen);
+        break;
+      case Opens::kFolderDialog:
+      case Opens::kFolderCollection:
+      case Opens::kBatchQuestion:
+      case Opens::kMessageBox:
+        EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
+        EXPECT_EQ(seen[0].boxType, expected.boxType);
+        break;
+      case Opens::kCalculation:
+        EXPECT_TRUE(calculated);
+        EXPECT_EQ(Status(), "Calculation finished: 3 runs.");
+        break;
+      case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
+      case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
+      case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+    }
+    // Nothing else opened: no chooser where none belongs, no second dialog.
+    if (expected.opens != Opens::kFileChooserToOpen &&
+        expected.opens != Opens::kFileChooserToSave) {
+      EXPECT_TRUE(fileRequests.empty());
+    }
+    if (expected.opens != Opens::kAboutBox) {
+      EXPECT_EQ(aboutCommands, 0);
+    }
+    if (expected.opens != Opens::kCloseRequest) {
+      EXPECT_EQ(closeRequests, 0);
+    }
+  }
+}
+
+}  // namespace
