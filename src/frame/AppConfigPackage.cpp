@@ -184,7 +184,7 @@ std::string AppConfigPackage::ReadConfigItem(char const * item) const {
 }
 
 std::string AppConfigPackage::ReadAppName() const {
-  std::string const name = ReadConfigItem("AppName");
+  std::string name = ReadConfigItem("AppName");
   if (!name.empty() && !IsUsableAppName(name))
     Refuse("The customization package {1} cannot be read: {2}", mSource,
            "the application name \"" + name + "\" is not usable");
@@ -192,7 +192,7 @@ std::string AppConfigPackage::ReadAppName() const {
 }
 
 std::string AppConfigPackage::ReadSupportPage() const {
-  std::string const address = ReadConfigItem("SupportPage");
+  std::string address = ReadConfigItem("SupportPage");
   if (!address.empty() && !VxSystemInfo::IsUsableSupportPage(address))
     Refuse("The customization package {1} cannot be read: {2}", mSource,
            "the support page \"" + address + "\" is no http or https address");

@@ -44,6 +44,7 @@ std::vector<ExceptionMessage> TakeNotices() {
     gAnyPending = false;
   }
   std::vector<ExceptionMessage> texts;
+  texts.reserve(taken.size());
   for (Notice & notice : taken) texts.push_back(std::move(notice.text));
   return texts;
 }

@@ -29,7 +29,7 @@ StandardColor::NearestColorFunction PaletteOf(std::vector<COLORREF> palette) {
 // with a near one that is in no table.
 COLORREF Near(COLORREF c) { return c ^ 0x010101; }
 StandardColor::NearestColorFunction Showing(std::vector<COLORREF> shown) {
-  return [shown](COLORREF wanted) {
+  return [shown = std::move(shown)](COLORREF wanted) {
     return std::find(shown.begin(), shown.end(), wanted) != shown.end() ? wanted : Near(wanted);
   };
 }

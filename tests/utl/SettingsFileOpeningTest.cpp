@@ -31,7 +31,7 @@ std::vector<std::string> Named(std::string const & folder, std::string const & p
 }
 
 std::string FreshFolder(std::string const & name) {
-  std::string const folder = Temp(name);
+  std::string folder = Temp(name);
   VxCreateFolder(folder);
   return folder;
 }
