@@ -3,6 +3,12 @@ add_compile_options(-Wall -Wextra -Wno-unused-parameter)
 # Record only the libraries a binary really uses: every needless one costs
 # every process of the family its loading and relocation at start.
 add_link_options(-Wl,--as-needed)
+# A library's calls to its own functions are bound inside it when it is
+# linked, not looked up by name in every process at start: fewer symbol
+# lookups for the loader and direct calls. (Data stays interposable, so
+# nothing changes for copy relocations.)
+string(APPEND CMAKE_SHARED_LINKER_FLAGS " -Wl,-Bsymbolic-functions")
+string(APPEND CMAKE_MODULE_LINKER_FLAGS " -Wl,-Bsymbolic-functions")
 
 if(TALVO_SANITIZE)
   set(_talvo_san -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)

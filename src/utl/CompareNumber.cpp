@@ -320,16 +320,31 @@ int CompareNumber(std::string const & first, std::string const & second, std::lo
   char const * y = second.c_str();
   // Letters that differ in case only are passed too ("Run 7", "run 12"):
   // they end any number on both sides alike, and only the final tie-break
-  // needs to know of them.
+  // needs to know of them. So are identical two-byte characters ("Müller"),
+  // tokens of their own that end any number.
   bool identical = true;
   unsigned char ca, cb;
   for (;;) {
     while (*x == *y && static_cast<signed char>(*x) > 0) ++x, ++y;
     ca = static_cast<unsigned char>(*x);
     cb = static_cast<unsigned char>(*y);
+    if (ca == cb && ca >= 0xC2 && ca < 0xE0) {
+      auto const next = static_cast<unsigned char>(x[1]);
+      if ((next & 0xC0) != 0x80 || next != static_cast<unsigned char>(y[1])) break;
+      x += 2, y += 2;
+      continue;
+    }
     if (ca >= 0x80 || cb >= 0x80 || vx3::FoldAscii(ca) != vx3::FoldAscii(cb) || ca == cb) break;
     identical = false;
     ++x, ++y;
+  }
+  // Byte-identical up to the end of one text: the shorter is the lesser,
+  // whatever the other holds on (more tokens, more digits of its number,
+  // or only bytes that count in the final tie-break).
+  if (identical) {
+    bool const endA = ca == 0 && x == start + first.size();
+    bool const endB = cb == 0 && y == second.c_str() + second.size();
+    if (endA || endB) return endA && endB ? 0 : endA ? -1 : 1;
   }
   if (ca - 1u < 0x7Fu && cb - 1u < 0x7Fu) {  // both ASCII, neither NUL
     bool const digitA = vx3::IsAsciiDigit(ca);
@@ -350,7 +365,10 @@ int CompareNumber(std::string const & first, std::string const & second, std::lo
       bool significant = *digit != '0';
       while (!significant && digit > start && vx3::IsAsciiDigit(digit[-1]))
         significant = *--digit != '0';
-      if (!significant) return CompareFrom(first, second, x, y, identical);
+      // Only zeros so far: the leading zeros are equal when both numbers go on
+      // with a significant digit here.
+      if (!significant && (ca == '0' || cb == '0' || !digitA || !digitB))
+        return CompareFrom(first, second, x, y, identical);
       // One number goes on, the other has ended at an ASCII byte.
       if (digitA != digitB) return digitA ? 1 : -1;
     }

@@ -45,6 +45,27 @@ TEST(CompareNumber, OrdersPairs) {
        "3",
        "54", -1},                                            // invalid byte after equal digits: 53
       {std::string("a\0b", 3), std::string("a\0c", 3), -1},  // NUL inside is a character
+      // Where the quick comparison passes case twins, identical characters
+      // and equal leading zeros, and where it stops at an end.
+      {"Run b7", "run B12", -1},                    // case twins, then the numbers decide
+      {"Run b", "run B", -1},                       // ...or, all equal, the bytes
+      {"aB", "Ab\xff", 1},                          // an invalid tail adds no token: bytes
+      {"M\xc3\xbcller 7", "M\xc3\xbcller 12", -1},  // identical ü ends no number wrongly
+      {"\xc3\xa9"
+       "5",
+       "\xc3\xa9"
+       "12",
+       -1},
+      {"Batch_00123", "Batch_00456", -1},  // equal zeros, then the digits
+      {"Batch_00123", "Batch_0045", 1},    // equal zeros, then the length
+      {"Batch_001", "Batch_0001", -1},     // one more zero: the tie-break
+      {"Run 5", "Run 5", 0},
+      {"Run 5", "Run 5 x", -1},
+      {"a0", "a00", -1},  // the longer run has more zeros
+      {"a1",
+       "a1\xff"
+       "0",
+       -1},  // the run goes on past an invalid byte
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.a.substr(0, 20) + " / " + c.b.substr(0, 20));
