@@ -249,10 +249,14 @@ void Hive::Recover(std::string const & problem) {
       aside = base;
       for (int n = 2; VxFileExist(aside) != VxNothing; ++n) aside = base + "-" + std::to_string(n);
       if (::rename(mPath.c_str(), aside.c_str()) != 0) return unusable(problem);
-      // The log and index of the old file must never meet the new one.
-      for (char const * suffix : {"-wal", "-shm"})
-        if (VxFileExist(mPath + suffix) != VxNothing)
-          ::rename((mPath + suffix).c_str(), (aside + suffix).c_str());
+      // The log and index of the old file must never meet the new one: kept
+      // beside it, or else removed, or else no new hive is made.
+      for (char const * suffix : {"-wal", "-shm"}) {
+        std::string const from = mPath + suffix;
+        if (VxFileExist(from) == VxNothing) continue;
+        if (::rename(from.c_str(), (aside + suffix).c_str()) != 0 && ::unlink(from.c_str()) != 0)
+          return unusable(problem);
+      }
     }
     if (!CreateFileLocked()) return unusable(problem);
   }
