@@ -32,6 +32,7 @@
 #include "platform/RegistryNotices.h"
 #include "platform/RegistryStore.h"
 #include "utl/Utf.h"
+#include "utl/WholeFile.h"
 
 namespace {
 
@@ -51,23 +52,6 @@ constexpr char kUsageText[] =
 int Usage() {
   std::fputs(kUsageText, stderr);
   return kUsage;
-}
-
-// 0, or the errno of the failure.
-int ReadWholeFile(std::string const & path, std::string & bytes) {
-  int const fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) return errno;
-  char buffer[65536];
-  int code = 0;
-  for (;;) {
-    ssize_t const n = ::read(fd, buffer, sizeof buffer);
-    if (n < 0 && errno == EINTR) continue;
-    if (n < 0) code = errno;
-    if (n <= 0) break;
-    bytes.append(buffer, static_cast<size_t>(n));
-  }
-  ::close(fd);
-  return code;
 }
 
 // "HKCU\Software\X" as root and path; false when it starts with no root.
@@ -180,7 +164,7 @@ int Export(std::string const & file, std::string const & keyText) {
 
 int Import(std::string const & file) {
   std::string bytes;
-  if (int const code = ReadWholeFile(file, bytes)) {
+  if (int const code = vx3::ReadFileBytes(file, bytes)) {
     Tell(ExceptionMessage::translate("The file {1} cannot be read: {2}.") % file %
          std::string(std::strerror(code)));
     return kFailure;

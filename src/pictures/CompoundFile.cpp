@@ -17,6 +17,7 @@
 
 #include "pictures/CompoundFileStream.h"
 #include "utl/Utf.h"
+#include "utl/WholeFile.h"
 
 namespace vx3 {
 
@@ -39,23 +40,6 @@ std::string Message(GError * error, std::string const & what) {
     g_error_free(error);
   }
   return text;
-}
-
-// 0, or the errno of the failure.
-int ReadWholeFile(std::string const & path, std::string & bytes) {
-  int const fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) return errno;
-  char buffer[kCopyChunk];
-  int code = 0;
-  for (;;) {
-    ssize_t const n = ::read(fd, buffer, sizeof buffer);
-    if (n < 0 && errno == EINTR) continue;
-    if (n < 0) code = errno;
-    if (n <= 0) break;
-    bytes.append(buffer, static_cast<size_t>(n));
-  }
-  ::close(fd);
-  return code;
 }
 
 void CopyStream(GsfInput * from, GsfOutput * to) {
@@ -105,7 +89,7 @@ bool IsValidStreamName(std::string_view utf8Name) {
 
 CompoundFileReader::CompoundFileReader(std::string const & path) {
   // Read whole, so that the bytes checked are the bytes libgsf reads.
-  int const code = ReadWholeFile(path, mBytes);
+  int const code = vx3::ReadFileBytes(path, mBytes);
   if (code != 0) throw CompoundFileError(path + ": " + std::strerror(code));
   Open(mBytes, path);
 }

@@ -7,12 +7,12 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <ctime>
 #include <thread>
 
 #include "platform/RegistryNotices.h"
 #include "platform/RegistryTransaction.h"
 #include "platform/WinError.h"
+#include "utl/DamagedCopyName.h"
 #include "utl/ExceptionMessage.h"
 #include "utl/Paths.h"
 
@@ -61,15 +61,6 @@ void SyncPath(std::string const & path) {
 std::string FirstLine(std::string const & text) {
   std::string line = text.substr(0, text.find('\n'));
   return line.empty() ? "the check failed" : line;
-}
-
-std::string Timestamp() {
-  std::time_t const now = std::time(nullptr);
-  std::tm parts{};
-  ::gmtime_r(&now, &parts);
-  char text[32];
-  std::strftime(text, sizeof text, "%Y%m%dT%H%M%SZ", &parts);
-  return text;
 }
 
 // Holds an exclusive lock on "<hive>.lock" for creating or replacing the
@@ -245,9 +236,7 @@ void Hive::Recover(std::string const & problem) {
     // process may have replaced it by a new hive meanwhile.
     struct stat now {};
     if (::stat(mPath.c_str(), &now) == 0 && now.st_dev == mFileDevice && now.st_ino == mFileInode) {
-      std::string const base = mPath + ".damaged-" + Timestamp();
-      aside = base;
-      for (int n = 2; VxFileExist(aside) != VxNothing; ++n) aside = base + "-" + std::to_string(n);
+      aside = vx3::DamagedCopyName(mPath);
       if (::rename(mPath.c_str(), aside.c_str()) != 0) return unusable(problem);
       // The log and index of the old file must never meet the new one: kept
       // beside it, or else removed, or else no new hive is made.

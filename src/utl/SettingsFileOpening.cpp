@@ -3,8 +3,8 @@
 #include <sys/stat.h>
 
 #include <cstdio>
-#include <ctime>
 
+#include "utl/DamagedCopyName.h"
 #include "utl/Exception.h"
 #include "utl/FileProblemNotice.h"
 #include "utl/Paths.h"
@@ -18,15 +18,6 @@ namespace vx3 {
 namespace {
 
 constexpr char kClass[] = "SettingsFile";
-
-std::string UtcStamp() {
-  std::time_t const now = std::time(nullptr);
-  std::tm parts{};
-  ::gmtime_r(&now, &parts);
-  char text[32];
-  std::strftime(text, sizeof text, "%Y%m%dT%H%M%SZ", &parts);
-  return text;
-}
 
 // Whether the failure to open `path` says the file itself is damaged: its
 // bytes can be read and the parser is there, so the parser refused them.
@@ -46,9 +37,7 @@ bool ProvedDamaged(std::string const & path) {
 std::string MoveAside(std::string const & path, ino_t inode) {
   struct stat now {};
   if (::stat(path.c_str(), &now) != 0 || now.st_ino != inode) return "";
-  std::string const base = path + ".damaged-" + UtcStamp();
-  std::string aside = base;
-  for (int n = 2; VxFileExist(aside) != VxNothing; ++n) aside = base + "-" + std::to_string(n);
+  std::string const aside = DamagedCopyName(path);
   return std::rename(path.c_str(), aside.c_str()) == 0 ? aside : "";
 }
 

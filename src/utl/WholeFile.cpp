@@ -60,4 +60,20 @@ bool ReadWholeFile(std::string const & path, size_t maxBytes, std::string & byte
   return true;
 }
 
+int ReadFileBytes(std::string const & path, std::string & bytes) {
+  int const fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return errno;
+  char buffer[64 * 1024];
+  int code = 0;
+  for (;;) {
+    ssize_t const n = ::read(fd, buffer, sizeof buffer);
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) code = errno;
+    if (n <= 0) break;
+    bytes.append(buffer, static_cast<size_t>(n));
+  }
+  ::close(fd);
+  return code;
+}
+
 }  // namespace vx3

@@ -11,4 +11,8 @@ namespace vx3 {
 // (a folder or device, too large, unreadable).
 bool ReadWholeFile(std::string const & path, size_t maxBytes, std::string & bytes);
 
+// Appends the whole file at `path` to `bytes`, unbounded; 0, or the errno
+// of the failure (for callers that word the reason themselves).
+int ReadFileBytes(std::string const & path, std::string & bytes);
+
 }  // namespace vx3
