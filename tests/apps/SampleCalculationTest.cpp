@@ -11,7 +11,6 @@
 
 #include "MainFrame.h"
 #include "SampleCommands.h"
-#include "controls/WindowSnapshot.h"
 #include "harness/GuiTestUtilities.h"
 #include "work/BreakConfirmWindow.h"
 #include "work/BreakDialog.h"
@@ -38,23 +37,6 @@ protected:
 
   MainFrame * frame = nullptr;
 };
-
-// With TALVO_SNAPSHOTS naming a folder, a PNG of `window` as shown goes
-// there, to look at.
-void Snapshot(wxWindow & window, char const * name) {
-  char const * folder = std::getenv("TALVO_SNAPSHOTS");
-  if (folder == nullptr) return;
-  bool painted = false;
-  auto onPaint = [&painted](wxPaintEvent & event) {
-    painted = true;
-    event.Skip();
-  };
-  window.Bind(wxEVT_PAINT, onPaint);
-  window.Refresh();
-  gui_test::WaitUntil([&] { return window.IsShownOnScreen() && painted; });
-  window.Unbind(wxEVT_PAINT, onPaint);
-  SaveWindowSnapshot(window, wxString::FromUTF8(folder) + "/" + name);
-}
 
 // The user presses Stop in the break dialog and answers Yes.
 void StopThroughTheBreakDialog(BreakDialog & dialog) {
@@ -111,7 +93,7 @@ TEST_F(SampleCalculationTest, TheBreakDialogShowsTheSamplesPaintings) {
                                    dynamic_cast<BreakDialog *>(Progress::GetBreakWindow());
                                if (dialog == nullptr) return false;
                                face = dialog->GetFace();
-                               Snapshot(*dialog, "sample-break-dialog.png");
+                               gui_test::Snapshot(*dialog, "sample-break-dialog.png");
                                artist = dialog->GetArtistText().GetLabel();
                                return progress.Set(1);
                              }});

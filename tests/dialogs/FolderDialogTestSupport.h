@@ -20,27 +20,12 @@
 namespace folder_test {
 
 using gui_test::Click;
+using gui_test::Snapshot;
 
 inline void Type(wxDialog & dialog, int id, std::string const & utf8) {
   auto * edit = dynamic_cast<wxTextCtrl *>(dialog.FindWindow(id));
   ASSERT_NE(edit, nullptr) << id;
   edit->SetValue(wxString::FromUTF8(utf8));
-}
-
-inline void Snapshot(wxWindow & window, char const * name) {
-  char const * folder = std::getenv("TALVO_SNAPSHOTS");
-  if (folder == nullptr) return;
-  bool painted = false;
-  auto onPaint = [&painted](wxPaintEvent & event) {
-    painted = true;
-    event.Skip();
-  };
-  window.Bind(wxEVT_PAINT, onPaint);
-  window.Refresh();
-  gui_test::WaitUntil([&] { return window.IsShownOnScreen() && painted; });
-  window.Unbind(wxEVT_PAINT, onPaint);
-  gui_test::Flush();
-  SaveWindowSnapshot(window, wxString::FromUTF8(VxPathAppend(folder, name)));
 }
 
 // Answers the folder chooser with `answers` in turn (an empty path: cancel)

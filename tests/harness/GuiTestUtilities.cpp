@@ -1,5 +1,7 @@
 #include "harness/GuiTestUtilities.h"
 
+#include <cstdlib>
+
 #include <chrono>
 #include <vector>
 
@@ -10,6 +12,8 @@
 #include <wx/toplevel.h>
 #include <wx/utils.h>
 #include <wx/window.h>
+
+#include "controls/WindowSnapshot.h"
 
 // Last: Xlib defines macros (None, Success, Bool) that other headers use as names.
 #include <gdk/gdkx.h>
@@ -56,6 +60,35 @@ bool HasWindowManager(GdkWindow * window) {
 }
 
 }  // namespace
+
+bool WindowManagerRunning() {
+  GdkAtom type = GDK_NONE;
+  gint format = 0;
+  gint length = 0;
+  guchar * data = nullptr;
+  bool const found = gdk_property_get(gdk_get_default_root_window(),
+                                      gdk_atom_intern_static_string("_NET_SUPPORTING_WM_CHECK"),
+                                      GDK_NONE, 0, 1, FALSE, &type, &format, &length, &data) &&
+                     length > 0;
+  g_free(data);
+  return found;
+}
+
+void Snapshot(wxWindow & window, char const * name) {
+  char const * folder = std::getenv("TALVO_SNAPSHOTS");
+  if (folder == nullptr) return;
+  bool painted = false;
+  auto onPaint = [&painted](wxPaintEvent & event) {
+    painted = true;
+    event.Skip();
+  };
+  window.Bind(wxEVT_PAINT, onPaint);
+  window.Refresh();
+  WaitUntil([&] { return window.IsShownOnScreen() && painted; });
+  window.Unbind(wxEVT_PAINT, onPaint);
+  Flush();
+  SaveWindowSnapshot(window, wxString::FromUTF8(folder) + "/" + name);
+}
 
 bool WaitUntilPlaced(wxTopLevelWindow & window, int timeoutMs) {
   return WaitUntil(

@@ -23,6 +23,14 @@ bool ShowAndWait(wxWindow & window, int timeoutMs = 5000);
 // got. Returns true at once without a window manager.
 bool WaitUntilPlaced(wxTopLevelWindow & window, int timeoutMs = 5000);
 
+// Whether a window manager has taken the screen, read from the root window
+// each time (GDK's own answer is cached for seconds).
+bool WindowManagerRunning();
+
+// With TALVO_SNAPSHOTS naming a folder, writes a PNG of `window` as shown
+// there under `name`, to look at; nothing otherwise.
+void Snapshot(wxWindow & window, char const * name);
+
 // Handles everything that is pending now.
 void Flush();
 

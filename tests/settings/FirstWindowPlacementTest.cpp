@@ -44,22 +44,9 @@ RECT FrameOnScreen(wxTopLevelWindow const & window) {
   return RECT{frame.x, frame.y, frame.x + frame.width, frame.y + frame.height};
 }
 
-bool WindowManagerRunning() {
-  GdkAtom type = GDK_NONE;
-  gint format = 0;
-  gint length = 0;
-  guchar * data = nullptr;
-  bool const found = gdk_property_get(gdk_get_default_root_window(),
-                                      gdk_atom_intern_static_string("_NET_SUPPORTING_WM_CHECK"),
-                                      GDK_NONE, 0, 1, FALSE, &type, &format, &length, &data) &&
-                     length > 0;
-  g_free(data);
-  return found;
-}
-
 TEST(FirstWindow, PlacedBeforeItIsShownItComesUpThereAndGtkHasNothingToSay) {
   g_log_set_writer_func(CountGtkComplaints, nullptr, nullptr);
-  ASSERT_TRUE(gui_test::WaitUntil(WindowManagerRunning, 30000)) << "no window manager";
+  ASSERT_TRUE(gui_test::WaitUntil(gui_test::WindowManagerRunning, 30000)) << "no window manager";
 
   // A main frame: menu bar, status bar, and a page with a scrolled list.
   auto * frame = new wxFrame(nullptr, wxID_ANY, "First");

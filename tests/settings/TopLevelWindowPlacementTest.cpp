@@ -39,27 +39,12 @@ WINDOWPLACEMENT Placement(UINT showCmd, RECT normal) {
   return placement;
 }
 
-// Whether a window manager has taken the screen, read from the root window
-// each time (GDK's own answer is cached for seconds).
-bool WindowManagerRunning() {
-  GdkAtom type = GDK_NONE;
-  gint format = 0;
-  gint length = 0;
-  guchar * data = nullptr;
-  bool const found = gdk_property_get(gdk_get_default_root_window(),
-                                      gdk_atom_intern_static_string("_NET_SUPPORTING_WM_CHECK"),
-                                      GDK_NONE, 0, 1, FALSE, &type, &format, &length, &data) &&
-                     length > 0;
-  g_free(data);
-  return found;
-}
-
 class PlacedFrame : public testing::Test {
 protected:
   static void SetUpTestSuite() {
     // Maximising and minimising are the window manager's: wait until it has
     // taken the screen, which on a busy machine may be after the tests start.
-    sWindowManager = gui_test::WaitUntil(WindowManagerRunning, 30000);
+    sWindowManager = gui_test::WaitUntil(gui_test::WindowManagerRunning, 30000);
     // wx learns the size of window decorations from the first window the
     // window manager decorates; a window maximised before that restores
     // without them (a limitation of wx on GTK). The tests see windows as an
