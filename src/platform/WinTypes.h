@@ -19,6 +19,14 @@ using LSTATUS = LONG;
 using ACCESS_MASK = DWORD;
 using WCHAR = wchar_t;
 using HRESULT = LONG;
+// Pointer-wide message parameters and results.
+using WPARAM = std::uintptr_t;
+using LPARAM = std::intptr_t;
+using LRESULT = std::intptr_t;
+using UINT_PTR = std::uintptr_t;
+using DWORD_PTR = std::uintptr_t;
+using INT_PTR = std::intptr_t;
+using LONG_PTR = std::intptr_t;
 // A loaded library (a dlopen handle). Resource modules have their own
 // handle type, HINSTANCE, in ResourceModule.h.
 using HMODULE = void *;
