@@ -5,8 +5,8 @@
 #include <set>
 #include <string_view>
 
-#include <boost/format.hpp>
 #include <wx/string.h>
+#include <boost/format.hpp>
 
 #include "platform/MessageBoxes.h"
 #include "utl/Translation.h"
@@ -117,8 +117,7 @@ std::vector<std::string> FindDateFormatProblems(std::string const & format) {
   if (format.empty()) return problems;
   std::vector<std::string> const tokens = TokenizeDateFormat(format);
   if (tokens.empty()) problems.push_back(NothingUsable(format));
-  if (std::string text = RepeatedGroups(tokens); !text.empty())
-    problems.push_back(std::move(text));
+  if (std::string text = RepeatedGroups(tokens); !text.empty()) problems.push_back(std::move(text));
   if (std::string text = UnknownItems(tokens); !text.empty()) problems.push_back(std::move(text));
   if ((Contains(tokens, "h") || Contains(tokens, "hh")) && !Contains(tokens, "tt"))
     problems.push_back(

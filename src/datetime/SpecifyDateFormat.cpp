@@ -1,9 +1,9 @@
 #include "datetime/SpecifyDateFormat.h"
 
-#include <boost/format.hpp>
 #include <wx/combobox.h>
 #include <wx/dcclient.h>
 #include <wx/textctrl.h>
+#include <boost/format.hpp>
 
 #include "datetime/RecentDateFormats.h"
 #include "dialogs/LimitLineLength.h"
@@ -37,8 +37,8 @@ wxString WithCrLf(wxString text) {
 
 SpecifyDateFormat::SpecifyDateFormat(std::string const & heading, std::string const & sample,
                                      std::string const & format, wxWindow * parent)
-    : SpecifyDateFormat(vx3::Utf8ToWide(heading), vx3::Utf8ToWide(sample),
-                        vx3::Utf8ToWide(format), parent) {}
+    : SpecifyDateFormat(vx3::Utf8ToWide(heading), vx3::Utf8ToWide(sample), vx3::Utf8ToWide(format),
+                        parent) {}
 
 SpecifyDateFormat::SpecifyDateFormat(std::wstring const & heading, std::wstring const & sample,
                                      std::wstring const & format, wxWindow * parent)

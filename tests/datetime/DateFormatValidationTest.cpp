@@ -21,8 +21,7 @@ std::string const kNothing2 =
 std::string const kRepeated =
     "Each format can only appear once in the format string. These appear more than once:\n";
 std::string const kUnknown = "There are unknown formats in the format string. These are:\n";
-std::string const kAmPm =
-    "To use format 'h' or 'hh' the date must contain a AM/PM item ('tt').";
+std::string const kAmPm = "To use format 'h' or 'hh' the date must contain a AM/PM item ('tt').";
 
 }  // namespace
 
@@ -43,10 +42,12 @@ TEST(TokenizeDateFormat, LetterRunsInOrderWithEverythingElseDropped) {
       {"yy1yy", {"yy", "yy"}},
       {"a--a", {"a", "a"}},
       {"yyyy-MM-dd HH:mm:ss.fff", {"yyyy", "MM", "dd", "HH", "mm", "ss", "fff"}},
-      {"dd\xc3\xa9MM", {"dd", "MM"}},              // a UTF-8 letter is a separator
-      {std::string("y\0y", 3), {"y", "y"}},         // so is NUL
-      {"\xff" "yy\xfe", {"yy"}},                   // and invalid bytes
-      {"  yy", {"yy"}},                            // the first blank meets the start
+      {"dd\xc3\xa9MM", {"dd", "MM"}},        // a UTF-8 letter is a separator
+      {std::string("y\0y", 3), {"y", "y"}},  // so is NUL
+      {"\xff"
+       "yy\xfe",
+       {"yy"}},          // and invalid bytes
+      {"  yy", {"yy"}},  // the first blank meets the start
   };
   for (Case const & c : cases) EXPECT_EQ(TokenizeDateFormat(c.format), c.tokens) << c.format;
 }
@@ -60,11 +61,11 @@ TEST(ValidateFormatString, EachProblemShowsItsBoxInOrder) {
       {"", {}},
       {"yyyy-MM-dd HH:mm:ss.fff", {}},
       {"M/d/yy h:mm tt", {}},
-      {"ss", {}},                   // no completeness check
-      {"tt HH", {}},                // no rule from tt to the 24-hour clock
-      {"d ddd", {}},                // the weekday beside the day
-      {"d dd dd", {}},              // three day tokens: nothing said
-      {"dd ddd dd", {}},            // two plain ones with the weekday
+      {"ss", {}},         // no completeness check
+      {"tt HH", {}},      // no rule from tt to the 24-hour clock
+      {"d ddd", {}},      // the weekday beside the day
+      {"d dd dd", {}},    // three day tokens: nothing said
+      {"dd ddd dd", {}},  // two plain ones with the weekday
       {"---", {kNothing1 + "---" + kNothing2}},
       {"100%", {kNothing1 + "100%" + kNothing2}},  // "%" is text, not a placeholder
       {"yyyy yy", {kRepeated + "year"}},

@@ -9,6 +9,7 @@
 
 #include <wx/button.h>
 #include <wx/combobox.h>
+#include <wx/dcclient.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -30,7 +31,9 @@ using Strings = std::vector<std::string>;
 
 namespace {
 
-wxComboBox & Combo(wxDialog & d) { return *wxStaticCast(d.FindWindow(D::kFormatComboId), wxComboBox); }
+wxComboBox & Combo(wxDialog & d) {
+  return *wxStaticCast(d.FindWindow(D::kFormatComboId), wxComboBox);
+}
 
 Strings Choices(wxDialog & d) {
   Strings choices;
@@ -75,10 +78,10 @@ TEST_F(SpecifyDateFormatTest, ProposesTheFormatThenTheRecentOnesThatDiffer) {
     std::string format;
     Strings choices;
   };
-  std::string const regional = (boost::format("%1% %2%") %
-                                VxTimeUtl::GetUserLocaleDate(false, VxTimeUtl::UserLocale) %
-                                VxTimeUtl::GetUserLocaleTime(VxTimeUtl::UserLocale))
-                                   .str();
+  std::string const regional =
+      (boost::format("%1% %2%") % VxTimeUtl::GetUserLocaleDate(false, VxTimeUtl::UserLocale) %
+       VxTimeUtl::GetUserLocaleTime(VxTimeUtl::UserLocale))
+          .str();
   Case const cases[] = {
       {"no recent", {}, "yyyy", {"yyyy"}},
       {"recent after it", {"dd", "HH"}, "yyyy", {"yyyy", "dd", "HH"}},
@@ -125,9 +128,9 @@ TEST_F(SpecifyDateFormatTest, OpensShortAndTheButtonTogglesTheExplanation) {
     EXPECT_GE(d.GetMinSize().y, d.GetSize().y);  // cannot be dragged over the text
     // All sixteen items are explained, one a line.
     wxString const text = wxStaticCast(details, wxTextCtrl)->GetValue();
-    for (char const * item : {"yyyy - ", "yy - ", "MMM - ", "MM - ", "M - ", "ddd - ", "dd - ",
-                              "d - ", "HH - ", "H - ", "hh - ", "h - ", "mm - ", "ss - ",
-                              "fff - ", "tt - "})
+    for (char const * item :
+         {"yyyy - ", "yy - ", "MMM - ", "MM - ", "M - ", "ddd - ", "dd - ", "d - ", "HH - ", "H - ",
+          "hh - ", "h - ", "mm - ", "ss - ", "fff - ", "tt - "})
       EXPECT_TRUE(text.StartsWith(item) || text.Contains(wxString("\n") + item)) << item;
 
     gui_test::Click(d, D::kDetailsButtonId);
