@@ -92,6 +92,7 @@ std::string UnknownItems(std::vector<std::string> const & tokens) {
 
 std::vector<std::string> TokenizeDateFormat(std::string const & format) {
   std::vector<std::string> tokens;
+  tokens.reserve(16);  // a full format has at most eight items: no regrowth
   std::string token;
   char previous = ' ';
   size_t at = 0;
