@@ -1,8 +1,8 @@
 #include "DateFormatCommand.h"
 
-#include <boost/format.hpp>
 #include <wx/frame.h>
 #include <wx/menu.h>
+#include <boost/format.hpp>
 
 #include "SampleCommands.h"
 #include "datetime/RecentDateFormats.h"
@@ -30,10 +30,9 @@ void AddDateFormatCommand(wxMenu & menu, wxWindow & frame) {
         std::string const format = AskSampleDateFormat();
         auto * status = dynamic_cast<wxFrame *>(&frame);
         if (format.empty() || status == nullptr) return;
-        std::string const text = (boost::format(vx3::TranslateText(
-                                      "Dates are read as %1%.", std::locale())) %
-                                  format)
-                                     .str();
+        std::string const text =
+            (boost::format(vx3::TranslateText("Dates are read as %1%.", std::locale())) % format)
+                .str();
         status->SetStatusText(wxString(vx3::Utf8ToWide(text)));
       },
       kDateFormatCommand);

@@ -30,9 +30,7 @@ VARIANT Variant(VARTYPE type, double day) {
   return v;
 }
 
-uint64_t Ticks(FILETIME const & f) {
-  return (uint64_t{f.dwHighDateTime} << 32) | f.dwLowDateTime;
-}
+uint64_t Ticks(FILETIME const & f) { return (uint64_t{f.dwHighDateTime} << 32) | f.dwLowDateTime; }
 
 // GNU date's reading of the local time `text` ("1899-12-30 00:00:00") in
 // `zone`, as FILETIME ticks.
@@ -142,7 +140,8 @@ TEST_F(DateConversions, TimestampsAreLocalTimesWithNanosecondFractions) {
     SetZone(zone);
     for (Case const & c : cases) {
       SCOPED_TRACE(std::string(zone) + " " + c.local);
-      EXPECT_EQ(Ticks(ToFileTime(ToDateTime(c.stamp))), TicksByGnuDate(zone, c.local) + c.extraTicks);
+      EXPECT_EQ(Ticks(ToFileTime(ToDateTime(c.stamp))),
+                TicksByGnuDate(zone, c.local) + c.extraTicks);
     }
   }
 }
