@@ -7,6 +7,7 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include "BatchCommand.h"
+#include "DateFormatCommand.h"
 #include "FileCommands.h"
 #include "MessagesMenu.h"
 #include "RunListPanel.h"
@@ -61,6 +62,7 @@ void MainFrame::BuildMenus() {
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
+  AddDateFormatCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

@@ -16,6 +16,7 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
+  kDateFormatCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,
