@@ -27,7 +27,8 @@ protected:
   int Enter(wxDialog * dialog) override {
     dialog->Bind(wxEVT_PAINT, [dialog](wxPaintEvent & event) {
       event.Skip();
-      if (dialog->IsModal()) dialog->CallAfter([dialog] {
+      if (dialog->IsModal())
+        dialog->CallAfter([dialog] {
           if (dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
         });
     });
