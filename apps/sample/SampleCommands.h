@@ -16,6 +16,7 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
+  kTimeGridCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

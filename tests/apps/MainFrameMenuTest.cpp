@@ -17,6 +17,7 @@
 
 #include "BatchCommand.h"
 #include "MainFrame.h"
+#include "TimeGridDialog.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
 #include "dialogs/DontShowAgainMessageBox.h"
@@ -40,6 +41,7 @@ enum class Opens {
   kFolderCollection,
   kCalculation,
   kBatchQuestion,
+  kTimeGrid,
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
@@ -60,6 +62,7 @@ std::map<wxString, Expected> const kExpected = {
     {"File/Exit", {Opens::kCloseRequest}},
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
+    {"Tools/Time grid...", {Opens::kTimeGrid}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -89,6 +92,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderCollection;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
+  } else if (dynamic_cast<TimeGridDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kTimeGrid;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
     seen.opens = Opens::kMessageBox;
     seen.boxType = box->GetType() & (MB_TYPEMASK | MB_ICONMASK);
@@ -186,7 +191,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     ModalDialogScript script;
     bool const opensDialog =
         expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
-        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox;
+        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox ||
+        expected.opens == Opens::kTimeGrid;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
@@ -212,6 +218,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
       case Opens::kMessageBox:
+      case Opens::kTimeGrid:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
