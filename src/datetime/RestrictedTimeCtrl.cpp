@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "platform/AtlException.h"
+
 RestrictedTimeCtrl::RestrictedTimeCtrl() : mLastTime(_time64(nullptr)) {
   Bind(VX_EVT_NOTIFY_REFLECT, [this](NotifyEvent & event) {
     if (event.GetCode() == DTN_DATETIMECHANGE) {

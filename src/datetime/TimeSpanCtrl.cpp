@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "platform/AtlException.h"
+#include "platform/WindowMessage.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 // CTime from fields the calendar cannot hold throws CAtlException
 // (E_INVALIDARG), as ATL does.
 
+#include "platform/AtlException.h"
 #include "platform/WinTime.h"
 
 class CTimeSpan {

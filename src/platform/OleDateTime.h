@@ -4,9 +4,8 @@
 // that day the fraction still counts forwards: -1.5 is 1899-12-29 12:00.
 // Valid from 100-01-01 to 9999-12-31; anything else has the status invalid.
 
+#include "platform/OleAutomation.h"
 #include "platform/WinTime.h"
-
-using DATE = double;
 
 class COleDateTime {
 public:

@@ -34,7 +34,7 @@ TEST(RestrictedTimeGrid, MovesToTheGridInTheDirectionOfTheChange) {
       {300, 0, 600, 599, 600, 300, 300},
       {300, 0, 600, 600, 600, 600, 600},
       {300, 0, 600, 899, 900, 600, 900},
-      {300, 60, 600, 600, 660, 360, 360},  // before last: down
+      {300, 60, 900, 600, 660, 360, 360},  // before last: down
       {300, 60, 300, 600, 660, 360, 660},  // after last: up
       {15, 0, 30, 44, 45, 30, 45},
       // The distance is taken on the low 32 bits of the time.

@@ -3,6 +3,7 @@
 // the range, the spin button, the DTM_ messages and the change notification.
 #include <gtest/gtest.h>
 
+#include <wx/dcclient.h>
 #include <wx/frame.h>
 #include <wx/panel.h>
 #include <wx/uiaction.h>
@@ -34,6 +35,7 @@ protected:
     parent = new wxPanel(frame);
     picker = new CDateTimeCtrl(parent, 4711, DTS_TIMEFORMAT | DTS_UPDOWN, wxPoint(10, 10));
     picker->SetFormat(L"yyyy-MM-dd HH:mm:ss");
+    picker->SetInitialSize();  // as wide as the new format needs
     SYSTEMTIME const start = At(2024, 2, 10, 10, 5, 0);
     picker->SetTime(&start);
     // Every change the parent hears of, as the picker showed it then.
@@ -48,6 +50,8 @@ protected:
       EXPECT_EQ(CompareSystemTime(change->st, now), 0);
     });
     ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+    // Clicks go where the window manager has put the frame.
+    ASSERT_TRUE(gui_test::WaitUntilPlaced(*frame));
     picker->SetFocus();
     ASSERT_TRUE(gui_test::WaitUntil([&] { return picker->HasFocus(); }));
   }
@@ -188,10 +192,15 @@ TEST_F(DateTimeCtrlTest, AClickSelectsTheFieldUnderIt) {
   wxClientDC dc(picker);
   dc.SetFont(picker->GetFont());
   int const secondsX = 4 + dc.GetTextExtent("2024-02-10 10:05:").x + 3;
+  bool clicked = false;
+  picker->Bind(wxEVT_LEFT_DOWN, [&](wxMouseEvent & event) {
+    clicked = true;
+    event.Skip();
+  });
   wxUIActionSimulator mouse;
   mouse.MouseMove(picker->ClientToScreen(wxPoint(secondsX, size.y / 2)));
   mouse.MouseClick();
-  gui_test::Flush();
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return clicked; }));
   ASSERT_TRUE(Press({WXK_UP}, "2024-02-10 10:05:01"));
 }
 
