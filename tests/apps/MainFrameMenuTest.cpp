@@ -18,6 +18,7 @@
 #include "BatchCommand.h"
 #include "MainFrame.h"
 #include "datetime/SpecifyDateFormat.h"
+#include "TimeGridDialog.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
 #include "dialogs/DontShowAgainMessageBox.h"
@@ -42,6 +43,7 @@ enum class Opens {
   kCalculation,
   kBatchQuestion,
   kDateFormat,
+  kTimeGrid,
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
@@ -63,6 +65,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
     {"Tools/Date format...", {Opens::kDateFormat}},
+    {"Tools/Time grid...", {Opens::kTimeGrid}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -94,6 +97,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kBatchQuestion;
   } else if (dynamic_cast<SpecifyDateFormat *>(&dialog) != nullptr) {
     seen.opens = Opens::kDateFormat;
+  } else if (dynamic_cast<TimeGridDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kTimeGrid;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
     seen.opens = Opens::kMessageBox;
     seen.boxType = box->GetType() & (MB_TYPEMASK | MB_ICONMASK);
@@ -193,6 +198,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
         expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox ||
         expected.opens == Opens::kDateFormat;
+        expected.opens == Opens::kTimeGrid;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
@@ -219,6 +225,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kBatchQuestion:
       case Opens::kDateFormat:
       case Opens::kMessageBox:
+      case Opens::kTimeGrid:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
