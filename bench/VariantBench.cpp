@@ -16,7 +16,7 @@ TALVO_TIME_LIMIT("VariantReadVariants", 15e6);
 
 // A made variant with its array filled; the array is freed at exit.
 class FilledVariant {
- public:
+public:
   explicit FilledVariant(bool asVariants) : mVariant(VT_R8, side, side, asVariants) {
     for (int row = 0; row < side; ++row)
       for (int column = 0; column < side; ++column)
@@ -27,7 +27,7 @@ class FilledVariant {
   FilledVariant & operator=(FilledVariant const &) = delete;
   VxVariant & Get() { return mVariant; }
 
- private:
+private:
   VxVariant mVariant;
 };
 

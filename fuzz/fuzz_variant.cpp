@@ -19,13 +19,13 @@ void Check(bool condition) {
 }
 
 class Bytes {
- public:
+public:
   Bytes(uint8_t const * data, size_t size) : mData(data), mSize(size) {}
   uint8_t Byte() { return mPosition < mSize ? mData[mPosition++] : 0; }
   uint16_t Word() { return static_cast<uint16_t>(Byte() | (Byte() << 8)); }
   int Index() { return static_cast<int8_t>(Byte()); }
 
- private:
+private:
   uint8_t const * mData;
   size_t mSize;
   size_t mPosition = 0;
@@ -35,9 +35,9 @@ constexpr int poolArrays = 4;
 constexpr int poolVariants = 8;
 constexpr int poolStrings = 4;
 
-VARTYPE const elementTypes[] = {VT_I1, VT_UI1, VT_I2,   VT_UI2,  VT_I4,   VT_UI4,     VT_INT,
-                                VT_UINT, VT_I8, VT_UI8, VT_R4, VT_R8, VT_BOOL, VT_BSTR,
-                                VT_VARIANT, VT_DECIMAL, VT_DATE, VT_CY};
+VARTYPE const elementTypes[] = {VT_I1,   VT_UI1,  VT_I2,      VT_UI2,     VT_I4,   VT_UI4,
+                                VT_INT,  VT_UINT, VT_I8,      VT_UI8,     VT_R4,   VT_R8,
+                                VT_BOOL, VT_BSTR, VT_VARIANT, VT_DECIMAL, VT_DATE, VT_CY};
 
 struct Pool {
   SAFEARRAY * arrays[poolArrays] = {};
@@ -68,8 +68,7 @@ struct Pool {
     } else if (reference) {
       v.byref = none ? nullptr : raw[choice % 2];
     } else {
-      for (int i = 0; i < 8; ++i)
-        reinterpret_cast<unsigned char *>(&v.llVal)[i] = bytes.Byte();
+      for (int i = 0; i < 8; ++i) reinterpret_cast<unsigned char *>(&v.llVal)[i] = bytes.Byte();
     }
   }
 
@@ -121,8 +120,8 @@ struct Pool {
   ~Pool() {
     for (auto * array : arrays) {
       VARTYPE type = VT_EMPTY;
-      if (array != nullptr && array->pvData != nullptr && SUCCEEDED(SafeArrayGetVartype(array, &type)) &&
-          (type == VT_VARIANT || type == VT_BSTR)) {
+      if (array != nullptr && array->pvData != nullptr &&
+          SUCCEEDED(SafeArrayGetVartype(array, &type)) && (type == VT_VARIANT || type == VT_BSTR)) {
         size_t count = 1;
         for (USHORT d = 0; d < array->cDims; ++d) count *= array->rgsabound[d].cElements;
         std::memset(array->pvData, 0, count * array->cbElements);
@@ -155,8 +154,7 @@ void Exercise(VxVariant & variant, Bytes & bytes) {
         float const values[4] = {1.5F, -2.0F, 3.0F, 1e30F};
         try {
           variant.SetRow(a, values, bytes.Byte() % 5);
-        } catch (Exception const &) {
-        }
+        } catch (Exception const &) {}
       }
     }
   }

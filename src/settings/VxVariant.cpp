@@ -19,38 +19,29 @@ VARTYPE BaseType(VARTYPE vt) { return static_cast<VARTYPE>(vt & typeMask); }
 // the types the arrays here do not hold.
 ULONG ElementSize(VARTYPE t) {
   switch (t) {
-  case VT_I1:
-  case VT_UI1:
-    return 1;
-  case VT_I2:
-  case VT_UI2:
-  case VT_BOOL:
-    return 2;
-  case VT_I4:
-  case VT_UI4:
-  case VT_INT:
-  case VT_UINT:
-  case VT_R4:
-    return 4;
-  case VT_I8:
-  case VT_UI8:
-  case VT_R8:
-    return 8;
-  case VT_BSTR:
-    return sizeof(BSTR);
-  case VT_VARIANT:
-    return sizeof(VARIANT);
-  default:
-    return 0;
+    case VT_I1:
+    case VT_UI1: return 1;
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL: return 2;
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_R4: return 4;
+    case VT_I8:
+    case VT_UI8:
+    case VT_R8: return 8;
+    case VT_BSTR: return sizeof(BSTR);
+    case VT_VARIANT: return sizeof(VARIANT);
+    default: return 0;
   }
 }
 
 // The array the variant holds, through the reference when it is one.
 SAFEARRAY * ArrayOf(VARIANT const * v) {
-  if (v == nullptr || (v->vt & VT_ARRAY) == 0)
-    return nullptr;
-  if ((v->vt & VT_BYREF) != 0)
-    return v->pparray == nullptr ? nullptr : *v->pparray;
+  if (v == nullptr || (v->vt & VT_ARRAY) == 0) return nullptr;
+  if ((v->vt & VT_BYREF) != 0) return v->pparray == nullptr ? nullptr : *v->pparray;
   return v->parray;
 }
 
@@ -58,8 +49,7 @@ std::size_t ElementCount(SAFEARRAY const * array) {
   std::size_t count = 1;
   for (USHORT i = 0; i < array->cDims; ++i) {
     std::size_t const n = array->rgsabound[i].cElements;
-    if (n != 0 && count > std::numeric_limits<std::size_t>::max() / n)
-      return 0;
+    if (n != 0 && count > std::numeric_limits<std::size_t>::max() / n) return 0;
     count *= n;
   }
   return count;
@@ -75,8 +65,11 @@ void * ElementAt(SAFEARRAY const * array, VARTYPE t, int64_t index) {
   // them, as every array made for them does; a size alone would let eight
   // bytes of a number pass for a string.
   USHORT const holds = t == VT_BSTR ? FADF_BSTR : t == VT_VARIANT ? FADF_VARIANT : 0;
+  // One or two 32-bit counts: their product cannot overflow 64 bits.
+  uint64_t const count = uint64_t{array->rgsabound[0].cElements} *
+                         (array->cDims == 2 ? array->rgsabound[1].cElements : 1U);
   if (size == 0 || array->cbElements != size || (array->fFeatures & holds) != holds || index < 0 ||
-      static_cast<uint64_t>(index) >= ElementCount(array))
+      static_cast<uint64_t>(index) >= count)
     return nullptr;
   return static_cast<char *>(array->pvData) + static_cast<std::size_t>(index) * size;
 }
@@ -108,8 +101,7 @@ void Store(void * data, T value) {
 
 // Where a single variant's value lies, or null for a null reference.
 void const * ValueOf(VARIANT const * v) {
-  if ((v->vt & VT_BYREF) != 0)
-    return v->byref;
+  if ((v->vt & VT_BYREF) != 0) return v->byref;
   return BaseType(v->vt) == VT_DECIMAL ? static_cast<void const *>(&v->decVal)
                                        : static_cast<void const *>(&v->llVal);
 }
@@ -129,42 +121,32 @@ wxString StringOf(VARIANT const * v, int depth);
 
 int IntegralAt(void const * data, VARTYPE t, int depth) {
   switch (t) {
-  case VT_I1:
-    return Load<int8_t>(data);
-  case VT_UI1:
-    return Load<uint8_t>(data);
-  case VT_I2:
-    return Load<int16_t>(data);
-  case VT_UI2:
-    return Load<uint16_t>(data);
-  case VT_I4:
-  case VT_INT:
-    return Load<int32_t>(data);
-  case VT_UI4:
-  case VT_UINT:
-    return static_cast<int32_t>(Load<uint32_t>(data));
-  case VT_I8:
-  case VT_UI8:
-    return static_cast<int32_t>(static_cast<uint32_t>(Load<uint64_t>(data)));
-  case VT_BOOL:
-    return Load<int16_t>(data) != 0 ? 1 : 0;
-  case VT_VARIANT:
-    return IntegralOf(static_cast<VARIANT const *>(data), depth + 1);
-  default:
-    return 0;
+    case VT_I1: return Load<int8_t>(data);
+    case VT_UI1: return Load<uint8_t>(data);
+    case VT_I2: return Load<int16_t>(data);
+    case VT_UI2: return Load<uint16_t>(data);
+    case VT_I4:
+    case VT_INT: return Load<int32_t>(data);
+    case VT_UI4:
+    case VT_UINT: return static_cast<int32_t>(Load<uint32_t>(data));
+    case VT_I8:
+    case VT_UI8: return static_cast<int32_t>(static_cast<uint32_t>(Load<uint64_t>(data)));
+    case VT_BOOL: return Load<int16_t>(data) != 0 ? 1 : 0;
+    case VT_VARIANT: return IntegralOf(static_cast<VARIANT const *>(data), depth + 1);
+    default: return 0;
   }
 }
 
 double DoubleAt(void const * data, VARTYPE t, int depth) {
   switch (t) {
-  case VT_R4:
-    return Load<float>(data);
-  case VT_R8:
-    return Load<double>(data);
-  case VT_VARIANT:
-    return DoubleOf(static_cast<VARIANT const *>(data), depth + 1);
-  default:
-    return VxVariant::NoNumber;
+    case VT_R4: return Load<float>(data);
+    case VT_R8: return Load<double>(data);
+    case VT_VARIANT: {
+      // The common element, a plain double, without the general walk.
+      auto const * v = static_cast<VARIANT const *>(data);
+      return v->vt == VT_R8 ? v->dblVal : DoubleOf(v, depth + 1);
+    }
+    default: return VxVariant::NoNumber;
   }
 }
 
@@ -173,8 +155,7 @@ wxString StringAt(void const * data, VARTYPE t, int depth) {
     BSTR const text = Load<BSTR>(data);
     return text == nullptr ? wxString() : wxString(text, SysStringLen(text));
   }
-  if (t == VT_VARIANT)
-    return StringOf(static_cast<VARIANT const *>(data), depth + 1);
+  if (t == VT_VARIANT) return StringOf(static_cast<VARIANT const *>(data), depth + 1);
   return {};
 }
 
@@ -183,8 +164,7 @@ int IntegralOf(VARIANT const * v, int depth) {
 }
 
 double DoubleOf(VARIANT const * v, int depth) {
-  if (!Readable(v, depth))
-    return VxVariant::NoNumber;
+  if (!Readable(v, depth)) return VxVariant::NoNumber;
   if (BaseType(v->vt) == VT_DECIMAL) {
     double number = 0;
     return SUCCEEDED(VarR8FromDec(static_cast<DECIMAL const *>(ValueOf(v)), &number))
@@ -202,7 +182,8 @@ wxString StringOf(VARIANT const * v, int depth) {
 // an infinity instead of a conversion C++ leaves undefined.
 float NarrowToFloat(double value) {
   if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max())
-    return value > 0 ? std::numeric_limits<float>::infinity() : -std::numeric_limits<float>::infinity();
+    return value > 0 ? std::numeric_limits<float>::infinity()
+                     : -std::numeric_limits<float>::infinity();
   return static_cast<float>(value);
 }
 
@@ -211,64 +192,41 @@ void WriteIntegralTo(VARIANT * v, int value, int depth);
 
 void WriteDoubleAt(void * data, VARTYPE t, double value, int depth) {
   switch (t) {
-  case VT_R4:
-    Store(data, NarrowToFloat(value));
-    break;
-  case VT_R8:
-    Store(data, value);
-    break;
-  case VT_VARIANT:
-    WriteDoubleTo(static_cast<VARIANT *>(data), value, depth + 1);
-    break;
-  default:
-    break;
+    case VT_R4: Store(data, NarrowToFloat(value)); break;
+    case VT_R8: Store(data, value); break;
+    case VT_VARIANT: WriteDoubleTo(static_cast<VARIANT *>(data), value, depth + 1); break;
+    default: break;
   }
 }
 
 void WriteIntegralAt(void * data, VARTYPE t, int value, int depth) {
   switch (t) {
-  case VT_I1:
-  case VT_UI1:
-    Store(data, static_cast<uint8_t>(value));
-    break;
-  case VT_I2:
-  case VT_UI2:
-    Store(data, static_cast<uint16_t>(value));
-    break;
-  case VT_I4:
-  case VT_UI4:
-  case VT_INT:
-  case VT_UINT:
-    Store(data, static_cast<int32_t>(value));
-    break;
-  case VT_I8:
-  case VT_UI8:
-    Store(data, static_cast<int64_t>(value));
-    break;
-  case VT_BOOL:
-    Store(data, value != 0 ? VARIANT_TRUE : VARIANT_FALSE);
-    break;
-  case VT_VARIANT:
-    WriteIntegralTo(static_cast<VARIANT *>(data), value, depth + 1);
-    break;
-  default:
-    break;
+    case VT_I1:
+    case VT_UI1: Store(data, static_cast<uint8_t>(value)); break;
+    case VT_I2:
+    case VT_UI2: Store(data, static_cast<uint16_t>(value)); break;
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT: Store(data, static_cast<int32_t>(value)); break;
+    case VT_I8:
+    case VT_UI8: Store(data, static_cast<int64_t>(value)); break;
+    case VT_BOOL: Store(data, value != 0 ? VARIANT_TRUE : VARIANT_FALSE); break;
+    case VT_VARIANT: WriteIntegralTo(static_cast<VARIANT *>(data), value, depth + 1); break;
+    default: break;
   }
 }
 
 // A variant element takes a double as VT_R4 or VT_R8, by value or by
 // reference, or through a referenced variant.
 void WriteDoubleTo(VARIANT * v, double value, int depth) {
-  if (!Readable(v, depth))
-    return;
+  if (!Readable(v, depth)) return;
   VARTYPE const t = BaseType(v->vt);
-  if (t == VT_R4 || t == VT_R8 || t == VT_VARIANT)
-    WriteDoubleAt(ValueOf(v), t, value, depth);
+  if (t == VT_R4 || t == VT_R8 || t == VT_VARIANT) WriteDoubleAt(ValueOf(v), t, value, depth);
 }
 
 void WriteIntegralTo(VARIANT * v, int value, int depth) {
-  if (Readable(v, depth))
-    WriteIntegralAt(ValueOf(v), BaseType(v->vt), value, depth);
+  if (Readable(v, depth)) WriteIntegralAt(ValueOf(v), BaseType(v->vt), value, depth);
 }
 
 SAFEARRAY * MakeArray(VARTYPE elementType, int rows, int columns) {
@@ -279,26 +237,22 @@ SAFEARRAY * MakeArray(VARTYPE elementType, int rows, int columns) {
 
 VxVariant::DataType KindOf(VARTYPE t) {
   switch (t) {
-  case VT_I2:
-  case VT_I4:
-  case VT_BOOL:
-  case VT_I1:
-  case VT_UI1:
-  case VT_UI2:
-  case VT_UI4:
-  case VT_I8:
-  case VT_UI8:
-  case VT_INT:
-  case VT_UINT:
-    return VxVariant::integral;
-  case VT_R4:
-  case VT_R8:
-  case VT_DECIMAL:
-    return VxVariant::real;
-  case VT_BSTR:
-    return VxVariant::string;
-  default:
-    return VxVariant::other;
+    case VT_I2:
+    case VT_I4:
+    case VT_BOOL:
+    case VT_I1:
+    case VT_UI1:
+    case VT_UI2:
+    case VT_UI4:
+    case VT_I8:
+    case VT_UI8:
+    case VT_INT:
+    case VT_UINT: return VxVariant::integral;
+    case VT_R4:
+    case VT_R8:
+    case VT_DECIMAL: return VxVariant::real;
+    case VT_BSTR: return VxVariant::string;
+    default: return VxVariant::other;
   }
 }
 
@@ -321,8 +275,7 @@ VxVariant::VxVariant(unsigned int type, int rows, int columns, bool asVariants)
   if (asVariants && array != nullptr) {
     auto * elements = static_cast<VARIANT *>(array->pvData);
     std::size_t const count = ElementCount(array);
-    for (std::size_t i = 0; i < count; ++i)
-      elements[i].vt = vt;
+    for (std::size_t i = 0; i < count; ++i) elements[i].vt = vt;
   }
   mVariant->vt = asVariants ? VARTYPE{VT_ARRAY | VT_VARIANT} : static_cast<VARTYPE>(vt | VT_ARRAY);
   mVariant->parray = array;
@@ -331,8 +284,7 @@ VxVariant::VxVariant(unsigned int type, int rows, int columns, bool asVariants)
 VxVariant::~VxVariant() = default;
 
 bool VxVariant::SetDataType(unsigned int type, int rows, int columns) {
-  if (mVariant == nullptr)
-    return false;
+  if (mVariant == nullptr) return false;
   VariantInit(mVariant);
   auto const vt = static_cast<VARTYPE>(type);
   mVariant->parray = MakeArray(vt, rows, columns);
@@ -341,8 +293,7 @@ bool VxVariant::SetDataType(unsigned int type, int rows, int columns) {
 }
 
 bool VxVariant::SetDataType(unsigned int type, int size) {
-  if (mVariant == nullptr)
-    return false;
+  if (mVariant == nullptr) return false;
   VariantInit(mVariant);
   auto const vt = static_cast<VARTYPE>(type);
   mVariant->parray = SafeArrayCreateVector(vt, 0, static_cast<ULONG>(std::max(size, 0)));
@@ -351,8 +302,7 @@ bool VxVariant::SetDataType(unsigned int type, int size) {
 }
 
 VxVariant::DataType VxVariant::GetDataType() const {
-  if (mVariant == nullptr)
-    return other;
+  if (mVariant == nullptr) return other;
   VARTYPE const vt = mVariant->vt;
   VARTYPE t = BaseType(vt);
   if (t == VT_VARIANT) {
@@ -371,8 +321,7 @@ VxVariant::DataType VxVariant::GetDataType() const {
 int VxVariant::GetDimensions() const { return mArray == nullptr ? 0 : mArray->cDims; }
 
 int VxVariant::Size(int dimension) const {
-  if (mArray == nullptr)
-    return dimension < 2 ? 1 : 0;
+  if (mArray == nullptr) return dimension < 2 ? 1 : 0;
   if (dimension == 0) {
     uint64_t count = 1;
     for (USHORT i = 0; i < mArray->cDims && count != 0; ++i)
@@ -380,8 +329,7 @@ int VxVariant::Size(int dimension) const {
                                  std::numeric_limits<int>::max());
     return static_cast<int>(count);
   }
-  if (dimension < 0 || dimension > mArray->cDims)
-    return 0;
+  if (dimension < 0 || dimension > mArray->cDims) return 0;
   return static_cast<int>(std::min<uint64_t>(mArray->rgsabound[dimension - 1].cElements,
                                              std::numeric_limits<int>::max()));
 }
@@ -406,8 +354,7 @@ double VxVariant::GetDoubleValue(int index) const {
 
 double VxVariant::GetDoubleValue(int row, int column) const {
   SAFEARRAY const * array = ArrayOf(mVariant);
-  if (array == nullptr)
-    return GetDoubleValue(0);
+  if (array == nullptr) return GetDoubleValue(0);
   VARTYPE const t = BaseType(mVariant->vt);
   void const * element = ElementAt(array, t, FlatIndex(array, row, column));
   return element == nullptr ? NoNumber : DoubleAt(element, t, 0);
@@ -425,8 +372,7 @@ wxString VxVariant::GetStringValue(int index) const {
 
 wxString VxVariant::GetStringValue(int row, int column) const {
   SAFEARRAY const * array = ArrayOf(mVariant);
-  if (array == nullptr)
-    return GetStringValue(0);
+  if (array == nullptr) return GetStringValue(0);
   VARTYPE const t = BaseType(mVariant->vt);
   void const * element = ElementAt(array, t, FlatIndex(array, row, column));
   return element == nullptr ? wxString() : StringAt(element, t, 0);
@@ -434,17 +380,14 @@ wxString VxVariant::GetStringValue(int row, int column) const {
 
 void VxVariant::SetIntegralValue(int value, int index) {
   SAFEARRAY * array = ArrayOf(mVariant);
-  if (array == nullptr)
-    return;
+  if (array == nullptr) return;
   VARTYPE const t = BaseType(mVariant->vt);
-  if (void * element = ElementAt(array, t, index))
-    WriteIntegralAt(element, t, value, 0);
+  if (void * element = ElementAt(array, t, index)) WriteIntegralAt(element, t, value, 0);
 }
 
 void VxVariant::SetIntegralValue(int value, int row, int column) {
   SAFEARRAY * array = ArrayOf(mVariant);
-  if (array == nullptr)
-    return;
+  if (array == nullptr) return;
   VARTYPE const t = BaseType(mVariant->vt);
   if (void * element = ElementAt(array, t, FlatIndex(array, row, column)))
     WriteIntegralAt(element, t, value, 0);
@@ -452,17 +395,14 @@ void VxVariant::SetIntegralValue(int value, int row, int column) {
 
 void VxVariant::SetDoubleValue(double value, int index) {
   SAFEARRAY * array = ArrayOf(mVariant);
-  if (array == nullptr)
-    return;
+  if (array == nullptr) return;
   VARTYPE const t = BaseType(mVariant->vt);
-  if (void * element = ElementAt(array, t, index))
-    WriteDoubleAt(element, t, value, 0);
+  if (void * element = ElementAt(array, t, index)) WriteDoubleAt(element, t, value, 0);
 }
 
 void VxVariant::SetDoubleValue(double value, int row, int column) {
   SAFEARRAY * array = ArrayOf(mVariant);
-  if (array == nullptr)
-    return;
+  if (array == nullptr) return;
   VARTYPE const t = BaseType(mVariant->vt);
   if (void * element = ElementAt(array, t, FlatIndex(array, row, column)))
     WriteDoubleAt(element, t, value, 0);
@@ -473,8 +413,7 @@ void VxVariant::SetRow(int row, float const * values, int count) {
   if (t != VT_R4 && t != VT_R8 && t != VT_VARIANT)
     throw Exception(ExceptionMessage::translate("Unknown type in {1}") % "VxVariant::SetRow");
   SAFEARRAY * array = ArrayOf(mVariant);
-  if (values == nullptr || array == nullptr || array->cDims != 2)
-    return;
+  if (values == nullptr || array == nullptr || array->cDims != 2) return;
   // row is the column of the flat formula; the values run down it.
   for (int k = 0; k < count && k < Rows(array); ++k)
     if (void * element = ElementAt(array, t, FlatIndex(array, k, row)))

@@ -18,7 +18,7 @@
 #include <memory>
 
 class VxVariant {
- public:
+public:
   enum DataType { integral = 1, real = 2, string = 3, other = 4 };
 
   // What a double read gives when the variant holds no number.
@@ -69,7 +69,7 @@ class VxVariant {
 
   VARIANT * GetVariant() const { return mVariant; }
 
- private:
+private:
   VARIANT * mVariant;
   std::unique_ptr<VARIANT> mOwned;
   SAFEARRAY * mArray = nullptr;

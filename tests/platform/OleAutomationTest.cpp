@@ -169,8 +169,9 @@ TEST(Variant, CopyAndClearByType) {
   EXPECT_EQ(Text(text.bstrVal), L"abc");
   EXPECT_EQ(VariantClear(&text), S_OK);
 
-  VARTYPE const invalid[] = {VT_VARIANT, 15, 0x0FFE, VT_VECTOR | VT_I4, VT_RESERVED | VT_I4,
-                             VT_ARRAY | VT_EMPTY, VT_BYREF | VT_NULL};
+  VARTYPE const invalid[] = {
+      VT_VARIANT,        15, 0x0FFE, VT_VECTOR | VT_I4, VT_RESERVED | VT_I4, VT_ARRAY | VT_EMPTY,
+      VT_BYREF | VT_NULL};
   for (VARTYPE vt : invalid) {
     VARIANT v;
     VariantInit(&v);

@@ -77,8 +77,7 @@ TEST(VxVariant, MadeArraysLieColumnsTimesRowPlusColumn) {
   // SetRow writes down the column `row`, one value a row.
   float const values[] = {1.5F, 2.5F, 3.5F, 99.0F};
   doubles.variant.SetRow(1, values, 4);
-  for (int k = 0; k < 3; ++k)
-    EXPECT_EQ(doubles.Data<double>()[1 + 4 * k], values[k]);
+  for (int k = 0; k < 3; ++k) EXPECT_EQ(doubles.Data<double>()[1 + 4 * k], values[k]);
   EXPECT_EQ(doubles.Data<double>()[0], 0.0) << "the rest stays";
   EXPECT_EQ(doubles.Data<double>()[2], 2.0);
 
@@ -95,8 +94,7 @@ TEST(VxVariant, ArraysOfVariantsAreWrittenByEachElementsType) {
   VARIANT const * v = made.variant.GetVariant();
   EXPECT_EQ(v->vt, 8204);
   auto * elements = made.Data<VARIANT>();
-  for (int i = 0; i < 4; ++i)
-    EXPECT_EQ(elements[i].vt, VT_R4) << i;
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(elements[i].vt, VT_R4) << i;
   EXPECT_EQ(made.variant.GetDataType(), VxVariant::real);
 
   // Elements of other kinds: by reference, nested, a string.
@@ -146,13 +144,20 @@ TEST(VxVariant, DataTypeByMaskedTypeAndFirstElement) {
     VxVariant::DataType expected;
   };
   Case const scalars[] = {
-      {VT_I2, VxVariant::integral},           {VT_BOOL, VxVariant::integral},
-      {VT_UI8, VxVariant::integral},          {VT_UINT, VxVariant::integral},
-      {VT_BYREF | VT_I4, VxVariant::integral}, {VT_R4, VxVariant::real},
-      {VT_DECIMAL, VxVariant::real},          {VT_BYREF | VT_R8, VxVariant::real},
-      {VT_BSTR, VxVariant::string},           {VT_DATE, VxVariant::other},
-      {VT_CY, VxVariant::other},              {VT_EMPTY, VxVariant::other},
-      {VT_VARIANT, VxVariant::other},         {VT_VECTOR | VT_I4, VxVariant::other},
+      {VT_I2, VxVariant::integral},
+      {VT_BOOL, VxVariant::integral},
+      {VT_UI8, VxVariant::integral},
+      {VT_UINT, VxVariant::integral},
+      {VT_BYREF | VT_I4, VxVariant::integral},
+      {VT_R4, VxVariant::real},
+      {VT_DECIMAL, VxVariant::real},
+      {VT_BYREF | VT_R8, VxVariant::real},
+      {VT_BSTR, VxVariant::string},
+      {VT_DATE, VxVariant::other},
+      {VT_CY, VxVariant::other},
+      {VT_EMPTY, VxVariant::other},
+      {VT_VARIANT, VxVariant::other},
+      {VT_VECTOR | VT_I4, VxVariant::other},
       {0x0FFE, VxVariant::other},
   };
   for (Case const & c : scalars) {
@@ -229,7 +234,7 @@ TEST(VxVariant, IntegralReadsExtendByTypeAndWritesKeepTheElementSize) {
     VARTYPE type;
     int64_t stored;  // the element's bytes, little-endian
     int read;
-    int written;      // SetIntegralValue(written)...
+    int written;         // SetIntegralValue(written)...
     int64_t storedBack;  // ...leaves these bytes
   };
   Case const cases[] = {
@@ -416,8 +421,7 @@ TEST(VxVariant, ArraysThatDoNotHoldWhatTheyClaimGiveNeutralResults) {
     EXPECT_EQ(variant.GetStringValue(0, 0), wxString()) << c.name;
     variant.SetDoubleValue(5, 0);
     variant.SetIntegralValue(5, 0, 0);
-    if ((c.v->vt & VT_TYPEMASK) == VT_R8)
-      variant.SetRow(0, values, 3);
+    if ((c.v->vt & VT_TYPEMASK) == VT_R8) variant.SetRow(0, values, 3);
   }
   EXPECT_EQ(threeDimensions.Data<double>()[0], 0.0);
   EXPECT_EQ(wrongSize.Data<int16_t>()[0], 0);
@@ -428,8 +432,7 @@ TEST(VxVariant, ArraysThatDoNotHoldWhatTheyClaimGiveNeutralResults) {
 TEST(VxVariant, IndexesOutsideTheArrayReadAndWriteNothing) {
   OwnedVariant guard(VT_R8, {{16, 0}});  // memory beside the array under test
   MadeVariant made(VT_R8, 2, 3, false);
-  for (int i = 0; i < 6; ++i)
-    made.Data<double>()[i] = i + 1;
+  for (int i = 0; i < 6; ++i) made.Data<double>()[i] = i + 1;
   VxVariant & variant = made.variant;
   int const flat[] = {-1, 6, 1 << 30, -(1 << 30)};
   for (int index : flat) {
@@ -450,8 +453,7 @@ TEST(VxVariant, IndexesOutsideTheArrayReadAndWriteNothing) {
   variant.SetRow(-1, column, 4);
   variant.SetRow(2, column, 4);  // two rows: the last two values are dropped
   double const expected[] = {1, 2, -5, 4, 5, -5};
-  for (int i = 0; i < 6; ++i)
-    EXPECT_EQ(made.Data<double>()[i], expected[i]) << i;
+  for (int i = 0; i < 6; ++i) EXPECT_EQ(made.Data<double>()[i], expected[i]) << i;
   EXPECT_EQ(variant.GetDoubleValue(1, 2), -5.0);
 }
 
