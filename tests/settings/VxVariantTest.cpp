@@ -427,6 +427,7 @@ TEST(VxVariant, ArraysThatDoNotHoldWhatTheyClaimGiveNeutralResults) {
   EXPECT_EQ(wrongSize.Data<int16_t>()[0], 0);
   EXPECT_EQ(unknown.Data<int32_t>()[0], 0);
   stringsAsVariants.v.parray->cbElements = sizeof(BSTR);
+  unknown.v.vt = VT_ARRAY | VT_I4;  // so that it can be cleared
 }
 
 TEST(VxVariant, IndexesOutsideTheArrayReadAndWriteNothing) {
