@@ -356,6 +356,13 @@ double VxVariant::GetDoubleValue(int row, int column) const {
   SAFEARRAY const * array = ArrayOf(mVariant);
   if (array == nullptr) return GetDoubleValue(0);
   VARTYPE const t = BaseType(mVariant->vt);
+  // The table of doubles that a client reads cell by cell, at once.
+  if (t == VT_R8 && array->cDims == 2 && array->cbElements == sizeof(double) &&
+      array->pvData != nullptr && static_cast<unsigned>(row) < array->rgsabound[0].cElements &&
+      static_cast<unsigned>(column) < array->rgsabound[1].cElements)
+    return static_cast<double const *>(
+        array->pvData)[std::size_t{array->rgsabound[1].cElements} * static_cast<unsigned>(row) +
+                       static_cast<unsigned>(column)];
   void const * element = ElementAt(array, t, FlatIndex(array, row, column));
   return element == nullptr ? NoNumber : DoubleAt(element, t, 0);
 }
