@@ -35,9 +35,7 @@ ULONG ElementSize(VARTYPE vt) {
     case VT_DATE:
     case VT_BSTR:
     case VT_UNKNOWN:
-    case VT_DISPATCH:
-    case VT_INT_PTR:
-    case VT_UINT_PTR: return 8;
+    case VT_DISPATCH: return 8;
     case VT_DECIMAL: return sizeof(DECIMAL);
     case VT_VARIANT: return sizeof(VARIANT);
     default: return 0;

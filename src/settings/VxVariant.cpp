@@ -65,8 +65,11 @@ void * ElementAt(SAFEARRAY const * array, VARTYPE t, int64_t index) {
   // them, as every array made for them does; a size alone would let eight
   // bytes of a number pass for a string.
   USHORT const holds = t == VT_BSTR ? FADF_BSTR : t == VT_VARIANT ? FADF_VARIANT : 0;
+  // One or two 32-bit counts: their product cannot overflow 64 bits.
+  uint64_t const count = uint64_t{array->rgsabound[0].cElements} *
+                         (array->cDims == 2 ? array->rgsabound[1].cElements : 1U);
   if (size == 0 || array->cbElements != size || (array->fFeatures & holds) != holds || index < 0 ||
-      static_cast<uint64_t>(index) >= ElementCount(array))
+      static_cast<uint64_t>(index) >= count)
     return nullptr;
   return static_cast<char *>(array->pvData) + static_cast<std::size_t>(index) * size;
 }
@@ -138,7 +141,11 @@ double DoubleAt(void const * data, VARTYPE t, int depth) {
   switch (t) {
     case VT_R4: return Load<float>(data);
     case VT_R8: return Load<double>(data);
-    case VT_VARIANT: return DoubleOf(static_cast<VARIANT const *>(data), depth + 1);
+    case VT_VARIANT: {
+      // The common element, a plain double, without the general walk.
+      auto const * v = static_cast<VARIANT const *>(data);
+      return v->vt == VT_R8 ? v->dblVal : DoubleOf(v, depth + 1);
+    }
     default: return VxVariant::NoNumber;
   }
 }
@@ -349,6 +356,13 @@ double VxVariant::GetDoubleValue(int row, int column) const {
   SAFEARRAY const * array = ArrayOf(mVariant);
   if (array == nullptr) return GetDoubleValue(0);
   VARTYPE const t = BaseType(mVariant->vt);
+  // The table of doubles that a client reads cell by cell, at once.
+  if (t == VT_R8 && array->cDims == 2 && array->cbElements == sizeof(double) &&
+      array->pvData != nullptr && static_cast<unsigned>(row) < array->rgsabound[0].cElements &&
+      static_cast<unsigned>(column) < array->rgsabound[1].cElements)
+    return static_cast<double const *>(
+        array->pvData)[std::size_t{array->rgsabound[1].cElements} * static_cast<unsigned>(row) +
+                       static_cast<unsigned>(column)];
   void const * element = ElementAt(array, t, FlatIndex(array, row, column));
   return element == nullptr ? NoNumber : DoubleAt(element, t, 0);
 }

@@ -17,8 +17,8 @@
 
 #include "BatchCommand.h"
 #include "MainFrame.h"
-#include "datetime/SpecifyDateFormat.h"
 #include "TimeGridDialog.h"
+#include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
 #include "dialogs/DontShowAgainMessageBox.h"
@@ -197,8 +197,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     bool const opensDialog =
         expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
         expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox ||
-        expected.opens == Opens::kDateFormat;
-        expected.opens == Opens::kTimeGrid;
+        expected.opens == Opens::kDateFormat || expected.opens == Opens::kTimeGrid;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));

@@ -87,6 +87,9 @@ TEST(SafeArray, RefusesWhatCannotBeAnArray) {
   EXPECT_EQ(SafeArrayCreate(VT_I4, 0, &bound), nullptr);
   EXPECT_EQ(SafeArrayCreate(VT_EMPTY, 1, &bound), nullptr);
   EXPECT_EQ(SafeArrayCreate(VT_ARRAY | VT_I4, 1, &bound), nullptr);
+  // No variant can hold these, so no variant could free such an array.
+  EXPECT_EQ(SafeArrayCreate(VT_INT_PTR, 1, &bound), nullptr);
+  EXPECT_EQ(SafeArrayCreate(VT_RECORD, 1, &bound), nullptr);
   EXPECT_EQ(SafeArrayCreate(VT_I4, 1, nullptr), nullptr);
   // More elements than memory can hold.
   SAFEARRAYBOUND const huge[3] = {{0xFFFFFFFFu, 0}, {0xFFFFFFFFu, 0}, {0xFFFFFFFFu, 0}};

@@ -427,6 +427,7 @@ TEST(VxVariant, ArraysThatDoNotHoldWhatTheyClaimGiveNeutralResults) {
   EXPECT_EQ(wrongSize.Data<int16_t>()[0], 0);
   EXPECT_EQ(unknown.Data<int32_t>()[0], 0);
   stringsAsVariants.v.parray->cbElements = sizeof(BSTR);
+  unknown.v.vt = VT_ARRAY | VT_I4;  // so that it can be cleared
 }
 
 TEST(VxVariant, IndexesOutsideTheArrayReadAndWriteNothing) {
@@ -500,4 +501,36 @@ TEST(VxVariant, StringArraysReadTheirElements) {
   EXPECT_EQ(variant.GetStringValue(0), wxString());
   EXPECT_EQ(variant.GetDoubleValue(3), VxVariant::NoNumber);
   EXPECT_EQ(variant.GetIntegralValue(3), 0);
+}
+
+TEST(VxVariant, IntegralsInArraysOfVariantsGoByEachElementsType) {
+  MadeVariant made(VT_I4, 1, 5, true);
+  auto * elements = made.Data<VARIANT>();
+  int16_t referenced = 0;
+  elements[1].vt = VT_BYREF | VT_I2;
+  elements[1].piVal = &referenced;
+  elements[2].vt = VT_BOOL;
+  elements[3].vt = VT_R8;
+  elements[3].dblVal = 1.25;
+  elements[4].vt = VT_UI1;
+  for (int column = 0; column < 5; ++column)
+    made.variant.SetIntegralValue(-70000 + column, 0, column);
+  EXPECT_EQ(elements[0].lVal, -70000);
+  EXPECT_EQ(referenced, static_cast<int16_t>(-69999)) << "16 bits through the reference";
+  EXPECT_EQ(elements[2].boolVal, VARIANT_TRUE);
+  EXPECT_EQ(elements[3].dblVal, 1.25) << "a double element takes no integer";
+  EXPECT_EQ(elements[4].bVal, static_cast<uint8_t>(-69996));
+
+  EXPECT_EQ(made.variant.GetIntegralValue(0), -70000);
+  EXPECT_EQ(made.variant.GetIntegralValue(1), static_cast<int16_t>(-69999));
+  EXPECT_EQ(made.variant.GetIntegralValue(2), 1);
+  EXPECT_EQ(made.variant.GetIntegralValue(3), 0);
+  EXPECT_EQ(made.variant.GetDoubleValue(3), 1.25);
+  EXPECT_EQ(made.variant.GetDoubleValue(0), VxVariant::NoNumber) << "no conversion";
+
+  // An array of decimals holds no number for the array read.
+  OwnedVariant decimals(VT_DECIMAL, {{1, 0}});
+  decimals.Data<DECIMAL>()[0].Lo64 = 5;
+  EXPECT_EQ(VxVariant(&decimals.v).GetDataType(), VxVariant::real);
+  EXPECT_EQ(VxVariant(&decimals.v).GetDoubleValue(0), VxVariant::NoNumber);
 }
