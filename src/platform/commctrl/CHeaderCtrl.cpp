@@ -11,23 +11,19 @@
 
 wxIMPLEMENT_DYNAMIC_CLASS(CHeaderCtrl, wxWindow);
 
-wxBEGIN_EVENT_TABLE(CHeaderCtrl, wxWindow)
-  EVT_PAINT(CHeaderCtrl::OnPaint)
-  EVT_LEFT_DOWN(CHeaderCtrl::OnLeftDown)
-  EVT_LEFT_UP(CHeaderCtrl::OnLeftUp)
-  EVT_LEFT_DCLICK(CHeaderCtrl::OnLeftDClick)
-  EVT_RIGHT_UP(CHeaderCtrl::OnRightUp)
-  EVT_MOTION(CHeaderCtrl::OnMotion)
-  EVT_MOUSE_CAPTURE_LOST(CHeaderCtrl::OnCaptureLost)
-wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(CHeaderCtrl, wxWindow) EVT_PAINT(CHeaderCtrl::OnPaint)
+    EVT_LEFT_DOWN(CHeaderCtrl::OnLeftDown) EVT_LEFT_UP(CHeaderCtrl::OnLeftUp)
+        EVT_LEFT_DCLICK(CHeaderCtrl::OnLeftDClick) EVT_RIGHT_UP(CHeaderCtrl::OnRightUp)
+            EVT_MOTION(CHeaderCtrl::OnMotion) EVT_MOUSE_CAPTURE_LOST(CHeaderCtrl::OnCaptureLost)
+                wxEND_EVENT_TABLE()
 
-CHeaderCtrl::CHeaderCtrl(wxWindow * parent, wxWindowID id, wxPoint const & pos,
-                         wxSize const & size, DWORD headerStyle) {
+                    CHeaderCtrl::CHeaderCtrl(wxWindow * parent, wxWindowID id, wxPoint const & pos,
+                                             wxSize const & size, DWORD headerStyle) {
   Create(parent, id, pos, size, headerStyle);
 }
 
-bool CHeaderCtrl::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos,
-                         wxSize const & size, DWORD headerStyle) {
+bool CHeaderCtrl::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos, wxSize const & size,
+                         DWORD headerStyle) {
   mStyle = headerStyle;
   if (!wxWindow::Create(parent, id, pos, size, wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE))
     return false;
@@ -258,8 +254,8 @@ void CHeaderCtrl::DrawDefaultItem(wxDC & dc, int index, RECT const & rect, bool 
   wxHeaderSortIconType sort = wxHDR_SORT_ICON_NONE;
   if ((item.format & HDF_SORTUP) != 0) sort = wxHDR_SORT_ICON_UP;
   if ((item.format & HDF_SORTDOWN) != 0) sort = wxHDR_SORT_ICON_DOWN;
-  wxRendererNative::Get().DrawHeaderButton(this, dc, box, pressed ? int(wxCONTROL_PRESSED) : 0, sort,
-                                           &params);
+  wxRendererNative::Get().DrawHeaderButton(this, dc, box, pressed ? int(wxCONTROL_PRESSED) : 0,
+                                           sort, &params);
 }
 
 void CHeaderCtrl::PaintHeader(wxDC & dc) {

@@ -24,7 +24,6 @@ public:
               wxSize const & size = wxDefaultSize, DWORD headerStyle = HDS_BUTTONS | HDS_FULLDRAG);
   ~CHeaderCtrl() override;
 
-
   DWORD GetHeaderStyle() const { return mStyle; }
   void ModifyHeaderStyle(DWORD remove, DWORD add);
 

@@ -15,32 +15,23 @@ wxIMPLEMENT_DYNAMIC_CLASS(CListCtrl, wxWindow);
 
 // Notifications from the header child, in the static table so that a
 // derived class's own table entry comes first.
-#define LIST_EVT_CHILD_NOTIFY(func)                                                       \
-  wx__DECLARE_EVT1(VX_EVT_NOTIFY, wxID_ANY,                                                \
+#define LIST_EVT_CHILD_NOTIFY(func)         \
+  wx__DECLARE_EVT1(VX_EVT_NOTIFY, wxID_ANY, \
                    wxEVENT_HANDLER_CAST(void (wxEvtHandler::*)(NotifyEvent &), func))
 
-wxBEGIN_EVENT_TABLE(CListCtrl, wxWindow)
-  EVT_PAINT(CListCtrl::OnPaint)
-  EVT_ERASE_BACKGROUND(CListCtrl::OnEraseBackground)
-  EVT_SIZE(CListCtrl::OnSize)
-  EVT_LEFT_DOWN(CListCtrl::OnLButtonDown)
-  EVT_LEFT_UP(CListCtrl::OnLButtonUp)
-  EVT_LEFT_DCLICK(CListCtrl::OnLButtonDblClk)
-  EVT_RIGHT_DOWN(CListCtrl::OnRButtonDown)
-  EVT_RIGHT_UP(CListCtrl::OnRButtonUp)
-  EVT_MOTION(CListCtrl::OnMouseMove)
-  EVT_MOUSEWHEEL(CListCtrl::OnMouseWheel)
-  EVT_KEY_DOWN(CListCtrl::OnKeyDown)
-  EVT_CHAR(CListCtrl::OnChar)
-  EVT_SET_FOCUS(CListCtrl::OnSetFocus)
-  EVT_KILL_FOCUS(CListCtrl::OnKillFocus)
-  EVT_SCROLLWIN(CListCtrl::OnScrollWin)
-  LIST_EVT_CHILD_NOTIFY(CListCtrl::OnNotify)
-wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(CListCtrl, wxWindow) EVT_PAINT(CListCtrl::OnPaint)
+    EVT_ERASE_BACKGROUND(CListCtrl::OnEraseBackground) EVT_SIZE(CListCtrl::OnSize)
+        EVT_LEFT_DOWN(CListCtrl::OnLButtonDown) EVT_LEFT_UP(CListCtrl::OnLButtonUp)
+            EVT_LEFT_DCLICK(CListCtrl::OnLButtonDblClk) EVT_RIGHT_DOWN(CListCtrl::OnRButtonDown)
+                EVT_RIGHT_UP(CListCtrl::OnRButtonUp) EVT_MOTION(CListCtrl::OnMouseMove)
+                    EVT_MOUSEWHEEL(CListCtrl::OnMouseWheel) EVT_KEY_DOWN(CListCtrl::OnKeyDown)
+                        EVT_CHAR(CListCtrl::OnChar) EVT_SET_FOCUS(CListCtrl::OnSetFocus)
+                            EVT_KILL_FOCUS(CListCtrl::OnKillFocus)
+                                EVT_SCROLLWIN(CListCtrl::OnScrollWin)
+                                    LIST_EVT_CHILD_NOTIFY(CListCtrl::OnNotify) wxEND_EVENT_TABLE()
 
-namespace {
-
-constexpr UINT KeptStateBits = 0xFFFF;
+                                        namespace {
+  constexpr UINT KeptStateBits = 0xFFFF;
 
 }  // namespace
 
@@ -61,8 +52,7 @@ void CListCtrl::Init() {
 bool CListCtrl::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos, wxSize const & size,
                        DWORD listStyle, long windowStyle) {
   mStyle = listStyle;
-  if (!wxWindow::Create(parent, id, pos, size,
-                        windowStyle | wxVSCROLL | wxHSCROLL | wxWANTS_CHARS))
+  if (!wxWindow::Create(parent, id, pos, size, windowStyle | wxVSCROLL | wxHSCROLL | wxWANTS_CHARS))
     return false;
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
@@ -178,7 +168,8 @@ bool CListCtrl::DeleteColumn(int column) {
   for (Column & existing : mColumns)
     if (existing.subItem > subItem) --existing.subItem;
   for (Row & row : mRows)
-    if (static_cast<size_t>(subItem) < row.texts.size()) row.texts.erase(row.texts.begin() + subItem);
+    if (static_cast<size_t>(subItem) < row.texts.size())
+      row.texts.erase(row.texts.begin() + subItem);
   mHeader->DeleteItem(column);
   UpdateScrollBars();
   Refresh();
@@ -238,8 +229,10 @@ int CListCtrl::GetColumnWidth(int column) const { return mHeader->GetItemWidth(c
 
 bool CListCtrl::SetColumnWidth(int column, int width) {
   if (column < 0 || column >= static_cast<int>(mColumns.size())) return false;
-  if (width == LVSCW_AUTOSIZE) width = AutoWidth(column, false);
-  else if (width == LVSCW_AUTOSIZE_USEHEADER) width = AutoWidth(column, true);
+  if (width == LVSCW_AUTOSIZE)
+    width = AutoWidth(column, false);
+  else if (width == LVSCW_AUTOSIZE_USEHEADER)
+    width = AutoWidth(column, true);
   HDITEMW item;
   item.mask = HDI_WIDTH;
   item.cxy = std::max(0, width);
@@ -315,8 +308,10 @@ int CListCtrl::InsertItem(LVITEMW const * item) {
   int const index = std::clamp(item->iItem, 0, static_cast<int>(mRows.size()));
   Row row;
   if ((item->mask & LVIF_TEXT) != 0) {
-    if (item->pszText == LPSTR_TEXTCALLBACKW) row.textCallback = true;
-    else if (item->pszText != nullptr) row.texts.emplace_back(item->pszText);
+    if (item->pszText == LPSTR_TEXTCALLBACKW)
+      row.textCallback = true;
+    else if (item->pszText != nullptr)
+      row.texts.emplace_back(item->pszText);
   }
   if ((item->mask & LVIF_IMAGE) != 0) row.image = item->iImage;
   if ((item->mask & LVIF_PARAM) != 0) row.data = item->lParam;
@@ -371,10 +366,14 @@ bool CListCtrl::DeleteItem(int item) {
   } else {
     mRows.erase(mRows.begin() + item);
   }
-  if (mFocused == item) mFocused = -1;
-  else if (mFocused > item) --mFocused;
-  if (mSelectionMark == item) mSelectionMark = -1;
-  else if (mSelectionMark > item) --mSelectionMark;
+  if (mFocused == item)
+    mFocused = -1;
+  else if (mFocused > item)
+    --mFocused;
+  if (mSelectionMark == item)
+    mSelectionMark = -1;
+  else if (mSelectionMark > item)
+    --mSelectionMark;
   if (mTop > 0 && mTop >= GetItemCount()) mTop = std::max(0, GetItemCount() - 1);
   if (mRedraw) {
     UpdateScrollBars();
@@ -560,13 +559,17 @@ UINT CListCtrl::StateOf(int item) const {
 
 void CListCtrl::StoreState(int item, UINT state) {
   if (IsOwnerData()) {
-    if ((state & LVIS_SELECTED) != 0) mVirtualSelected.insert(item);
-    else mVirtualSelected.erase(item);
+    if ((state & LVIS_SELECTED) != 0)
+      mVirtualSelected.insert(item);
+    else
+      mVirtualSelected.erase(item);
   } else {
     mRows[static_cast<size_t>(item)].state = static_cast<uint16_t>(state & KeptStateBits);
   }
-  if ((state & LVIS_FOCUSED) != 0) mFocused = item;
-  else if (mFocused == item) mFocused = -1;
+  if ((state & LVIS_FOCUSED) != 0)
+    mFocused = item;
+  else if (mFocused == item)
+    mFocused = -1;
 }
 
 LRESULT CListCtrl::NotifyListView(UINT code, int item, int subItem, UINT newState, UINT oldState,
@@ -695,7 +698,8 @@ int CListCtrl::FindItem(LVFINDINFOW const * find, int start) const {
   }
   wxString const wanted = find->psz != nullptr ? wxString(find->psz).Lower() : wxString();
   auto const matches = [&](int item) {
-    if ((find->flags & LVFI_PARAM) != 0) return mRows[static_cast<size_t>(item)].data == find->lParam;
+    if ((find->flags & LVFI_PARAM) != 0)
+      return mRows[static_cast<size_t>(item)].data == find->lParam;
     wxString const text = DisplayText(item, 0).Lower();
     if ((find->flags & LVFI_PARTIAL) != 0) return text.StartsWith(wanted);
     return text == wanted;
@@ -725,9 +729,8 @@ bool CListCtrl::SortItemsEx(PFNLVCOMPARE compare, DWORD_PTR data) {
   if (compare == nullptr || IsOwnerData()) return false;
   std::vector<int> order(mRows.size());
   std::iota(order.begin(), order.end(), 0);
-  std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
-    return compare(a, b, static_cast<LPARAM>(data)) < 0;
-  });
+  std::stable_sort(order.begin(), order.end(),
+                   [&](int a, int b) { return compare(a, b, static_cast<LPARAM>(data)) < 0; });
   std::vector<Row> sorted;
   sorted.reserve(mRows.size());
   for (int const at : order) sorted.push_back(std::move(mRows[static_cast<size_t>(at)]));
@@ -761,8 +764,10 @@ bool CListCtrl::SetTextBkColor(COLORREF color) {
 
 wxImageList * CListCtrl::SetImageList(wxImageList * images, int which) {
   wxImageList * before = GetImageList(which);
-  if (which == LVSIL_SMALL || which == LVSIL_NORMAL) mSmallImages = images;
-  else if (which == LVSIL_STATE) mStateImages = images;
+  if (which == LVSIL_SMALL || which == LVSIL_NORMAL)
+    mSmallImages = images;
+  else if (which == LVSIL_STATE)
+    mStateImages = images;
   UpdateRowHeight();
   UpdateScrollBars();
   Refresh();
@@ -803,8 +808,7 @@ void CListCtrl::UpdateRowHeight() {
   int height = dc.GetCharHeight() + 4;
   if (mSmallImages != nullptr) height = std::max(height, mSmallImages->GetSize().y + 1);
   if (mStateImages != nullptr) height = std::max(height, mStateImages->GetSize().y + 1);
-  if ((mExStyle & LVS_EX_CHECKBOXES) != 0 && mStateImages == nullptr)
-    height = std::max(height, 17);
+  if ((mExStyle & LVS_EX_CHECKBOXES) != 0 && mStateImages == nullptr) height = std::max(height, 17);
   mRowHeight = std::max(height, 1);
 }
 
@@ -853,7 +857,8 @@ bool CListCtrl::EnsureVisible(int item, bool partialOK) {
   if (!IsValid(item)) return false;
   int const page = std::max(GetCountPerPage(), 1);
   int top = mTop;
-  if (item < top) top = item;
+  if (item < top)
+    top = item;
   else if (item >= top + page) {
     // A row partly shown below the last full one is enough when allowed.
     bool const partlyShown = partialOK && item == top + page &&
@@ -869,9 +874,8 @@ bool CListCtrl::EnsureVisible(int item, bool partialOK) {
 }
 
 bool CListCtrl::Scroll(wxSize delta) {
-  int const rows = delta.y / std::max(mRowHeight, 1) + (delta.y % std::max(mRowHeight, 1) != 0
-                                                            ? (delta.y > 0 ? 1 : -1)
-                                                            : 0);
+  int const rows = delta.y / std::max(mRowHeight, 1) +
+                   (delta.y % std::max(mRowHeight, 1) != 0 ? (delta.y > 0 ? 1 : -1) : 0);
   int const top = mTop + rows;
   int const x = mScrollX + delta.x;
   int const oldTop = mTop, oldX = mScrollX;
@@ -1028,16 +1032,24 @@ void CListCtrl::OnScrollWin(wxScrollWinEvent & event) {
   int const line = vertical ? 1 : 16;
   int position = vertical ? mTop : mScrollX;
   wxEventType const type = event.GetEventType();
-  if (type == wxEVT_SCROLLWIN_TOP) position = 0;
-  else if (type == wxEVT_SCROLLWIN_BOTTOM) position = INT32_MAX / 2;
-  else if (type == wxEVT_SCROLLWIN_LINEUP) position -= line;
-  else if (type == wxEVT_SCROLLWIN_LINEDOWN) position += line;
-  else if (type == wxEVT_SCROLLWIN_PAGEUP) position -= page;
-  else if (type == wxEVT_SCROLLWIN_PAGEDOWN) position += page;
+  if (type == wxEVT_SCROLLWIN_TOP)
+    position = 0;
+  else if (type == wxEVT_SCROLLWIN_BOTTOM)
+    position = INT32_MAX / 2;
+  else if (type == wxEVT_SCROLLWIN_LINEUP)
+    position -= line;
+  else if (type == wxEVT_SCROLLWIN_LINEDOWN)
+    position += line;
+  else if (type == wxEVT_SCROLLWIN_PAGEUP)
+    position -= page;
+  else if (type == wxEVT_SCROLLWIN_PAGEDOWN)
+    position += page;
   else if (type == wxEVT_SCROLLWIN_THUMBTRACK || type == wxEVT_SCROLLWIN_THUMBRELEASE)
     position = event.GetPosition();
-  if (vertical) mTop = position;
-  else mScrollX = position;
+  if (vertical)
+    mTop = position;
+  else
+    mScrollX = position;
   UpdateScrollBars();
   Refresh();
 }

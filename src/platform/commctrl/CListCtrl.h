@@ -41,7 +41,6 @@ public:
               long windowStyle = wxBORDER_THEME);
   ~CListCtrl() override;
 
-
   // Styles: LVS_* (the window's own wx style stays apart) and LVS_EX_*.
   // Switching LVS_EX_CHECKBOXES on gives every row state image 1 (unchecked).
   DWORD GetStyle() const { return mStyle; }
@@ -218,8 +217,8 @@ private:
   int ColumnLeft(int column) const;  // in content coordinates, by display order
   int AutoWidth(int column, bool useHeader) const;
   void PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT prepaint);
-  void PaintCell(wxDC & dc, int item, int column, wxRect const & cell, COLORREF text,
-                 COLORREF back, bool selected);
+  void PaintCell(wxDC & dc, int item, int column, wxRect const & cell, COLORREF text, COLORREF back,
+                 bool selected);
   void OnEraseBackground(wxEraseEvent & event);
   void OnEditKey(wxKeyEvent & event);
   void OnEditFocusLost(wxFocusEvent & event);

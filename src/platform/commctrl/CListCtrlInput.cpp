@@ -229,8 +229,7 @@ void CListCtrl::OnLButtonDblClk(wxMouseEvent & event) {
       ((mExStyle & LVS_EX_CHECKBOXES) != 0 || mStateImages != nullptr)) {
     ToggleCheck(hit.iItem);  // the second press of a double click toggles again
   }
-  NotifyItemActivate(NM_DBLCLK, hit.iItem, hit.iItem >= 0 ? hit.iSubItem : 0,
-                     event.GetPosition());
+  NotifyItemActivate(NM_DBLCLK, hit.iItem, hit.iItem >= 0 ? hit.iSubItem : 0, event.GetPosition());
   if (hit.iItem >= 0 && (mExStyle & LVS_EX_ONECLICKACTIVATE) == 0)
     NotifyItemActivate(LVN_ITEMACTIVATE, hit.iItem, hit.iSubItem, event.GetPosition());
 }

@@ -54,9 +54,8 @@ void CListCtrl::PaintRows(wxDC & dc, wxRect const & clip) {
   LRESULT const prepaint = SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
   if ((prepaint & CDRF_SKIPDEFAULT) == 0) {
     int const first = std::max(mTop + (clip.y - headerHeight) / std::max(mRowHeight, 1), mTop);
-    int const last =
-        std::min(GetItemCount() - 1,
-                 mTop + (clip.GetBottom() - headerHeight) / std::max(mRowHeight, 1));
+    int const last = std::min(GetItemCount() - 1,
+                              mTop + (clip.GetBottom() - headerHeight) / std::max(mRowHeight, 1));
     if (IsOwnerData() && first <= last) {
       NMLVCACHEHINT hint;
       hint.iFrom = first;
@@ -90,8 +89,8 @@ void CListCtrl::PaintRows(wxDC & dc, wxRect const & clip) {
 
 void CListCtrl::PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT prepaint) {
   UINT const state = StateOf(item);
-  bool const selected = (state & LVIS_SELECTED) != 0 &&
-                        (mHasFocus || (mStyle & LVS_SHOWSELALWAYS) != 0);
+  bool const selected =
+      (state & LVIS_SELECTED) != 0 && (mHasFocus || (mStyle & LVS_SHOWSELALWAYS) != 0);
   NMLVCUSTOMDRAW draw;
   draw.nmcd.hdc = &dc;
   draw.nmcd.rc = FromRect(rowRect);
@@ -145,8 +144,8 @@ void CListCtrl::PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT pr
       }
     }
     bool const highlighted = selected && (fullRow || column == 0);
-    PaintCell(dc, item, column, cell, highlighted ? text : cellText,
-              highlighted ? back : cellBack, highlighted);
+    PaintCell(dc, item, column, cell, highlighted ? text : cellText, highlighted ? back : cellBack,
+              highlighted);
   }
   if ((state & LVIS_FOCUSED) != 0 && mHasFocus) {
     RECT focus{};
@@ -183,14 +182,16 @@ void CListCtrl::PaintCell(wxDC & dc, int item, int column, wxRect const & cell, 
         int const side = std::min(box.width, box.height) - 4;
         wxRect const check(box.x + (box.width - side) / 2, box.y + (box.height - side) / 2, side,
                            side);
-        wxRendererNative::Get().DrawCheckBox(this, dc, check, stateImage == 2 ? int(wxCONTROL_CHECKED) : 0);
+        wxRendererNative::Get().DrawCheckBox(this, dc, check,
+                                             stateImage == 2 ? int(wxCONTROL_CHECKED) : 0);
       }
     }
     int const image = DisplayImage(item);
     if (mSmallImages != nullptr && image >= 0 && image < mSmallImages->GetImageCount()) {
       RECT icon{};
       GetItemRect(item, &icon, LVIR_ICON);
-      mSmallImages->Draw(image, dc, icon.left, icon.top + (mRowHeight - mSmallImages->GetSize().y) / 2,
+      mSmallImages->Draw(image, dc, icon.left,
+                         icon.top + (mRowHeight - mSmallImages->GetSize().y) / 2,
                          wxIMAGELIST_DRAW_TRANSPARENT);
     }
   }
