@@ -47,9 +47,7 @@ int CheckComboBox::GetNumCheckedItems() const {
                                         [](auto const & entry) { return entry.second.checked; }));
 }
 
-wxWindow * CheckComboBox::GetListBox() const {
-  return GetVListBoxComboPopup();
-}
+wxWindow * CheckComboBox::GetListBox() const { return GetVListBoxComboPopup(); }
 
 bool CheckComboBox::HasCheckbox(int index) const {
   return !std::binary_search(mWithoutBox.begin(), mWithoutBox.end(), index);
@@ -241,9 +239,11 @@ void CheckComboBox::DrawRow(wxDC & dc, wxRect const & rect, int item, bool face,
   dc.SetFont(GetFont());
   dc.SetTextForeground(foreground);
   dc.SetTextBackground(background);
-  bool const centred = boxState == 0 && (mNoSelection || (mAllSelected && !mAllSelectedString.empty()));
+  bool const centred =
+      boxState == 0 && (mNoSelection || (mAllSelected && !mAllSelectedString.empty()));
   wxString const shown = wxControl::Ellipsize(text, dc, wxELLIPSIZE_END, textRect.width);
-  dc.DrawLabel(shown, textRect, (centred ? wxALIGN_CENTER_HORIZONTAL : wxALIGN_LEFT) | wxALIGN_CENTER_VERTICAL);
+  dc.DrawLabel(shown, textRect,
+               (centred ? wxALIGN_CENTER_HORIZONTAL : wxALIGN_LEFT) | wxALIGN_CENTER_VERTICAL);
   if (selected && !disabledItem && IsEnabled()) {
     dc.SetPen(wxPen(foreground, 1, wxPENSTYLE_DOT));  // the focus rectangle
     dc.SetBrush(*wxTRANSPARENT_BRUSH);

@@ -46,15 +46,12 @@ void CheckComboPopup::OnMouseDown(wxMouseEvent & event) {
 
 void CheckComboPopup::OnKeyDown(wxKeyEvent & event) {
   switch (event.GetKeyCode()) {
-  case WXK_SPACE:
-    ToggleHighlighted();
-    return;
-  case WXK_RETURN:
-  case WXK_NUMPAD_ENTER:
-    Dismiss();  // closes without making the row the selection
-    return;
-  default:
-    event.Skip();
+    case WXK_SPACE: ToggleHighlighted(); return;
+    case WXK_RETURN:
+    case WXK_NUMPAD_ENTER:
+      Dismiss();  // closes without making the row the selection
+      return;
+    default: event.Skip();
   }
 }
 

@@ -12,7 +12,8 @@ gboolean DrawPlaceholder(GtkWidget * entry, cairo_t * cairo, gpointer text) {
   if (gtk_entry_get_text_length(GTK_ENTRY(entry)) != 0) return FALSE;
   GdkRectangle area{};
   gtk_entry_get_text_area(GTK_ENTRY(entry), &area);
-  PangoLayout * const layout = gtk_widget_create_pango_layout(entry, static_cast<char const *>(text));
+  PangoLayout * const layout =
+      gtk_widget_create_pango_layout(entry, static_cast<char const *>(text));
   int width = 0, height = 0;
   pango_layout_get_pixel_size(layout, &width, &height);
   wxColour const gray = GetSysColour(COLOR_GRAYTEXT);

@@ -37,17 +37,18 @@ FilterListCtrlPopupBar::FilterListCtrlPopupBar(wxWindow * parent, FilterListItem
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   // Never larger than the display it opens on.
   wxRect const screen = wxDisplay(0U).GetClientArea();
-  wxSize const size(std::min(mSettings.width, std::max(screen.width, PopupFilterListSettings::kMinWidth)),
-                    std::min(mSettings.height, std::max(screen.height, PopupFilterListSettings::kMinHeight)));
+  wxSize const size(
+      std::min(mSettings.width, std::max(screen.width, PopupFilterListSettings::kMinWidth)),
+      std::min(mSettings.height, std::max(screen.height, PopupFilterListSettings::kMinHeight)));
 
   mCombo = new wxComboBox(this, kComboId, wxString(), wxPoint(kFrame, kFrame),
                           wxSize(size.x - 2 * kFrame, -1));
   ShowPlaceholderWhileEmpty(*mCombo, vx3::Tr("Type filter here"));
   for (std::string const & filter : mSettings.filters) mCombo->Append(wxString::FromUTF8(filter));
 
-  mList = new CListCtrl(this, kListId, wxDefaultPosition, wxDefaultSize,
-                        LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_ALIGNLEFT |
-                            LVS_OWNERDATA);
+  mList =
+      new CListCtrl(this, kListId, wxDefaultPosition, wxDefaultSize,
+                    LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_ALIGNLEFT | LVS_OWNERDATA);
   mList->InsertColumn(0, vx3::Tr("Filter list item", "Item"), LVCFMT_LEFT,
                       size.x - 2 * kFrame - GetSystemMetrics(SM_CXVSCROLL));
   mList->SetExtendedStyle(mList->GetExtendedStyle() | LVS_EX_FULLROWSELECT | LVS_EX_TRACKSELECT);
@@ -56,7 +57,8 @@ FilterListCtrlPopupBar::FilterListCtrlPopupBar(wxWindow * parent, FilterListItem
 
   mCombo->Bind(wxEVT_TEXT, &FilterListCtrlPopupBar::OnTextChanged, this);
   mCombo->Bind(wxEVT_COMBOBOX, &FilterListCtrlPopupBar::OnFilterChosen, this);
-  Bind(wxEVT_TIMER, [this](wxTimerEvent &) { OnFilterTimer(); }, kFilterTimerId);
+  Bind(
+      wxEVT_TIMER, [this](wxTimerEvent &) { OnFilterTimer(); }, kFilterTimerId);
   Bind(VX_EVT_NOTIFY, &FilterListCtrlPopupBar::OnListNotify, this);
   Bind(wxEVT_CHAR_HOOK, &FilterListCtrlPopupBar::OnCharHook, this);
   for (wxWindow * window : {static_cast<wxWindow *>(this), static_cast<wxWindow *>(mCombo)})
@@ -66,7 +68,6 @@ FilterListCtrlPopupBar::FilterListCtrlPopupBar(wxWindow * parent, FilterListItem
   Bind(wxEVT_MOTION, &FilterListCtrlPopupBar::OnMouseMove, this);
   Bind(wxEVT_LEFT_DOWN, &FilterListCtrlPopupBar::OnMouseDown, this);
   Bind(wxEVT_LEFT_UP, &FilterListCtrlPopupBar::OnMouseUp, this);
-  Bind(wxEVT_MOUSE_CAPTURE_LOST, &FilterListCtrlPopupBar::OnCaptureLost, this);
 
   ApplyFilter(std::string());
 }
@@ -98,6 +99,7 @@ void FilterListCtrlPopupBar::End(uint64_t result) {
   mEnded = true;
   mResult = result;
   mItems = nullptr;  // the caller's items may go once tracking returns
+  if (gOpen == this) gOpen = nullptr;
   mFilterTimer.Stop();
   if (IsShown()) Dismiss();
   if (mLoop != nullptr && mLoop->IsRunning()) mLoop->Exit();
@@ -133,7 +135,8 @@ void FilterListCtrlPopupBar::ApplyFilter(std::string const & filter) {
   if (mList->GetSelectedCount() <= kMaxCarriedSelection) {
     for (int row = mList->GetNextItem(-1, LVNI_SELECTED); row >= 0;
          row = mList->GetNextItem(row, LVNI_SELECTED))
-      if (static_cast<size_t>(row) < mVisible.size()) carried.push_back(mVisible[static_cast<size_t>(row)]);
+      if (static_cast<size_t>(row) < mVisible.size())
+        carried.push_back(mVisible[static_cast<size_t>(row)]);
   }
   FilteredRows rows = FilterItems(mItems, filter, mInitialSelection, carried);
   mInitialSelection = kNoFilterItem;  // counts for the first filtering only
@@ -201,9 +204,11 @@ void FilterListCtrlPopupBar::OnListNotify(NotifyEvent & event) {
       LVITEMW & item = event.GetNotification<NMLVDISPINFOW>()->item;
       if ((item.mask & LVIF_TEXT) == 0) return;
       mDisplayText.clear();
-      if (item.iItem >= 0 && static_cast<size_t>(item.iItem) < mVisible.size() && mItems != nullptr) {
+      if (item.iItem >= 0 && static_cast<size_t>(item.iItem) < mVisible.size() &&
+          mItems != nullptr) {
         try {
-          mDisplayText = vx3::Utf8ToWide(mItems->GetText(mVisible[static_cast<size_t>(item.iItem)]));
+          mDisplayText =
+              vx3::Utf8ToWide(mItems->GetText(mVisible[static_cast<size_t>(item.iItem)]));
         } catch (std::exception const &) {  // shown empty
         }
       }
@@ -301,12 +306,6 @@ void FilterListCtrlPopupBar::OnMouseDown(wxMouseEvent & event) {
   if (mDragEdges == 0) return;
   mDragStart = ClientToScreen(event.GetPosition());
   mDragRect = GetScreenRect();
-  if (!HasCapture()) CaptureMouse();
 }
 
-void FilterListCtrlPopupBar::OnMouseUp(wxMouseEvent &) {
-  mDragEdges = 0;
-  if (HasCapture()) ReleaseMouse();
-}
-
-void FilterListCtrlPopupBar::OnCaptureLost(wxMouseCaptureLostEvent &) { mDragEdges = 0; }
+void FilterListCtrlPopupBar::OnMouseUp(wxMouseEvent &) { mDragEdges = 0; }

@@ -78,7 +78,6 @@ private:
   void OnMouseMove(wxMouseEvent & event);
   void OnMouseDown(wxMouseEvent & event);
   void OnMouseUp(wxMouseEvent & event);
-  void OnCaptureLost(wxMouseCaptureLostEvent & event);
 
   FilterListItems const * mItems;
   uint64_t mInitialSelection;

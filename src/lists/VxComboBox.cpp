@@ -8,13 +8,13 @@
 #include "lists/VxComboPopup.h"
 #include "platform/SystemMetrics.h"
 
-VxComboBox::VxComboBox(wxWindow * parent, wxWindowID id, wxPoint const & pos,
-                       wxSize const & size, long style) {
+VxComboBox::VxComboBox(wxWindow * parent, wxWindowID id, wxPoint const & pos, wxSize const & size,
+                       long style) {
   Create(parent, id, pos, size, style);
 }
 
-bool VxComboBox::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos,
-                        wxSize const & size, long style, VxComboPopup * popup) {
+bool VxComboBox::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos, wxSize const & size,
+                        long style, VxComboPopup * popup) {
   if (!wxOwnerDrawnComboBox::Create(parent, id, wxString(), pos, size, 0, nullptr, style)) {
     delete popup;
     return false;

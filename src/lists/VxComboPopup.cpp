@@ -11,7 +11,8 @@ int VxComboPopup::GetRowHeight() const {
 
 wxSize VxComboPopup::GetAdjustedSize(int minWidth, int prefHeight, int maxHeight) {
   // Asked just before the list opens: the combo sizes it by its rules.
-  VxComboBox::DropDown const drop = static_cast<VxComboBox *>(m_combo)->MeasureDropDown(GetRowHeight());
+  VxComboBox::DropDown const drop =
+      static_cast<VxComboBox *>(m_combo)->MeasureDropDown(GetRowHeight());
   wxSize size =
       wxVListBoxComboPopup::GetAdjustedSize(std::max(minWidth, drop.width), prefHeight, maxHeight);
   // The list's own answer shrinks to its rows; the combo's rule wants at

@@ -39,9 +39,8 @@ protected:
   // Opens the list with a real click on the closed combo.
   bool OpenByClick() {
     FakeClick(*combo);
-    return gui_test::WaitUntil([&] {
-      return combo->IsPopupShown() && IsClickable(*combo->GetListBox());
-    });
+    return gui_test::WaitUntil(
+        [&] { return combo->IsPopupShown() && IsClickable(*combo->GetListBox()); });
   }
   wxVListBoxComboPopup & List() const {
     return *static_cast<wxVListBoxComboPopup *>(combo->GetListBox());
@@ -81,8 +80,8 @@ TEST_F(CheckComboBoxTest, ClicksToggleRowsAndTheListStaysOpen) {
 TEST_F(CheckComboBoxTest, SpaceTogglesTheHighlightedRowAndEnterCloses) {
   ASSERT_TRUE(OpenByClick());
   FakeMoveTo(ScreenPoint(*combo->GetListBox(), RowMiddle(2)));  // highlights the row
-  ASSERT_TRUE(gui_test::WaitUntil(
-      [&] { return static_cast<wxVListBox &>(List()).GetSelection() == 2; }));
+  ASSERT_TRUE(
+      gui_test::WaitUntil([&] { return static_cast<wxVListBox &>(List()).GetSelection() == 2; }));
   FakeKey(XK_space);
   ASSERT_TRUE(gui_test::WaitUntil([&] { return combo->GetCheck(2); }));
   FakeKey(XK_space);

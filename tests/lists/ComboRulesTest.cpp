@@ -18,17 +18,17 @@ TEST(ComboRulesTest, NearestDataSelectsExactThenNearestEarliestOnTie) {
   };
   uint64_t const minus5 = static_cast<uint64_t>(static_cast<uint32_t>(-5));
   Case const cases[] = {
-      {{}, 7, -1},                           // nothing to select
-      {{10, 20, 30}, 20, 1},                 // exact
-      {{10, 20, 30}, 24, 1},                 // nearer the lower
-      {{10, 20, 30}, 26, 2},                 // nearer the upper
-      {{10, 20, 30}, 25, 1},                 // a tie: the earlier
-      {{30, 20, 10}, 25, 0},                 // a tie the other way round
-      {{10, 20, 20}, 21, 1},                 // equal items: the first
+      {{}, 7, -1},            // nothing to select
+      {{10, 20, 30}, 20, 1},  // exact
+      {{10, 20, 30}, 24, 1},  // nearer the lower
+      {{10, 20, 30}, 26, 2},  // nearer the upper
+      {{10, 20, 30}, 25, 1},  // a tie: the earlier
+      {{30, 20, 10}, 25, 0},  // a tie the other way round
+      {{10, 20, 20}, 21, 1},  // equal items: the first
       {{5, minus5}, static_cast<uint64_t>(static_cast<uint32_t>(-4)), 1},  // negative 32-bit values
       {{0x100000005ULL, 9}, 0x100000005ULL, 0},  // exact compares all 64 bits
-      {{0x100000005ULL, 9}, 6, 0},           // nearness reads 32 bits: 5 is nearer 6
-      {{0x7FFFFFFF, 0}, 0x80000000ULL, 1},   // far apart: no wrap, -2^31 is nearer 0
+      {{0x100000005ULL, 9}, 6, 0},               // nearness reads 32 bits: 5 is nearer 6
+      {{0x7FFFFFFF, 0}, 0x80000000ULL, 1},       // far apart: no wrap, -2^31 is nearer 0
   };
   for (auto const & c : cases)
     EXPECT_EQ(VxComboBox::FindNearest(c.items, c.data), c.expected)
@@ -48,7 +48,8 @@ TEST(ComboRulesTest, DropDownKeepsTwoRowsAndAThirdOfTheMonitor) {
       {1000, 17, 1080, 21, 357},
   };
   for (auto const & c : cases) {
-    VxComboBox::DropDown const drop = VxComboBox::ComputeDropDown(c.count, c.itemHeight, c.monitorHeight);
+    VxComboBox::DropDown const drop =
+        VxComboBox::ComputeDropDown(c.count, c.itemHeight, c.monitorHeight);
     EXPECT_EQ(drop.rows, c.rows) << c.count << " items";
     EXPECT_EQ(drop.height, c.height) << c.count << " items";
   }

@@ -40,11 +40,21 @@ TEST(FilterListRulesTest, FilteringShowsPassingItemsAndSelectsWhatWasSelected) {
   Case const cases[] = {
       {"empty filter shows all readable items", "", kNoFilterItem, {}, {0, 1, 2, 3, 4, 5, 7}, {}},
       {"a filter narrows", "run", kNoFilterItem, {}, {0, 2, 4, 7}, {}},
-      {"carried items are selected where they pass", "run", kNoFilterItem, {1, 2, 7}, {0, 2, 4, 7}, {1, 3}},
+      {"carried items are selected where they pass",
+       "run",
+       kNoFilterItem,
+       {1, 2, 7},
+       {0, 2, 4, 7},
+       {1, 3}},
       {"the initial item passes though it does not match", "run", 3, {}, {0, 2, 3, 4, 7}, {2}},
       {"initial and carried together", "run", 3, {0, 4}, {0, 2, 3, 4, 7}, {0, 2, 3}},
       {"nothing matches", "xyz", kNoFilterItem, {2}, {}, {}},
-      {"the unreadable item never passes, even for an exclusion", "-blank", kNoFilterItem, {}, {0, 2, 3, 4, 7}, {}},
+      {"the unreadable item never passes, even for an exclusion",
+       "-blank",
+       kNoFilterItem,
+       {},
+       {0, 2, 3, 4, 7},
+       {}},
       {"an initial item beyond the count is no row", "", 99, {}, {0, 1, 2, 3, 4, 5, 7}, {}},
   };
   for (auto const & c : cases) {

@@ -18,7 +18,8 @@ protected:
     popup = new VxComboPopup;
     combo = new VxComboBox;
     combo->Create(frame, 12, wxPoint(10, 10), wxSize(220, -1), 0, popup);
-    frame->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent & event) { changes.push_back(event.GetInt()); });
+    frame->Bind(wxEVT_COMBOBOX,
+                [this](wxCommandEvent & event) { changes.push_back(event.GetInt()); });
     ASSERT_TRUE(gui_test::ShowAndWait(*frame));
   }
   void TearDown() override {
@@ -64,7 +65,8 @@ TEST_F(VxComboBoxTest, TypingCompletesFromTheFirstMatchingItem) {
   for (char const * name : {"Run 7", "Run 12", "Rinse", "Blank"}) combo->Append(name);
   combo->EnableAutoCompletion(true);
   combo->SetFocus();
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return combo->HasFocus() || wxWindow::FindFocus() != nullptr; }));
+  ASSERT_TRUE(
+      gui_test::WaitUntil([&] { return combo->HasFocus() || wxWindow::FindFocus() != nullptr; }));
   FakeType("r");
   ASSERT_TRUE(gui_test::WaitUntil([&] { return combo->GetValue() == "Run 7"; }))
       << combo->GetValue();
@@ -77,8 +79,7 @@ TEST_F(VxComboBoxTest, TypingCompletesFromTheFirstMatchingItem) {
   ASSERT_TRUE(gui_test::WaitUntil([&] { return combo->GetValue() == "Rinse"; }))
       << combo->GetValue();
   FakeType("x");  // "Rix" matches nothing and stays as typed
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return combo->GetValue() == "Rix"; }))
-      << combo->GetValue();
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return combo->GetValue() == "Rix"; })) << combo->GetValue();
   gui_test::Flush();
   combo->GetSelection(&from, &to);
   EXPECT_EQ(from, 3);
