@@ -36,16 +36,21 @@ void FilterListItems_candidate(benchmark::State & state) {
     benchmark::DoNotOptimize(rows.visible.data());
   }
 }
-BENCHMARK(FilterListItems_candidate)->Name("FilterListItems/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(FilterListItems_candidate)
+    ->Name("FilterListItems/candidate")
+    ->Unit(benchmark::kMillisecond);
 
 void FilterListItems_baseline(benchmark::State & state) {
   for (auto _ : state) {
     FilterMatcher const matcher(kFilter);
     uint64_t passed = 0;
-    for (uint64_t i = 0; i < kRuns.GetCount(); ++i) passed += matcher.MatchString(kRuns.GetText(i)) ? 1 : 0;
+    for (uint64_t i = 0; i < kRuns.GetCount(); ++i)
+      passed += matcher.MatchString(kRuns.GetText(i)) ? 1 : 0;
     benchmark::DoNotOptimize(passed);
   }
 }
-BENCHMARK(FilterListItems_baseline)->Name("FilterListItems/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(FilterListItems_baseline)
+    ->Name("FilterListItems/baseline")
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -92,7 +92,8 @@ TEST_F(FilterPopupTest, TypingFiltersAfterThePauseAndEnterChoosesAndRemembers) {
     FakeKey(XK_Tab);   // ...until Tab moves there
     ASSERT_TRUE(gui_test::WaitUntil([&] { return bar.GetList().HasFocus(); }));
     FakeKey(XK_Down);
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return bar.GetList().GetNextItem(-1, LVNI_SELECTED) == 1; }));
+    ASSERT_TRUE(
+        gui_test::WaitUntil([&] { return bar.GetList().GetNextItem(-1, LVNI_SELECTED) == 1; }));
     FakeKey(XK_Return);
     EXPECT_TRUE(gui_test::WaitUntil([] { return FilterListCtrlPopupBar::GetOpen() == nullptr; }));
   });
@@ -119,7 +120,8 @@ TEST_F(FilterPopupTest, AClickOnARowChoosesAndTheInitialSelectionShowsFirst) {
         ASSERT_TRUE(list.GetItemRect(2, &rect, LVIR_BOUNDS));
         ASSERT_TRUE(gui_test::WaitUntil([&] { return IsClickable(list); }));
         FakeClickAt(list, wxPoint(rect.left + 20, (rect.top + rect.bottom) / 2));
-        EXPECT_TRUE(gui_test::WaitUntil([] { return FilterListCtrlPopupBar::GetOpen() == nullptr; }));
+        EXPECT_TRUE(
+            gui_test::WaitUntil([] { return FilterListCtrlPopupBar::GetOpen() == nullptr; }));
       },
       150);
   EXPECT_EQ(chosen, 4U) << "the third run: 1, 2, 4";
