@@ -12,6 +12,7 @@
 
 #include "lists/EntryPlaceholder.h"
 #include "lists/FilterListItems.h"
+#include "lists/PopupPointerGrab.h"
 #include "platform/SysColor.h"
 #include "platform/SystemMetrics.h"
 #include "platform/commctrl/CListCtrl.h"
@@ -306,6 +307,11 @@ void FilterListCtrlPopupBar::OnMouseDown(wxMouseEvent & event) {
   if (mDragEdges == 0) return;
   mDragStart = ClientToScreen(event.GetPosition());
   mDragRect = GetScreenRect();
+  if (!HoldPointerInClientArea(*this)) mDragEdges = 0;  // the motion would go elsewhere
 }
 
-void FilterListCtrlPopupBar::OnMouseUp(wxMouseEvent &) { mDragEdges = 0; }
+void FilterListCtrlPopupBar::OnMouseUp(wxMouseEvent &) {
+  if (mDragEdges == 0) return;
+  mDragEdges = 0;
+  ReturnPointerToPopup(*this);
+}

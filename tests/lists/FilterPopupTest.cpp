@@ -144,9 +144,7 @@ TEST_F(FilterPopupTest, EscapeClosesWithoutAChoiceAndWritesNothing) {
   EXPECT_EQ(AppProfile::GetProfileInt("PopupFilterListCtrl", "Width", -1), -1);
 }
 
-// Off: under the popup's pointer grab the motion after a press on an edge
-// does not reach the popup yet, so real dragging does not resize.
-TEST_F(FilterPopupTest, DISABLED_EdgesResizeDownToTheMinimumAndTheSizeIsKeptOnAChoice) {
+TEST_F(FilterPopupTest, EdgesResizeDownToTheMinimumAndTheSizeIsKeptOnAChoice) {
   AppProfile::WriteProfileInt("PopupFilterListCtrl", "Width", 300);
   AppProfile::WriteProfileInt("PopupFilterListCtrl", "Height", 400);
   wxSize grown, shrunk;
@@ -174,6 +172,40 @@ TEST_F(FilterPopupTest, DISABLED_EdgesResizeDownToTheMinimumAndTheSizeIsKeptOnAC
   EXPECT_EQ(shrunk, wxSize(250, 440));
   EXPECT_EQ(AppProfile::GetProfileInt("PopupFilterListCtrl", "Width", -1), 250);
   EXPECT_EQ(AppProfile::GetProfileInt("PopupFilterListCtrl", "Height", -1), 440);
+}
+
+// After a drag the popup holds the pointer as before: a click on a row
+// reaches the list, one outside closes the popup.
+TEST_F(FilterPopupTest, AfterAnEdgeDragClicksGoWhereTheyWentBefore) {
+  struct Case {
+    char const * what;
+    bool onARow;
+    uint64_t chosen;
+  };
+  for (Case const & c : {Case{"a row", true, 1}, Case{"outside", false, ~0ULL}}) {
+    SCOPED_TRACE(c.what);
+    bool const onARow = c.onARow;
+    uint64_t const chosen = Run([onARow](FilterListCtrlPopupBar & bar) {
+      wxSize const before = bar.GetSize();
+      wxPoint const bottom = ScreenPoint(bar, wxPoint(before.x / 2, before.y - 1));
+      FakeMoveTo(bottom);
+      FakeButton(true);
+      FakeMoveTo(bottom + wxPoint(0, 30));
+      FakeButton(false);
+      ASSERT_TRUE(gui_test::WaitUntil([&] { return bar.GetSize().y == before.y + 30; }));
+      if (onARow) {
+        RECT rect{};
+        ASSERT_TRUE(bar.GetList().GetItemRect(1, &rect, LVIR_BOUNDS));
+        FakeClickAt(bar.GetList(), wxPoint(rect.left + 20, (rect.top + rect.bottom) / 2));
+      } else {
+        FakeMoveTo(bar.GetScreenRect().GetTopRight() + wxPoint(40, 0));
+        FakeButton(true);
+        FakeButton(false);
+      }
+      EXPECT_TRUE(gui_test::WaitUntil([] { return FilterListCtrlPopupBar::GetOpen() == nullptr; }));
+    });
+    EXPECT_EQ(chosen, c.chosen);
+  }
 }
 
 // How many pixels of the combo's field are neither the field's background
