@@ -15,9 +15,7 @@ bool Grab(GdkWindow * window, bool ownerEvents) {
 
 }  // namespace
 
-bool HoldPointerInClientArea(wxWindow & popup) {
-  return Grab(popup.GTKGetDrawingWindow(), false);
-}
+bool HoldPointerInClientArea(wxWindow & popup) { return Grab(popup.GTKGetDrawingWindow(), false); }
 
 void ReturnPointerToPopup(wxWindow & popup) {
   GtkWidget * const widget = popup.GetHandle();
