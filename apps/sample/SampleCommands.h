@@ -16,6 +16,8 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
+  kPickRunCommand,
+  kInstrumentsCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

@@ -16,6 +16,7 @@
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
+#include "InstrumentsDialog.h"
 #include "MainFrame.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
@@ -26,7 +27,9 @@
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "lists/FilterListCtrlPopupBar.h"
 #include "platform/WinUser.h"
+#include "platform/commctrl/CListCtrl.h"
 #include "utl/Utf.h"
 #include "work/Progress.h"
 
@@ -40,6 +43,8 @@ enum class Opens {
   kFolderCollection,
   kCalculation,
   kBatchQuestion,
+  kRunPicker,     // the filter popup over the sample's runs
+  kInstruments,   // the instruments dialog
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
@@ -60,6 +65,8 @@ std::map<wxString, Expected> const kExpected = {
     {"File/Exit", {Opens::kCloseRequest}},
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
+    {"Tools/Pick a run...", {Opens::kRunPicker}},
+    {"Tools/Instruments...", {Opens::kInstruments}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -87,6 +94,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderDialog;
   } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kFolderCollection;
+  } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
@@ -147,6 +156,7 @@ protected:
   std::vector<FileChooserRequest> fileRequests;
   int aboutCommands = 0;
   int closeRequests = 0;
+  int pickerRows = -1;
 
 private:
   FileChooserFunction mFormerFiles;
@@ -186,7 +196,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     ModalDialogScript script;
     bool const opensDialog =
         expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
-        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox;
+        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox ||
+        expected.opens == Opens::kInstruments;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
@@ -194,6 +205,19 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       });
     }
     if (expected.opens == Opens::kBatchQuestion) script.Answer(wxID_OK);  // the account
+
+    // The run picker runs its own loop: it is seen there, then closed.
+    pickerRows = -1;
+    if (expected.opens == Opens::kRunPicker) {
+      frame->CallAfter([this] {
+        FilterListCtrlPopupBar * bar = nullptr;
+        gui_test::WaitUntil(
+            [&bar] { return (bar = FilterListCtrlPopupBar::GetOpen()) != nullptr; });
+        if (bar == nullptr) return;
+        pickerRows = bar->GetList().GetItemCount();
+        bar->Cancel();
+      });
+    }
 
     wxCommandEvent command(wxEVT_MENU, item.id);
     command.SetEventObject(frame);
@@ -212,12 +236,17 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
       case Opens::kMessageBox:
+      case Opens::kInstruments:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
       case Opens::kCalculation:
         EXPECT_TRUE(calculated);
         EXPECT_EQ(Status(), "Calculation finished: 3 runs.");
+        break;
+      case Opens::kRunPicker:
+        EXPECT_EQ(pickerRows, 1000000);
+        EXPECT_EQ(Status(), "No run picked.");
         break;
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
