@@ -4,6 +4,8 @@
 
 #include <gtk/gtk.h>
 
+#include <cstdint>
+
 #include "platform/SysColor.h"
 
 namespace {
@@ -35,6 +37,16 @@ void FreeText(gpointer text, GClosure *) { g_free(text); }
 void ShowPlaceholderWhileEmpty(wxComboBox & combo, wxString const & text) {
   GtkWidget * const entry = gtk_bin_get_child(GTK_BIN(combo.GetHandle()));
   if (entry == nullptr || !GTK_IS_ENTRY(entry)) return;
-  g_signal_connect_data(entry, "draw", G_CALLBACK(DrawPlaceholder),
-                        g_strdup(text.utf8_str().data()), FreeText, G_CONNECT_AFTER);
+  // The handler of the hint shown now, kept on the entry itself.
+  static char const key[] = "talvo-placeholder-handler";
+  auto const shown =
+      static_cast<gulong>(reinterpret_cast<uintptr_t>(g_object_get_data(G_OBJECT(entry), key)));
+  if (shown != 0) g_signal_handler_disconnect(entry, shown);
+  gulong handler = 0;
+  if (!text.empty())
+    handler = g_signal_connect_data(entry, "draw", G_CALLBACK(DrawPlaceholder),
+                                    g_strdup(text.utf8_str().data()), FreeText, G_CONNECT_AFTER);
+  g_object_set_data(G_OBJECT(entry), key,
+                    reinterpret_cast<gpointer>(static_cast<uintptr_t>(handler)));
+  gtk_widget_queue_draw(entry);
 }
