@@ -6,6 +6,7 @@
 
 #include <wx/statusbr.h>
 
+#include <functional>
 #include <vector>
 
 #include "InstrumentsDialog.h"

@@ -6,6 +6,7 @@
 #include <wx/menu.h>
 #include <wx/statusbr.h>
 
+#include <functional>
 #include <vector>
 
 #include "MainFrame.h"
@@ -23,9 +24,9 @@ TEST(RunPickerTest, RunNamesCarryNumberLineAndInstrument) {
     char const * name;
   };
   SampleRunNames const runs;
-  for (Case const & c : {Case{0, "Run 000001, line 1, Balance"},
-                         Case{41, "Run 000042, line 2, Reference balance"},
-                         Case{999999, "Run 1000000, line 4, Chromatograph"}})
+  for (Case const & c :
+       {Case{0, "Run 000001, line 1, Balance"}, Case{41, "Run 000042, line 2, Reference balance"},
+        Case{999999, "Run 1000000, line 4, Chromatograph"}})
     EXPECT_EQ(runs.GetText(c.index), c.name);
 }
 
@@ -42,7 +43,7 @@ protected:
 
   // Fires the command; `script` runs on the open popup, which is cancelled
   // should the script leave it open.
-  void Pick(std::function<void(FilterListCtrlPopupBar &)> script) {
+  void Pick(std::function<void(FilterListCtrlPopupBar &)> const & script) {
     frame->CallAfter([script] {
       FilterListCtrlPopupBar * bar = nullptr;
       bool const open =

@@ -81,8 +81,8 @@ TEST(FilterListRulesTest, NoItemsOrACountThatFailsShowNothing) {
 }
 
 // A profile as the registry might hold it.
-PopupFilterListSettings Read(std::map<std::string, int> ints,
-                             std::map<std::string, std::string> texts) {
+PopupFilterListSettings Read(std::map<std::string, int> const & ints,
+                             std::map<std::string, std::string> const & texts) {
   PopupFilterListSource source;
   source.getInt = [ints](char const * entry, int defaultValue) {
     auto const found = ints.find(entry);

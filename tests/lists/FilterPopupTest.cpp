@@ -48,7 +48,8 @@ protected:
 
   // Opens the popup and runs `script` on it once it can be clicked; the
   // popup is cancelled should the script leave it open.
-  uint64_t Run(std::function<void(FilterListCtrlPopupBar &)> script, uint64_t selected = ~0ULL) {
+  uint64_t Run(std::function<void(FilterListCtrlPopupBar &)> const & script,
+               uint64_t selected = ~0ULL) {
     frame->CallAfter([script] {
       FilterListCtrlPopupBar * bar = nullptr;
       bool const open = gui_test::WaitUntil([&] {
