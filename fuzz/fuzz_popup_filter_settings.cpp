@@ -78,7 +78,6 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   bool const wasKnown = std::find(before.begin(), before.end(), newest) != before.end();
   settings.Remember(newest);
   if (settings.filters.size() > size_t(Limits::kMaxFilters)) __builtin_trap();
-  if (wasKnown ? settings.filters != before : settings.filters.front() != newest)
-    __builtin_trap();
+  if (wasKnown ? settings.filters != before : settings.filters.front() != newest) __builtin_trap();
   return 0;
 }

@@ -30,7 +30,8 @@ InstrumentsDialog::InstrumentsDialog(wxWindow * parent, std::vector<int> const &
   sizer->Add(new wxStaticText(this, wxID_ANY, vx3::Tr("Runs measured on:")), 0,
              wxLEFT | wxRIGHT | wxTOP, 12);
   mCombo = new CheckComboBox(this, wxID_ANY, wxDefaultPosition, wxSize(260, -1));
-  for (char const * name : SampleInstrumentNames()) mCombo->Append(wxString::FromUTF8(name));  // names, not words
+  for (char const * name : SampleInstrumentNames())
+    mCombo->Append(wxString::FromUTF8(name));  // instrument names stay untranslated
   mCombo->SetNoSelectionString(vx3::Tr("No instrument"));
   mCombo->SetDisabled(kReferenceBalance, true);
   mCombo->EnableAllClear(false);  // a run list without any instrument shows nothing

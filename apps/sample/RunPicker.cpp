@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
-#include "SampleCommands.h"
 #include "InstrumentsDialog.h"
+#include "SampleCommands.h"
 #include "lists/FilterListItems.h"
 #include "lists/TrackFilterListCtrlPopup.h"
 #include "utl/Translation.h"
@@ -28,7 +28,8 @@ void AddPickRunCommand(wxMenu & menu, wxFrame & frame) {
       wxEVT_MENU,
       [&frame, lastPicked](wxCommandEvent &) {
         SampleRunNames const runs;
-        uint64_t const picked = TrackFilterListCtrlPopup(&frame, wxPoint(-1, -1), runs, *lastPicked);
+        uint64_t const picked =
+            TrackFilterListCtrlPopup(&frame, wxPoint(-1, -1), runs, *lastPicked);
         if (picked >= runs.GetCount()) {
           frame.SetStatusText(vx3::Tr("No run picked."));
           return;
