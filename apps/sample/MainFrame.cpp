@@ -9,8 +9,10 @@
 #include "BatchCommand.h"
 #include "DateFormatCommand.h"
 #include "FileCommands.h"
+#include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "RunListPanel.h"
+#include "RunPicker.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
 #include "TimeGridDialog.h"
@@ -65,6 +67,8 @@ void MainFrame::BuildMenus() {
   AddBatchCommand(*tools, *this);
   AddDateFormatCommand(*tools, *this);
   AddTimeGridCommand(*tools, *this);
+  AddPickRunCommand(*tools, *this);
+  AddInstrumentsCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

@@ -18,6 +18,8 @@ enum SampleCommand : int {
   kArchiveRunsCommand,
   kDateFormatCommand,
   kTimeGridCommand,
+  kPickRunCommand,
+  kInstrumentsCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

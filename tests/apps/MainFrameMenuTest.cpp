@@ -16,6 +16,7 @@
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
+#include "InstrumentsDialog.h"
 #include "MainFrame.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
@@ -28,7 +29,9 @@
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "lists/FilterListCtrlPopupBar.h"
 #include "platform/WinUser.h"
+#include "platform/commctrl/CListCtrl.h"
 #include "utl/Utf.h"
 #include "work/Progress.h"
 
@@ -44,6 +47,8 @@ enum class Opens {
   kBatchQuestion,
   kDateFormat,
   kTimeGrid,
+  kRunPicker,     // the filter popup over the sample's runs
+  kInstruments,   // the instruments dialog
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
@@ -66,6 +71,8 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
     {"Tools/Date format...", {Opens::kDateFormat}},
     {"Tools/Time grid...", {Opens::kTimeGrid}},
+    {"Tools/Pick a run...", {Opens::kRunPicker}},
+    {"Tools/Instruments...", {Opens::kInstruments}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -93,6 +100,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderDialog;
   } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kFolderCollection;
+  } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
   } else if (dynamic_cast<SpecifyDateFormat *>(&dialog) != nullptr) {
@@ -157,6 +166,7 @@ protected:
   std::vector<FileChooserRequest> fileRequests;
   int aboutCommands = 0;
   int closeRequests = 0;
+  int pickerRows = -1;
 
 private:
   FileChooserFunction mFormerFiles;
@@ -194,10 +204,12 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     // the test in the script.
     std::vector<Seen> seen;
     ModalDialogScript script;
-    bool const opensDialog =
-        expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
-        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox ||
-        expected.opens == Opens::kDateFormat || expected.opens == Opens::kTimeGrid;
+    // The kinds that show a modal dialog, one a line.
+    static std::set<Opens> const dialogKinds{
+        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion, Opens::kMessageBox,
+        Opens::kDateFormat,   Opens::kTimeGrid,         Opens::kInstruments,
+    };
+    bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
@@ -205,6 +217,19 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       });
     }
     if (expected.opens == Opens::kBatchQuestion) script.Answer(wxID_OK);  // the account
+
+    // The run picker runs its own loop: it is seen there, then closed.
+    pickerRows = -1;
+    if (expected.opens == Opens::kRunPicker) {
+      frame->CallAfter([this] {
+        FilterListCtrlPopupBar * bar = nullptr;
+        gui_test::WaitUntil(
+            [&bar] { return (bar = FilterListCtrlPopupBar::GetOpen()) != nullptr; });
+        if (bar == nullptr) return;
+        pickerRows = bar->GetList().GetItemCount();
+        bar->Cancel();
+      });
+    }
 
     wxCommandEvent command(wxEVT_MENU, item.id);
     command.SetEventObject(frame);
@@ -225,12 +250,17 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kDateFormat:
       case Opens::kMessageBox:
       case Opens::kTimeGrid:
+      case Opens::kInstruments:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
       case Opens::kCalculation:
         EXPECT_TRUE(calculated);
         EXPECT_EQ(Status(), "Calculation finished: 3 runs.");
+        break;
+      case Opens::kRunPicker:
+        EXPECT_EQ(pickerRows, 1000000);
+        EXPECT_EQ(Status(), "No run picked.");
         break;
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
