@@ -25,8 +25,7 @@ BSTR SysAllocStringLen(wchar_t const * text, UINT length) {
   std::size_t const bytes = std::size_t{length} * sizeof(wchar_t);
   // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): freed by SysFreeString, a C interface
   auto * block = static_cast<char *>(std::malloc(headerSize + bytes + sizeof(wchar_t)));
-  if (block == nullptr)
-    return nullptr;
+  if (block == nullptr) return nullptr;
   auto * result = reinterpret_cast<BSTR>(block + headerSize);
   *LengthPrefix(result) = static_cast<uint32_t>(bytes);
   if (text != nullptr)
@@ -38,11 +37,9 @@ BSTR SysAllocStringLen(wchar_t const * text, UINT length) {
 }
 
 BSTR SysAllocString(wchar_t const * text) {
-  if (text == nullptr)
-    return nullptr;
+  if (text == nullptr) return nullptr;
   std::size_t const length = std::wcslen(text);
-  if (length > std::numeric_limits<UINT>::max())
-    return nullptr;
+  if (length > std::numeric_limits<UINT>::max()) return nullptr;
   return SysAllocStringLen(text, static_cast<UINT>(length));
 }
 

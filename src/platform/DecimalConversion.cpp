@@ -7,10 +7,8 @@
 #include <cmath>
 
 HRESULT VarR8FromDec(DECIMAL const * value, double * result) {
-  if (value == nullptr || result == nullptr)
-    return E_POINTER;
-  if (value->scale > 28 || (value->sign != 0 && value->sign != DECIMAL_NEG))
-    return E_INVALIDARG;
+  if (value == nullptr || result == nullptr) return E_POINTER;
+  if (value->scale > 28 || (value->sign != 0 && value->sign != DECIMAL_NEG)) return E_INVALIDARG;
   unsigned __int128 const magnitude =
       (static_cast<unsigned __int128>(value->Hi32) << 64U) | value->Lo64;
   long double const quotient =

@@ -36,7 +36,8 @@ static_assert(offsetof(DECIMAL, wReserved) == 0 && offsetof(DECIMAL, scale) == 2
 static_assert(offsetof(CY, Lo) == 0 && offsetof(CY, Hi) == 4 && offsetof(CY, int64) == 0, "CY");
 static_assert(sizeof(TIMESTAMP_STRUCT) == 16 && offsetof(TIMESTAMP_STRUCT, year) == 0 &&
                   offsetof(TIMESTAMP_STRUCT, month) == 2 && offsetof(TIMESTAMP_STRUCT, day) == 4 &&
-                  offsetof(TIMESTAMP_STRUCT, hour) == 6 && offsetof(TIMESTAMP_STRUCT, minute) == 8 &&
+                  offsetof(TIMESTAMP_STRUCT, hour) == 6 &&
+                  offsetof(TIMESTAMP_STRUCT, minute) == 8 &&
                   offsetof(TIMESTAMP_STRUCT, second) == 10 &&
                   offsetof(TIMESTAMP_STRUCT, fraction) == 12,
               "TIMESTAMP_STRUCT");
@@ -120,6 +121,5 @@ TEST(OleAutomationLayout, TypeCodesHaveTheWindowsValues) {
       {"DISP_E_BADINDEX", static_cast<unsigned>(DISP_E_BADINDEX), 0x8002000Bu},
       {"DISP_E_ARRAYISLOCKED", static_cast<unsigned>(DISP_E_ARRAYISLOCKED), 0x8002000Du},
   };
-  for (Code const & code : codes)
-    EXPECT_EQ(code.ours, code.windows) << code.name;
+  for (Code const & code : codes) EXPECT_EQ(code.ours, code.windows) << code.name;
 }
