@@ -19,14 +19,17 @@ bool SameNoCase(std::string_view a, char const * b) {
 
 int NamedKey(std::string_view name) {
   static std::pair<char const *, int> const kNames[] = {
-      {"Del", WXK_DELETE},     {"Delete", WXK_DELETE},    {"Ins", WXK_INSERT},
-      {"Insert", WXK_INSERT},  {"Home", WXK_HOME},        {"End", WXK_END},
-      {"PgUp", WXK_PAGEUP},    {"PageUp", WXK_PAGEUP},    {"PgDn", WXK_PAGEDOWN},
-      {"PageDown", WXK_PAGEDOWN}, {"Left", WXK_LEFT},     {"Right", WXK_RIGHT},
-      {"Up", WXK_UP},          {"Down", WXK_DOWN},        {"Enter", WXK_RETURN},
-      {"Return", WXK_RETURN},  {"Esc", WXK_ESCAPE},       {"Escape", WXK_ESCAPE},
-      {"Tab", WXK_TAB},        {"Space", WXK_SPACE},      {"Back", WXK_BACK},
-      {"Backspace", WXK_BACK},
+      {"Del", WXK_DELETE},    {"Delete", WXK_DELETE},
+      {"Ins", WXK_INSERT},    {"Insert", WXK_INSERT},
+      {"Home", WXK_HOME},     {"End", WXK_END},
+      {"PgUp", WXK_PAGEUP},   {"PageUp", WXK_PAGEUP},
+      {"PgDn", WXK_PAGEDOWN}, {"PageDown", WXK_PAGEDOWN},
+      {"Left", WXK_LEFT},     {"Right", WXK_RIGHT},
+      {"Up", WXK_UP},         {"Down", WXK_DOWN},
+      {"Enter", WXK_RETURN},  {"Return", WXK_RETURN},
+      {"Esc", WXK_ESCAPE},    {"Escape", WXK_ESCAPE},
+      {"Tab", WXK_TAB},       {"Space", WXK_SPACE},
+      {"Back", WXK_BACK},     {"Backspace", WXK_BACK},
   };
   if (name.size() == 1 && std::isalnum(static_cast<unsigned char>(name[0])))
     return std::toupper(static_cast<unsigned char>(name[0]));

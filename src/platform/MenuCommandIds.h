@@ -12,7 +12,8 @@ constexpr int kFirstStandardCommandItemId = 0x7000;
 
 // The menu item id of `command`, or -1 when a menu cannot hold it.
 constexpr int MenuItemIdFromCommand(unsigned command) {
-  if (command < static_cast<unsigned>(kFirstStandardCommandItemId)) return static_cast<int>(command);
+  if (command < static_cast<unsigned>(kFirstStandardCommandItemId))
+    return static_cast<int>(command);
   if (command >= kFirstStandardCommand && command <= kLastStandardCommand)
     return kFirstStandardCommandItemId + static_cast<int>(command - kFirstStandardCommand);
   return -1;
@@ -22,7 +23,8 @@ constexpr int MenuItemIdFromCommand(unsigned command) {
 // themselves; negative ids, wx's own, stay as they are).
 constexpr int CommandFromMenuItemId(int id) {
   if (id >= kFirstStandardCommandItemId &&
-      id <= kFirstStandardCommandItemId + static_cast<int>(kLastStandardCommand - kFirstStandardCommand))
+      id <= kFirstStandardCommandItemId +
+                static_cast<int>(kLastStandardCommand - kFirstStandardCommand))
     return static_cast<int>(kFirstStandardCommand) + (id - kFirstStandardCommandItemId);
   return id;
 }
