@@ -35,7 +35,8 @@ bool ParseAppLink(std::string_view url, wxString & name) {
   }
   wxString decoded = wxString::FromUTF8(bytes.data(), bytes.size());
   if (decoded.empty() && !bytes.empty()) decoded = wxString::FromUTF8(rest.data(), rest.size());
-  if (decoded.empty() && !rest.empty()) decoded = wxString(rest.data(), wxConvISO8859_1, rest.size());
+  if (decoded.empty() && !rest.empty())
+    decoded = wxString(rest.data(), wxConvISO8859_1, rest.size());
   name = decoded;
   return true;
 }

@@ -63,9 +63,10 @@ long HtmlFindBar::FindNext(bool backwards) {
   int flags = wxWEBVIEW_FIND_WRAP | wxWEBVIEW_FIND_HIGHLIGHT_RESULT;
   if (backwards) flags |= wxWEBVIEW_FIND_BACKWARDS;
   long const found = mBrowser->Find(text, flags);
-  mStatus->SetLabel(found == wxNOT_FOUND ? vx3::Tr("Find bar", "Not found") : wxString());
+  // WebKit's find answers 0 for no match, wx's other browsers wxNOT_FOUND.
+  mStatus->SetLabel(found <= 0 ? vx3::Tr("Find bar", "Not found") : wxString());
   Layout();
-  return found == wxNOT_FOUND ? -1 : found;
+  return found <= 0 ? -1 : found;
 }
 
 wxString HtmlFindBar::GetStatusText() const { return mStatus->GetLabel(); }

@@ -2,9 +2,7 @@
 
 namespace {
 
-bool IsBlank(wxUniChar c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
-}
+bool IsBlank(wxUniChar c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f'; }
 
 // Trimmed, and every run of blanks one space.
 wxString Collapsed(wxString const & text) {
@@ -102,7 +100,7 @@ std::vector<HtmlStyleRule> HtmlStyleSheet::ReadRules(wxString const & css) {
     body += c;
   }
   if (depth > 0) {
-    while (--depth > 0) body += '}';
+    while (--depth > 0) body += " }";
     rules.push_back({Collapsed(selector), Trimmed(body)});
   }
   return rules;

@@ -39,7 +39,8 @@ HRESULT GetIHTMLRuleStyle(wxString const & selector, HtmlDocumentStyle * documen
 void AddMissingHTMLRuleStyles(wxString const & css, HtmlStyleSheet * sheet) {
   if (sheet == nullptr) return;
   for (HtmlStyleRule const & rule : HtmlStyleSheet::ReadRules(css))
-    if (sheet->FindRule(rule.selectorText) == nullptr) sheet->AddRule(rule.selectorText, rule.style);
+    if (sheet->FindRule(rule.selectorText) == nullptr)
+      sheet->AddRule(rule.selectorText, rule.style);
 }
 
 }  // namespace IHTMLDocumentUtilities

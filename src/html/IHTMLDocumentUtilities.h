@@ -20,8 +20,7 @@ HRESULT SetCSSText(HtmlDocumentStyle * document, wxString const & text);
 // the document's sheets, or in the one sheet; E_FAIL when there is none.
 HRESULT GetIHTMLRuleStyle(wxString const & selector, HtmlDocumentStyle * document,
                           HtmlStyleRule ** rule);
-HRESULT GetIHTMLRuleStyle(wxString const & selector, HtmlStyleSheet * sheet,
-                          HtmlStyleRule ** rule);
+HRESULT GetIHTMLRuleStyle(wxString const & selector, HtmlStyleSheet * sheet, HtmlStyleRule ** rule);
 
 // Appends every rule of `css` whose selector the sheet does not have yet;
 // the sheet's own rules stay as they are.

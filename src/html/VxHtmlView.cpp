@@ -40,9 +40,7 @@ constexpr DHtmlCommand kCommands[] = {
 
 constexpr char const * kBlank = "about:blank";
 
-wxString Widened(std::string const & utf8) {
-  return wxString::FromUTF8(utf8.data(), utf8.size());
-}
+wxString Widened(std::string const & utf8) { return wxString::FromUTF8(utf8.data(), utf8.size()); }
 
 // A JavaScript string literal of `text`.
 wxString ScriptString(wxString const & text) {

@@ -17,6 +17,7 @@ constexpr int kSaveModeMhtml = 0;
 using SaveToFile = void (*)(void *, GFile *, int, GCancellable *, GAsyncReadyCallback, gpointer);
 using SaveToFileFinish = gboolean (*)(void *, GAsyncResult *, GError **);
 using TerminateProcess = void (*)(void *);
+using GetSettings = GObject * (*)(void *);
 
 template <typename Function>
 Function WebKitFunction(char const * name) {
@@ -66,8 +67,8 @@ gboolean OnKeyPress(GtkWidget *, GdkEventKey * event, gpointer data) {
 }
 
 gboolean OnContextMenu(GtkWidget * widget, gpointer, GdkEvent * event, gpointer, gpointer data) {
-  bool const keyboard = event == nullptr || (event->type != GDK_BUTTON_PRESS &&
-                                             event->type != GDK_BUTTON_RELEASE);
+  bool const keyboard =
+      event == nullptr || (event->type != GDK_BUTTON_PRESS && event->type != GDK_BUTTON_RELEASE);
   wxPoint point;
   gdouble x = 0, y = 0;
   if (!keyboard && gdk_event_get_root_coords(event, &x, &y)) {
@@ -111,11 +112,10 @@ namespace WebKitBrowser {
 void Attach(wxWebView & browser, WebKitBrowserEvents * events) {
   GtkWidget * widget = Widget(browser);
   if (widget == nullptr) return;
-  GObject * settings = nullptr;
-  g_object_get(G_OBJECT(widget), "settings", &settings, nullptr);
-  if (settings != nullptr) {
-    g_object_set(settings, "enable-javascript-markup", FALSE, nullptr);
-    g_object_unref(settings);
+  auto const settingsOf = WebKitFunction<GetSettings>("webkit_web_view_get_settings");
+  if (settingsOf != nullptr) {
+    if (GObject * settings = settingsOf(widget))
+      g_object_set(settings, "enable-javascript-markup", FALSE, nullptr);
   }
   g_signal_connect(widget, "key-press-event", G_CALLBACK(OnKeyPress), events);
   g_signal_connect(widget, "context-menu", G_CALLBACK(OnContextMenu), events);
