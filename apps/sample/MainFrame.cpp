@@ -10,6 +10,7 @@
 #include "DateFormatCommand.h"
 #include "FileCommands.h"
 #include "MessagesMenu.h"
+#include "ReportCommand.h"
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
@@ -63,6 +64,7 @@ void MainFrame::BuildMenus() {
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
   AddDateFormatCommand(*tools, *this);
+  AddReportCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

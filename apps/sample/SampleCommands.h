@@ -17,6 +17,7 @@ enum SampleCommand : int {
   kRunCalculationCommand,
   kArchiveRunsCommand,
   kDateFormatCommand,
+  kReportCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

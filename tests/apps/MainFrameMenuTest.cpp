@@ -42,6 +42,7 @@ enum class Opens {
   kCalculation,
   kBatchQuestion,
   kDateFormat,
+  kReportWindow,  // the report window opens over the frame
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
@@ -63,6 +64,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
     {"Tools/Date format...", {Opens::kDateFormat}},
+    {"Tools/Report", {Opens::kReportWindow}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -226,6 +228,14 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         EXPECT_TRUE(calculated);
         EXPECT_EQ(Status(), "Calculation finished: 3 runs.");
         break;
+      case Opens::kReportWindow: {
+        wxWindow * report = nullptr;
+        for (wxWindow * child : frame->GetChildren())
+          if (child->IsTopLevel() && child->GetId() == wxID_HIGHEST + 900) report = child;
+        ASSERT_NE(report, nullptr);
+        report->Destroy();
+        break;
+      }
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;

@@ -18,7 +18,7 @@ TEST(AppLink, NamesAreDecodedAndOtherSchemesPass) {
       {"aPp:", true, ""},
       {"app:%C3%9Cn%C3%AF", true, wxString::FromUTF8("\xc3\x9cn\xc3\xaf")},
       {"app:a%20b%2fc", true, "a b/c"},
-      {"app:100%", true, "100%"},     // no digits after "%"
+      {"app:100%", true, "100%"},  // no digits after "%"
       {"app:%4", true, "%4"},
       {"app:%zz", true, "%zz"},
       {"app:%FF%FE", true, "%FF%FE"},  // decoded bytes that are no UTF-8

@@ -22,12 +22,12 @@ TEST(HtmlStyleExtraction, TheFirstStyleElementGivesTheStyle) {
       {L"<style type=x>a{}</style>", L"a{}"},
       {L"<p><style>\ntd{color:red}</style><style>b{}</style>", L"\ntd{color:red}"},
       {L"<p>no style</p>", L""},
-      {L"<STYLE>a{}</STYLE>", L""},          // case-sensitive, as the pages write it
-      {L"</style><style>a{}", L""},          // a close before the open closes nothing
+      {L"<STYLE>a{}</STYLE>", L""},  // case-sensitive, as the pages write it
+      {L"</style><style>a{}", L""},  // a close before the open closes nothing
       {L"</style><style>a{}</style>", L"a{}"},
-      {L"<style a{}</style>", L""},          // the start tag never ends
+      {L"<style a{}</style>", L""},  // the start tag never ends
       {L"<style>", L""},
-      {L"<style>x\0y</style>", L""},         // the text ends at the NUL, unclosed
+      {L"<style>x\0y</style>", L""},  // the text ends at the NUL, unclosed
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(testing::PrintToString(std::wstring(c.html)));
@@ -49,7 +49,7 @@ TEST(HtmlStyleSheet, RulesAreReadByTheirBraces) {
       {"a{content:\"}/*\"} b{}", "a { content:\"}/*\" }\nb { }"},
       {"@media print { a { x: y } } b{}", "@media print { a { x: y } }\nb { }"},
       {"@import url(x.css); a{}", "a { }"},
-      {"} a{x:y", "a { x:y }"},          // a stray close; a rule left open at the end
+      {"} a{x:y", "a { x:y }"},  // a stray close; a rule left open at the end
       {"@media x { a { y", "@media x { a { y } }"},
       {"/* open comment a{}", ""},
       {"", ""},
@@ -92,10 +92,8 @@ TEST(HtmlDocumentUtilities, RulesAreFoundWithoutCaseAcrossSheets) {
   };
   Case const cases[] = {
       {"td.value, th", E_FAIL, ""},  // blanks are collapsed, not removed
-      {"td.VALUE , TH", S_OK, "y:2"},
-      {"  h1 ", S_OK, "x:1"},
-      {"td.value", S_OK, "z:3"},
-      {"h2", E_FAIL, ""},
+      {"td.VALUE , TH", S_OK, "y:2"}, {"  h1 ", S_OK, "x:1"},
+      {"td.value", S_OK, "z:3"},      {"h2", E_FAIL, ""},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.selector);
@@ -129,7 +127,8 @@ TEST(HtmlPageText, ShownPagesKeepTheStyleInsideItsElement) {
 }
 
 TEST(HtmlPageText, SavedPagesAreWholeUtf8DocumentsUnlessTheBodyIsOne) {
-  std::string const page = ComposeSavedPage(L"R&D <1>", " td{x:1}\n", L"\n<body><p>\u00e9</p></body>  ");
+  std::string const page =
+      ComposeSavedPage(L"R&D <1>", " td{x:1}\n", L"\n<body><p>\u00e9</p></body>  ");
   EXPECT_EQ(page.rfind("<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 4.01 Transitional//EN\">", 0), 0u);
   EXPECT_NE(page.find("<title>R&amp;D &lt;1&gt;</title>"), std::string::npos);
   EXPECT_NE(page.find("<style type=\"text/css\"><!--td{x:1}--></style></head><body><p>\xc3\xa9</p>"

@@ -20,8 +20,8 @@
 #include <wx/textctrl.h>
 #include <wx/webview.h>
 
-#include "harness/GuiTestUtilities.h"
 #include "controls/VxMenu.h"
+#include "harness/GuiTestUtilities.h"
 #include "html/HtmlFindBar.h"
 #include "html/HtmlSaveChooser.h"
 #include "html/IHTMLDocumentUtilities.h"
@@ -107,8 +107,8 @@ TEST_F(HtmlView, TextsWaitForTheDocumentAndTheLastOneIsShown) {
   mFrame->Layout();
   ASSERT_TRUE(WaitShown(*late));
   wxString text;
-  ASSERT_TRUE(late->GetBrowser()->RunScript(
-      "getComputedStyle(document.getElementById('t')).color", &text));
+  ASSERT_TRUE(
+      late->GetBrowser()->RunScript("getComputedStyle(document.getElementById('t')).color", &text));
   EXPECT_EQ(text, "rgb(1, 2, 3)");
 
   // Two texts while the first about:blank still loads: the second comes up.
@@ -130,9 +130,10 @@ TEST_F(HtmlView, TextsWaitForTheDocumentAndTheLastOneIsShown) {
 }
 
 TEST_F(HtmlView, PageScriptsAreOffButTheViewsScriptsRun) {
-  mView->SetHTML(L"<p id=t onclick=\"this.textContent='clicked'\">still</p>"
-                 L"<script>document.title='ran'</script>",
-                 L"");
+  mView->SetHTML(
+      L"<p id=t onclick=\"this.textContent='clicked'\">still</p>"
+      L"<script>document.title='ran'</script>",
+      L"");
   ASSERT_TRUE(WaitShown(*mView));
   EXPECT_EQ(Script("String(6 * 7)"), "42");
   EXPECT_NE(Script("document.title"), "ran");
@@ -144,9 +145,10 @@ TEST_F(HtmlView, AppLinksPostMappedCommandsAndNeverNavigate) {
   std::vector<int> commands;
   mFrame->Bind(wxEVT_MENU, [&](wxCommandEvent & event) { commands.push_back(event.GetId()); });
   mView->SetCmdMap({{L"Run", 5100}, {L"\u00dcn\u00ef", 5101}}, mFrame);
-  mView->SetHTML(L"<a id=a href='App:Run'>a</a><a id=b href='app:\u00dcn\u00ef'>b</a>"
-                 L"<a id=c href='app:run'>c</a><a id=d href='APP:Nothing'>d</a>",
-                 L"");
+  mView->SetHTML(
+      L"<a id=a href='App:Run'>a</a><a id=b href='app:\u00dcn\u00ef'>b</a>"
+      L"<a id=c href='app:run'>c</a><a id=d href='APP:Nothing'>d</a>",
+      L"");
   ASSERT_TRUE(WaitShown(*mView));
   for (char const * link : {"c", "d", "a", "b"}) {
     Script(wxString::Format("document.getElementById('%s').click()", link));
@@ -261,7 +263,6 @@ TEST_F(HtmlView, OwnPagesAreSavedAsWholeUtf8Documents) {
   std::string const check = "xmllint --html --noout '" + path + "' 2>" + TempPath("lint.txt");
   EXPECT_EQ(std::system(check.c_str()), 0) << FileText(TempPath("lint.txt"));
   EXPECT_EQ(FileText(TempPath("lint.txt")), "");
-
 }
 
 TEST_F(HtmlView, UrlPagesAreSavedAsMhtml) {
@@ -292,7 +293,8 @@ TEST_F(HtmlView, UrlPagesAreSavedAsMhtml) {
   std::string const check =
       "python3 -c \"import email,sys; m=email.message_from_binary_file(open(sys.argv[1],'rb')); "
       "sys.exit(0 if m.is_multipart() and any(p.get_content_type()=='text/html' "
-      "for p in m.walk()) else 1)\" '" + path + "'";
+      "for p in m.walk()) else 1)\" '" +
+      path + "'";
   EXPECT_EQ(std::system(check.c_str()), 0);
 }
 
