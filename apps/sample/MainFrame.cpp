@@ -11,6 +11,7 @@
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
+#include "ReportCommand.h"
 #include "RunListPanel.h"
 #include "RunPicker.h"
 #include "SampleCalculation.h"
@@ -69,6 +70,7 @@ void MainFrame::BuildMenus() {
   AddTimeGridCommand(*tools, *this);
   AddPickRunCommand(*tools, *this);
   AddInstrumentsCommand(*tools, *this);
+  AddReportCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

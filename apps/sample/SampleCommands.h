@@ -20,6 +20,7 @@ enum SampleCommand : int {
   kTimeGridCommand,
   kPickRunCommand,
   kInstrumentsCommand,
+  kReportCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

@@ -49,6 +49,7 @@ enum class Opens {
   kTimeGrid,
   kRunPicker,     // the filter popup over the sample's runs
   kInstruments,   // the instruments dialog
+  kReportWindow,  // the report window opens over the frame
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
@@ -73,6 +74,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Time grid...", {Opens::kTimeGrid}},
     {"Tools/Pick a run...", {Opens::kRunPicker}},
     {"Tools/Instruments...", {Opens::kInstruments}},
+    {"Tools/Report", {Opens::kReportWindow}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -262,6 +264,14 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         EXPECT_EQ(pickerRows, 1000000);
         EXPECT_EQ(Status(), "No run picked.");
         break;
+      case Opens::kReportWindow: {
+        wxWindow * report = nullptr;
+        for (wxWindow * child : frame->GetChildren())
+          if (child->IsTopLevel() && child->GetId() == wxID_HIGHEST + 900) report = child;
+        ASSERT_NE(report, nullptr);
+        report->Destroy();
+        break;
+      }
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
