@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <climits>
 
+#include <wx/app.h>
 #include <wx/artprov.h>
 #include <wx/dcclient.h>
 #include <wx/display.h>
@@ -87,11 +88,11 @@ wxWeakRef<InfoTipWnd> & SharedTipRef() {
 wxBitmap MessageIcon(unsigned iconType) {
   wxArtID id;
   switch (iconType) {
-  case MB_ICONHAND: id = wxART_ERROR; break;
-  case MB_ICONQUESTION: id = wxART_QUESTION; break;
-  case MB_ICONEXCLAMATION: id = wxART_WARNING; break;
-  case MB_ICONASTERISK: id = wxART_INFORMATION; break;
-  default: return {};
+    case MB_ICONHAND: id = wxART_ERROR; break;
+    case MB_ICONQUESTION: id = wxART_QUESTION; break;
+    case MB_ICONEXCLAMATION: id = wxART_WARNING; break;
+    case MB_ICONASTERISK: id = wxART_INFORMATION; break;
+    default: return {};
   }
   int const side = std::max(16, GetSystemMetrics(SM_CXICON));
   return wxArtProvider::GetBitmap(id, wxART_MESSAGE_BOX, wxSize(side, side));
@@ -199,6 +200,7 @@ void InfoTipWnd::InitializeSize(wxPoint const & point) {
   size_t const keep = (maxLines + 1) * (kLineLength + 1);
   if (text.size() > keep) text.resize(keep);
   text = CutLines(LimitLineLength::ByCharacters(text, kLineLength), kLineLength, maxLines);
+  while (!text.empty() && text.back() == L'\n') text.pop_back();
   mShownText = text;
   mShownTitle = CutLines(mShownTitle, kLineLength * 2, 1);
 
@@ -209,7 +211,8 @@ void InfoTipWnd::InitializeSize(wxPoint const & point) {
     titleSize = dc.GetTextExtent(mShownTitle);
   }
   wxSize textSize;
-  if (!mShownText.empty()) textSize = LimitLineLength::GetBoundsRect(mShownText.c_str(), mTextFont).GetSize();
+  if (!mShownText.empty())
+    textSize = LimitLineLength::GetBoundsRect(mShownText.c_str(), mTextFont).GetSize();
 
   int const iconSide = GetSystemMetrics(SM_CYICON);
   int width = std::max(titleSize.x, textSize.x) + 2 * mMargins.x;
@@ -221,7 +224,8 @@ void InfoTipWnd::InitializeSize(wxPoint const & point) {
   height = std::min(height, monitor.height);
 
   mTipRect = wxRect(point, wxSize(width, height));
-  if (mTipRect.GetRight() > monitor.GetRight()) mTipRect.x -= mTipRect.GetRight() - monitor.GetRight();
+  if (mTipRect.GetRight() > monitor.GetRight())
+    mTipRect.x -= mTipRect.GetRight() - monitor.GetRight();
   if (mTipRect.x < monitor.x) mTipRect.x = monitor.x;
   if (mTipRect.GetBottom() > monitor.GetBottom()) mTipRect.y -= height + kAbovePointer;
   if (mTipRect.y < monitor.y) mTipRect.y = monitor.y;
@@ -292,35 +296,35 @@ void InfoTipWnd::OnTimer(wxTimerEvent & event) {
 void InfoTipWnd::RelayMessage(UINT message, bool buttonsOrModifiersDown) {
   namespace m = infotip_messages;
   switch (message) {
-  case m::WM_MOUSEMOVE:
-    if (!IsShown() && !buttonsOrModifiersDown) {
-      StopTimers();
-      mPopped = false;
-      mDelayTimer.StartOnce(int(mDelay));
-    }
-    break;
-  case m::WM_MOVE:
-  case m::WM_SIZE:
-  case m::WM_ACTIVATE:
-  case m::WM_KILLFOCUS:
-  case m::WM_WINDOWPOSCHANGING:
-  case m::WM_WINDOWPOSCHANGED:
-  case m::WM_NCLBUTTONDOWN:
-  case m::WM_NCLBUTTONDBLCLK:
-  case m::WM_NCRBUTTONDOWN:
-  case m::WM_NCRBUTTONDBLCLK:
-  case m::WM_NCMBUTTONDOWN:
-  case m::WM_NCMBUTTONDBLCLK:
-  case m::WM_KEYDOWN:
-  case m::WM_SYSKEYDOWN:
-  case m::WM_LBUTTONDBLCLK:
-  case m::WM_RBUTTONDOWN:
-  case m::WM_RBUTTONDBLCLK:
-  case m::WM_MBUTTONDOWN:
-  case m::WM_MBUTTONDBLCLK:
-  case m::WM_MOUSEWHEEL:
-  case m::WM_MOVING: Pop(); break;
-  default: break;
+    case m::WM_MOUSEMOVE:
+      if (!IsShown() && !buttonsOrModifiersDown) {
+        StopTimers();
+        mPopped = false;
+        mDelayTimer.StartOnce(int(mDelay));
+      }
+      break;
+    case m::WM_MOVE:
+    case m::WM_SIZE:
+    case m::WM_ACTIVATE:
+    case m::WM_KILLFOCUS:
+    case m::WM_WINDOWPOSCHANGING:
+    case m::WM_WINDOWPOSCHANGED:
+    case m::WM_NCLBUTTONDOWN:
+    case m::WM_NCLBUTTONDBLCLK:
+    case m::WM_NCRBUTTONDOWN:
+    case m::WM_NCRBUTTONDBLCLK:
+    case m::WM_NCMBUTTONDOWN:
+    case m::WM_NCMBUTTONDBLCLK:
+    case m::WM_KEYDOWN:
+    case m::WM_SYSKEYDOWN:
+    case m::WM_LBUTTONDBLCLK:
+    case m::WM_RBUTTONDOWN:
+    case m::WM_RBUTTONDBLCLK:
+    case m::WM_MBUTTONDOWN:
+    case m::WM_MBUTTONDBLCLK:
+    case m::WM_MOUSEWHEEL:
+    case m::WM_MOVING: Pop(); break;
+    default: break;
   }
 }
 
@@ -398,8 +402,8 @@ void InfoTipWnd::OnSysColourChanged(wxSysColourChangedEvent & event) {
 
 InfoTipWnd * SharedInfoTip() { return SharedTipRef().get(); }
 
-bool InfoTipMessageBox(wxWindow * parent, wxPoint const * point, wchar_t const * text,
-                       int timeout, wchar_t const * title, unsigned iconType, bool topmost) {
+bool InfoTipMessageBox(wxWindow * parent, wxPoint const * point, wchar_t const * text, int timeout,
+                       wchar_t const * title, unsigned iconType, bool topmost) {
   wxWeakRef<InfoTipWnd> & shared = SharedTipRef();
   if (shared) shared->Destroy();
   shared = nullptr;

@@ -109,7 +109,7 @@ public:
   void SetCursorSource(std::function<wxPoint()> source) { mCursorSource = std::move(source); }
 
   // What the last ShowTipWindow laid out, for tests and painting.
-  wxRect GetTipRect() const { return mTipRect; }  // screen coordinates
+  wxRect GetTipRect() const { return mTipRect; }    // screen coordinates
   wxRect GetTextRect() const { return mTextRect; }  // client coordinates
   std::wstring const & GetShownTitle() const { return mShownTitle; }
   std::wstring const & GetShownText() const { return mShownText; }  // wrapped
@@ -173,8 +173,8 @@ bool InfoTipMessageBox(wchar_t const * text, int timeout, wchar_t const * title 
 bool InfoTipMessageBox(wxPoint const * point, wchar_t const * text, int timeout,
                        wchar_t const * title = nullptr, unsigned iconType = 0,
                        bool topmost = false);
-bool InfoTipMessageBox(wxWindow * parent, wxPoint const * point, wchar_t const * text,
-                       int timeout, wchar_t const * title = nullptr, unsigned iconType = 0,
+bool InfoTipMessageBox(wxWindow * parent, wxPoint const * point, wchar_t const * text, int timeout,
+                       wchar_t const * title = nullptr, unsigned iconType = 0,
                        bool topmost = false);
 // The tip of the last InfoTipMessageBox while it exists, else null.
 InfoTipWnd * SharedInfoTip();

@@ -25,8 +25,8 @@ void CheckText(std::string_view text) {
       continue;
     }
     if (vx3::DecodeUtf8(text, at) == vx3::kInvalidCodePoint)
-      throw Exception(
-          ExceptionMessage::translate("The tree text is not valid UTF-8 in line {1}.") % line);
+      throw Exception(ExceptionMessage::translate("The tree text is not valid UTF-8 in line {1}.") %
+                      line);
   }
 }
 
@@ -45,7 +45,8 @@ void ReadTreeText(std::string_view text, TreeTextBuilder & builder) {
     if (end == std::string_view::npos) end = text.size();
     std::string_view const line = text.substr(at, end - at);
     at = end;
-    if (at < text.size()) at += (text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n') ? 2 : 1;
+    if (at < text.size())
+      at += (text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n') ? 2 : 1;
     if (line.empty()) continue;
 
     size_t tabs = line.find_first_not_of('\t');

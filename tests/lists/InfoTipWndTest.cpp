@@ -100,7 +100,8 @@ TEST_F(InfoTipTest, TextIsTrimmedAndWrappedAtSixtyCharacters) {
     std::wstring text;
     size_t lines;
   };
-  std::wstring const words70 = L"aaaa bbbb cccc dddd eeee ffff gggg hhhh iiii jjjj kkkk llll mmmm nnnn";
+  std::wstring const words70 =
+      L"aaaa bbbb cccc dddd eeee ffff gggg hhhh iiii jjjj kkkk llll mmmm nnnn";
   Case const cases[] = {
       {L"  short  ", 1},
       {words70, 2},
@@ -127,10 +128,11 @@ TEST_F(InfoTipTest, HugeTextsStayOnTheMonitor) {
   std::wstring const unbroken(1 << 20, L'w');
   std::wstring broken;
   for (int i = 0; i < 100000; ++i) broken += L"word ";
-  for (std::wstring const * text : {&unbroken, &broken}) {
+  for (std::wstring const * text : {&unbroken, static_cast<std::wstring const *>(&broken)}) {
     tip->SetTipText(text->c_str(), L"Title");
     ASSERT_TRUE(tip->ShowTipWindow(wxPoint(screen.GetRight() - 5, screen.GetBottom() - 5)));
-    EXPECT_TRUE(screen.Contains(tip->GetTipRect())) << tip->GetTipRect().x << "," << tip->GetTipRect().y;
+    EXPECT_TRUE(screen.Contains(tip->GetTipRect()))
+        << tip->GetTipRect().x << "," << tip->GetTipRect().y;
   }
 }
 
@@ -194,7 +196,9 @@ TEST_F(InfoTipTest, CheckTimerClosesByTimeoutOrByMovingAway) {
       if (!fresh->IsShown()) closedAt = tick;
     }
     EXPECT_EQ(closedAt, c.closedAtTick) << c.timeout << " " << c.moveAfterTicks;
-    if (closedAt > 0) EXPECT_TRUE(fresh->IsPopped());
+    if (closedAt > 0) {
+      EXPECT_TRUE(fresh->IsPopped());
+    }
     fresh->Destroy();
   }
 }
@@ -213,13 +217,27 @@ TEST_F(InfoTipTest, APointerRestingOnTheTipKeepsIt) {
 }
 
 TEST_F(InfoTipTest, RelayedMessagesPopOrArm) {
-  UINT const popping[] = {m::WM_MOVE,          m::WM_SIZE,           m::WM_ACTIVATE,
-                          m::WM_KILLFOCUS,     m::WM_WINDOWPOSCHANGING, m::WM_WINDOWPOSCHANGED,
-                          m::WM_NCLBUTTONDOWN, m::WM_NCLBUTTONDBLCLK, m::WM_NCRBUTTONDOWN,
-                          m::WM_NCRBUTTONDBLCLK, m::WM_NCMBUTTONDOWN, m::WM_NCMBUTTONDBLCLK,
-                          m::WM_KEYDOWN,       m::WM_SYSKEYDOWN,     m::WM_LBUTTONDBLCLK,
-                          m::WM_RBUTTONDOWN,   m::WM_RBUTTONDBLCLK,  m::WM_MBUTTONDOWN,
-                          m::WM_MBUTTONDBLCLK, m::WM_MOUSEWHEEL,     m::WM_MOVING};
+  UINT const popping[] = {m::WM_MOVE,
+                          m::WM_SIZE,
+                          m::WM_ACTIVATE,
+                          m::WM_KILLFOCUS,
+                          m::WM_WINDOWPOSCHANGING,
+                          m::WM_WINDOWPOSCHANGED,
+                          m::WM_NCLBUTTONDOWN,
+                          m::WM_NCLBUTTONDBLCLK,
+                          m::WM_NCRBUTTONDOWN,
+                          m::WM_NCRBUTTONDBLCLK,
+                          m::WM_NCMBUTTONDOWN,
+                          m::WM_NCMBUTTONDBLCLK,
+                          m::WM_KEYDOWN,
+                          m::WM_SYSKEYDOWN,
+                          m::WM_LBUTTONDBLCLK,
+                          m::WM_RBUTTONDOWN,
+                          m::WM_RBUTTONDBLCLK,
+                          m::WM_MBUTTONDOWN,
+                          m::WM_MBUTTONDBLCLK,
+                          m::WM_MOUSEWHEEL,
+                          m::WM_MOVING};
   UINT const ignored[] = {m::WM_LBUTTONDOWN, 0x0202 /* left up */, 0x0102 /* char */, 0x000F};
   tip->SetTipText(L"Tip");
   for (UINT message : popping) {

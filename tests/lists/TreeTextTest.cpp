@@ -57,7 +57,8 @@ TEST(TreeText, IndentationBuildsTheShape) {
       {"first line indented", "\t\ta\r\n\t\t\tb\r\n\t\tc\r\n", "0:a\n1:b\n0:c\n"},
       {"deeper jump is a child", "a\n\t\t\t\tb\n\t\t\t\t\t\t\tc\n\td\n", "0:a\n1:b\n2:c\n1:d\n"},
       {"up several levels", "a\n\tb\n\t\tc\n\t\t\td\ne\n\tf\n", "0:a\n1:b\n2:c\n3:d\n0:e\n1:f\n"},
-      {"shallower than the first", "\t\ta\n\t\t\tb\nc\n\td\n", "0:a\n1:b\n0:c\n1:d\n"},
+      {"shallower than the first", "\t\ta\n\t\t\tb\nc\n\td\n\t\t\te\n",
+       "0:a\n1:b\n0:c\n0:d\n1:e\n"},
       {"empty lines skipped", "\r\n\r\na\r\n\r\n\tb\n\n", "0:a\n1:b\n"},
       {"LF, CR and CRLF", "a\n\tb\r\tc\r\n\t\td", "0:a\n1:b\n1:c\n2:d\n"},
       {"no line end", "only", "0:only\n"},
@@ -129,9 +130,11 @@ TEST(TreeText, ExtremeShapesLoadWithoutRecursion) {
 
   Model wide;
   std::string const megabyte(1 << 20, 'm');
-  ReadTreeText(std::string(100000, '\t') + "far\n" + megabyte + "\n\t" + megabyte, wide);
-  ASSERT_EQ(wide.nodes.size(), 3u);
-  EXPECT_EQ(wide.Shape(), "0:far\n0:" + megabyte + "\n1:" + megabyte + "\n");
+  ReadTreeText("root\n" + std::string(100000, '\t') + "far\n\t" + megabyte + "\n" + megabyte, wide);
+  ASSERT_EQ(wide.nodes.size(), 4u);
+  EXPECT_EQ(wide.Shape().substr(0, 17), "0:root\n1:far\n1:mm");
+  EXPECT_TRUE(wide.nodes[2].text == megabyte && wide.nodes[3].text == megabyte);
+  EXPECT_EQ(wide.Depth(4), 0u);
 }
 
 TEST(TreeText, AFailingStreamIsAnError) {
