@@ -9,8 +9,8 @@
 #include <unicode/uchar.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
-#include <wx/log.h>
 #include <wx/filename.h>
+#include <wx/log.h>
 #include <wx/popupwin.h>
 #include <wx/renderer.h>
 #include <wx/utils.h>
@@ -432,7 +432,8 @@ void VxTreeCtrl::ExpandBranch(HTREEITEM item, UINT code) {
 
 void VxTreeCtrl::ExpandAll(UINT code) {
   SetRedraw(0);
-  for (HTREEITEM root = GetRootItem(); root; root = GetNextSiblingItem(root)) ExpandBranch(root, code);
+  for (HTREEITEM root = GetRootItem(); root; root = GetNextSiblingItem(root))
+    ExpandBranch(root, code);
   SetRedraw(1);
   if (HTREEITEM const caret = GetSelectedItem()) EnsureVisible(caret);
   Invalidate();
@@ -648,7 +649,8 @@ wxImageList * VxTreeCtrl::CreateDragImageEx(HTREEITEM item) {
   if (GetImageList(TVSIL_NORMAL) != nullptr) return CreateDragImage(item);
   RECT rect{};
   if (!GetItemRect(item, &rect, 1)) return nullptr;
-  wxSize const size(std::max(1, int(rect.right - rect.left)), std::max(1, int(rect.bottom - rect.top)));
+  wxSize const size(std::max(1, int(rect.right - rect.left)),
+                    std::max(1, int(rect.bottom - rect.top)));
   wxBitmap bitmap(size);
   {
     wxMemoryDC dc(bitmap);
@@ -775,8 +777,10 @@ void VxTreeCtrl::OnNotifyReflect(NotifyEvent & event) {
     if (item == mAnchor) mAnchor = TVI_NULL;
     if (mDragging && (item == mDragItem || item == mDropTarget)) {
       // A drag that loses its item or target goes on without it.
-      if (item == mDragItem) CancelDrag();
-      else mDropTarget = TVI_NULL;
+      if (item == mDragItem)
+        CancelDrag();
+      else
+        mDropTarget = TVI_NULL;
     }
   } else if (code == TVN_BEGINDRAGW) {
     BeginDrag(*event.GetNotification<NMTREEVIEWW>());
@@ -931,7 +935,8 @@ void VxTreeCtrl::OnTimer(UINT_PTR id) {
   if (!mDragging) return;
   UINT flags = 0;
   HTREEITEM const item = HitTest(mHoverPoint, &flags);
-  if (item && GetChildItem(item) && GetItemState(item, TVIS_EXPANDED) == 0) Expand(item, TVE_EXPAND);
+  if (item && GetChildItem(item) && GetItemState(item, TVIS_EXPANDED) == 0)
+    Expand(item, TVE_EXPAND);
   UpdateDropTarget(mHoverPoint);
 }
 

@@ -20,15 +20,17 @@ namespace {
 
 class Tree : public VxTreeCtrl {
 public:
-  using VxTreeCtrl::VxTreeCtrl;
   using VxTreeCtrl::OnKeyDown;
   using VxTreeCtrl::OnLButtonDown;
   using VxTreeCtrl::OnRButtonDown;
+  using VxTreeCtrl::VxTreeCtrl;
   int selectionChanges = 0;
   std::vector<std::pair<HTREEITEM, HTREEITEM>> copied;
   std::vector<DWORD_PTR> dataDeleted;
   void OnSelectionChanged() override { ++selectionChanges; }
-  void OnItemCopied(HTREEITEM source, HTREEITEM copy) override { copied.emplace_back(source, copy); }
+  void OnItemCopied(HTREEITEM source, HTREEITEM copy) override {
+    copied.emplace_back(source, copy);
+  }
   void DeleteItemData(HTREEITEM item) override { dataDeleted.push_back(GetItemData(item)); }
 };
 
@@ -36,7 +38,8 @@ class VxTreeTest : public ::testing::Test {
 protected:
   void SetUp() override {
     frame = new wxFrame(nullptr, wxID_ANY, "tree", wxPoint(60, 60), wxSize(360, 420));
-    tree = new Tree(frame, wxID_ANY, TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_CHECKBOXES);
+    tree =
+        new Tree(frame, wxID_ANY, TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_CHECKBOXES);
   }
   void TearDown() override {
     frame->Destroy();
@@ -109,7 +112,7 @@ TEST_F(VxTreeTest, ChecksPropagateToEveryAncestor) {
       {0, VxTreeCtrl::Uncheck, "111111"},
       {2, VxTreeCtrl::Check, "332111"},
       {3, VxTreeCtrl::Check, "332211"},
-      {4, VxTreeCtrl::Check, "342221"},      // all of group: 4; root has an unchecked child
+      {4, VxTreeCtrl::Check, "342221"},        // all of group: 4; root has an unchecked child
       {4, VxTreeCtrl::ToggleCheck, "332211"},  // one unchecked again: 3
       {5, VxTreeCtrl::Check, "332212"},
       {1, VxTreeCtrl::DisableCheck, "352212"},
@@ -246,12 +249,12 @@ TEST_F(VxTreeTest, FindFoldsCaseKeepsPositionsAndWraps) {
     int start, found;
   };
   Case const cases[] = {
-      {L"MASSE", false, true, false, 0, 2},  {L"masse", true, true, false, 0, -1},
+      {L"MASSE", false, true, false, 0, 2},   {L"masse", true, true, false, 0, -1},
       {L"STRASSE", false, true, false, 2, 1}, {L"ße", false, true, false, 1, 0},
-      {L"12", false, true, true, 4, 5},      {L"12", false, false, true, 4, 3},
-      {L"12", false, true, true, 3, 3},
-      {L"run", false, true, true, 4, 3},     {L"ärger", false, false, false, 0, 5},
-      {L"nothing", false, true, false, 2, -1}, {L"", false, true, false, 0, -1},
+      {L"12", false, true, true, 4, 5},       {L"12", false, false, true, 4, 3},
+      {L"12", false, true, true, 3, 3},       {L"run", false, true, true, 4, 3},
+      {L"ärger", false, false, false, 0, 5},  {L"nothing", false, true, false, 2, -1},
+      {L"", false, true, false, 0, -1},
   };
   for (Case const & c : cases) {
     HTREEITEM const found =
@@ -348,7 +351,8 @@ TEST_F(VxTreeTest, DeleteAsksAndDeletesDataFirst) {
 
 TEST_F(VxTreeTest, BackgroundPictureRefusesWhatItCannotUse) {
   EXPECT_EQ(tree->SetBkImage(L"/nonexistent/picture.png"), 0);
-  std::string const broken = std::string(getenv("TMPDIR") ? getenv("TMPDIR") : "/tmp") + "/broken.png";
+  std::string const broken =
+      std::string(getenv("TMPDIR") ? getenv("TMPDIR") : "/tmp") + "/broken.png";
   FILE * f = fopen(broken.c_str(), "wb");
   ASSERT_NE(f, nullptr);
   fputs("\x89PNG\r\n\x1a\n garbage", f);
