@@ -28,7 +28,8 @@ TVITEMW DescribeItem(TreeNodeStore const & nodes, uint32_t slot) {
 
 CTreeCtrl::CTreeCtrl() : mImpl(std::make_unique<Impl>()) {}
 
-CTreeCtrl::CTreeCtrl(wxWindow * parent, wxWindowID id, DWORD style, wxPoint const & pos, wxSize const & size)
+CTreeCtrl::CTreeCtrl(wxWindow * parent, wxWindowID id, DWORD style, wxPoint const & pos,
+                     wxSize const & size)
     : mImpl(std::make_unique<Impl>()) {
   Create(parent, id, style, pos, size);
 }
@@ -81,7 +82,8 @@ HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
   if ((item.mask & TVIF_IMAGE) != 0) node.image = item.iImage;
   if ((item.mask & TVIF_SELECTEDIMAGE) != 0) node.selectedImage = item.iSelectedImage;
   if ((item.mask & TVIF_PARAM) != 0) node.data = item.lParam;
-  if ((item.mask & TVIF_CHILDREN) != 0) node.children = static_cast<int8_t>(std::clamp(item.cChildren, -1, 1));
+  if ((item.mask & TVIF_CHILDREN) != 0)
+    node.children = static_cast<int8_t>(std::clamp(item.cChildren, -1, 1));
   if ((item.mask & TVIF_STATE) != 0) {
     UINT const settable = item.stateMask & ~(TVIS_SELECTED | TVIS_DROPHILITED);
     node.state = item.state & settable;
@@ -99,8 +101,9 @@ HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
   return nodes.Handle(slot);
 }
 
-HTREEITEM CTreeCtrl::InsertItem(UINT mask, wxString const & text, int image, int selectedImage, UINT state,
-                                UINT stateMask, LPARAM data, HTREEITEM parent, HTREEITEM insertAfter) {
+HTREEITEM CTreeCtrl::InsertItem(UINT mask, wxString const & text, int image, int selectedImage,
+                                UINT state, UINT stateMask, LPARAM data, HTREEITEM parent,
+                                HTREEITEM insertAfter) {
   std::wstring wide = text.ToStdWstring();
   TVINSERTSTRUCTW insert;
   insert.hParent = parent;
@@ -119,10 +122,10 @@ HTREEITEM CTreeCtrl::InsertItem(wxString const & text, HTREEITEM parent, HTREEIT
   return InsertItem(TVIF_TEXT, text, 0, 0, 0, 0, 0, parent, insertAfter);
 }
 
-HTREEITEM CTreeCtrl::InsertItem(wxString const & text, int image, int selectedImage, HTREEITEM parent,
-                                HTREEITEM insertAfter) {
-  return InsertItem(TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE, text, image, selectedImage, 0, 0, 0, parent,
-                    insertAfter);
+HTREEITEM CTreeCtrl::InsertItem(wxString const & text, int image, int selectedImage,
+                                HTREEITEM parent, HTREEITEM insertAfter) {
+  return InsertItem(TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE, text, image, selectedImage, 0, 0,
+                    0, parent, insertAfter);
 }
 
 BOOL CTreeCtrl::DeleteItem(HTREEITEM item) {
@@ -222,11 +225,13 @@ BOOL CTreeCtrl::SetItem(TVITEMW const * item) {
   uint32_t const slot = mImpl->nodes.Slot(item->hItem);
   if (slot == 0) return 0;
   TreeNode & node = mImpl->nodes[slot];
-  if ((item->mask & TVIF_TEXT) != 0) node.text = item->pszText != nullptr ? wxString(item->pszText) : wxString();
+  if ((item->mask & TVIF_TEXT) != 0)
+    node.text = item->pszText != nullptr ? wxString(item->pszText) : wxString();
   if ((item->mask & TVIF_IMAGE) != 0) node.image = item->iImage;
   if ((item->mask & TVIF_SELECTEDIMAGE) != 0) node.selectedImage = item->iSelectedImage;
   if ((item->mask & TVIF_PARAM) != 0) node.data = item->lParam;
-  if ((item->mask & TVIF_CHILDREN) != 0) node.children = static_cast<int8_t>(std::clamp(item->cChildren, -1, 1));
+  if ((item->mask & TVIF_CHILDREN) != 0)
+    node.children = static_cast<int8_t>(std::clamp(item->cChildren, -1, 1));
   if ((item->mask & TVIF_STATE) != 0) SetItemState(item->hItem, item->state, item->stateMask);
   Invalidate();
   return 1;
@@ -319,48 +324,44 @@ BOOL CTreeCtrl::SetCheck(HTREEITEM item, BOOL check) {
 HTREEITEM CTreeCtrl::GetNextItem(HTREEITEM item, UINT code) const {
   TreeNodeStore const & nodes = mImpl->nodes;
   switch (code) {
-  case TVGN_ROOT:
-    return nodes.Handle(nodes[0].firstChild);
-  case TVGN_CARET:
-    return nodes.Handle(mImpl->caret);
-  case TVGN_DROPHILITE:
-    return nodes.Handle(mImpl->dropHilite);
-  case TVGN_FIRSTVISIBLE:
-    return GetFirstVisibleItem();
-  case TVGN_LASTVISIBLE:
-    return nodes.Handle(nodes[0].lastChild == 0 ? 0 : nodes.LastVisibleOf(nodes[0].lastChild));
-  case TVGN_CHILD:
-    if (item == TVI_ROOT || !item) return nodes.Handle(nodes[0].firstChild);
-    break;
-  default:
-    break;
+    case TVGN_ROOT: return nodes.Handle(nodes[0].firstChild);
+    case TVGN_CARET: return nodes.Handle(mImpl->caret);
+    case TVGN_DROPHILITE: return nodes.Handle(mImpl->dropHilite);
+    case TVGN_FIRSTVISIBLE: return GetFirstVisibleItem();
+    case TVGN_LASTVISIBLE:
+      return nodes.Handle(nodes[0].lastChild == 0 ? 0 : nodes.LastVisibleOf(nodes[0].lastChild));
+    case TVGN_CHILD:
+      if (item == TVI_ROOT || !item) return nodes.Handle(nodes[0].firstChild);
+      break;
+    default: break;
   }
   uint32_t const slot = nodes.Slot(item);
   if (slot == 0) return {};
   switch (code) {
-  case TVGN_NEXT:
-    return nodes.Handle(nodes[slot].next);
-  case TVGN_PREVIOUS:
-    return nodes.Handle(nodes[slot].prev);
-  case TVGN_PARENT:
-    return nodes.Handle(nodes[slot].parent);
-  case TVGN_CHILD:
-    return nodes.Handle(nodes[slot].firstChild);
-  case TVGN_NEXTVISIBLE:
-    return nodes.IsShown(slot) ? nodes.Handle(nodes.NextVisible(slot)) : HTREEITEM{};
-  case TVGN_PREVIOUSVISIBLE:
-    return nodes.IsShown(slot) ? nodes.Handle(nodes.PrevVisible(slot)) : HTREEITEM{};
-  default:
-    return {};
+    case TVGN_NEXT: return nodes.Handle(nodes[slot].next);
+    case TVGN_PREVIOUS: return nodes.Handle(nodes[slot].prev);
+    case TVGN_PARENT: return nodes.Handle(nodes[slot].parent);
+    case TVGN_CHILD: return nodes.Handle(nodes[slot].firstChild);
+    case TVGN_NEXTVISIBLE:
+      return nodes.IsShown(slot) ? nodes.Handle(nodes.NextVisible(slot)) : HTREEITEM{};
+    case TVGN_PREVIOUSVISIBLE:
+      return nodes.IsShown(slot) ? nodes.Handle(nodes.PrevVisible(slot)) : HTREEITEM{};
+    default: return {};
   }
 }
 
 HTREEITEM CTreeCtrl::GetRootItem() const { return GetNextItem({}, TVGN_ROOT); }
 HTREEITEM CTreeCtrl::GetChildItem(HTREEITEM item) const { return GetNextItem(item, TVGN_CHILD); }
-HTREEITEM CTreeCtrl::GetNextSiblingItem(HTREEITEM item) const { return GetNextItem(item, TVGN_NEXT); }
-HTREEITEM CTreeCtrl::GetPrevSiblingItem(HTREEITEM item) const { return GetNextItem(item, TVGN_PREVIOUS); }
+HTREEITEM CTreeCtrl::GetNextSiblingItem(HTREEITEM item) const {
+  return GetNextItem(item, TVGN_NEXT);
+}
+HTREEITEM CTreeCtrl::GetPrevSiblingItem(HTREEITEM item) const {
+  return GetNextItem(item, TVGN_PREVIOUS);
+}
 HTREEITEM CTreeCtrl::GetParentItem(HTREEITEM item) const { return GetNextItem(item, TVGN_PARENT); }
-HTREEITEM CTreeCtrl::GetNextVisibleItem(HTREEITEM item) const { return GetNextItem(item, TVGN_NEXTVISIBLE); }
+HTREEITEM CTreeCtrl::GetNextVisibleItem(HTREEITEM item) const {
+  return GetNextItem(item, TVGN_NEXTVISIBLE);
+}
 HTREEITEM CTreeCtrl::GetPrevVisibleItem(HTREEITEM item) const {
   return GetNextItem(item, TVGN_PREVIOUSVISIBLE);
 }
@@ -376,44 +377,42 @@ BOOL CTreeCtrl::Select(HTREEITEM item, UINT code) {
   uint32_t const slot = nodes.Slot(item);
   if (!item == false && slot == 0) return 0;
   switch (code & ~TVSI_NOSINGLEEXPAND) {
-  case TVGN_CARET: {
-    uint32_t const old = mImpl->caret;
-    if (old == slot) {
-      if (slot != 0) nodes[slot].state |= TVIS_SELECTED;
-      if (slot != 0) EnsureVisible(item);
+    case TVGN_CARET: {
+      uint32_t const old = mImpl->caret;
+      if (old == slot) {
+        if (slot != 0) nodes[slot].state |= TVIS_SELECTED;
+        if (slot != 0) EnsureVisible(item);
+        return 1;
+      }
+      NMTREEVIEWW changing;
+      changing.action = mImpl->selectAction;
+      changing.itemOld = DescribeItem(nodes, old);
+      changing.itemNew = DescribeItem(nodes, slot);
+      if (SendNotify(this, TVN_SELCHANGINGW, changing.hdr) != 0) return 0;
+      // The handler may have deleted either item.
+      if (old != 0 && nodes[old].alive) nodes[old].state &= ~TVIS_SELECTED;
+      if (slot != 0 && nodes.Slot(item) == 0) return 0;
+      mImpl->caret = slot;
+      if (slot != 0) {
+        nodes[slot].state |= TVIS_SELECTED;
+        EnsureVisible(item);
+      }
+      NMTREEVIEWW changed;
+      changed.action = mImpl->selectAction;
+      changed.itemOld = DescribeItem(nodes, old != 0 && nodes[old].alive ? old : 0);
+      changed.itemNew = DescribeItem(nodes, slot);
+      SendNotify(this, TVN_SELCHANGEDW, changed.hdr);
+      Invalidate();
       return 1;
     }
-    NMTREEVIEWW changing;
-    changing.action = mImpl->selectAction;
-    changing.itemOld = DescribeItem(nodes, old);
-    changing.itemNew = DescribeItem(nodes, slot);
-    if (SendNotify(this, TVN_SELCHANGINGW, changing.hdr) != 0) return 0;
-    // The handler may have deleted either item.
-    if (old != 0 && nodes[old].alive) nodes[old].state &= ~TVIS_SELECTED;
-    if (slot != 0 && nodes.Slot(item) == 0) return 0;
-    mImpl->caret = slot;
-    if (slot != 0) {
-      nodes[slot].state |= TVIS_SELECTED;
-      EnsureVisible(item);
-    }
-    NMTREEVIEWW changed;
-    changed.action = mImpl->selectAction;
-    changed.itemOld = DescribeItem(nodes, old != 0 && nodes[old].alive ? old : 0);
-    changed.itemNew = DescribeItem(nodes, slot);
-    SendNotify(this, TVN_SELCHANGEDW, changed.hdr);
-    Invalidate();
-    return 1;
-  }
-  case TVGN_DROPHILITE:
-    if (mImpl->dropHilite != 0) nodes[mImpl->dropHilite].state &= ~TVIS_DROPHILITED;
-    mImpl->dropHilite = slot;
-    if (slot != 0) nodes[slot].state |= TVIS_DROPHILITED;
-    Invalidate();
-    return 1;
-  case TVGN_FIRSTVISIBLE:
-    return SelectSetFirstVisible(item);
-  default:
-    return 0;
+    case TVGN_DROPHILITE:
+      if (mImpl->dropHilite != 0) nodes[mImpl->dropHilite].state &= ~TVIS_DROPHILITED;
+      mImpl->dropHilite = slot;
+      if (slot != 0) nodes[slot].state |= TVIS_DROPHILITED;
+      Invalidate();
+      return 1;
+    case TVGN_FIRSTVISIBLE: return SelectSetFirstVisible(item);
+    default: return 0;
   }
 }
 
@@ -450,7 +449,8 @@ BOOL CTreeCtrl::Expand(HTREEITEM item, UINT code) {
   else
     target.state &= ~TVIS_EXPANDED;
   // The caret inside a collapsed branch moves up to the branch.
-  if (!expand && mImpl->caret != 0 && nodes.IsAncestor(slot, mImpl->caret)) Select(item, TVGN_CARET);
+  if (!expand && mImpl->caret != 0 && nodes.IsAncestor(slot, mImpl->caret))
+    Select(item, TVGN_CARET);
   if (!expand && (code & TVE_COLLAPSERESET) != 0) {
     while (nodes[slot].firstChild != 0) DeleteItem(nodes.Handle(nodes[slot].firstChild));
     nodes[slot].state &= ~TVIS_EXPANDEDONCE;
@@ -474,7 +474,8 @@ namespace {
 template <class Less>
 void SortSiblings(TreeNodeStore & nodes, uint32_t parent, Less less) {
   std::vector<uint32_t> order;
-  for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next) order.push_back(child);
+  for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next)
+    order.push_back(child);
   std::stable_sort(order.begin(), order.end(), less);
   uint32_t prev = 0;
   for (uint32_t const child : order) {
@@ -497,7 +498,9 @@ BOOL CTreeCtrl::SortChildren(HTREEITEM item) {
   TreeNodeStore & nodes = mImpl->nodes;
   uint32_t const parent = item == TVI_ROOT || !item ? 0 : nodes.Slot(item);
   if (parent == 0 && item != TVI_ROOT && item) return 0;
-  SortSiblings(nodes, parent, [&nodes](uint32_t a, uint32_t b) { return nodes[a].text.CmpNoCase(nodes[b].text) < 0; });
+  SortSiblings(nodes, parent, [&nodes](uint32_t a, uint32_t b) {
+    return nodes[a].text.CmpNoCase(nodes[b].text) < 0;
+  });
   ++mImpl->layoutVersion;
   Invalidate();
   return 1;
@@ -506,7 +509,8 @@ BOOL CTreeCtrl::SortChildren(HTREEITEM item) {
 BOOL CTreeCtrl::SortChildrenCB(TVSORTCB const * sort) {
   if (sort == nullptr || sort->lpfnCompare == nullptr) return 0;
   TreeNodeStore & nodes = mImpl->nodes;
-  uint32_t const parent = sort->hParent == TVI_ROOT || !sort->hParent ? 0 : nodes.Slot(sort->hParent);
+  uint32_t const parent =
+      sort->hParent == TVI_ROOT || !sort->hParent ? 0 : nodes.Slot(sort->hParent);
   if (parent == 0 && sort->hParent != TVI_ROOT && sort->hParent) return 0;
   SortSiblings(nodes, parent, [&nodes, sort](uint32_t a, uint32_t b) {
     return sort->lpfnCompare(nodes[a].data, nodes[b].data, sort->lParam) < 0;

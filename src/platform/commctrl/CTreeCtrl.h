@@ -30,13 +30,15 @@ class wxTextCtrl;
 class CTreeCtrl : public wxWindow {
 public:
   CTreeCtrl();
-  CTreeCtrl(wxWindow * parent, wxWindowID id, DWORD style = TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT,
+  CTreeCtrl(wxWindow * parent, wxWindowID id,
+            DWORD style = TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT,
             wxPoint const & pos = wxDefaultPosition, wxSize const & size = wxDefaultSize);
   ~CTreeCtrl() override;
   CTreeCtrl(CTreeCtrl const &) = delete;
   CTreeCtrl & operator=(CTreeCtrl const &) = delete;
 
-  bool Create(wxWindow * parent, wxWindowID id, DWORD style = TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT,
+  bool Create(wxWindow * parent, wxWindowID id,
+              DWORD style = TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT,
               wxPoint const & pos = wxDefaultPosition, wxSize const & size = wxDefaultSize);
 
   // The TVS_* style bits.
@@ -47,9 +49,10 @@ public:
   HTREEITEM InsertItem(TVINSERTSTRUCTW const * insert);
   HTREEITEM InsertItem(UINT mask, wxString const & text, int image, int selectedImage, UINT state,
                        UINT stateMask, LPARAM data, HTREEITEM parent, HTREEITEM insertAfter);
-  HTREEITEM InsertItem(wxString const & text, HTREEITEM parent = TVI_ROOT, HTREEITEM insertAfter = TVI_LAST);
-  HTREEITEM InsertItem(wxString const & text, int image, int selectedImage, HTREEITEM parent = TVI_ROOT,
+  HTREEITEM InsertItem(wxString const & text, HTREEITEM parent = TVI_ROOT,
                        HTREEITEM insertAfter = TVI_LAST);
+  HTREEITEM InsertItem(wxString const & text, int image, int selectedImage,
+                       HTREEITEM parent = TVI_ROOT, HTREEITEM insertAfter = TVI_LAST);
   // Deletes the item and its branch, sending TVN_DELETEITEM for each item.
   BOOL DeleteItem(HTREEITEM item);
   BOOL DeleteAllItems();

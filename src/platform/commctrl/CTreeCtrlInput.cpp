@@ -61,7 +61,8 @@ static UINT NextStateImage(CTreeCtrl::Impl const & impl, UINT current) {
 static void ToggleCheck(CTreeCtrl & tree, CTreeCtrl::Impl const & impl, HTREEITEM item) {
   UINT const current = STATEIMAGEMASKTOINDEX(tree.GetItemState(item, TVIS_STATEIMAGEMASK));
   if (current == 0) return;
-  tree.SetItemState(item, INDEXTOSTATEIMAGEMASK(NextStateImage(impl, current)), TVIS_STATEIMAGEMASK);
+  tree.SetItemState(item, INDEXTOSTATEIMAGEMASK(NextStateImage(impl, current)),
+                    TVIS_STATEIMAGEMASK);
 }
 
 void CTreeCtrl::OnLButtonDown(UINT /*flags*/, POINT point) {
@@ -80,10 +81,13 @@ void CTreeCtrl::OnLButtonDown(UINT /*flags*/, POINT point) {
     return;
   }
   if ((hit & TVHT_ONITEMSTATEICON) != 0 && (mStyle & TVS_CHECKBOXES) != 0) {
-    if (SendNotify(this, NM_CLICK, click) == 0 && IsValidItem(item)) ToggleCheck(*this, *mImpl, item);
+    if (SendNotify(this, NM_CLICK, click) == 0 && IsValidItem(item))
+      ToggleCheck(*this, *mImpl, item);
     return;
   }
-  bool const onRow = (hit & TVHT_ONITEM) != 0 || ((mStyle & TVS_FULLROWSELECT) != 0 && (hit & (TVHT_ONITEMRIGHT | TVHT_ONITEMINDENT)) != 0);
+  bool const onRow =
+      (hit & TVHT_ONITEM) != 0 ||
+      ((mStyle & TVS_FULLROWSELECT) != 0 && (hit & (TVHT_ONITEMRIGHT | TVHT_ONITEMINDENT)) != 0);
   if (!onRow) {
     SendNotify(this, NM_CLICK, click);
     return;
@@ -164,7 +168,8 @@ bool CTreeCtrl::DragDetect(POINT point) {
     }
     if (std::chrono::steady_clock::now() > give_up) break;
     // Paints and the like go on meanwhile; input waits and comes after.
-    if (wxEventLoopBase * const loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_UI);
+    if (wxEventLoopBase * const loop = wxEventLoopBase::GetActive())
+      loop->YieldFor(wxEVT_CATEGORY_UI);
     wxMilliSleep(5);
   }
   if (captured && HasCapture()) ReleaseMouse();
@@ -185,61 +190,65 @@ void CTreeCtrl::OnKeyDown(UINT virtualKey, UINT /*repeatCount*/, UINT /*flags*/)
   UserAction const user(*mImpl, TVC_BYKEYBOARD);
   if (caret == 0) {
     // Any move first lands on the first shown row.
-    if (virtualKey == VK_UP || virtualKey == VK_DOWN || virtualKey == VK_HOME || virtualKey == VK_END ||
-        virtualKey == VK_PRIOR || virtualKey == VK_NEXT)
+    if (virtualKey == VK_UP || virtualKey == VK_DOWN || virtualKey == VK_HOME ||
+        virtualKey == VK_END || virtualKey == VK_PRIOR || virtualKey == VK_NEXT)
       Select(GetFirstVisibleItem(), TVGN_CARET);
     return;
   }
   HTREEITEM const current = nodes.Handle(caret);
   switch (virtualKey) {
-  case VK_UP: target = nodes.PrevVisible(caret); break;
-  case VK_DOWN: target = nodes.NextVisible(caret); break;
-  case VK_HOME: target = nodes[0].firstChild; break;
-  case VK_END: target = nodes.LastVisibleOf(nodes[0].lastChild); break;
-  case VK_PRIOR:
-    target = caret;
-    for (int i = 0; i < page && nodes.PrevVisible(target) != 0; ++i) target = nodes.PrevVisible(target);
-    break;
-  case VK_NEXT:
-    target = caret;
-    for (int i = 0; i < page && nodes.NextVisible(target) != 0; ++i) target = nodes.NextVisible(target);
-    break;
-  case VK_LEFT:
-    if (nodes.IsExpanded(caret) && ItemHasChildren(current))
-      Expand(current, TVE_COLLAPSE);
-    else
-      target = nodes[caret].parent;
-    break;
-  case VK_RIGHT:
-    if (ItemHasChildren(current) && !nodes.IsExpanded(caret))
-      Expand(current, TVE_EXPAND);
-    else if (nodes.IsExpanded(caret))
-      target = nodes[caret].firstChild;
-    break;
-  case VK_BACK: target = nodes[caret].parent; break;
-  case VK_ADD: Expand(current, TVE_EXPAND); break;
-  case VK_SUBTRACT: Expand(current, TVE_COLLAPSE); break;
-  case VK_MULTIPLY: {
-    // The whole branch, top down, as a loop.
-    uint32_t slot = caret;
-    while (slot != 0) {
-      if (nodes[slot].firstChild != 0 && !nodes.IsExpanded(slot)) Expand(nodes.Handle(slot), TVE_EXPAND);
-      slot = nodes[slot].firstChild != 0 ? nodes[slot].firstChild : nodes.NextSkippingChildren(slot, caret);
+    case VK_UP: target = nodes.PrevVisible(caret); break;
+    case VK_DOWN: target = nodes.NextVisible(caret); break;
+    case VK_HOME: target = nodes[0].firstChild; break;
+    case VK_END: target = nodes.LastVisibleOf(nodes[0].lastChild); break;
+    case VK_PRIOR:
+      target = caret;
+      for (int i = 0; i < page && nodes.PrevVisible(target) != 0; ++i)
+        target = nodes.PrevVisible(target);
+      break;
+    case VK_NEXT:
+      target = caret;
+      for (int i = 0; i < page && nodes.NextVisible(target) != 0; ++i)
+        target = nodes.NextVisible(target);
+      break;
+    case VK_LEFT:
+      if (nodes.IsExpanded(caret) && ItemHasChildren(current))
+        Expand(current, TVE_COLLAPSE);
+      else
+        target = nodes[caret].parent;
+      break;
+    case VK_RIGHT:
+      if (ItemHasChildren(current) && !nodes.IsExpanded(caret))
+        Expand(current, TVE_EXPAND);
+      else if (nodes.IsExpanded(caret))
+        target = nodes[caret].firstChild;
+      break;
+    case VK_BACK: target = nodes[caret].parent; break;
+    case VK_ADD: Expand(current, TVE_EXPAND); break;
+    case VK_SUBTRACT: Expand(current, TVE_COLLAPSE); break;
+    case VK_MULTIPLY: {
+      // The whole branch, top down, as a loop.
+      uint32_t slot = caret;
+      while (slot != 0) {
+        if (nodes[slot].firstChild != 0 && !nodes.IsExpanded(slot))
+          Expand(nodes.Handle(slot), TVE_EXPAND);
+        slot = nodes[slot].firstChild != 0 ? nodes[slot].firstChild
+                                           : nodes.NextSkippingChildren(slot, caret);
+      }
+      break;
     }
-    break;
-  }
-  case VK_F2:
-    if ((mStyle & TVS_EDITLABELS) != 0) EditLabel(current);
-    break;
-  case VK_SPACE:
-    if ((mStyle & TVS_CHECKBOXES) != 0) ToggleCheck(*this, *mImpl, current);
-    break;
-  case VK_RETURN: {
-    NMHDR header;
-    SendNotify(this, NM_RETURN, header);
-    break;
-  }
-  default: break;
+    case VK_F2:
+      if ((mStyle & TVS_EDITLABELS) != 0) EditLabel(current);
+      break;
+    case VK_SPACE:
+      if ((mStyle & TVS_CHECKBOXES) != 0) ToggleCheck(*this, *mImpl, current);
+      break;
+    case VK_RETURN: {
+      NMHDR header;
+      SendNotify(this, NM_RETURN, header);
+      break;
+    }
+    default: break;
   }
   if (target != 0 && target != caret) Select(nodes.Handle(target), TVGN_CARET);
 }
@@ -321,10 +330,11 @@ wxTextCtrl * CTreeCtrl::EditLabel(HTREEITEM item) {
   RECT rect{};
   GetItemRect(item, &rect, 1);
   int const width = std::max<int>(rect.right - rect.left + 40, 80);
-  auto * edit = new wxTextCtrl(this, wxID_ANY, mImpl->nodes[slot].text, wxPoint(rect.left, rect.top),
-                               wxSize(std::min(width, std::max(80, GetClientSize().GetWidth() - rect.left)),
-                                      rect.bottom - rect.top + 2),
-                               wxTE_PROCESS_ENTER | wxBORDER_SIMPLE);
+  auto * edit =
+      new wxTextCtrl(this, wxID_ANY, mImpl->nodes[slot].text, wxPoint(rect.left, rect.top),
+                     wxSize(std::min(width, std::max(80, GetClientSize().GetWidth() - rect.left)),
+                            rect.bottom - rect.top + 2),
+                     wxTE_PROCESS_ENTER | wxBORDER_SIMPLE);
   mEdit = edit;
   mImpl->editSlot = slot;
   edit->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent &) { EndEditLabelNow(0); });
@@ -336,7 +346,8 @@ wxTextCtrl * CTreeCtrl::EditLabel(HTREEITEM item) {
   });
   edit->Bind(wxEVT_KILL_FOCUS, [this, edit](wxFocusEvent & event) {
     event.Skip();
-    if (mEdit == edit) CallAfter([this, edit] {
+    if (mEdit == edit)
+      CallAfter([this, edit] {
         if (mEdit == edit) EndEditLabelNow(0);
       });
   });

@@ -41,9 +41,11 @@ struct RowLayout {
 
 // ---- creating ----
 
-bool CTreeCtrl::Create(wxWindow * parent, wxWindowID id, DWORD style, wxPoint const & pos, wxSize const & size) {
+bool CTreeCtrl::Create(wxWindow * parent, wxWindowID id, DWORD style, wxPoint const & pos,
+                       wxSize const & size) {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
-  if (!wxWindow::Create(parent, id, pos, size, wxWANTS_CHARS | wxVSCROLL | wxHSCROLL | wxBORDER_THEME, "CTreeCtrl"))
+  if (!wxWindow::Create(parent, id, pos, size,
+                        wxWANTS_CHARS | wxVSCROLL | wxHSCROLL | wxBORDER_THEME, "CTreeCtrl"))
     return false;
   mStyle = style;
   SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
@@ -71,14 +73,20 @@ bool CTreeCtrl::Create(wxWindow * parent, wxWindowID id, DWORD style, wxPoint co
     return flags;
   };
   auto at = [](wxMouseEvent const & event) { return POINT{event.GetX(), event.GetY()}; };
-  Bind(wxEVT_LEFT_DOWN, [=](wxMouseEvent & event) { OnLButtonDown(mouseFlags(event) | MK_LBUTTON, at(event)); });
-  Bind(wxEVT_LEFT_UP, [=](wxMouseEvent & event) { OnLButtonUp(mouseFlags(event) & ~MK_LBUTTON, at(event)); });
-  Bind(wxEVT_LEFT_DCLICK, [=](wxMouseEvent & event) { OnLButtonDblClk(mouseFlags(event), at(event)); });
-  Bind(wxEVT_RIGHT_DOWN, [=](wxMouseEvent & event) { OnRButtonDown(mouseFlags(event) | MK_RBUTTON, at(event)); });
-  Bind(wxEVT_RIGHT_UP, [=](wxMouseEvent & event) { OnRButtonUp(mouseFlags(event) & ~MK_RBUTTON, at(event)); });
+  Bind(wxEVT_LEFT_DOWN,
+       [=](wxMouseEvent & event) { OnLButtonDown(mouseFlags(event) | MK_LBUTTON, at(event)); });
+  Bind(wxEVT_LEFT_UP,
+       [=](wxMouseEvent & event) { OnLButtonUp(mouseFlags(event) & ~MK_LBUTTON, at(event)); });
+  Bind(wxEVT_LEFT_DCLICK,
+       [=](wxMouseEvent & event) { OnLButtonDblClk(mouseFlags(event), at(event)); });
+  Bind(wxEVT_RIGHT_DOWN,
+       [=](wxMouseEvent & event) { OnRButtonDown(mouseFlags(event) | MK_RBUTTON, at(event)); });
+  Bind(wxEVT_RIGHT_UP,
+       [=](wxMouseEvent & event) { OnRButtonUp(mouseFlags(event) & ~MK_RBUTTON, at(event)); });
   Bind(wxEVT_MOTION, [=](wxMouseEvent & event) { OnMouseMove(mouseFlags(event), at(event)); });
   Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent & event) {
-    int const lines = event.GetWheelRotation() / std::max(1, event.GetWheelDelta()) * event.GetLinesPerAction();
+    int const lines =
+        event.GetWheelRotation() / std::max(1, event.GetWheelDelta()) * event.GetLinesPerAction();
     for (int i = 0; i < std::abs(lines); ++i) OnVScroll(lines > 0 ? SB_LINEUP : SB_LINEDOWN, 0);
   });
   Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent & event) {
@@ -107,7 +115,8 @@ bool CTreeCtrl::Create(wxWindow * parent, wxWindowID id, DWORD style, wxPoint co
     OnKillFocus();
     event.Skip();
   });
-  Bind(wxEVT_TIMER, [this](wxTimerEvent & event) { OnTimer(static_cast<UINT_PTR>(event.GetId())); });
+  Bind(wxEVT_TIMER,
+       [this](wxTimerEvent & event) { OnTimer(static_cast<UINT_PTR>(event.GetId())); });
   auto scroll = [this](wxScrollWinEvent & event, UINT code) {
     if (event.GetOrientation() == wxVERTICAL)
       OnVScroll(code, static_cast<UINT>(event.GetPosition()));
@@ -121,7 +130,8 @@ bool CTreeCtrl::Create(wxWindow * parent, wxWindowID id, DWORD style, wxPoint co
   Bind(wxEVT_SCROLLWIN_PAGEUP, [=](wxScrollWinEvent & event) { scroll(event, SB_PAGEUP); });
   Bind(wxEVT_SCROLLWIN_PAGEDOWN, [=](wxScrollWinEvent & event) { scroll(event, SB_PAGEDOWN); });
   Bind(wxEVT_SCROLLWIN_THUMBTRACK, [=](wxScrollWinEvent & event) { scroll(event, SB_THUMBTRACK); });
-  Bind(wxEVT_SCROLLWIN_THUMBRELEASE, [=](wxScrollWinEvent & event) { scroll(event, SB_THUMBPOSITION); });
+  Bind(wxEVT_SCROLLWIN_THUMBRELEASE,
+       [=](wxScrollWinEvent & event) { scroll(event, SB_THUMBPOSITION); });
   return true;
 }
 
@@ -174,7 +184,8 @@ short CTreeCtrl::GetItemHeight() const {
 
 short CTreeCtrl::SetItemHeight(short height) {
   short const old = GetItemHeight();
-  if (height > 0 && (mStyle & TVS_NONEVENHEIGHT) == 0) height = static_cast<short>(height + height % 2);
+  if (height > 0 && (mStyle & TVS_NONEVENHEIGHT) == 0)
+    height = static_cast<short>(height + height % 2);
   mImpl->itemHeightSet = height > 0 ? height : -1;
   Invalidate();
   return old;
@@ -186,7 +197,8 @@ void CTreeCtrl::SetIndent(UINT indent) {
 }
 
 UINT CTreeCtrl::GetVisibleCount() const {
-  return static_cast<UINT>(std::max(0, GetClientSize().GetHeight() / std::max<int>(1, GetItemHeight())));
+  return static_cast<UINT>(
+      std::max(0, GetClientSize().GetHeight() / std::max<int>(1, GetItemHeight())));
 }
 
 // The slot shown at `row` (0 is the first root), or 0 past the end.
@@ -194,7 +206,8 @@ static uint32_t SlotAtRow(CTreeCtrl::Impl const & impl, int row) {
   TreeNodeStore const & nodes = impl.nodes;
   uint32_t slot = nodes[0].firstChild;
   int at = 0;
-  if (impl.topVersion == impl.layoutVersion && impl.topVersionRow >= 0 && impl.topVersionRow <= row) {
+  if (impl.topVersion == impl.layoutVersion && impl.topVersionRow >= 0 &&
+      impl.topVersionRow <= row) {
     slot = impl.topSlot;
     at = impl.topVersionRow;
   }
@@ -248,22 +261,26 @@ HTREEITEM CTreeCtrl::GetFirstVisibleItem() const {
   return impl.nodes.Handle(impl.topSlot);
 }
 
-int CTreeCtrl::GetScrollPos(int bar) const { return bar == SB_HORZ ? mImpl->scrollX : mImpl->topRow; }
+int CTreeCtrl::GetScrollPos(int bar) const {
+  return bar == SB_HORZ ? mImpl->scrollX : mImpl->topRow;
+}
 
-static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl const & impl, uint32_t slot, int depth,
-                        wxFont const * font) {
+static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl const & impl, uint32_t slot,
+                        int depth, wxFont const * font) {
   TreeNode const & node = impl.nodes[slot];
   DWORD const style = tree.GetStyle();
   int const indent = static_cast<int>(tree.GetIndent());
-  bool const rootColumn = (style & TVS_LINESATROOT) != 0 && (style & (TVS_HASLINES | TVS_HASBUTTONS)) != 0;
+  bool const rootColumn =
+      (style & TVS_LINESATROOT) != 0 && (style & (TVS_HASLINES | TVS_HASBUTTONS)) != 0;
   RowLayout row;
   row.depth = depth;
   int const level = depth + (rootColumn ? 1 : 0);
   row.buttonLeft = (level - 1) * indent - impl.scrollX;
   int x = level * indent - impl.scrollX;
-  UINT const stateImage = STATEIMAGEMASKTOINDEX(node.state);
   row.stateLeft = x;
-  if (stateImage != 0 && (impl.stateImages != nullptr || (style & TVS_CHECKBOXES) != 0)) {
+  // The box column is there for every row once the tree has boxes, so that
+  // labels stay in line whether an item shows its box or not.
+  if (impl.stateImages != nullptr || (style & TVS_CHECKBOXES) != 0) {
     int width = 16;
     int height = 16;
     if (impl.stateImages != nullptr) impl.stateImages->GetSize(0, width, height);
@@ -383,15 +400,15 @@ void CTreeCtrl::OnVScroll(UINT code, UINT position) {
   int const page = std::max(1, static_cast<int>(GetVisibleCount()));
   int top = mImpl->topRow;
   switch (code) {
-  case SB_LINEUP: --top; break;
-  case SB_LINEDOWN: ++top; break;
-  case SB_PAGEUP: top -= page; break;
-  case SB_PAGEDOWN: top += page; break;
-  case SB_THUMBTRACK:
-  case SB_THUMBPOSITION: top = static_cast<int>(position); break;
-  case SB_TOP: top = 0; break;
-  case SB_BOTTOM: top = RowCount(*mImpl); break;
-  default: return;
+    case SB_LINEUP: --top; break;
+    case SB_LINEDOWN: ++top; break;
+    case SB_PAGEUP: top -= page; break;
+    case SB_PAGEDOWN: top += page; break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION: top = static_cast<int>(position); break;
+    case SB_TOP: top = 0; break;
+    case SB_BOTTOM: top = RowCount(*mImpl); break;
+    default: return;
   }
   mImpl->topRow = top;
   SettleTop(*mImpl, page);
@@ -404,15 +421,15 @@ void CTreeCtrl::OnHScroll(UINT code, UINT position) {
   int const width = GetClientSize().GetWidth();
   int x = mImpl->scrollX;
   switch (code) {
-  case SB_LINEUP: x -= static_cast<int>(mIndent); break;
-  case SB_LINEDOWN: x += static_cast<int>(mIndent); break;
-  case SB_PAGEUP: x -= width; break;
-  case SB_PAGEDOWN: x += width; break;
-  case SB_THUMBTRACK:
-  case SB_THUMBPOSITION: x = static_cast<int>(position); break;
-  case SB_TOP: x = 0; break;
-  case SB_BOTTOM: x = mImpl->widestRow; break;
-  default: return;
+    case SB_LINEUP: x -= static_cast<int>(mIndent); break;
+    case SB_LINEDOWN: x += static_cast<int>(mIndent); break;
+    case SB_PAGEUP: x -= width; break;
+    case SB_PAGEDOWN: x += width; break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION: x = static_cast<int>(position); break;
+    case SB_TOP: x = 0; break;
+    case SB_BOTTOM: x = mImpl->widestRow; break;
+    default: return;
   }
   mImpl->scrollX = std::max(0, std::min(x, mImpl->widestRow - width));
   mImpl->scrollbarsDirty = true;
@@ -454,7 +471,9 @@ BOOL CTreeCtrl::SelectSetFirstVisible(HTREEITEM item) {
 // ---- images and colours ----
 
 wxImageList * CTreeCtrl::GetImageList(int which) const {
-  return which == TVSIL_STATE ? mImpl->stateImages : which == TVSIL_NORMAL ? mImpl->normalImages : nullptr;
+  return which == TVSIL_STATE    ? mImpl->stateImages
+         : which == TVSIL_NORMAL ? mImpl->normalImages
+                                 : nullptr;
 }
 
 wxImageList * CTreeCtrl::SetImageList(wxImageList * images, int which) {
@@ -518,7 +537,8 @@ wxImageList * CTreeCtrl::CreateDragImage(HTREEITEM item) {
     dc.SetFont(GetFont());
     dc.SetTextForeground(GetSysColour(COLOR_WINDOWTEXT));
     TreeNode const & node = mImpl->nodes[slot];
-    if (mImpl->normalImages != nullptr && node.image >= 0 && node.image < mImpl->normalImages->GetImageCount())
+    if (mImpl->normalImages != nullptr && node.image >= 0 &&
+        node.image < mImpl->normalImages->GetImageCount())
       mImpl->normalImages->Draw(node.image, dc, 0, 0, wxIMAGELIST_DRAW_TRANSPARENT);
     dc.DrawText(node.text, row.iconWidth + TextPadding, (height - mImpl->fontHeight) / 2);
   }
@@ -537,8 +557,10 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   UpdateScrollbars(*this, impl);
   wxSize const client = GetClientSize();
   wxColour const window = mBkColor == CLR_DEFAULT ? GetSysColour(COLOR_WINDOW) : ToColour(mBkColor);
-  wxColour const text = mTextColor == CLR_DEFAULT ? GetSysColour(COLOR_WINDOWTEXT) : ToColour(mTextColor);
-  wxColour const line = mLineColor == CLR_DEFAULT ? GetSysColour(COLOR_GRAYTEXT) : ToColour(mLineColor);
+  wxColour const text =
+      mTextColor == CLR_DEFAULT ? GetSysColour(COLOR_WINDOWTEXT) : ToColour(mTextColor);
+  wxColour const line =
+      mLineColor == CLR_DEFAULT ? GetSysColour(COLOR_GRAYTEXT) : ToColour(mLineColor);
   dc.SetFont(GetFont());
   dc.SetBrush(wxBrush(window));
   dc.SetPen(*wxTRANSPARENT_PEN);
@@ -562,7 +584,8 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   wxPen linePen(line, 1, wxPENSTYLE_DOT);
   bool const fullRow = (mStyle & TVS_FULLROWSELECT) != 0;
   bool const lines = (mStyle & TVS_HASLINES) != 0 && !fullRow;
-  bool const rootColumn = (mStyle & TVS_LINESATROOT) != 0 && (mStyle & (TVS_HASLINES | TVS_HASBUTTONS)) != 0;
+  bool const rootColumn =
+      (mStyle & TVS_LINESATROOT) != 0 && (mStyle & (TVS_HASLINES | TVS_HASBUTTONS)) != 0;
 
   for (int row = firstRow; slot != 0 && row <= lastRow; ++row) {
     TreeNode const & node = nodes[slot];
@@ -576,11 +599,15 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
     draw.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
     draw.nmcd.rc = RECT{0, top, client.GetWidth(), top + height};
     draw.nmcd.dwItemSpec = ItemSpecFromHandle(nodes.Handle(slot));
-    draw.nmcd.uItemState = (selected ? CDIS_SELECTED : 0) | (slot == impl.caret && focused ? CDIS_FOCUS : 0) |
+    draw.nmcd.uItemState = (selected ? CDIS_SELECTED : 0) |
+                           (slot == impl.caret && focused ? CDIS_FOCUS : 0) |
                            ((node.state & TVIS_DROPHILITED) != 0 ? CDIS_DROPHILITED : 0);
     draw.nmcd.lItemlParam = node.data;
     draw.clrText = (hilited ? GetSysColour(COLOR_HIGHLIGHTTEXT) : text).GetRGB();
-    draw.clrTextBk = (hilited ? GetSysColour(COLOR_HIGHLIGHT) : inactive ? GetSysColour(COLOR_BTNFACE) : window).GetRGB();
+    draw.clrTextBk = (hilited    ? GetSysColour(COLOR_HIGHLIGHT)
+                      : inactive ? GetSysColour(COLOR_BTNFACE)
+                                 : window)
+                         .GetRGB();
     draw.iLevel = depth;
     LRESULT answer = CDRF_DODEFAULT;
     wxFont const controlFont = dc.GetFont();
@@ -596,26 +623,31 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
         if (depth > 0 || rootColumn) {
           dc.DrawLine(ownX, middle, layout.stateLeft, middle);
           bool const firstOfRoots = node.parent == 0 && node.prev == 0;
-          dc.DrawLine(ownX, firstOfRoots ? middle : top, ownX, node.next != 0 ? top + height : middle + 1);
+          dc.DrawLine(ownX, firstOfRoots ? middle : top, ownX,
+                      node.next != 0 ? top + height : middle + 1);
         }
         int x = ownX - indent;
-        for (uint32_t up = node.parent; up != 0 && x >= -indent; up = nodes[up].parent, x -= indent) {
+        for (uint32_t up = node.parent; up != 0 && x >= -indent;
+             up = nodes[up].parent, x -= indent) {
           if (x >= client.GetWidth()) continue;
-          if (nodes[up].next != 0 && (nodes[up].parent != 0 || rootColumn)) dc.DrawLine(x, top, x, top + height);
+          if (nodes[up].next != 0 && (nodes[up].parent != 0 || rootColumn))
+            dc.DrawLine(x, top, x, top + height);
         }
       }
       bool const hasChildren = node.children == -2 ? node.firstChild != 0 : node.children != 0;
       if ((mStyle & TVS_HASBUTTONS) != 0 && hasChildren && (depth > 0 || rootColumn)) {
         int const size = std::min(indent, height) - 4;
-        wxRect const box(layout.buttonLeft + (indent - size) / 2, top + (height - size) / 2, size, size);
-        renderer.DrawTreeItemButton(this, dc, box, (node.state & TVIS_EXPANDED) != 0 ? int(wxCONTROL_EXPANDED) : 0);
+        wxRect const box(layout.buttonLeft + (indent - size) / 2, top + (height - size) / 2, size,
+                         size);
+        renderer.DrawTreeItemButton(
+            this, dc, box, (node.state & TVIS_EXPANDED) != 0 ? int(wxCONTROL_EXPANDED) : 0);
       }
       UINT const stateImage = STATEIMAGEMASKTOINDEX(node.state);
       if (layout.stateWidth > 0) {
         if (impl.stateImages != nullptr) {
           if (static_cast<int>(stateImage) < impl.stateImages->GetImageCount())
-            impl.stateImages->Draw(static_cast<int>(stateImage), dc, layout.stateLeft, top + (height - 16) / 2,
-                                   wxIMAGELIST_DRAW_TRANSPARENT);
+            impl.stateImages->Draw(static_cast<int>(stateImage), dc, layout.stateLeft,
+                                   top + (height - 16) / 2, wxIMAGELIST_DRAW_TRANSPARENT);
         } else if (stateImage == 1 || stateImage == 2) {
           wxRect const box(layout.stateLeft + 1, top + (height - 14) / 2, 14, 14);
           renderer.DrawCheckBox(this, dc, box, stateImage == 2 ? int(wxCONTROL_CHECKED) : 0);
@@ -635,7 +667,8 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       dc.SetFont(font);
       wxColour const back = ToColour(static_cast<COLORREF>(draw.clrTextBk));
       wxRect const label(layout.textLeft, top, layout.textWidth, height);
-      wxRect const fill = fullRow && (hilited || inactive) ? wxRect(0, top, client.GetWidth(), height) : label;
+      wxRect const fill =
+          fullRow && (hilited || inactive) ? wxRect(0, top, client.GetWidth(), height) : label;
       if (back != window) {
         dc.SetPen(*wxTRANSPARENT_PEN);
         dc.SetBrush(wxBrush(back));

@@ -14,9 +14,9 @@ TEST_F(TreeFixture, InsertPlacesFollowTheirCodes) {
   HTREEITEM const m = tree->InsertItem("m", root);
   tree->InsertItem("z", root, TVI_LAST);
   tree->InsertItem("a", root, TVI_FIRST);
-  tree->InsertItem("n", root, m);                   // after a given sibling
-  tree->InsertItem("B", root, TVI_SORT);            // case-blind place among sorted ones
-  tree->InsertItem("b", root, TVI_SORT);            // equal texts: after the present one
+  tree->InsertItem("n", root, m);         // after a given sibling
+  tree->InsertItem("B", root, TVI_SORT);  // case-blind place among sorted ones
+  tree->InsertItem("b", root, TVI_SORT);  // equal texts: after the present one
   HTREEITEM const other = tree->InsertItem("other");
   tree->InsertItem("y", root, tree->InsertItem("child of other", other));  // not a sibling: last
   EXPECT_EQ(Children(root), (Texts{"a", "B", "b", "m", "n", "z", "y"}));
@@ -37,23 +37,25 @@ TEST_F(TreeFixture, WalksByCode) {
     HTREEITEM expected;
   };
   // Collapsed: the visible walk sees the roots only.
-  for (Step const & step : std::vector<Step>{{a, TVGN_NEXT, b},
-                                             {b, TVGN_PREVIOUS, a},
-                                             {a1, TVGN_PARENT, a},
-                                             {a, TVGN_PARENT, {}},
-                                             {a, TVGN_CHILD, a1},
-                                             {{}, TVGN_ROOT, a},
-                                             {a, TVGN_NEXTVISIBLE, b},
-                                             {b, TVGN_PREVIOUSVISIBLE, a},
-                                             {a1, TVGN_NEXTVISIBLE, {}},  // hidden rows have no neighbours
-                                             {{}, TVGN_LASTVISIBLE, b}})
+  for (Step const & step :
+       std::vector<Step>{{a, TVGN_NEXT, b},
+                         {b, TVGN_PREVIOUS, a},
+                         {a1, TVGN_PARENT, a},
+                         {a, TVGN_PARENT, {}},
+                         {a, TVGN_CHILD, a1},
+                         {{}, TVGN_ROOT, a},
+                         {a, TVGN_NEXTVISIBLE, b},
+                         {b, TVGN_PREVIOUSVISIBLE, a},
+                         {a1, TVGN_NEXTVISIBLE, {}},  // hidden rows have no neighbours
+                         {{}, TVGN_LASTVISIBLE, b}})
     EXPECT_EQ(tree->GetNextItem(step.from, step.code), step.expected)
         << tree->GetItemText(step.from) << " code " << step.code;
 
   tree->Expand(a, TVE_EXPAND);
   tree->Expand(a1, TVE_EXPAND);
   std::vector<HTREEITEM> shown;
-  for (HTREEITEM item = tree->GetRootItem(); item; item = tree->GetNextVisibleItem(item)) shown.push_back(item);
+  for (HTREEITEM item = tree->GetRootItem(); item; item = tree->GetNextVisibleItem(item))
+    shown.push_back(item);
   EXPECT_EQ(shown, (std::vector<HTREEITEM>{a, a1, a11, a2, b}));
   std::vector<HTREEITEM> back;
   for (HTREEITEM item = tree->GetLastVisibleItem(); item; item = tree->GetPrevVisibleItem(item))
@@ -122,8 +124,8 @@ TEST_F(TreeFixture, StatesKeepTheirBitsAndTheCheckBoxIsStateImageTwo) {
   EXPECT_EQ(tree->GetItemState(item, 0xFFFF), INDEXTOSTATEIMAGEMASK(5));
 
   // An explicit state image on insert wins over the new box.
-  HTREEITEM const none = tree->InsertItem(TVIF_TEXT | TVIF_STATE, "none", 0, 0, 0, TVIS_STATEIMAGEMASK, 0,
-                                          TVI_ROOT, TVI_LAST);
+  HTREEITEM const none = tree->InsertItem(TVIF_TEXT | TVIF_STATE, "none", 0, 0, 0,
+                                          TVIS_STATEIMAGEMASK, 0, TVI_ROOT, TVI_LAST);
   EXPECT_EQ(tree->GetItemState(none, TVIS_STATEIMAGEMASK), 0u);
 
   wchar_t buffer[4];
@@ -141,7 +143,9 @@ TEST_F(TreeFixture, StatesKeepTheirBitsAndTheCheckBoxIsStateImageTwo) {
   EXPECT_TRUE(tree->ItemHasChildren(item));
 }
 
-int CompareData(LPARAM a, LPARAM b, LPARAM direction) { return static_cast<int>((a - b) * direction); }
+int CompareData(LPARAM a, LPARAM b, LPARAM direction) {
+  return static_cast<int>((a - b) * direction);
+}
 
 TEST_F(TreeFixture, SortingIsStableAndCallbacksSeeTheData) {
   for (auto const * text : {"b", "B", "a", "c", "A"}) tree->InsertItem(text);

@@ -54,8 +54,9 @@ protected:
   void Record(NotifyEvent & event) {
     Notified seen;
     seen.code = event.GetCode();
-    if (seen.code == TVN_SELCHANGING || seen.code == TVN_SELCHANGED || seen.code == TVN_ITEMEXPANDING ||
-        seen.code == TVN_ITEMEXPANDED || seen.code == TVN_DELETEITEM || seen.code == TVN_BEGINDRAG) {
+    if (seen.code == TVN_SELCHANGING || seen.code == TVN_SELCHANGED ||
+        seen.code == TVN_ITEMEXPANDING || seen.code == TVN_ITEMEXPANDED ||
+        seen.code == TVN_DELETEITEM || seen.code == TVN_BEGINDRAG) {
       auto * tv = event.GetNotification<NMTREEVIEWW>();
       seen.oldItem = tv->itemOld.hItem;
       seen.newItem = tv->itemNew.hItem;
