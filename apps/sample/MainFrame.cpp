@@ -9,6 +9,7 @@
 #include "BatchCommand.h"
 #include "FileCommands.h"
 #include "MessagesMenu.h"
+#include "ProjectTreeWindow.h"
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
@@ -61,6 +62,7 @@ void MainFrame::BuildMenus() {
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
+  AddProjectTreeCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

@@ -16,6 +16,12 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
+  kRunsByProjectCommand,
+  // Runs by project (its own window)
+  kLoadTreeCommand,
+  kSaveTreeCommand,
+  kFindNextRunCommand,
+  kDeleteRunsCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

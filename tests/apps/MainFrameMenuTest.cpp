@@ -5,6 +5,7 @@
 // without a row in the table fails too, so new commands get checked.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <set>
@@ -17,6 +18,7 @@
 
 #include "BatchCommand.h"
 #include "MainFrame.h"
+#include "ProjectTreeWindow.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
 #include "dialogs/DontShowAgainMessageBox.h"
@@ -44,6 +46,7 @@ enum class Opens {
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
   kCloseRequest,  // the frame is asked to close
+  kProjectTree,   // the runs by project window
 };
 
 struct Expected {
@@ -60,6 +63,7 @@ std::map<wxString, Expected> const kExpected = {
     {"File/Exit", {Opens::kCloseRequest}},
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
+    {"Tools/Runs by project...", {Opens::kProjectTree}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -222,6 +226,15 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kProjectTree: {
+        auto const windows = frame->GetChildren();
+        auto const opened = std::find_if(windows.begin(), windows.end(), [](wxWindow * w) {
+          return dynamic_cast<ProjectTreeWindow *>(w) != nullptr && w->IsShown();
+        });
+        ASSERT_NE(opened, windows.end());
+        (*opened)->Destroy();
+        break;
+      }
     }
     // Nothing else opened: no chooser where none belongs, no second dialog.
     if (expected.opens != Opens::kFileChooserToOpen &&
