@@ -347,13 +347,17 @@ void VxTreeCtrl::CheckAllChildItems(HTREEITEM item, CheckState state) {
   HTREEITEM at = GetChildItem(item);
   while (at) {
     UINT const image = GetCheckImage(at);
-    if (image != NoCheckBox && image != CheckDisabled) SetCheckImage(at, UINT(state));
-    if (HTREEITEM const child = GetChildItem(at)) {
-      at = child;
-      continue;
+    if (image != NoCheckBox && image != CheckDisabled && image != UINT(state))
+      SetCheckImage(at, UINT(state));
+    // Each link is asked once: a leaf's sibling, else up until a sibling.
+    HTREEITEM next = GetChildItem(at);
+    while (!next) {
+      next = GetNextSiblingItem(at);
+      if (next) break;
+      at = GetParentItem(at);
+      if (at == item) break;
     }
-    while (at && at != item && !GetNextSiblingItem(at)) at = GetParentItem(at);
-    at = (at && at != item) ? GetNextSiblingItem(at) : TVI_NULL;
+    at = next;
   }
 }
 

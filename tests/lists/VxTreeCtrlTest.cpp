@@ -129,6 +129,24 @@ TEST_F(VxTreeTest, ChecksPropagateToEveryAncestor) {
   EXPECT_FALSE(tree->GetCheck(TVI_NULL));
 }
 
+// A large branch asks for one refresh, not one per item; every change after
+// a paint must still bring the next paint.
+TEST_F(VxTreeTest, EveryCheckChangeAfterAPaintPaintsAgain) {
+  auto const n = Build("a\n\tb\n\tc\nd\n");
+  ShowAll();
+  int paints = 0;
+  tree->Bind(wxEVT_PAINT, [&paints](wxPaintEvent & event) {
+    ++paints;
+    event.Skip();
+  });
+  for (HTREEITEM item : {n[0], n[3], n[0]}) {
+    int const before = paints;
+    tree->SetCheck(item, VxTreeCtrl::ToggleCheck);
+    EXPECT_TRUE(gui_test::WaitUntil([&] { return paints > before; }))
+        << "no paint after the change of " << tree->GetItemText(item);
+  }
+}
+
 TEST_F(VxTreeTest, CheckedWalksSkipPartialForwardButNotBackward) {
   auto const n = Build("a\n\tb\n\tc\nd\n");
   tree->SetCheck(n[0], VxTreeCtrl::Uncheck);
