@@ -6,6 +6,7 @@
 
 #include <wx/frame.h>
 #include <wx/treectrl.h>
+// After treectrl.h, which declares the generic tree's base.
 #include <wx/generic/treectlg.h>
 
 #include <memory>
@@ -56,7 +57,9 @@ void TreeWalkSiblings_candidate(benchmark::State & state) {
     benchmark::DoNotOptimize(count);
   }
 }
-BENCHMARK(TreeWalkSiblings_candidate)->Name("TreeWalkSiblings/candidate")->Unit(benchmark::kMicrosecond);
+BENCHMARK(TreeWalkSiblings_candidate)
+    ->Name("TreeWalkSiblings/candidate")
+    ->Unit(benchmark::kMicrosecond);
 
 void TreeWalkSiblings_baseline(benchmark::State & state) {
   if (!Started(state)) return;
@@ -73,7 +76,9 @@ void TreeWalkSiblings_baseline(benchmark::State & state) {
     benchmark::DoNotOptimize(count);
   }
 }
-BENCHMARK(TreeWalkSiblings_baseline)->Name("TreeWalkSiblings/baseline")->Unit(benchmark::kMicrosecond);
+BENCHMARK(TreeWalkSiblings_baseline)
+    ->Name("TreeWalkSiblings/baseline")
+    ->Unit(benchmark::kMicrosecond);
 
 // --- Inserting 100,000 items in 1,000 groups ------------------------------------
 
@@ -90,7 +95,9 @@ void TreeInsertGroups_candidate(benchmark::State & state) {
     state.ResumeTiming();
   }
 }
-BENCHMARK(TreeInsertGroups_candidate)->Name("TreeInsertGroups/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeInsertGroups_candidate)
+    ->Name("TreeInsertGroups/candidate")
+    ->Unit(benchmark::kMillisecond);
 
 void TreeInsertGroups_baseline(benchmark::State & state) {
   if (!Started(state)) return;
@@ -107,7 +114,9 @@ void TreeInsertGroups_baseline(benchmark::State & state) {
     state.ResumeTiming();
   }
 }
-BENCHMARK(TreeInsertGroups_baseline)->Name("TreeInsertGroups/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeInsertGroups_baseline)
+    ->Name("TreeInsertGroups/baseline")
+    ->Unit(benchmark::kMillisecond);
 
 // --- SetCheck on a node with 100,000 descendants -----------------------------------
 
@@ -127,7 +136,9 @@ void TreeSetCheckBranch_candidate(benchmark::State & state) {
   HTREEITEM const top = BuildCheckBranch(*host.tree);
   for (auto _ : state) host.tree->SetCheck(top, VxTreeCtrl::ToggleCheck);
 }
-BENCHMARK(TreeSetCheckBranch_candidate)->Name("TreeSetCheckBranch/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeSetCheckBranch_candidate)
+    ->Name("TreeSetCheckBranch/candidate")
+    ->Unit(benchmark::kMillisecond);
 
 // A plain visit: every descendant's state read once, in display order.
 void TreeSetCheckBranch_baseline(benchmark::State & state) {
@@ -141,7 +152,9 @@ void TreeSetCheckBranch_baseline(benchmark::State & state) {
     benchmark::DoNotOptimize(sum);
   }
 }
-BENCHMARK(TreeSetCheckBranch_baseline)->Name("TreeSetCheckBranch/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeSetCheckBranch_baseline)
+    ->Name("TreeSetCheckBranch/baseline")
+    ->Unit(benchmark::kMillisecond);
 
 // --- Painting a page of 40 rows, 10 with their own colour or font ---------------------
 
@@ -169,7 +182,8 @@ void TreePaintPage_baseline(benchmark::State & state) {
                                                         wxTR_HIDE_ROOT | wxTR_DEFAULT_STYLE);
   wxTreeItemId const root = host.tree->AddRoot("root");
   for (int i = 0; i < 40; ++i) {
-    wxTreeItemId const item = host.tree->AppendItem(root, wxString::Format("Run %d of the project", i));
+    wxTreeItemId const item =
+        host.tree->AppendItem(root, wxString::Format("Run %d of the project", i));
     if (i % 4 == 0) host.tree->SetItemTextColour(item, wxColour(200, 0, 0));
     if (i % 8 == 2) host.tree->SetItemFont(item, wxFont(wxFontInfo(9).FaceName("Serif")));
   }
