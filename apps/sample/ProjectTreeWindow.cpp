@@ -85,9 +85,8 @@ ProjectTreeWindow::ProjectTreeWindow(wxWindow * parent)
     : wxFrame(parent, wxID_ANY, Tr("Runs by project"), wxDefaultPosition, wxSize(460, 520)) {
   auto * page = new wxPanel(this);
   auto * sizer = new wxBoxSizer(wxVERTICAL);
-  auto * tree = new RunTree(page,
-                            TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_CHECKBOXES |
-                                TVS_SHOWSELALWAYS);
+  auto * tree = new RunTree(
+      page, TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_CHECKBOXES | TVS_SHOWSELALWAYS);
   tree->selectionChanged = [this] { ShowSelectedVolume(); };
   mTree = tree;
   mTree->SetSelectionState(VxTreeCtrl::MultipleSelection);
@@ -140,10 +139,14 @@ void ProjectTreeWindow::BuildMenus() {
   bar->Append(file, Tr("Menu", "&File"));
   bar->Append(edit, Tr("Menu", "&Edit"));
   SetMenuBar(bar);
-  Bind(wxEVT_MENU, [this](wxCommandEvent &) { OnLoad(); }, kLoadTreeCommand);
-  Bind(wxEVT_MENU, [this](wxCommandEvent &) { OnSave(); }, kSaveTreeCommand);
-  Bind(wxEVT_MENU, [this](wxCommandEvent &) { Close(); }, wxID_CLOSE);
-  Bind(wxEVT_MENU, [this](wxCommandEvent &) { OnFind(); }, wxID_FIND);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent &) { OnLoad(); }, kLoadTreeCommand);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent &) { OnSave(); }, kSaveTreeCommand);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent &) { Close(); }, wxID_CLOSE);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent &) { OnFind(); }, wxID_FIND);
   Bind(
       wxEVT_MENU,
       [this](wxCommandEvent &) {
@@ -208,7 +211,8 @@ std::wstring ProjectTreeWindow::RowTipText(POINT client) const {
   }
   wxString status = Tr("no status");
   for (Status const & known : kStatuses) {
-    if (tip.find(known.word) != std::wstring::npos) status = wxString(known.word).Mid(1).BeforeLast(']');
+    if (tip.find(known.word) != std::wstring::npos)
+      status = wxString(known.word).Mid(1).BeforeLast(']');
   }
   tip += (Tr("Status: ") + status + "\n" + Tr("Volume: ") + VolumeText(mTree->GetItemData(item)) +
           " ml")
@@ -227,9 +231,8 @@ void ProjectTreeWindow::OnTipNotify(NotifyEvent & event) {
 
 void ProjectTreeWindow::ShowSelectedVolume() {
   HTREEITEM const first = mTree->GetFirstSelectedItem();
-  mVolume->ChangeValue(first && !mTree->ItemHasChildren(first)
-                           ? VolumeText(mTree->GetItemData(first))
-                           : wxString());
+  mVolume->ChangeValue(
+      first && !mTree->ItemHasChildren(first) ? VolumeText(mTree->GetItemData(first)) : wxString());
 }
 
 bool ProjectTreeWindow::AcceptVolume() {
@@ -238,9 +241,8 @@ bool ProjectTreeWindow::AcceptVolume() {
   double volume = 0;
   if (!text.ToCDouble(&volume) || !std::isfinite(volume) || volume < 0 || volume > kMaxVolumeMl) {
     wxPoint const below = mVolume->ClientToScreen(wxPoint(0, mVolume->GetSize().y));
-    wxString const message =
-        wxString::Format(Tr("\"%s\" is not a volume. Enter a number from 0 to %g ml."), text,
-                         kMaxVolumeMl);
+    wxString const message = wxString::Format(
+        Tr("\"%s\" is not a volume. Enter a number from 0 to %g ml."), text, kMaxVolumeMl);
     InfoTipMessageBox(this, &below, message.wc_str(), 4000, Tr("Volume").wc_str(),
                       MB_ICONEXCLAMATION);
     ShowSelectedVolume();
@@ -256,7 +258,8 @@ bool ProjectTreeWindow::AcceptVolume() {
 
 bool ProjectTreeWindow::FindNext(wxString const & text) {
   mLastFind = text;
-  HTREEITEM const start = mTree->GetSelectedItem() ? mTree->GetSelectedItem() : mTree->GetRootItem();
+  HTREEITEM const start =
+      mTree->GetSelectedItem() ? mTree->GetSelectedItem() : mTree->GetRootItem();
   HTREEITEM const found = mTree->FindItem(text.wc_str(), false, true, true, start);
   if (!found) {
     SetStatusText(wxString::Format(Tr("\"%s\" was not found."), text));

@@ -28,8 +28,8 @@
 // a popup rides at the hot spot instead.
 class TreeDragImageWindow : public wxPopupWindow {
 public:
-  TreeDragImageWindow(wxWindow * parent, wxBitmap picture)
-      : wxPopupWindow(parent, wxBORDER_NONE), mPicture(std::move(picture)) {
+  TreeDragImageWindow(wxWindow * parent, wxBitmap const & picture)
+      : wxPopupWindow(parent, wxBORDER_NONE), mPicture(picture) {
     SetSize(mPicture.GetSize());
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Bind(wxEVT_PAINT, [this](wxPaintEvent &) {
@@ -887,7 +887,10 @@ void VxTreeCtrl::OnLButtonUp(UINT flags, POINT point) {
     after = target;
   }
   HTREEITEM const copy = CopyBranch(dragItem, parent ? parent : TVI_ROOT, after);
-  if (!KeyDown(WXK_CONTROL)) DeleteItem(dragItem);
+  // The release event holds the keys of its moment; by the time it is read
+  // Ctrl may be up already, so either one asking for a copy counts.
+  bool const copying = (flags & MK_CONTROL) != 0 || KeyDown(WXK_CONTROL);
+  if (!copying) DeleteItem(dragItem);
   if (copy) {
     ClearSelection();
     Select(copy, TVGN_CARET);

@@ -192,8 +192,8 @@ TEST_F(ProjectTreeWindowTest, TipOverARowNamesTheRunItsStatusAndVolume) {
   tip.OnDelayTimer();
   EXPECT_EQ(tip.GetShownTitle(), L"Run 3 pH 8.1 [failed]");
   EXPECT_NE(tip.GetShownText().find(L"failed"), std::wstring::npos);
-  EXPECT_NE(tip.GetShownText().find(wxString::FromCDouble(tree->GetItemData(run) / 1000.0, 3)
-                                        .ToStdWstring()),
+  EXPECT_NE(tip.GetShownText().find(
+                wxString::FromCDouble(tree->GetItemData(run) / 1000.0, 3).ToStdWstring()),
             std::wstring::npos);
   EXPECT_TRUE(window->RowTipText(POINT{at.x, 10000}).empty()) << "below the last row";
 }

@@ -302,7 +302,7 @@ TEST_F(InfoTipTest, TheParentGivesTitleAndTextOnRequest) {
     answer = c.answer;
     ASSERT_TRUE(asking->ShowTipWindow(wxPoint(300, 300)));
     EXPECT_EQ(asking->GetShownTitle(), c.title);
-    EXPECT_EQ(asking->GetShownText(), c.text.substr(c.text.find_first_not_of(L"\r")));
+    EXPECT_EQ(asking->GetShownText(), c.text.substr(c.text.find_first_not_of(L'\r')));
   }
   EXPECT_EQ(asked, 3);
   // Text set by call is used once instead of asking.

@@ -503,3 +503,93 @@ TEST_F(VxTreeDragTest, HoverOpensAClosedBranchAndDeletedItemsAreHarmless) {
 }
 
 }  // namespace
+
+// --- Drags with the real pointer (XTest) ---------------------------------------------------
+
+// The press, the moves and the release come from the X server, through the
+// tree's own drag detection. The pointer leaves the press's spot before the
+// tree reads the press: the detection loop asks the server where the
+// pointer and button are now, so what it must see is already there.
+class VxTreePointerDragTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    frame = new wxFrame(nullptr, wxID_ANY, "pointer drag", wxPoint(60, 60), wxSize(360, 420));
+    tree = new Tree(frame, wxID_ANY, TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT);
+    std::istringstream in("g1\n\ta\n\tb\ng2\n\tc\n");
+    tree->Serialize(in);
+    for (HTREEITEM at = tree->GetRootItem(); at; at = tree->GetNextItem(at)) n.push_back(at);
+    tree->ExpandAll(TVE_EXPAND);
+    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+    tree->SetSize(frame->GetClientSize());
+    ASSERT_TRUE(gui_test::WaitUntil([this] { return IsClickable(*tree); }));
+    display = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+  }
+  void TearDown() override {
+    frame->Destroy();
+    gui_test::Flush();
+  }
+  // Where the X server shows the middle of the item's label.
+  wxPoint OnScreen(HTREEITEM item) const {
+    RECT rect{};
+    EXPECT_TRUE(tree->GetItemRect(item, &rect, 1));
+    wxPoint const centre = ScreenCentre(*tree);
+    wxSize const size = tree->GetClientSize();
+    return wxPoint(centre.x - size.x / 2 + (rect.left + rect.right) / 2,
+                   centre.y - size.y / 2 + (rect.top + rect.bottom) / 2);
+  }
+  void MoveTo(wxPoint at) {
+    XTestFakeMotionEvent(display, -1, at.x, at.y, CurrentTime);
+    XSync(display, False);
+  }
+  void Button(bool down) {
+    XTestFakeButtonEvent(display, 1, down, CurrentTime);
+    XSync(display, False);
+  }
+  void CtrlKey(bool down) {
+    XTestFakeKeyEvent(display, XKeysymToKeycode(display, XK_Control_L), down, CurrentTime);
+    XSync(display, False);
+  }
+  // Drags `item` onto `target` and drops it there, Ctrl held at the drop
+  // when `copy`.
+  void Drag(HTREEITEM item, HTREEITEM target, bool copy) {
+    wxPoint const from = OnScreen(item);
+    MoveTo(from);
+    gui_test::Flush();
+    Button(true);
+    MoveTo(from + wxPoint(0, 12));  // past the drag threshold, button held
+    ASSERT_TRUE(gui_test::WaitUntil([this] { return tree->IsDragging(); }))
+        << "the press did not start a drag";
+    EXPECT_EQ(tree->GetDragItem(), item);
+    MoveTo(OnScreen(target));
+    EXPECT_TRUE(gui_test::WaitUntil([&] { return tree->GetCurrentDropTarget() == target; }));
+    if (copy) CtrlKey(true);
+    EXPECT_TRUE(gui_test::WaitUntil([&] {
+      return tree->GetDragCursor() ==
+             (copy ? VxTreeCtrl::DragCursor::Copy : VxTreeCtrl::DragCursor::Move);
+    }));
+    Button(false);
+    if (copy) CtrlKey(false);
+    EXPECT_TRUE(gui_test::WaitUntil([this] { return !tree->IsDragging(); }));
+  }
+  std::vector<wxString> Texts() const {
+    std::vector<wxString> texts;
+    for (HTREEITEM at = tree->GetRootItem(); at; at = tree->GetNextItem(at))
+      texts.push_back(std::string(tree->GetIndentLevel(at), ' ') + tree->GetItemText(at));
+    return texts;
+  }
+
+  wxFrame * frame = nullptr;
+  Tree * tree = nullptr;
+  std::vector<HTREEITEM> n;
+  Display * display = nullptr;
+};
+
+TEST_F(VxTreePointerDragTest, DragMovesAndCtrlDragCopies) {
+  Drag(n[1], n[4], false);  // a onto c: after it
+  EXPECT_EQ(Texts(), (std::vector<wxString>{"g1", " b", "g2", " c", " a"}));
+  // Not b, which now lies where a was pressed: a second press there within
+  // the double-click time is a double click, which never drags.
+  HTREEITEM const c = tree->GetChildItem(tree->GetNextSiblingItem(tree->GetRootItem()));
+  Drag(c, tree->GetRootItem(), true);  // c onto g1 with Ctrl: a copy after g1
+  EXPECT_EQ(Texts(), (std::vector<wxString>{"g1", " b", "c", "g2", " c", " a"}));
+}
