@@ -6,6 +6,7 @@
 #include <wx/frame.h>
 #include <wx/panel.h>
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -67,7 +68,11 @@ protected:
       seen.textNull = info->item.pszText == nullptr;
       if (info->item.pszText != nullptr) seen.text = info->item.pszText;
     }
-    if (seen.code != NM_CUSTOMDRAW) notified.push_back(seen);
+    if (seen.code == NM_CUSTOMDRAW) {
+      if (customDraw) event.SetResult(customDraw(*event.GetNotification<NMTVCUSTOMDRAW>()));
+      return;
+    }
+    notified.push_back(seen);
     auto const answer = answers.find(seen.code);
     if (answer != answers.end()) event.SetResult(answer->second);
   }
@@ -104,4 +109,5 @@ protected:
   TestTree * tree = nullptr;
   std::vector<Notified> notified;
   std::map<UINT, LRESULT> answers;
+  std::function<LRESULT(NMTVCUSTOMDRAW &)> customDraw;
 };
