@@ -24,8 +24,10 @@ protected:
   }
   static int CountColour(wxImage const & image, wxRect const & area, wxColour const & colour) {
     int count = 0;
-    for (int y = std::max(0, area.GetTop()); y <= std::min(image.GetHeight() - 1, area.GetBottom()); ++y)
-      for (int x = std::max(0, area.GetLeft()); x <= std::min(image.GetWidth() - 1, area.GetRight()); ++x)
+    for (int y = std::max(0, area.GetTop()); y <= std::min(image.GetHeight() - 1, area.GetBottom());
+         ++y)
+      for (int x = std::max(0, area.GetLeft());
+           x <= std::min(image.GetWidth() - 1, area.GetRight()); ++x)
         if (image.GetRed(x, y) == colour.Red() && image.GetGreen(x, y) == colour.Green() &&
             image.GetBlue(x, y) == colour.Blue())
           ++count;
@@ -54,13 +56,15 @@ TEST_F(TreePaint, OnlyTheRowsOnScreenAreAskedAboutInOrderOfTheStages) {
     }
     return CDRF_DODEFAULT;
   };
-  tree->SelectSetFirstVisible(tree->GetNextSiblingItem(tree->GetChildItem(group)));  // "row 1" on top
+  tree->SelectSetFirstVisible(
+      tree->GetNextSiblingItem(tree->GetChildItem(group)));  // "row 1" on top
   Paint();
   int const page = static_cast<int>(tree->GetVisibleCount());
   ASSERT_GE(items.size(), static_cast<size_t>(page));
   EXPECT_LE(items.size(), static_cast<size_t>(page + 1));  // a part row at the bottom
   EXPECT_EQ(tree->GetItemText(items.front()), "row 1");
-  EXPECT_EQ(tree->GetItemText(items.back()), wxString::Format("row %d", static_cast<int>(items.size())));
+  EXPECT_EQ(tree->GetItemText(items.back()),
+            wxString::Format("row %d", static_cast<int>(items.size())));
   ASSERT_GE(stages.size(), 4u);
   EXPECT_EQ(stages.front(), CDDS_PREPAINT);
   EXPECT_EQ(stages[1], CDDS_ITEMPREPAINT);
@@ -89,7 +93,8 @@ TEST_F(TreePaint, TheOwnersColoursAndSkipsShowAndSelectionAndInsertMarkAreDrawn)
   wxRect const skippedRow = Row(skipped, false);
   EXPECT_EQ(CountColour(image, skippedRow, window), skippedRow.GetWidth() * skippedRow.GetHeight());
   wxRect const plainRow = Row(plain, false);
-  EXPECT_LT(CountColour(image, plainRow, window), plainRow.GetWidth() * plainRow.GetHeight());  // its text
+  EXPECT_LT(CountColour(image, plainRow, window),
+            plainRow.GetWidth() * plainRow.GetHeight());  // its text
 
   // A drop-highlighted row takes the highlight colour; an insert mark draws
   // a line in the row, which goes when the item does.
