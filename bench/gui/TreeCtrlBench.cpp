@@ -5,8 +5,8 @@
 
 #include <wx/app.h>
 #include <wx/frame.h>
-#include <wx/treectrl.h>
 #include <wx/generic/treectlg.h>
+#include <wx/treectrl.h>
 
 #include "Figures.h"
 #include "gui/GuiBench.h"
@@ -55,11 +55,14 @@ void TreeWalkSiblings_candidate(benchmark::State & state) {
   for (int i = 0; i < Siblings; ++i) tree->InsertItem(Label(i));
   for (auto _ : state) {
     int count = 0;
-    for (HTREEITEM item = tree->GetRootItem(); item; item = tree->GetNextItem(item, TVGN_NEXT)) ++count;
+    for (HTREEITEM item = tree->GetRootItem(); item; item = tree->GetNextItem(item, TVGN_NEXT))
+      ++count;
     benchmark::DoNotOptimize(count);
   }
 }
-BENCHMARK(TreeWalkSiblings_candidate)->Name("TreeWalkSiblings/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeWalkSiblings_candidate)
+    ->Name("TreeWalkSiblings/candidate")
+    ->Unit(benchmark::kMillisecond);
 
 void TreeWalkSiblings_baseline(benchmark::State & state) {
   if (!NeedDisplay(state)) return;
@@ -71,12 +74,15 @@ void TreeWalkSiblings_baseline(benchmark::State & state) {
   for (auto _ : state) {
     int count = 0;
     wxTreeItemIdValue cookie;
-    for (wxTreeItemId item = tree->GetFirstChild(root, cookie); item.IsOk(); item = tree->GetNextSibling(item))
+    for (wxTreeItemId item = tree->GetFirstChild(root, cookie); item.IsOk();
+         item = tree->GetNextSibling(item))
       ++count;
     benchmark::DoNotOptimize(count);
   }
 }
-BENCHMARK(TreeWalkSiblings_baseline)->Name("TreeWalkSiblings/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeWalkSiblings_baseline)
+    ->Name("TreeWalkSiblings/baseline")
+    ->Unit(benchmark::kMillisecond);
 
 void TreeInsertGroups_candidate(benchmark::State & state) {
   if (!NeedDisplay(state)) return;
@@ -92,7 +98,9 @@ void TreeInsertGroups_candidate(benchmark::State & state) {
     state.ResumeTiming();
   }
 }
-BENCHMARK(TreeInsertGroups_candidate)->Name("TreeInsertGroups/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeInsertGroups_candidate)
+    ->Name("TreeInsertGroups/candidate")
+    ->Unit(benchmark::kMillisecond);
 
 void TreeInsertGroups_baseline(benchmark::State & state) {
   if (!NeedDisplay(state)) return;
@@ -110,7 +118,9 @@ void TreeInsertGroups_baseline(benchmark::State & state) {
     state.ResumeTiming();
   }
 }
-BENCHMARK(TreeInsertGroups_baseline)->Name("TreeInsertGroups/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeInsertGroups_baseline)
+    ->Name("TreeInsertGroups/baseline")
+    ->Unit(benchmark::kMillisecond);
 
 // A page of 40 rows, shown and painted through the toolkit, in a tree of
 // 1,000 groups with the first one open.

@@ -605,6 +605,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   wxRendererNative & renderer = wxRendererNative::Get();
   // Solid: a dotted pen makes cairo send every dot to the X server.
   wxPen linePen(line, 1, wxPENSTYLE_SOLID);
+  linePen.SetCap(wxCAP_BUTT);  // a round end would reach into the next row
   wxFont const controlFont = GetFont();
   wxFont boldFont;
   // Lines and buttons are collected and drawn after the rows: one stroke
@@ -737,9 +738,16 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   if (!segments.empty()) {
     if (wxGraphicsContext * const gc = dc.GetGraphicsContext()) {
       wxGraphicsPath path = gc->CreatePath();
+      // Through the middle of the pixels across the line and along it up to
+      // the end point, not past it: a vertical line ends where the next row
+      // begins. The context may add half a pixel to both by itself.
+      double const added = gc->OffsetEnabled() ? 0.5 : 0.0;
       for (auto const & segment : segments) {
-        path.MoveToPoint(segment.first.x + 0.5, segment.first.y + 0.5);
-        path.AddLineToPoint(segment.second.x + 0.5, segment.second.y + 0.5);
+        bool const vertical = segment.first.x == segment.second.x;
+        double const acrossX = vertical ? 0.5 - added : -added;
+        double const acrossY = vertical ? -added : 0.5 - added;
+        path.MoveToPoint(segment.first.x + acrossX, segment.first.y + acrossY);
+        path.AddLineToPoint(segment.second.x + acrossX, segment.second.y + acrossY);
       }
       gc->SetPen(linePen);
       gc->StrokePath(path);
