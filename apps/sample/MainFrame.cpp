@@ -12,6 +12,7 @@
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "TreeViewWindow.h"
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -61,6 +62,7 @@ void MainFrame::BuildMenus() {
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
+  AddTreeViewCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

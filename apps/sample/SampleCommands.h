@@ -16,6 +16,7 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
+  kTreeViewCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,
