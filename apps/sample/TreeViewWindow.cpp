@@ -28,12 +28,12 @@ std::vector<Project> const kProjects = {
 class TreeViewWindow : public wxFrame {
 public:
   explicit TreeViewWindow(wxFrame & owner)
-      : wxFrame(&owner, wxID_ANY, Tr("Window title", "Tree view"), wxDefaultPosition, wxSize(360, 420),
-                wxDEFAULT_FRAME_STYLE | wxFRAME_FLOAT_ON_PARENT, kWindowName) {
+      : wxFrame(&owner, wxID_ANY, Tr("Window title", "Tree view"), wxDefaultPosition,
+                wxSize(360, 420), wxDEFAULT_FRAME_STYLE | wxFRAME_FLOAT_ON_PARENT, kWindowName) {
     CreateStatusBar();
     mTree = new CTreeCtrl(this, wxID_ANY,
-                          TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_CHECKBOXES | TVS_EDITLABELS |
-                              TVS_SHOWSELALWAYS);
+                          TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_CHECKBOXES |
+                              TVS_EDITLABELS | TVS_SHOWSELALWAYS);
     for (Project const & project : kProjects) {
       HTREEITEM const group = mTree->InsertItem(wxString::FromUTF8(project.name));
       for (char const * run : project.runs) mTree->InsertItem(wxString::FromUTF8(run), group);
@@ -53,13 +53,12 @@ private:
       }
       case TVN_ENDLABELEDIT:
         // Any non-empty name is taken.
-        if (auto const * info = event.GetNotification<NMTVDISPINFOW>(); info->item.pszText != nullptr)
+        if (auto const * info = event.GetNotification<NMTVDISPINFOW>();
+            info->item.pszText != nullptr)
           event.SetResult(wxString(info->item.pszText).Trim().Trim(false).empty() ? 0 : 1);
         break;
       case NM_CLICK:
-      case TVN_KEYDOWN:
-        CallAfter([this] { ShowChecked(); });
-        break;
+      case TVN_KEYDOWN: CallAfter([this] { ShowChecked(); }); break;
       default: event.Skip(); break;
     }
   }

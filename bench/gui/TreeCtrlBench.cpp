@@ -5,8 +5,7 @@
 
 #include <wx/app.h>
 #include <wx/frame.h>
-#include <wx/generic/treectlg.h>
-#include <wx/treectrl.h>
+#include <wx/treectrl.h>  // on GTK: wxGenericTreeCtrl
 
 #include "Figures.h"
 #include "gui/GuiBench.h"
@@ -42,6 +41,7 @@ bool NeedDisplay(benchmark::State & state) {
 wxString const & Label(int i) {
   static std::vector<wxString> const labels = [] {
     std::vector<wxString> all;
+    all.reserve(Siblings);
     for (int n = 0; n < Siblings; ++n) all.push_back(wxString::Format("Run %05d of the batch", n));
     return all;
   }();

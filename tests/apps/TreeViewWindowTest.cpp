@@ -33,7 +33,8 @@ protected:
   }
   // The window the menu's Tree view command opened.
   wxFrame * RunCommand() {
-    wxMenu * tools = frame->GetMenuBar()->GetMenu(static_cast<size_t>(frame->GetMenuBar()->FindMenu("Tools")));
+    wxMenu * tools =
+        frame->GetMenuBar()->GetMenu(static_cast<size_t>(frame->GetMenuBar()->FindMenu("Tools")));
     int const id = tools->FindItem("Tree view");
     EXPECT_NE(id, wxNOT_FOUND);
     wxCommandEvent command(wxEVT_MENU, id);
@@ -59,8 +60,8 @@ TEST_F(TreeViewWindowTest, TheCommandOpensOneWindowWhoseStatusFollowsTheTree) {
   EXPECT_TRUE(tree->GetItemState(study, TVIS_EXPANDED));
 
   // An empty name is refused, another is taken.
-  for (auto const & [typed, expected] :
-       std::vector<std::pair<wxString, wxString>>{{"   ", "Week 4"}, {"Week 4 (repeat)", "Week 4 (repeat)"}}) {
+  for (auto const & [typed, expected] : std::vector<std::pair<wxString, wxString>>{
+           {"   ", "Week 4"}, {"Week 4 (repeat)", "Week 4 (repeat)"}}) {
     wxTextCtrl * const edit = tree->EditLabel(week4);
     ASSERT_NE(edit, nullptr);
     edit->ChangeValue(typed);

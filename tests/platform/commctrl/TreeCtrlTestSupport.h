@@ -48,9 +48,14 @@ protected:
     parent = new wxPanel(frame, wxID_ANY);
     tree = new TestTree(parent, 700, TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT, wxPoint(0, 0),
                         wxSize(300, 240));
-    parent->Bind(VX_EVT_NOTIFY, [this](NotifyEvent & event) { Record(event); });
+    parent->Bind(VX_EVT_NOTIFY, &TreeFixture::Record, this);
   }
-  void TearDown() override { frame->Destroy(); }
+  // A top-level window goes at the next idle time and may still paint: it
+  // must not tell this fixture, which goes now.
+  void TearDown() override {
+    parent->Unbind(VX_EVT_NOTIFY, &TreeFixture::Record, this);
+    frame->Destroy();
+  }
 
   void Record(NotifyEvent & event) {
     Notified seen;
