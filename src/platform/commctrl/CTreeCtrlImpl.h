@@ -49,6 +49,10 @@ struct CTreeCtrl::Impl {
 
   int redrawOff = 0;
   bool scrollbarsDirty = true;
+  // A whole-window refresh is asked for and its paint has not come yet:
+  // more changes before it need not ask again (each ask costs GDK a region
+  // intersection, far more than the change itself).
+  bool refreshPending = false;
 
   std::map<UINT_PTR, std::unique_ptr<wxTimer>> timers;
   wxString typeAhead;

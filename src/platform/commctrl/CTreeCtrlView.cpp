@@ -53,6 +53,7 @@ bool CTreeCtrl::Create(wxWindow * parent, wxWindowID id, DWORD style, wxPoint co
   mImpl->fontHeight = GetCharHeight();
 
   Bind(wxEVT_PAINT, [this](wxPaintEvent &) {
+    mImpl->refreshPending = false;
     wxAutoBufferedPaintDC dc(this);
     wxRect clip = GetUpdateClientRect();
     if (clip.IsEmpty()) clip = wxRect(GetClientSize());
@@ -143,7 +144,9 @@ bool CTreeCtrl::Create(wxWindow * parent, wxWindowID id, DWORD style, wxPoint co
 
 void CTreeCtrl::Invalidate(BOOL /*erase*/) {
   mImpl->scrollbarsDirty = true;
-  if (mImpl->redrawOff == 0 && GetHandle() != nullptr) Refresh(false);
+  if (mImpl->redrawOff != 0 || mImpl->refreshPending || GetHandle() == nullptr) return;
+  mImpl->refreshPending = true;
+  Refresh(false);
 }
 
 void CTreeCtrl::SetRedraw(BOOL redraw) {
