@@ -13,6 +13,7 @@
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "TreeViewWindow.h"
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -63,6 +64,7 @@ void MainFrame::BuildMenus() {
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
   AddProjectTreeCommand(*tools, *this);
+  AddTreeViewCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

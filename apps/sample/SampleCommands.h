@@ -22,6 +22,7 @@ enum SampleCommand : int {
   kSaveTreeCommand,
   kFindNextRunCommand,
   kDeleteRunsCommand,
+  kTreeViewCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

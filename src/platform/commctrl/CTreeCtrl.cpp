@@ -246,6 +246,7 @@ BOOL CTreeCtrl::SetItemText(HTREEITEM item, wxString const & text) {
   uint32_t const slot = mImpl->nodes.Slot(item);
   if (slot == 0) return 0;
   mImpl->nodes[slot].text = text;
+  mImpl->nodes[slot].textWidth = -1;
   Invalidate();
   return 1;
 }
@@ -279,6 +280,7 @@ BOOL CTreeCtrl::SetItemState(HTREEITEM item, UINT state, UINT stateMask) {
   UINT const old = node.state;
   node.state = (old & ~stateMask) | (state & stateMask);
   if (((old ^ node.state) & TVIS_EXPANDED) != 0) ++mImpl->layoutVersion;
+  if (((old ^ node.state) & TVIS_BOLD) != 0) node.textWidth = -1;
   if (((old ^ node.state) & TVIS_DROPHILITED) != 0) {
     if ((node.state & TVIS_DROPHILITED) != 0) {
       if (mImpl->dropHilite != 0 && mImpl->dropHilite != slot)

@@ -2,6 +2,8 @@
 // The inside of CTreeCtrl shared by its source files: the node store and
 // the view's state (scrolling, caret, marks, timers, type-ahead).
 
+#include <wx/colour.h>
+#include <wx/font.h>
 #include <wx/timer.h>
 
 #include <map>
@@ -38,6 +40,12 @@ struct CTreeCtrl::Impl {
   // What the selection and expand notifications say caused them.
   UINT selectAction = TVC_UNKNOWN;
   bool userExpand = false;
+
+  // The font the kept label widths were measured in, and the theme's
+  // colours, read again when the theme changes.
+  wxFont measuredFont;
+  bool coloursKnown = false;
+  wxColour window, windowText, grayText, highlight, highlightText, buttonFace;
 
   int redrawOff = 0;
   bool scrollbarsDirty = true;

@@ -4,6 +4,7 @@
 
 #include <wx/dcbuffer.h>
 #include <wx/evtloop.h>
+#include <wx/graphics.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
 #include <wx/textctrl.h>
@@ -59,6 +60,11 @@ bool CTreeCtrl::Create(wxWindow * parent, wxWindowID id, DWORD style, wxPoint co
     OnPaint(dc, clip);
   });
   Bind(wxEVT_ERASE_BACKGROUND, [](wxEraseEvent &) {});
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent & event) {
+    mImpl->coloursKnown = false;
+    Invalidate();
+    event.Skip();
+  });
   Bind(wxEVT_SIZE, [this](wxSizeEvent & event) {
     mImpl->scrollbarsDirty = true;
     Refresh(false);
@@ -268,9 +274,15 @@ int CTreeCtrl::GetScrollPos(int bar) const {
   return bar == SB_HORZ ? mImpl->scrollX : mImpl->topRow;
 }
 
-static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl const & impl, uint32_t slot,
-                        int depth, wxFont const * font) {
-  TreeNode const & node = impl.nodes[slot];
+// The parts of a row; `font` measures the label in another font than the
+// control's (a custom-draw font), otherwise the kept width serves.
+static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl & impl, uint32_t slot, int depth,
+                        wxFont const * font) {
+  if (!(impl.measuredFont == tree.GetFont())) {
+    impl.nodes.ForgetTextWidths();
+    impl.measuredFont = tree.GetFont();
+  }
+  TreeNode & node = impl.nodes[slot];
   DWORD const style = tree.GetStyle();
   int const indent = static_cast<int>(tree.GetIndent());
   bool const rootColumn =
@@ -300,13 +312,16 @@ static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl const & impl, ui
   }
   row.textLeft = x;
   int textWidth = 0;
-  int textHeight = 0;
-  wxFont bold;
-  if (font == nullptr && (node.state & TVIS_BOLD) != 0) {
-    bold = tree.GetFont().Bold();
-    font = &bold;
+  if (font != nullptr) {
+    tree.GetTextExtent(node.text, &textWidth, nullptr, nullptr, nullptr, font);
+  } else {
+    if (node.textWidth < 0) {
+      wxFont const bold = (node.state & TVIS_BOLD) != 0 ? tree.GetFont().Bold() : wxFont();
+      tree.GetTextExtent(node.text, &node.textWidth, nullptr, nullptr, nullptr,
+                         bold.IsOk() ? &bold : nullptr);
+    }
+    textWidth = node.textWidth;
   }
-  tree.GetTextExtent(node.text, &textWidth, &textHeight, nullptr, nullptr, font);
   row.textWidth = textWidth + 2 * TextPadding;
   return row;
 }
@@ -559,11 +574,18 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   TreeNodeStore const & nodes = impl.nodes;
   UpdateScrollbars(*this, impl);
   wxSize const client = GetClientSize();
-  wxColour const window = mBkColor == CLR_DEFAULT ? GetSysColour(COLOR_WINDOW) : ToColour(mBkColor);
-  wxColour const text =
-      mTextColor == CLR_DEFAULT ? GetSysColour(COLOR_WINDOWTEXT) : ToColour(mTextColor);
-  wxColour const line =
-      mLineColor == CLR_DEFAULT ? GetSysColour(COLOR_GRAYTEXT) : ToColour(mLineColor);
+  if (!impl.coloursKnown) {
+    impl.window = GetSysColour(COLOR_WINDOW);
+    impl.windowText = GetSysColour(COLOR_WINDOWTEXT);
+    impl.grayText = GetSysColour(COLOR_GRAYTEXT);
+    impl.highlight = GetSysColour(COLOR_HIGHLIGHT);
+    impl.highlightText = GetSysColour(COLOR_HIGHLIGHTTEXT);
+    impl.buttonFace = GetSysColour(COLOR_BTNFACE);
+    impl.coloursKnown = true;
+  }
+  wxColour const window = mBkColor == CLR_DEFAULT ? impl.window : ToColour(mBkColor);
+  wxColour const text = mTextColor == CLR_DEFAULT ? impl.windowText : ToColour(mTextColor);
+  wxColour const line = mLineColor == CLR_DEFAULT ? impl.grayText : ToColour(mLineColor);
   dc.SetFont(GetFont());
   dc.SetBrush(wxBrush(window));
   dc.SetPen(*wxTRANSPARENT_PEN);
@@ -584,7 +606,15 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   uint32_t slot = SlotAtRow(impl, impl.topRow + firstRow);
   int depth = slot != 0 ? nodes.Depth(slot) : 0;
   wxRendererNative & renderer = wxRendererNative::Get();
-  wxPen linePen(line, 1, wxPENSTYLE_DOT);
+  // Solid: a dotted pen makes cairo send every dot to the X server.
+  wxPen linePen(line, 1, wxPENSTYLE_SOLID);
+  linePen.SetCap(wxCAP_BUTT);  // a round end would reach into the next row
+  wxFont const controlFont = GetFont();
+  wxFont boldFont;
+  // Lines and buttons are collected and drawn after the rows: one stroke
+  // for all lines is far cheaper than a stroke a line.
+  std::vector<std::pair<wxPoint, wxPoint>> segments;
+  std::vector<std::pair<wxRect, bool>> buttons;
   bool const fullRow = (mStyle & TVS_FULLROWSELECT) != 0;
   bool const lines = (mStyle & TVS_HASLINES) != 0 && !fullRow;
   bool const rootColumn =
@@ -606,14 +636,10 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
                            (slot == impl.caret && focused ? CDIS_FOCUS : 0) |
                            ((node.state & TVIS_DROPHILITED) != 0 ? CDIS_DROPHILITED : 0);
     draw.nmcd.lItemlParam = node.data;
-    draw.clrText = (hilited ? GetSysColour(COLOR_HIGHLIGHTTEXT) : text).GetRGB();
-    draw.clrTextBk = (hilited    ? GetSysColour(COLOR_HIGHLIGHT)
-                      : inactive ? GetSysColour(COLOR_BTNFACE)
-                                 : window)
-                         .GetRGB();
+    draw.clrText = (hilited ? impl.highlightText : text).GetRGB();
+    draw.clrTextBk = (hilited ? impl.highlight : inactive ? impl.buttonFace : window).GetRGB();
     draw.iLevel = depth;
     LRESULT answer = CDRF_DODEFAULT;
-    wxFont const controlFont = dc.GetFont();
     if ((whole & CDRF_NOTIFYITEMDRAW) != 0) answer = SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
 
     if ((answer & CDRF_SKIPDEFAULT) == 0) {
@@ -621,20 +647,19 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       // Lines: through each ancestor's column that has more siblings below,
       // then the item's own elbow.
       if (lines) {
-        dc.SetPen(linePen);
         int const ownX = layout.buttonLeft + indent / 2;
         if (depth > 0 || rootColumn) {
-          dc.DrawLine(ownX, middle, layout.stateLeft, middle);
+          segments.emplace_back(wxPoint(ownX, middle), wxPoint(layout.stateLeft, middle));
           bool const firstOfRoots = node.parent == 0 && node.prev == 0;
-          dc.DrawLine(ownX, firstOfRoots ? middle : top, ownX,
-                      node.next != 0 ? top + height : middle + 1);
+          segments.emplace_back(wxPoint(ownX, firstOfRoots ? middle : top),
+                                wxPoint(ownX, node.next != 0 ? top + height : middle + 1));
         }
         int x = ownX - indent;
         for (uint32_t up = node.parent; up != 0 && x >= -indent;
              up = nodes[up].parent, x -= indent) {
           if (x >= client.GetWidth()) continue;
           if (nodes[up].next != 0 && (nodes[up].parent != 0 || rootColumn))
-            dc.DrawLine(x, top, x, top + height);
+            segments.emplace_back(wxPoint(x, top), wxPoint(x, top + height));
         }
       }
       bool const hasChildren = node.children == -2 ? node.firstChild != 0 : node.children != 0;
@@ -642,8 +667,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
         int const size = std::min(indent, height) - 4;
         wxRect const box(layout.buttonLeft + (indent - size) / 2, top + (height - size) / 2, size,
                          size);
-        renderer.DrawTreeItemButton(
-            this, dc, box, (node.state & TVIS_EXPANDED) != 0 ? int(wxCONTROL_EXPANDED) : 0);
+        buttons.emplace_back(box, (node.state & TVIS_EXPANDED) != 0);
       }
       UINT const stateImage = STATEIMAGEMASKTOINDEX(node.state);
       if (layout.stateWidth > 0) {
@@ -665,9 +689,15 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
           impl.normalImages->Draw(image, dc, layout.iconLeft, top + (height - imageHeight) / 2,
                                   wxIMAGELIST_DRAW_TRANSPARENT);
       }
-      wxFont font = (answer & CDRF_NEWFONT) != 0 ? dc.GetFont() : controlFont;
-      if ((node.state & TVIS_BOLD) != 0 && (answer & CDRF_NEWFONT) == 0) font = font.Bold();
-      dc.SetFont(font);
+      // A new font or colour costs a font object in the toolkit: set them
+      // only when they change.
+      bool const newFont = (answer & CDRF_NEWFONT) != 0;
+      if (!newFont && (node.state & TVIS_BOLD) != 0) {
+        if (!boldFont.IsOk()) boldFont = controlFont.Bold();
+        dc.SetFont(boldFont);
+      } else if (!newFont && !(dc.GetFont() == controlFont)) {
+        dc.SetFont(controlFont);
+      }
       wxColour const back = ToColour(static_cast<COLORREF>(draw.clrTextBk));
       wxRect const label(layout.textLeft, top, layout.textWidth, height);
       wxRect const fill =
@@ -677,13 +707,13 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
         dc.SetBrush(wxBrush(back));
         dc.DrawRectangle(fill);
       }
-      dc.SetTextForeground(ToColour(static_cast<COLORREF>(draw.clrText)));
-      int textHeight = 0;
-      int textWidth = 0;
-      dc.GetTextExtent(node.text, &textWidth, &textHeight);
+      wxColour const fore = ToColour(static_cast<COLORREF>(draw.clrText));
+      if (dc.GetTextForeground() != fore) dc.SetTextForeground(fore);
+      int textHeight = impl.fontHeight;
+      if (newFont) dc.GetTextExtent(node.text, nullptr, &textHeight);
       dc.DrawText(node.text, layout.textLeft + TextPadding, top + (height - textHeight) / 2);
       if (slot == impl.caret && focused) renderer.DrawFocusRect(this, dc, fill, 0);
-      dc.SetFont(controlFont);
+      if (newFont || (node.state & TVIS_BOLD) != 0) dc.SetFont(controlFont);
     }
     if ((answer & CDRF_NOTIFYPOSTPAINT) != 0) {
       draw.nmcd.dwDrawStage = CDDS_ITEMPOSTPAINT;
@@ -708,6 +738,30 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       if (slot != 0) slot = nodes[slot].next;
     }
   }
+  if (!segments.empty()) {
+    if (wxGraphicsContext * const gc = dc.GetGraphicsContext()) {
+      wxGraphicsPath path = gc->CreatePath();
+      // Through the middle of the pixels across the line and along it up to
+      // the end point, not past it: a vertical line ends where the next row
+      // begins. The context may add half a pixel to both by itself.
+      double const added = gc->OffsetEnabled() ? 0.5 : 0.0;
+      for (auto const & segment : segments) {
+        bool const vertical = segment.first.x == segment.second.x;
+        double const acrossX = vertical ? 0.5 - added : -added;
+        double const acrossY = vertical ? -added : 0.5 - added;
+        path.MoveToPoint(segment.first.x + acrossX, segment.first.y + acrossY);
+        path.AddLineToPoint(segment.second.x + acrossX, segment.second.y + acrossY);
+      }
+      gc->SetPen(linePen);
+      gc->StrokePath(path);
+    } else {
+      dc.SetPen(linePen);
+      for (auto const & segment : segments) dc.DrawLine(segment.first, segment.second);
+    }
+  }
+  for (auto const & button : buttons)
+    renderer.DrawTreeItemButton(this, dc, button.first,
+                                button.second ? int(wxCONTROL_EXPANDED) : 0);
   if ((whole & CDRF_NOTIFYPOSTPAINT) != 0) {
     draw.nmcd.dwDrawStage = CDDS_POSTPAINT;
     draw.nmcd.rc = RECT{0, 0, client.GetWidth(), client.GetHeight()};

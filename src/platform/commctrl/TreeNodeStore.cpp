@@ -96,3 +96,7 @@ bool TreeNodeStore::IsAncestor(uint32_t ancestor, uint32_t slot) const {
     if (up == ancestor) return true;
   return false;
 }
+
+void TreeNodeStore::ForgetTextWidths() {
+  for (TreeNode & node : mNodes) node.textWidth = -1;
+}

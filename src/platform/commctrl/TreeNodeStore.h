@@ -26,6 +26,10 @@ struct TreeNode {
   int image = 0;
   int selectedImage = 0;
   LPARAM data = 0;
+  // The label's width in the control's font, -1 until measured; cleared
+  // when the text, boldness or font changes (measuring is what painting
+  // spends most on).
+  int textWidth = -1;
   wxString text;
 };
 
@@ -56,6 +60,7 @@ public:
   // Frees one node that has no children left; its handles go stale.
   void Free(uint32_t slot);
   void Clear();
+  void ForgetTextWidths();
 
   // Walking in display order over every node, expanded or not: first child,
   // else next sibling, else the nearest ancestor's next sibling.

@@ -93,11 +93,11 @@ TEST_F(TreeBehaviour, KeysMoveTheCaretAndOpenAndCloseBranches) {
            {alpha, false, VK_DOWN, bravo, false},
            {alpha, true, VK_DOWN, alpha1, true},
            {bravo, true, VK_UP, alpha2, true},
-           {alpha, false, VK_UP, alpha, false},     // nothing above the first row
-           {alpha, false, VK_RIGHT, alpha, true},   // closed: opens
-           {alpha, true, VK_RIGHT, alpha1, true},   // open: to the first child
-           {alpha, true, VK_LEFT, alpha, false},    // open: closes
-           {alpha2, true, VK_LEFT, alpha, true},    // a leaf: to its parent
+           {alpha, false, VK_UP, alpha, false},    // nothing above the first row
+           {alpha, false, VK_RIGHT, alpha, true},  // closed: opens
+           {alpha, true, VK_RIGHT, alpha1, true},  // open: to the first child
+           {alpha, true, VK_LEFT, alpha, false},   // open: closes
+           {alpha2, true, VK_LEFT, alpha, true},   // a leaf: to its parent
            {alpha2, true, VK_BACK, alpha, true},
            {charlie, true, VK_HOME, alpha, true},
            {alpha, true, VK_END, charlie, true},

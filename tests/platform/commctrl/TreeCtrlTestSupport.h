@@ -6,6 +6,7 @@
 #include <wx/frame.h>
 #include <wx/panel.h>
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -47,9 +48,14 @@ protected:
     parent = new wxPanel(frame, wxID_ANY);
     tree = new TestTree(parent, 700, TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT, wxPoint(0, 0),
                         wxSize(300, 240));
-    parent->Bind(VX_EVT_NOTIFY, [this](NotifyEvent & event) { Record(event); });
+    parent->Bind(VX_EVT_NOTIFY, &TreeFixture::Record, this);
   }
-  void TearDown() override { frame->Destroy(); }
+  // A top-level window goes at the next idle time and may still paint: it
+  // must not tell this fixture, which goes now.
+  void TearDown() override {
+    parent->Unbind(VX_EVT_NOTIFY, &TreeFixture::Record, this);
+    frame->Destroy();
+  }
 
   void Record(NotifyEvent & event) {
     Notified seen;
@@ -67,7 +73,11 @@ protected:
       seen.textNull = info->item.pszText == nullptr;
       if (info->item.pszText != nullptr) seen.text = info->item.pszText;
     }
-    if (seen.code != NM_CUSTOMDRAW) notified.push_back(seen);
+    if (seen.code == NM_CUSTOMDRAW) {
+      if (customDraw) event.SetResult(customDraw(*event.GetNotification<NMTVCUSTOMDRAW>()));
+      return;
+    }
+    notified.push_back(seen);
     auto const answer = answers.find(seen.code);
     if (answer != answers.end()) event.SetResult(answer->second);
   }
@@ -104,4 +114,5 @@ protected:
   TestTree * tree = nullptr;
   std::vector<Notified> notified;
   std::map<UINT, LRESULT> answers;
+  std::function<LRESULT(NMTVCUSTOMDRAW &)> customDraw;
 };
