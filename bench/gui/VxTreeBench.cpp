@@ -19,12 +19,12 @@
 
 namespace {
 
-TALVO_RATIO_LIMIT("TreeWalkSiblings", 0.02);
-TALVO_TIME_LIMIT("TreeWalkSiblings", 1e6);
-TALVO_RATIO_LIMIT("TreeInsertGroups", 1.0);
-TALVO_RATIO_LIMIT("TreeSetCheckBranch", 2.0);
-TALVO_RATIO_LIMIT("TreePaintPage", 1.0);
-TALVO_RATIO_LIMIT("TreeTextLoad", 1.3);
+TALVO_RATIO_LIMIT("VxTreeWalkSiblings", 0.02);
+TALVO_TIME_LIMIT("VxTreeWalkSiblings", 1e6);
+TALVO_RATIO_LIMIT("VxTreeInsertGroups", 1.0);
+TALVO_RATIO_LIMIT("VxTreeSetCheckBranch", 2.0);
+TALVO_RATIO_LIMIT("VxTreePaintPage", 1.0);
+TALVO_RATIO_LIMIT("VxTreeTextLoad", 1.3);
 
 bool Started(benchmark::State & state) {
   if (GuiStarted()) return true;
@@ -58,7 +58,7 @@ void TreeWalkSiblings_candidate(benchmark::State & state) {
   }
 }
 BENCHMARK(TreeWalkSiblings_candidate)
-    ->Name("TreeWalkSiblings/candidate")
+    ->Name("VxTreeWalkSiblings/candidate")
     ->Unit(benchmark::kMicrosecond);
 
 void TreeWalkSiblings_baseline(benchmark::State & state) {
@@ -77,7 +77,7 @@ void TreeWalkSiblings_baseline(benchmark::State & state) {
   }
 }
 BENCHMARK(TreeWalkSiblings_baseline)
-    ->Name("TreeWalkSiblings/baseline")
+    ->Name("VxTreeWalkSiblings/baseline")
     ->Unit(benchmark::kMicrosecond);
 
 // --- Inserting 100,000 items in 1,000 groups ------------------------------------
@@ -96,7 +96,7 @@ void TreeInsertGroups_candidate(benchmark::State & state) {
   }
 }
 BENCHMARK(TreeInsertGroups_candidate)
-    ->Name("TreeInsertGroups/candidate")
+    ->Name("VxTreeInsertGroups/candidate")
     ->Unit(benchmark::kMillisecond);
 
 void TreeInsertGroups_baseline(benchmark::State & state) {
@@ -115,7 +115,7 @@ void TreeInsertGroups_baseline(benchmark::State & state) {
   }
 }
 BENCHMARK(TreeInsertGroups_baseline)
-    ->Name("TreeInsertGroups/baseline")
+    ->Name("VxTreeInsertGroups/baseline")
     ->Unit(benchmark::kMillisecond);
 
 // --- SetCheck on a node with 100,000 descendants -----------------------------------
@@ -137,7 +137,7 @@ void TreeSetCheckBranch_candidate(benchmark::State & state) {
   for (auto _ : state) host.tree->SetCheck(top, VxTreeCtrl::ToggleCheck);
 }
 BENCHMARK(TreeSetCheckBranch_candidate)
-    ->Name("TreeSetCheckBranch/candidate")
+    ->Name("VxTreeSetCheckBranch/candidate")
     ->Unit(benchmark::kMillisecond);
 
 // A plain visit: every descendant's state read once, in display order.
@@ -153,7 +153,7 @@ void TreeSetCheckBranch_baseline(benchmark::State & state) {
   }
 }
 BENCHMARK(TreeSetCheckBranch_baseline)
-    ->Name("TreeSetCheckBranch/baseline")
+    ->Name("VxTreeSetCheckBranch/baseline")
     ->Unit(benchmark::kMillisecond);
 
 // --- Painting a page of 40 rows, 10 with their own colour or font ---------------------
@@ -174,7 +174,7 @@ void TreePaintPage_candidate(benchmark::State & state) {
     host.tree->Update();
   }
 }
-BENCHMARK(TreePaintPage_candidate)->Name("TreePaintPage/candidate")->Unit(benchmark::kMicrosecond);
+BENCHMARK(TreePaintPage_candidate)->Name("VxTreePaintPage/candidate")->Unit(benchmark::kMicrosecond);
 
 void TreePaintPage_baseline(benchmark::State & state) {
   if (!Started(state)) return;
@@ -193,7 +193,7 @@ void TreePaintPage_baseline(benchmark::State & state) {
     host.tree->Update();
   }
 }
-BENCHMARK(TreePaintPage_baseline)->Name("TreePaintPage/baseline")->Unit(benchmark::kMicrosecond);
+BENCHMARK(TreePaintPage_baseline)->Name("VxTreePaintPage/baseline")->Unit(benchmark::kMicrosecond);
 
 // --- Loading 100,000 lines of text beside inserting the same items --------------------
 
@@ -218,7 +218,7 @@ void TreeTextLoad_candidate(benchmark::State & state) {
     state.ResumeTiming();
   }
 }
-BENCHMARK(TreeTextLoad_candidate)->Name("TreeTextLoad/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeTextLoad_candidate)->Name("VxTreeTextLoad/candidate")->Unit(benchmark::kMillisecond);
 
 void TreeTextLoad_baseline(benchmark::State & state) {
   if (!Started(state)) return;
@@ -233,6 +233,6 @@ void TreeTextLoad_baseline(benchmark::State & state) {
     state.ResumeTiming();
   }
 }
-BENCHMARK(TreeTextLoad_baseline)->Name("TreeTextLoad/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(TreeTextLoad_baseline)->Name("VxTreeTextLoad/baseline")->Unit(benchmark::kMillisecond);
 
 }  // namespace
