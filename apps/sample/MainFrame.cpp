@@ -11,12 +11,14 @@
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
+#include "ProjectTreeWindow.h"
 #include "ReportCommand.h"
 #include "RunListPanel.h"
 #include "RunPicker.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
 #include "TimeGridDialog.h"
+#include "TreeViewWindow.h"
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -71,6 +73,8 @@ void MainFrame::BuildMenus() {
   AddPickRunCommand(*tools, *this);
   AddInstrumentsCommand(*tools, *this);
   AddReportCommand(*tools, *this);
+  AddProjectTreeCommand(*tools, *this);
+  AddTreeViewCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

@@ -21,6 +21,13 @@ enum SampleCommand : int {
   kPickRunCommand,
   kInstrumentsCommand,
   kReportCommand,
+  kRunsByProjectCommand,
+  // Runs by project (its own window)
+  kLoadTreeCommand,
+  kSaveTreeCommand,
+  kFindNextRunCommand,
+  kDeleteRunsCommand,
+  kTreeViewCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

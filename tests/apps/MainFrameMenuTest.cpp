@@ -5,6 +5,7 @@
 // without a row in the table fails too, so new commands get checked.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <set>
@@ -18,6 +19,7 @@
 #include "BatchCommand.h"
 #include "InstrumentsDialog.h"
 #include "MainFrame.h"
+#include "ProjectTreeWindow.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
@@ -54,6 +56,7 @@ enum class Opens {
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
   kCloseRequest,  // the frame is asked to close
+  kProjectTree,   // the runs by project window
 };
 
 struct Expected {
@@ -75,6 +78,8 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Pick a run...", {Opens::kRunPicker}},
     {"Tools/Instruments...", {Opens::kInstruments}},
     {"Tools/Report", {Opens::kReportWindow}},
+    {"Tools/Runs by project...", {Opens::kProjectTree}},
+    {"Tools/Tree view", {Opens::kNothing}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -275,6 +280,15 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kProjectTree: {
+        auto const windows = frame->GetChildren();
+        auto const opened = std::find_if(windows.begin(), windows.end(), [](wxWindow * w) {
+          return dynamic_cast<ProjectTreeWindow *>(w) != nullptr && w->IsShown();
+        });
+        ASSERT_NE(opened, windows.end());
+        (*opened)->Destroy();
+        break;
+      }
     }
     // Nothing else opened: no chooser where none belongs, no second dialog.
     if (expected.opens != Opens::kFileChooserToOpen &&
