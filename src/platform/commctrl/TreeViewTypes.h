@@ -8,6 +8,7 @@
 #include "platform/WinGeometry.h"
 #include "platform/commctrl/CustomDraw.h"
 #include "platform/commctrl/NotifyEvent.h"
+#include "platform/commctrl/StateImage.h"
 
 // An item of a tree. It names a slot of the tree's node store and that
 // slot's generation: once the item is deleted the slot's generation moves
@@ -81,8 +82,6 @@ constexpr UINT TVIS_EXPANDPARTIAL = 0x0080;
 constexpr UINT TVIS_OVERLAYMASK = 0x0F00;
 constexpr UINT TVIS_STATEIMAGEMASK = 0xF000;
 constexpr UINT TVIS_USERMASK = 0xF000;
-constexpr UINT INDEXTOSTATEIMAGEMASK(UINT index) { return index << 12; }
-constexpr UINT STATEIMAGEMASKTOINDEX(UINT state) { return (state & TVIS_STATEIMAGEMASK) >> 12; }
 
 // TVITEM::cChildren.
 constexpr int I_CHILDRENCALLBACK = -1;
