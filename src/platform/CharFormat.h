@@ -8,8 +8,6 @@
 #include "platform/WinGdi.h"
 #include "platform/WinTypes.h"
 
-constexpr int LF_FACESIZE = 32;
-
 struct _charformat2w {
   UINT cbSize;
   DWORD dwMask;
