@@ -16,8 +16,8 @@ wxRichTextAttr AttrOf(RichTextFormat const & format) {
   attr.SetFontUnderlined(format.underline);
   attr.SetFontPointSize((format.halfPoints + 1) / 2);
   if (!format.autoColour)
-    attr.SetTextColour(wxColour(GetRValue(format.colour), GetGValue(format.colour),
-                                GetBValue(format.colour)));
+    attr.SetTextColour(
+        wxColour(GetRValue(format.colour), GetGValue(format.colour), GetBValue(format.colour)));
   if (!format.face.empty()) attr.SetFontFaceName(wxString(format.face));
   return attr;
 }
@@ -96,8 +96,8 @@ RichTextDocument DocumentFromRichTextBuffer(wxRichTextParagraphLayoutBox const &
           runs.back().text += run.text;
           continue;
         }
-      } else if (auto * image = wxDynamicCast(const_cast<wxRichTextObject *>(object),
-                                              wxRichTextImage)) {
+      } else if (auto * image =
+                     wxDynamicCast(const_cast<wxRichTextObject *>(object), wxRichTextImage)) {
         wxRichTextImageBlock const & block = image->GetImageBlock();
         wxBitmapType const type = block.GetImageType();
         if (!block.IsOk() || (type != wxBITMAP_TYPE_PNG && type != wxBITMAP_TYPE_JPEG)) continue;

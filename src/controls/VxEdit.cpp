@@ -59,8 +59,8 @@ void ClustersBefore(wxString const & text, long a, long b, int & clustersA, int 
 
 }  // namespace
 
-VxEdit::VxEdit(wxWindow * parent, wxWindowID id, wxString const & value,
-               wxPoint const & position, wxSize const & size, long style)
+VxEdit::VxEdit(wxWindow * parent, wxWindowID id, wxString const & value, wxPoint const & position,
+               wxSize const & size, long style)
     : wxTextCtrl(parent, id, value, position, size, style),
       mBackgroundColour(GetSysColor(COLOR_WINDOW)),
       mTextColour(GetSysColor(COLOR_WINDOWTEXT)),
@@ -221,13 +221,15 @@ void VxEdit::SetGraphemeClusterSel(int start, int end, int noScroll) {
     std::locale const locale;
     auto codePoints = [&](int clusters) {
       return static_cast<long>(
-          wxString::FromUTF8(VxStdString::GraphemeClusterSubString(
-                                 text, 0, static_cast<size_t>(clusters), locale))
+          wxString::FromUTF8(
+              VxStdString::GraphemeClusterSubString(text, 0, static_cast<size_t>(clusters), locale))
               .length());
     };
     long const from = codePoints(start);
     long const to = end < 0 ? GetLastPosition() : codePoints(end);
     SetSelection(from, to);
   }
-  if (noScroll == 0) ShowPosition(GetInsertionPoint());
+  // A single-line GTK entry scrolls to the selection itself, and moving
+  // its cursor there would drop the selection.
+  if (noScroll == 0 && IsMultiLine()) ShowPosition(GetInsertionPoint());
 }

@@ -33,8 +33,7 @@ public:
 
   void GetGraphemeClusterSel(int & start, int & end) const;
   void SetGraphemeClusterSel(int start, int end, int noScroll);
-  void ConvertToGraphemeClusterSel(int start, int end, int & clusterStart,
-                                   int & clusterEnd) const;
+  void ConvertToGraphemeClusterSel(int start, int end, int & clusterStart, int & clusterEnd) const;
 
   // Whether the numeric filter lets `key` through with the current text
   // and selection (the handler of character events asks it).

@@ -12,8 +12,8 @@
 #include "controls/RtfReader.h"
 #include "controls/RtfWriter.h"
 #include "platform/ResourceModule.h"
-#include "utl/Exception.h"
 #include "utl/AtomicFile.h"
+#include "utl/Exception.h"
 
 namespace {
 
@@ -30,8 +30,8 @@ std::string RtfBytes(wchar_t const * text) {
     if (c < 0x80) {
       bytes += static_cast<char>(c);
     } else if (c < 0x10000) {
-      bytes += "\\u" + std::to_string(c >= 0x8000 ? static_cast<int>(c) - 0x10000
-                                                  : static_cast<int>(c)) +
+      bytes += "\\u" +
+               std::to_string(c >= 0x8000 ? static_cast<int>(c) - 0x10000 : static_cast<int>(c)) +
                '?';
     } else {
       char32_t const v = c - 0x10000;
@@ -96,7 +96,9 @@ void VxRichEdit::InsertText(wchar_t const * text, TextFormat format) {
   if (text == nullptr) return;
   RichTextDocument document;
   switch (format) {
-    case RichText: document = ReadRtf(RtfBytes(text), kRichTextCharacterLimit, CurrentFormat()).document; break;
+    case RichText:
+      document = ReadRtf(RtfBytes(text), kRichTextCharacterLimit, CurrentFormat()).document;
+      break;
     case PlainText:
     case UnicodeText: document = PlainDocument(text, CurrentFormat()); break;
     default: return;
@@ -168,8 +170,10 @@ _charformatw * VxRichEdit::GetCurrentCharFormat() {
   GetSelection(&from, &to);
   wxRichTextAttr attr;
   GetStyle(from, attr);
-  if (attr.HasFontWeight() && attr.GetFontWeight() >= wxFONTWEIGHT_BOLD) format.dwEffects |= CFE_BOLD;
-  if (attr.HasFontItalic() && attr.GetFontStyle() == wxFONTSTYLE_ITALIC) format.dwEffects |= CFE_ITALIC;
+  if (attr.HasFontWeight() && attr.GetFontWeight() >= wxFONTWEIGHT_BOLD)
+    format.dwEffects |= CFE_BOLD;
+  if (attr.HasFontItalic() && attr.GetFontStyle() == wxFONTSTYLE_ITALIC)
+    format.dwEffects |= CFE_ITALIC;
   if (attr.HasFontUnderlined() && attr.GetFontUnderlined()) format.dwEffects |= CFE_UNDERLINE;
   if (attr.HasTextColour() && attr.GetTextColour().IsOk())
     format.crTextColor = static_cast<COLORREF>(attr.GetTextColour().GetRGB());
@@ -231,7 +235,8 @@ RichTextFormat VxRichEdit::CurrentFormat() const {
     result.autoColour = false;
     result.colour = format.crTextColor;
   }
-  if ((format.dwMask & CFM_SIZE) != 0 && format.yHeight > 0) result.halfPoints = format.yHeight / 10;
+  if ((format.dwMask & CFM_SIZE) != 0 && format.yHeight > 0)
+    result.halfPoints = format.yHeight / 10;
   if ((format.dwMask & CFM_FACE) != 0) {
     for (char16_t c : format.szFaceName) {
       if (c == 0) break;

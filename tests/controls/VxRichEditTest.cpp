@@ -56,9 +56,8 @@ TEST(VxRichEdit, WhatIsSavedLoadsBackWithItsFormats) {
       RichTextRun const & run = document.paragraphs[p][r];
       EXPECT_EQ(run.text, expected.paragraphs[p][r].text);
       EXPECT_TRUE(run.format == expected.paragraphs[p][r].format)
-          << p << "/" << r << " bold " << run.format.bold << " underline "
-          << run.format.underline << " auto " << run.format.autoColour << " size "
-          << run.format.halfPoints;
+          << p << "/" << r << " bold " << run.format.bold << " underline " << run.format.underline
+          << " auto " << run.format.autoColour << " size " << run.format.halfPoints;
     }
   }
 }
