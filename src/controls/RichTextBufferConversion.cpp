@@ -1,7 +1,7 @@
 // RichTextDocument to and from a wxRichTextCtrl buffer: one paragraph
 // object for each paragraph and one text or image object for each run, made
 // directly rather than inserted piece by piece through the control.
-#include <cstring>
+#include <algorithm>
 
 #include <wx/richtext/richtextbuffer.h>
 
@@ -40,7 +40,7 @@ wxRichTextImage * ImageOf(RichTextRun const & run, wxRichTextParagraph * paragra
                           wxRichTextAttr const & attr) {
   wxRichTextImageBlock block;
   auto * data = new unsigned char[run.pictureBytes.size()];
-  std::memcpy(data, run.pictureBytes.data(), run.pictureBytes.size());
+  std::copy(run.pictureBytes.begin(), run.pictureBytes.end(), data);
   block.SetData(data);
   block.SetDataSize(run.pictureBytes.size());
   block.SetImageType(run.picture == RichTextPicture::Png ? wxBITMAP_TYPE_PNG : wxBITMAP_TYPE_JPEG);

@@ -35,7 +35,7 @@ void ClustersBefore(wxString const & text, long a, long b, int & clustersA, int 
   a = std::clamp(a, 0L, length);
   b = std::clamp(b, 0L, length);
   long const further = std::max(a, b);
-  std::wstring const wide = text.ToStdWstring();
+  std::wstring const & wide = text.ToStdWstring();
   icu::UnicodeString const units = icu::UnicodeString::fromUTF32(
       reinterpret_cast<UChar32 const *>(wide.data()), static_cast<int32_t>(further));
   int32_t const unitA = units.moveIndex32(0, static_cast<int32_t>(a));
