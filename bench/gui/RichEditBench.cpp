@@ -9,12 +9,12 @@
 #include <sstream>
 #include <string>
 
-#include <boost/locale/boundary.hpp>
-#include <boost/locale/generator.hpp>
 #include <wx/frame.h>
 #include <wx/mstream.h>
 #include <wx/richtext/richtextxml.h>
 #include <wx/sstream.h>
+#include <boost/locale/boundary.hpp>
+#include <boost/locale/generator.hpp>
 
 #include "Figures.h"
 #include "controls/RtfWriter.h"
@@ -51,8 +51,8 @@ RichTextDocument MakeDocument() {
 }
 
 struct Fixture {
-  wxFrame * frame = new wxFrame(nullptr, wxID_ANY, "Rich text", wxDefaultPosition,
-                                wxSize(600, 400));
+  wxFrame * frame =
+      new wxFrame(nullptr, wxID_ANY, "Rich text", wxDefaultPosition, wxSize(600, 400));
   VxRichEdit * edit = new VxRichEdit(frame, wxID_ANY);
   VxEdit * line = nullptr;
   std::string rtf;

@@ -64,11 +64,10 @@ TEST(VxEdit, NumericFilterTakesDigitsAndALeadingMinus) {
     bool accepted;
   };
   std::vector<Case> const cases = {
-      {"12", 0, 0, '-', 1, true},       {"12", 1, 1, '-', 1, false},
-      {"12", 0, 2, '-', 1, true},       {"", 0, 0, '-', 1, true},
-      {"-12", 0, 0, '-', 1, true},      {"12", 0, 0, '-', 0, false},
-      {"12", 1, 1, '7', 0, true},       {"12", 1, 1, WXK_BACK, 0, true},
-      {"12", 1, 1, 'a', 1, false},      {"12", 1, 1, 3, 1, false},  // Ctrl+C
+      {"12", 0, 0, '-', 1, true},     {"12", 1, 1, '-', 1, false},     {"12", 0, 2, '-', 1, true},
+      {"", 0, 0, '-', 1, true},       {"-12", 0, 0, '-', 1, true},     {"12", 0, 0, '-', 0, false},
+      {"12", 1, 1, '7', 0, true},     {"12", 1, 1, WXK_BACK, 0, true}, {"12", 1, 1, 'a', 1, false},
+      {"12", 1, 1, 3, 1, false},       // Ctrl+C
       {"12", 1, 1, 0x0663, 1, false},  // an Arabic-Indic digit
   };
   Frame f;
@@ -89,7 +88,7 @@ TEST(VxEdit, SelectionsInUserPerceivedCharacters) {
   wxString const text(L"e\u0301\U0001F1EB\U0001F1F7x\U0001F468\u200D\U0001F469");
   auto * edit = new VxEdit(f.frame, wxID_ANY, text);
   struct Case {
-    int start, end;       // code points
+    int start, end;  // code points
     int clusterStart, clusterEnd;
   };
   std::vector<Case> const cases = {{0, 0, 0, 0}, {0, 2, 0, 1}, {2, 4, 1, 2},
