@@ -2,16 +2,16 @@
 
 #include <string>
 
-#include <boost/format.hpp>
 #include <wx/app.h>
 #include <wx/mdi.h>
+#include <boost/format.hpp>
 
 #include "controls/Enabler.h"
 #include "controls/GUIUtilities.h"
 #include "favourites/FavouriteBuilder.h"
 #include "platform/ResourceModule.h"
-#include "utl/ConfigurationSection.h"
 #include "utl/CaseFolding.h"
+#include "utl/ConfigurationSection.h"
 #include "utl/Translation.h"
 
 namespace {
@@ -47,9 +47,7 @@ FavouriteCommandItem::FavouriteCommandItem(unsigned int commandId)
   SetName(name.wc_str());
 }
 
-FavouriteCommandItem::FavouriteCommandItem() {
-  FavouriteBuilder::Instance()->Add(kType, this);
-}
+FavouriteCommandItem::FavouriteCommandItem() { FavouriteBuilder::Instance()->Add(kType, this); }
 
 void FavouriteCommandItem::Save(ConfigurationSection * section) const {
   FavouriteItem::Save(section);

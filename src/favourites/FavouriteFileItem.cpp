@@ -6,8 +6,8 @@
 
 #include <wx/app.h>
 
-#include "favourites/FavouriteBuilder.h"
 #include "favourites/DocumentFileOpener.h"
+#include "favourites/FavouriteBuilder.h"
 #include "platform/MessageBoxes.h"
 #include "utl/ConfigurationSection.h"
 #include "utl/Translation.h"
@@ -54,7 +54,8 @@ wxWindow * FavouriteFileItem::Open() {
     AfxMessageBox(vx3::Tr("The file has been moved or removed."), MB_OK | MB_ICONEXCLAMATION);
     return nullptr;
   }
-  if (auto * const app = dynamic_cast<DocumentFileOpener *>(wxTheApp)) app->OpenDocumentFile(mPath.wc_str());
+  if (auto * const app = dynamic_cast<DocumentFileOpener *>(wxTheApp))
+    app->OpenDocumentFile(mPath.wc_str());
   return nullptr;
 }
 

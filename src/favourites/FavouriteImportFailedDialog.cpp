@@ -1,6 +1,5 @@
 #include "favourites/FavouriteImportFailedDialog.h"
 
-#include <boost/format.hpp>
 #include <wx/artprov.h>
 #include <wx/button.h>
 #include <wx/collpane.h>
@@ -9,6 +8,7 @@
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <boost/format.hpp>
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -32,9 +32,9 @@ FavouriteImportFailedDialog::FavouriteImportFailedDialog(wxWindow * parent,
       mDetails(why) {
   auto * const top = new wxBoxSizer(wxVERTICAL);
   auto * const head = new wxBoxSizer(wxHORIZONTAL);
-  head->Add(new wxStaticBitmap(this, wxID_ANY,
-                               wxArtProvider::GetBitmap(wxART_ERROR, wxART_MESSAGE_BOX)),
-            0, wxALL, kGap);
+  head->Add(
+      new wxStaticBitmap(this, wxID_ANY, wxArtProvider::GetBitmap(wxART_ERROR, wxART_MESSAGE_BOX)),
+      0, wxALL, kGap);
   auto * const texts = new wxBoxSizer(wxVERTICAL);
   auto * const instruction = new wxStaticText(this, wxID_ANY, mInstruction);
   wxFont bold = instruction->GetFont();
@@ -54,6 +54,7 @@ FavouriteImportFailedDialog::FavouriteImportFailedDialog(wxWindow * parent,
   paneSizer->Add(details, 1, wxEXPAND);
   mPane->GetPane()->SetSizer(paneSizer);
   mPane->Expand();
+  UpdateExpanderLabel();
   top->Add(mPane, 1, wxEXPAND | wxLEFT | wxRIGHT, kGap);
 
   auto * const buttons = new wxBoxSizer(wxHORIZONTAL);
@@ -76,7 +77,7 @@ wxString FavouriteImportFailedDialog::GetDetails() const { return mDetails; }
 
 bool FavouriteImportFailedDialog::IsExpanded() const { return mPane->IsExpanded(); }
 
-wxString FavouriteImportFailedDialog::GetExpanderLabel() const { return mPane->GetLabel(); }
+wxString FavouriteImportFailedDialog::GetExpanderLabel() const { return mExpanderLabel; }
 
 void FavouriteImportFailedDialog::SetExpanded(bool expanded) {
   mPane->Collapse(!expanded);
@@ -90,7 +91,8 @@ void FavouriteImportFailedDialog::OnPaneChanged(wxCollapsiblePaneEvent & event) 
 }
 
 void FavouriteImportFailedDialog::UpdateExpanderLabel() {
-  mPane->SetLabel(mPane->IsExpanded() ? vx3::Tr("Hide details") : vx3::Tr("Show details"));
+  mExpanderLabel = mPane->IsExpanded() ? vx3::Tr("Hide details") : vx3::Tr("Show details");
+  mPane->SetLabel(mExpanderLabel);
 }
 
 void ShowFavouriteImportFailure(wxWindow * parent, wxString const & fileName,

@@ -14,8 +14,7 @@ class wxCollapsiblePaneEvent;
 class FavouriteImportFailedDialog : public wxDialog {
 public:
   // `fileName` without its folder; `why` the failure's text.
-  FavouriteImportFailedDialog(wxWindow * parent, wxString const & fileName,
-                              wxString const & why);
+  FavouriteImportFailedDialog(wxWindow * parent, wxString const & fileName, wxString const & why);
 
   wxString GetInstruction() const;
   wxString GetContent() const;
@@ -32,9 +31,10 @@ private:
   wxString mInstruction;
   wxString mContent;
   wxString mDetails;
+  // GTK's expander does not give its label back.
+  wxString mExpanderLabel;
   wxCollapsiblePane * mPane = nullptr;
 };
 
 // Shows the dialog modally.
-void ShowFavouriteImportFailure(wxWindow * parent, wxString const & fileName,
-                                wxString const & why);
+void ShowFavouriteImportFailure(wxWindow * parent, wxString const & fileName, wxString const & why);

@@ -28,8 +28,7 @@ wxWindow * FavouriteItem::Open() { return nullptr; }
 
 wxString FavouriteItem::GetToolTipText() const { return mName; }
 
-FavouriteItemHandle::FavouriteItemHandle(FavouriteItem const & item)
-    : FavouriteItem(item), mItem(item.Copy()) {}
+FavouriteItemHandle::FavouriteItemHandle(FavouriteItem const & item) : mItem(item.Copy()) {}
 
 FavouriteItemHandle::FavouriteItemHandle(FavouriteItemHandle const & other)
     : FavouriteItem(other), mItem(other.mItem) {

@@ -5,10 +5,10 @@
 #include <stdexcept>
 #include <string>
 
-#include <boost/format.hpp>
-#include <wx/filename.h>
 #include <wx/app.h>
+#include <wx/filename.h>
 #include <wx/mdi.h>
+#include <boost/format.hpp>
 
 #include "controls/GUIUtilities.h"
 #include "favourites/FavouriteCommandItem.h"
@@ -81,8 +81,8 @@ void AppendFailure(wxString & details, wxString const & name, wxString const & w
     details += why;
   } else {
     char const * const pattern = details.empty() ? "%1%: %2%" : "\r\n%1%: %2%";
-    details += wxString::FromUTF8(
-        (boost::format(pattern) % name.utf8_string() % why.utf8_string()).str());
+    details +=
+        wxString::FromUTF8((boost::format(pattern) % name.utf8_string() % why.utf8_string()).str());
   }
 }
 

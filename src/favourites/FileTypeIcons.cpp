@@ -42,10 +42,9 @@ wxIcon FileTypeIcons::Load(std::string const & contentType) {
   GIcon * const gicon = g_content_type_get_icon(contentType.c_str());
   if (gicon == nullptr) return wxIcon();
   GtkIconTheme * const theme = gtk_icon_theme_get_default();
-  GtkIconInfo * const info =
-      theme != nullptr
-          ? gtk_icon_theme_lookup_by_gicon(theme, gicon, kSize, GTK_ICON_LOOKUP_FORCE_SIZE)
-          : nullptr;
+  GtkIconInfo * const info = theme != nullptr ? gtk_icon_theme_lookup_by_gicon(
+                                                    theme, gicon, kSize, GTK_ICON_LOOKUP_FORCE_SIZE)
+                                              : nullptr;
   g_object_unref(gicon);
   if (info == nullptr) return wxIcon();
   GError * error = nullptr;
