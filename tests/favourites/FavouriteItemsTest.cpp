@@ -50,9 +50,9 @@ TEST(FavouriteBuilder, BuildsOnlyTheRegisteredTypesCaseSensitively) {
     bool built;
   };
   Case const cases[] = {
-      {"CommandItem", true},   {"FileItem", true},     {"FavouritesFolder", true},
-      {"SeparatorItem", false}, {"", false},           {"commanditem", false},
-      {"CommandItem ", false}, {"RootItem", false},    {"\xE2\x80\x8B", false},
+      {"CommandItem", true},    {"FileItem", true},  {"FavouritesFolder", true},
+      {"SeparatorItem", false}, {"", false},         {"commanditem", false},
+      {"CommandItem ", false},  {"RootItem", false}, {"\xE2\x80\x8B", false},
   };
   for (Case const & c : cases) {
     auto const item = Build(Key("Name", "n") + Key("Type", c.type));
@@ -63,8 +63,8 @@ TEST(FavouriteBuilder, BuildsOnlyTheRegisteredTypesCaseSensitively) {
 }
 
 TEST(FavouriteBuilder, LoadsEveryKeyOfEachType) {
-  auto const command = Build(Key("Name", "Run") + Key("Type", "CommandItem") +
-                             Key("CommandID", "32771"));
+  auto const command =
+      Build(Key("Name", "Run") + Key("Type", "CommandItem") + Key("CommandID", "32771"));
   auto const * const asCommand = dynamic_cast<FavouriteCommandItem const *>(command.get());
   ASSERT_NE(asCommand, nullptr);
   EXPECT_EQ(asCommand->GetName(), "Run");
@@ -78,9 +78,9 @@ TEST(FavouriteBuilder, LoadsEveryKeyOfEachType) {
   EXPECT_EQ(asFile->GetFileName(), wxString::FromUTF8("/data/r\xC3\xA9sum\xC3\xA9.kvd"));
   EXPECT_EQ(asFile->GetToolTipText(), asFile->GetFileName());
 
-  auto const folder = Build(Key("Name", "Runs") + Key("Type", "FavouritesFolder") +
-                            Key("TreatAsItem", "1") + Key("EmptyFolderText", "(none)") +
-                            Key("DefaultItemType", "FileItem"));
+  auto const folder =
+      Build(Key("Name", "Runs") + Key("Type", "FavouritesFolder") + Key("TreatAsItem", "1") +
+            Key("EmptyFolderText", "(none)") + Key("DefaultItemType", "FileItem"));
   auto const * const asFolder = dynamic_cast<FavouriteFolderItem const *>(folder.get());
   ASSERT_NE(asFolder, nullptr);
   EXPECT_TRUE(asFolder->GetTreatAsItem());
@@ -233,9 +233,9 @@ TEST(ToolBarResource, ReadsWordsAndRefusesWhatIsNoToolBar) {
   EXPECT_EQ(layout.items, (std::vector<uint16_t>{100, 0, 0x8001, 101}));
 
   std::string const refused[] = {
-      words({1, 16, 16, 3, 100, 101}),        // count past the data
-      words({1, 16, 16}),                     // no count
-      words({1, 16, 16, 1, 100}) + "\x01",    // odd length
+      words({1, 16, 16, 3, 100, 101}),      // count past the data
+      words({1, 16, 16}),                   // no count
+      words({1, 16, 16, 1, 100}) + "\x01",  // odd length
       std::string(),
   };
   for (std::string const & bytes : refused) {

@@ -40,19 +40,28 @@ class Frame : public wxMDIParentFrame {
 public:
   Frame() : wxMDIParentFrame(nullptr, wxID_ANY, "favourites") {
     for (int id : {kOpensChild, kThrowsException, kThrowsRuntimeError, kCascade})
-      Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(true); }, id);
-    Bind(wxEVT_MENU, [this](wxCommandEvent &) {
-      auto * const child = new wxMDIChildFrame(this, wxID_ANY, "child");
-      child->Show();
-      child->Activate();
-      ++opened;
-    }, kOpensChild);
-    Bind(wxEVT_MENU, [](wxCommandEvent &) {
-      throw Exception(ExceptionMessage::translate("The run is locked."));
-    }, kThrowsException);
-    Bind(wxEVT_MENU, [](wxCommandEvent &) { throw std::runtime_error("disk full"); },
-         kThrowsRuntimeError);
-    Bind(wxEVT_MENU, [this](wxCommandEvent &) { ++cascaded; }, kCascade);
+      Bind(
+          wxEVT_UPDATE_UI, [](wxUpdateUIEvent & e) { e.Enable(true); }, id);
+    Bind(
+        wxEVT_MENU,
+        [this](wxCommandEvent &) {
+          auto * const child = new wxMDIChildFrame(this, wxID_ANY, "child");
+          child->Show();
+          child->Activate();
+          ++opened;
+        },
+        kOpensChild);
+    Bind(
+        wxEVT_MENU,
+        [](wxCommandEvent &) {
+          throw Exception(ExceptionMessage::translate("The run is locked."));
+        },
+        kThrowsException);
+    Bind(
+        wxEVT_MENU, [](wxCommandEvent &) { throw std::runtime_error("disk full"); },
+        kThrowsRuntimeError);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent &) { ++cascaded; }, kCascade);
   }
   int opened = 0;
   int cascaded = 0;
@@ -132,15 +141,16 @@ TEST_F(FavouritesManagerTest, ReportsWhatFailedInOneDialog) {
     wxString headline;
     wxString details;
     int shown = 0;
-    FavouriteOpenFailuresDisplay const former = SetFavouriteOpenFailuresDisplay(
-        [&](wxWindow *, wxString const & h, wxString const & d) {
+    FavouriteOpenFailuresDisplay const former =
+        SetFavouriteOpenFailuresDisplay([&](wxWindow *, wxString const & h, wxString const & d) {
           headline = h;
           details = d;
           ++shown;
         });
-    int const counted = static_cast<int>(std::count_if(
-        c.items.begin(), c.items.end(),
-        [](FavouriteItem * i) { return dynamic_cast<CountedCommand *>(i) != nullptr; }));
+    int const counted =
+        static_cast<int>(std::count_if(c.items.begin(), c.items.end(), [](FavouriteItem * i) {
+          return dynamic_cast<CountedCommand *>(i) != nullptr;
+        }));
     gDeleted = 0;
     manager.Open(&c.items);
     EXPECT_EQ(gDeleted, counted) << c.what;
@@ -235,8 +245,7 @@ TEST_F(FavouritesManagerTest, FileIconsComeFromTheContentTypeOnce) {
 TEST_F(FavouritesManagerTest, TheDesktopNamesTheSameContentType) {
   std::string const path = TempPath("check.csv");
   std::ofstream(path) << "a,b\n1,2\n";
-  std::string const command =
-      "gio info -a standard::content-type '" + path + "' 2>/dev/null";
+  std::string const command = "gio info -a standard::content-type '" + path + "' 2>/dev/null";
   FILE * const pipe = ::popen(command.c_str(), "r");
   ASSERT_NE(pipe, nullptr);
   std::string output;
