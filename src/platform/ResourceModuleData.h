@@ -13,6 +13,8 @@ constexpr unsigned RT_STRING = 6;
 constexpr unsigned RT_ACCELERATOR = 9;
 constexpr unsigned RT_RCDATA = 10;
 constexpr unsigned RT_HTML = 23;
+// A tool bar's layout: 16-bit words (toolbars/<id>.txt, compiled).
+constexpr unsigned RT_TOOLBAR = 241;
 
 // One embedded file: an XRC dialog template (RT_DIALOG) or menu (RT_MENU),
 // an accelerator table's text (RT_ACCELERATOR), a PNG (RT_BITMAP) or a text
