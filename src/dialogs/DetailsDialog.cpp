@@ -41,6 +41,20 @@ bool StoredAnswerKeepsAway(wxString const & key) {
          kNothingStored;
 }
 
+// Pango's extents overflow on lines of some hundred thousand pixels and
+// come back narrow; a line this long is too wide for any dialog anyway.
+bool HasUnmeasurableLine(std::wstring const & text) {
+  constexpr size_t kLongestMeasured = 4096;
+  size_t start = 0;
+  while (start <= text.size()) {
+    size_t end = text.find(L'\n', start);
+    if (end == std::wstring::npos) end = text.size();
+    if (end - start > kLongestMeasured) return true;
+    start = end + 1;
+  }
+  return false;
+}
+
 void MoveDown(wxWindow * control, int delta) {
   if (control != nullptr) control->Move(control->GetPosition() + wxPoint(0, delta));
 }
@@ -72,8 +86,7 @@ bool DetailsDialogClass::OnInitDialog() {
   bool const result = VxDialog::OnInitDialog();
   wxWindow * text = GetDlgItem(kTextId);
   wxWindow * edit = GetDlgItem(kDetailsEditId);
-  if (text == nullptr || edit == nullptr || GetDlgItem(kDetailsButtonId) == nullptr)
-    return result;
+  if (text == nullptr || edit == nullptr || GetDlgItem(kDetailsButtonId) == nullptr) return result;
 
   // The message wrapped to the control's width in its own font.
   wxClientDC dc(text);
@@ -83,7 +96,7 @@ bool DetailsDialogClass::OnInitDialog() {
       LimitLineLength::ByPixels(mText.ToStdWstring(), dc, static_cast<size_t>(std::max(width, 1)));
   wxRect const bounds = LimitLineLength::GetBoundsRect(wrapped.c_str(), text->GetFont());
   GrowForText(text, wrapped, bounds.GetHeight() - text->GetSize().GetHeight(),
-              bounds.GetWidth() > width);
+              bounds.GetWidth() > width || HasUnmeasurableLine(wrapped));
 
   ShowIcon();
   SetTitle(TitleOrApplicationName(mCaption));
@@ -102,9 +115,9 @@ bool DetailsDialogClass::OnInitDialog() {
   AddAnchor(IDOK, TOP_RIGHT);
   AddAnchor(kDetailsEditId, TOP_LEFT, BOTTOM_RIGHT);
 
-  mOpenSize = GetSize();
-  int const frame = GetSize().GetHeight() - GetClientSize().GetHeight();
-  mClosedHeight = edit->GetPosition().y - kClosedGap + frame;
+  // Client sizes: the frame's extents are not known before the window shows.
+  mOpenSize = GetClientSize();
+  mClosedHeight = edit->GetPosition().y - kClosedGap;
 
   Bind(wxEVT_BUTTON, &DetailsDialogClass::OnDetailsButton, this, kDetailsButtonId);
   Bind(wxEVT_SIZE, &DetailsDialogClass::OnSizeWhileOpen, this);
@@ -172,14 +185,14 @@ void DetailsDialogClass::ToggleDetails() {
   mDetailsClosed = !mDetailsClosed;
   if (mDetailsClosed) {
     // Only the width can change while the panel is closed.
-    SetMinSize(wxSize(GetMinSize().GetWidth(), mClosedHeight));
-    SetMaxSize(wxSize(-1, mClosedHeight));
-    SetSize(GetSize().GetWidth(), mClosedHeight);
+    SetMinClientSize(wxSize(-1, mClosedHeight));
+    SetMaxClientSize(wxSize(-1, mClosedHeight));
+    SetClientSize(GetClientSize().GetWidth(), mClosedHeight);
     if (edit != nullptr) edit->Hide();
   } else {
-    SetMaxSize(wxDefaultSize);
-    SetMinSize(wxSize(GetMinSize().GetWidth(), mClosedHeight));
-    SetSize(GetSize().GetWidth(), mOpenSize.GetHeight());
+    SetMaxClientSize(wxDefaultSize);
+    SetMinClientSize(wxSize(-1, mClosedHeight));
+    SetClientSize(GetClientSize().GetWidth(), mOpenSize.GetHeight());
     if (edit != nullptr) edit->Show();
   }
   if (auto * button = dynamic_cast<wxButton *>(GetDlgItem(kDetailsButtonId)))
@@ -189,7 +202,7 @@ void DetailsDialogClass::ToggleDetails() {
 void DetailsDialogClass::OnDetailsButton(wxCommandEvent & /*event*/) { ToggleDetails(); }
 
 void DetailsDialogClass::OnSizeWhileOpen(wxSizeEvent & event) {
-  if (!mDetailsClosed) mOpenSize = event.GetSize();
+  if (!mDetailsClosed) mOpenSize = GetClientSize();
   event.Skip();  // the anchors move the controls
 }
 

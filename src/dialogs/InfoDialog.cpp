@@ -28,17 +28,12 @@ constexpr int kButtonGap = 6;
 // The button id a remembered bit stands for; 0 when the value is no answer.
 int AnswerOfBit(int stored) {
   switch (stored) {
-  case InfoDialog::Close:
-  case InfoDialog::Cancel:
-    return IDCANCEL;
-  case InfoDialog::OK:
-    return IDOK;
-  case InfoDialog::Yes:
-    return IDYES;
-  case InfoDialog::No:
-    return IDNO;
-  default:
-    return 0;
+    case InfoDialog::Close:
+    case InfoDialog::Cancel: return IDCANCEL;
+    case InfoDialog::OK: return IDOK;
+    case InfoDialog::Yes: return IDYES;
+    case InfoDialog::No: return IDNO;
+    default: return 0;
   }
 }
 
@@ -59,14 +54,10 @@ void RefuseRichText(InfoDialog::ETextFormat format) {
 
 double ScaleOf(InfoDialog::EDialogSize size) {
   switch (size) {
-  case InfoDialog::Small:
-    return 0.8;
-  case InfoDialog::Large:
-    return 1.4;
-  case InfoDialog::Huge:
-    return 2.0;
-  default:
-    return 1.0;
+    case InfoDialog::Small: return 0.8;
+    case InfoDialog::Large: return 1.4;
+    case InfoDialog::Huge: return 2.0;
+    default: return 1.0;
   }
 }
 
@@ -184,15 +175,14 @@ void InfoDialog::ShowPlainText() {
   mPlain = new wxTextCtrl(this, kTextPlaceId, wxEmptyString, rect.GetPosition(), rect.GetSize(),
                           wxTE_MULTILINE | wxTE_READONLY | wxVSCROLL);
   mPlain->SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
-  if (!mPlain->SetMargins(kLeftMargin, kRightMargin)) {
-    // wx sets no margins of a multi-line edit on GTK; the text view has them.
-    GtkWidget * view = mPlain->GetConnectWidget();
-    if (view != nullptr && GTK_IS_TEXT_VIEW(view)) {
-      gtk_text_view_set_left_margin(GTK_TEXT_VIEW(view), kLeftMargin);
-      gtk_text_view_set_right_margin(GTK_TEXT_VIEW(view), kRightMargin);
-    }
-  }
   ShowScrollingText(mPlain, WithCrLfLineEnds(text.wc_str()));
+  // wx sets no margins of a multi-line edit on GTK, and the scrolling text
+  // leaves the same room on both sides; this text has more on the right.
+  GtkWidget * view = mPlain->GetConnectWidget();
+  if (view != nullptr && GTK_IS_TEXT_VIEW(view)) {
+    gtk_text_view_set_left_margin(GTK_TEXT_VIEW(view), kLeftMargin);
+    gtk_text_view_set_right_margin(GTK_TEXT_VIEW(view), kRightMargin);
+  }
 }
 
 // Right to left from the template's Close button: Close or Cancel keeps its

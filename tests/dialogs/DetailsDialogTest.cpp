@@ -97,6 +97,8 @@ TEST_F(DetailsDialogs, PanelShowsSingleCrLfLineEndsOrANoteWhenEmpty) {
 TEST_F(DetailsDialogs, LongMessagesGrowTheWindowUpToTheWorkArea) {
   std::wstring lines;
   for (int i = 0; i < 12; ++i) lines += L"Run " + std::to_wstring(i) + L" has no reference.\n";
+  std::wstring manyLines;
+  for (int i = 0; i < 2000; ++i) manyLines += L"Run " + std::to_wstring(i) + L" failed.\n";
   std::wstring const megabyte(1 << 20, L'x');
   struct Case {
     char const * name;
@@ -106,7 +108,8 @@ TEST_F(DetailsDialogs, LongMessagesGrowTheWindowUpToTheWorkArea) {
   } const cases[] = {
       {"short", L"One line.", false, false},
       {"twelve lines", lines, true, false},
-      {"megabyte without breaks", megabyte, true, true},
+      {"2,000 lines", manyLines, true, true},
+      {"megabyte without breaks", megabyte, false, true},
   };
   int shortHeight = 0;  // client heights and button places of the short message
   int shortButtonY = 0;
@@ -121,7 +124,7 @@ TEST_F(DetailsDialogs, LongMessagesGrowTheWindowUpToTheWorkArea) {
         shortButtonY = buttonY;
       } else {
         EXPECT_EQ(height > shortHeight, c.grows);
-        EXPECT_EQ(buttonY - shortButtonY, height - shortHeight);
+        if (!c.scrolls) EXPECT_EQ(buttonY - shortButtonY, height - shortHeight);
       }
       wxRect const area = wxDisplay(0U).GetClientArea();
       EXPECT_LE(d.GetSize().GetHeight(), area.GetHeight());
@@ -167,13 +170,12 @@ TEST_F(DetailsDialogs, MutedTheSignalGetsEveryFormsTexts) {
   });
   mute.Mute(true);
   AppProfile::WriteProfileInt(kSection, "Stored", 1);
-  ModalDialogScript script;
-  script.Answer(IDOK);
+  ModalDialogScript script;  // no step: any dialog shown fails the test
   DetailsDialog(L"first", L"d1", 16, true);
   DetailsDialog(L"second", L"d2", L"c2", 16, true);
   DetailsDialog(nullptr, L"third", L"d3", L"c3", 16, true);
   DetailsDialogDontShowAgain(L"fourth", L"d4", L"c4", L"Stored", 16, true);
-  EXPECT_EQ(script.Pending(), 1U);
+  EXPECT_TRUE(script.Shown().empty());
   ASSERT_EQ(caught.size(), 4U);
   EXPECT_FALSE(caught[0].hasCaption);
   EXPECT_EQ(caught[0].text, L"first");
@@ -191,10 +193,8 @@ TEST_F(DetailsDialogs, DontShowAgainStoresOneOnTickedOkAndAnyStoredValueKeepsItA
     bool shows;
     int afterwards;
   } const cases[] = {
-      {"unticked", -1, false, true, -1},
-      {"ticked", -1, true, true, 1},
-      {"stored 0", 0, false, false, 0},
-      {"stored 3", 3, false, false, 3},
+      {"unticked", -1, false, true, -1},         {"ticked", -1, true, true, 1},
+      {"stored 0", 0, false, false, 0},          {"stored 3", 3, false, false, 3},
       {"stored negative", -7, false, false, -7},
   };
   for (Case const & c : cases) {
@@ -202,14 +202,15 @@ TEST_F(DetailsDialogs, DontShowAgainStoresOneOnTickedOkAndAnyStoredValueKeepsItA
     AppProfile::WriteProfileString(kSection, nullptr, nullptr);
     if (c.stored != -1) AppProfile::WriteProfileInt(kSection, "Key", c.stored);
     ModalDialogScript script;
-    script.Act([&](wxDialog & d) {
-      auto * box = dynamic_cast<wxCheckBox *>(d.FindWindow(D::kCheckBoxId));
-      ASSERT_NE(box, nullptr);
-      box->SetValue(c.tick);
-      Click(d, IDOK);
-    });
+    if (c.shows)
+      script.Act([&](wxDialog & d) {
+        auto * box = dynamic_cast<wxCheckBox *>(d.FindWindow(D::kCheckBoxId));
+        ASSERT_NE(box, nullptr);
+        box->SetValue(c.tick);
+        Click(d, IDOK);
+      });
     DetailsDialogDontShowAgain(L"Text", L"Details", L"Caption", L"Key", 48, false);
-    EXPECT_EQ(script.Pending(), c.shows ? 0U : 1U);
+    EXPECT_EQ(script.Shown().size(), c.shows ? 1U : 0U);
     EXPECT_EQ(AppProfile::GetProfileInt(kSection, "Key", -1), c.afterwards);
   }
 }
