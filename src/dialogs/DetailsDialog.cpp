@@ -222,7 +222,7 @@ void DetailsDialog(wchar_t const * text, wchar_t const * details, unsigned int i
     mute(text, details, nullptr);
     return;
   }
-  DetailsDialogClass(nullptr, text, details, nullptr, icon, showDetails);
+  DetailsDialogClass const shown(nullptr, text, details, nullptr, icon, showDetails);
 }
 
 void DetailsDialog(wchar_t const * text, wchar_t const * details, wchar_t const * caption,
@@ -237,7 +237,7 @@ void DetailsDialog(wxWindow * parent, wchar_t const * text, wchar_t const * deta
     mute(text, details, caption);
     return;
   }
-  DetailsDialogClass(parent, text, details, caption, icon, showDetails);
+  DetailsDialogClass const shown(parent, text, details, caption, icon, showDetails);
 }
 
 void DetailsDialogDontShowAgain(wchar_t const * text, wchar_t const * details,
@@ -248,6 +248,6 @@ void DetailsDialogDontShowAgain(wchar_t const * text, wchar_t const * details,
     mute(text, details, caption);
     return;
   }
-  DetailsDialogClass(nullptr, text, details, caption, icon, showDetails,
-                     key != nullptr ? key : L"");
+  DetailsDialogClass const shown(nullptr, text, details, caption, icon, showDetails,
+                                 key != nullptr ? key : L"");
 }
