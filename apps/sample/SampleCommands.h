@@ -38,5 +38,11 @@ enum SampleCommand : int {
   kDontShowAgainCommand,
   kForgetAnswersCommand,
   kFailingHandlerCommand,
+  kDetailsOpenCommand,
+  kDetailsClosedCommand,
+  kDetailsDontShowCommand,
+  kInfoPlainCommand,
+  kInfoHtmlCommand,
+  kMuteDetailsCommand,
   kEndOfSampleCommands
 };

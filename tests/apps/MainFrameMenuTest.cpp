@@ -24,8 +24,10 @@
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
+#include "dialogs/DetailsDialog.h"
 #include "dialogs/DontShowAgainMessageBox.h"
 #include "dialogs/FolderCollectionDialog.h"
+#include "dialogs/InfoDialog.h"
 #include "dialogs/NativeChoosers.h"
 #include "dialogs/YesNoCancelAll.h"
 #include "frame/AppProfile.h"
@@ -53,6 +55,8 @@ enum class Opens {
   kInstruments,   // the instruments dialog
   kReportWindow,  // the report window opens over the frame
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,       // a details dialog
+  kInfo,          // an information dialog
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
   kCloseRequest,  // the frame is asked to close
@@ -90,6 +94,12 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Don't-show-again message", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONINFORMATION}},
     {"Messages/Forget the stored answers", {Opens::kNothing}},
     {"Messages/Failure in a dialog handler", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONHAND}},
+    {"Messages/Details open", {Opens::kDetails}},
+    {"Messages/Details closed", {Opens::kDetails}},
+    {"Messages/Details, don't show again", {Opens::kDetails}},
+    {"Messages/Information, plain text (Yes, No)", {Opens::kInfo}},
+    {"Messages/Information, HTML", {Opens::kInfo}},
+    {"Messages/Mute details dialogs", {Opens::kNothing}},
     {"Help/About...", {Opens::kAboutBox}},
 };
 
@@ -115,6 +125,10 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kDateFormat;
   } else if (dynamic_cast<TimeGridDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kTimeGrid;
+  } else if (dynamic_cast<DetailsDialogClass *>(&dialog) != nullptr) {
+    seen.opens = Opens::kDetails;
+  } else if (dynamic_cast<InfoDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kInfo;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
     seen.opens = Opens::kMessageBox;
     seen.boxType = box->GetType() & (MB_TYPEMASK | MB_ICONMASK);
@@ -213,8 +227,9 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     ModalDialogScript script;
     // The kinds that show a modal dialog, one a line.
     static std::set<Opens> const dialogKinds{
-        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion, Opens::kMessageBox,
-        Opens::kDateFormat,   Opens::kTimeGrid,         Opens::kInstruments,
+        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
+        Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
+        Opens::kInstruments,  Opens::kDetails,          Opens::kInfo,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
