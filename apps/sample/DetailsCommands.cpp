@@ -58,7 +58,8 @@ void AppendDetailsCommands(wxMenu & menu, wxFrame & frame) {
   menu.AppendCheckItem(kMuteDetailsCommand, Tr("Menu command", "&Mute details dialogs"));
 
   auto on = [&frame](int command, auto action) {
-    frame.Bind(wxEVT_MENU, [&frame, action](wxCommandEvent & e) { action(frame, e); }, command);
+    frame.Bind(
+        wxEVT_MENU, [&frame, action](wxCommandEvent & e) { action(frame, e); }, command);
   };
   on(kDetailsOpenCommand, [](wxFrame &, wxCommandEvent &) { ShowImportFailure(true); });
   on(kDetailsClosedCommand, [](wxFrame &, wxCommandEvent &) { ShowImportFailure(false); });
@@ -95,7 +96,8 @@ void AppendDetailsCommands(wxMenu & menu, wxFrame & frame) {
     dialog.SetText(page.c_str(), InfoDialog::Html);
     dialog.SetButtons(InfoDialog::OK | InfoDialog::Cancel, InfoDialog::OK);
     dialog.SetDefaultSize(InfoDialog::Small);
-    f.SetStatusText(wxString::Format(Tr("The page was answered: %s."), AnswerName(dialog.DoModal())));
+    f.SetStatusText(
+        wxString::Format(Tr("The page was answered: %s."), AnswerName(dialog.DoModal())));
   });
   // What the muted dialogs would have shown, listed once the switch goes off.
   auto caught = std::make_shared<std::vector<wxString>>();

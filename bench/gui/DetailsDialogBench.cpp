@@ -50,8 +50,7 @@ void DetailsDialogOpen_candidate(benchmark::State & state) {
     return;
   }
   AnswerAtOnce hook;
-  for (auto _ : state)
-    DetailsDialog(nullptr, Text, Details().c_str(), L"Favorites", 48, true);
+  for (auto _ : state) DetailsDialog(nullptr, Text, Details().c_str(), L"Favorites", 48, true);
 }
 BENCHMARK(DetailsDialogOpen_candidate)
     ->Name("DetailsDialogOpen/candidate")
