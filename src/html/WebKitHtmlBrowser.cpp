@@ -72,8 +72,8 @@ private:
 
 }  // namespace
 
-extern "C" __attribute__((visibility("default"))) HtmlBrowser *
-TalvoCreateHtmlBrowser(wxWindow * parent, HtmlBrowserEvents * events) {
+extern "C" __attribute__((visibility("default"))) HtmlBrowser * TalvoCreateHtmlBrowser(
+    wxWindow * parent, HtmlBrowserEvents * events) {
   wxWebView * view = wxWebView::New(parent, wxID_ANY, "about:blank");
   if (view == nullptr) return nullptr;
   return new WebKitHtmlBrowser(view, events);
