@@ -36,9 +36,9 @@ wxString const & Table() {
   static wxString const table = [] {
     wxString html = "<table>";
     for (int row = 0; html.length() < kTableBytes; ++row)
-      html += wxString::Format(
-          "<tr><td>%d</td><td>Run %05d</td><td class=value>%d.%03d</td></tr>\n", row, row,
-          row % 997, row % 1000);
+      html +=
+          wxString::Format("<tr><td>%d</td><td>Run %05d</td><td class=value>%d.%03d</td></tr>\n",
+                           row, row, row % 997, row % 1000);
     return html + "</table>";
   }();
   return table;
