@@ -64,6 +64,32 @@ bool CListCtrl::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos, wx
   return true;
 }
 
+bool CListCtrl::ReplaceHeaderCtrl(CHeaderCtrl * header) {
+  if (header == nullptr || mHeader == nullptr || header == mHeader) return false;
+  if (!header->Create(this, mHeader->GetId(), wxDefaultPosition, wxDefaultSize,
+                      mHeader->GetHeaderStyle()))
+    return false;
+  for (int index = 0; index < mHeader->GetItemCount(); ++index) {
+    HDITEMW item;
+    item.mask = HDI_WIDTH | HDI_FORMAT | HDI_LPARAM | HDI_BITMAP | HDI_IMAGE;
+    mHeader->GetItem(index, &item);
+    std::wstring text = mHeader->GetItemText(index).ToStdWstring();
+    item.mask |= HDI_TEXT;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size()) + 1;
+    header->InsertItem(index, &item);
+  }
+  std::vector<int> const order = mHeader->GetOrder();
+  header->SetOrderArray(static_cast<int>(order.size()), order.data());
+  mHeader->Unbind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
+  mHeader->Destroy();
+  mHeader = header;
+  mHeader->Bind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
+  LayoutHeader();
+  Refresh();
+  return true;
+}
+
 CListCtrl::~CListCtrl() {
   if (HasCapture()) ReleaseMouse();
   if (mEdit != nullptr) {

@@ -62,6 +62,11 @@ public:
   bool GetColumnOrderArray(int * order, int count) const;
   bool SetColumnOrderArray(int count, int const * order);
   CHeaderCtrl * GetHeaderCtrl() const { return mHeader; }
+  // Puts `header`, made but not yet created (a header of a derived look),
+  // in place of the list's header: it is created as the list's child with
+  // the present header's items and order, and the old header is destroyed.
+  // False, with nothing changed, when it cannot be created.
+  bool ReplaceHeaderCtrl(CHeaderCtrl * header);
 
   // Rows. InsertItem returns the new row or -1; LVN_INSERTITEM follows.
   int GetItemCount() const;
