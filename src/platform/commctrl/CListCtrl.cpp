@@ -624,6 +624,13 @@ bool CListCtrl::ChangeState(int item, UINT state, UINT mask) {
   if (IsOwnerData() && ((wanted ^ old) & LVIS_STATEIMAGEMASK) != 0) {
     // The owner keeps check states: it learns of them from LVN_ITEMCHANGED.
   }
+  // A single-selection list keeps one selected row, whoever selects it.
+  if ((wanted & LVIS_SELECTED) != 0 && (old & LVIS_SELECTED) == 0 &&
+      (mStyle & LVS_SINGLESEL) != 0 && !IsOwnerData()) {
+    for (int other = GetNextItem(-1, LVNI_SELECTED); other != -1;
+         other = GetNextItem(other, LVNI_SELECTED))
+      if (other != item) ChangeState(other, 0, LVIS_SELECTED);
+  }
   StoreState(item, wanted);
   NotifyListView(LVN_ITEMCHANGED, item, 0, wanted, old, LVIF_STATE);
   RedrawItems(item, item);
