@@ -1,7 +1,7 @@
 #include "lists/CFlatHeaderCtrl.h"
 
-#include <wx/dcbuffer.h>
 #include <wx/control.h>
+#include <wx/dcbuffer.h>
 #include <wx/settings.h>
 
 #include "lists/FlatHeaderGeometry.h"
@@ -115,8 +115,8 @@ void CFlatHeaderCtrl::DrawItem(wxDC & dc, int index, RECT const & rect, UINT sta
     dc.SetFont(font);
     dc.SetTextForeground(GetSysColour(COLOR_BTNTEXT));
     wxRect const box = ToRect(text);
-    wxString const heading = wxControl::Ellipsize(GetItemText(index).Left(255), dc,
-                                                  wxELLIPSIZE_END, box.width);
+    wxString const heading =
+        wxControl::Ellipsize(GetItemText(index).Left(255), dc, wxELLIPSIZE_END, box.width);
     dc.DrawLabel(heading, box, align | wxALIGN_CENTER_VERTICAL);
   }
   if (sortColumn) {

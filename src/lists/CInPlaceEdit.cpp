@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <wx/app.h>
 #include <wx/dcclient.h>
 
 #include "lists/InPlaceEditMoves.h"
@@ -22,6 +23,9 @@ CInPlaceEdit::CInPlaceEdit(VxListCtrl * list, int row, int column, wxString cons
   Bind(wxEVT_CHAR_HOOK, &CInPlaceEdit::OnCharHook, this);
   Bind(wxEVT_TEXT, &CInPlaceEdit::OnText, this);
   Bind(wxEVT_KILL_FOCUS, &CInPlaceEdit::OnKillFocus, this);
+  // GTK places the caret when the entry is mapped and focused, after this:
+  // the text is selected again once all that has been handled.
+  Bind(wxEVT_IDLE, &CInPlaceEdit::OnFirstIdle, this);
   SetFocus();
   SelectAll();
   ShowPosition(GetLastPosition());
@@ -34,7 +38,9 @@ void CInPlaceEdit::Commit() {
   text.Trim(true).Trim(false);
   Hide();
   mList->EndCellEdit(*this, text, mCancelled);
-  Destroy();
+  // Commit runs inside the edit's own handlers: the window goes once they
+  // have returned (a child's Destroy would delete it at once).
+  wxTheApp->ScheduleForDestruction(this);
 }
 
 void CInPlaceEdit::Cancel() {
@@ -76,9 +82,9 @@ bool CInPlaceEdit::MoveTo(int keyCode, bool shift, bool control) {
     case WXK_DOWN: key = EditMoveKey::Down; break;
     default: return false;
   }
-  auto const next = NextEditCell(key, shift, control, ListCell{mRow, mColumn},
-                                 mList->GetItemCount(), mList->GetColumnCount(),
-                                 std::max(mList->GetCountPerPage(), 1));
+  auto const next =
+      NextEditCell(key, shift, control, ListCell{mRow, mColumn}, mList->GetItemCount(),
+                   mList->GetColumnCount(), std::max(mList->GetCountPerPage(), 1));
   if (!next) return false;
   VxListCtrl * list = mList;
   list->EditSubLabel(next->row, next->column);  // commits this edit first
@@ -101,6 +107,13 @@ void CInPlaceEdit::Grow() {
     rect.width = right - rect.x;
     SetSize(rect);
   }
+}
+
+void CInPlaceEdit::OnFirstIdle(wxIdleEvent & event) {
+  event.Skip();
+  if (!HasFocus()) return;
+  Unbind(wxEVT_IDLE, &CInPlaceEdit::OnFirstIdle, this);
+  SelectAll();
 }
 
 void CInPlaceEdit::OnKillFocus(wxFocusEvent & event) {

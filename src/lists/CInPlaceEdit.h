@@ -27,11 +27,14 @@ public:
   void Commit();
   // Escape: ends the edit cancelled.
   void Cancel();
+  // The list goes first: the edit ends without telling it.
+  void Detach() { mEnded = true; }
 
 private:
   void OnCharHook(wxKeyEvent & event);
   void OnText(wxCommandEvent & event);
   void OnKillFocus(wxFocusEvent & event);
+  void OnFirstIdle(wxIdleEvent & event);
   bool MoveTo(int keyCode, bool shift, bool control);
   void Grow();
 

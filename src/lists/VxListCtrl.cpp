@@ -69,12 +69,14 @@ VxListCtrl::VxListCtrl(wxWindow * parent, wxWindowID id, wxPoint const & pos, wx
       mEmptyTextFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT)),
       mDragTimer(this, kDragTimerId) {
   SetExtendedStyle(GetExtendedStyle() | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP);
-  Bind(wxEVT_TIMER, [this](wxTimerEvent &) { OnDragTimer(); }, kDragTimerId);
+  Bind(
+      wxEVT_TIMER, [this](wxTimerEvent &) { OnDragTimer(); }, kDragTimerId);
   Bind(VX_EVT_NOTIFY_REFLECT, &VxListCtrl::OnReflectedNotify, this);
 }
 
 VxListCtrl::~VxListCtrl() {
   mDragTimer.Stop();
+  if (mCellEdit != nullptr) mCellEdit->Detach();
   if (!mSaveName.empty()) WriteColumnWidths();
 }
 
@@ -130,9 +132,9 @@ void VxListCtrl::ComplementSelection() {
 void VxListCtrl::SetSelection(int first, int last, int const * extra, int extraCount) {
   std::vector<int> selected;
   GetSelIndexes(selected);
-  std::vector<int> const extras =
-      extra != nullptr && extraCount > 0 ? std::vector<int>(extra, extra + extraCount)
-                                         : std::vector<int>();
+  std::vector<int> const extras = extra != nullptr && extraCount > 0
+                                      ? std::vector<int>(extra, extra + extraCount)
+                                      : std::vector<int>();
   for (auto const & change : SelectionChanges(GetItemCount(), selected, first, last, extras)) {
     if (change.select)
       SetItemState(change.row, LVIS_SELECTED, LVIS_SELECTED);
@@ -309,8 +311,7 @@ void VxListCtrl::EnableSaveRestore(wchar_t const * name) {
   mSaveName = name != nullptr ? name : L"";
   int const columns = GetColumnCount();
   if (mSaveName.empty() || columns == 0) return;
-  std::string const stored =
-      AppProfile::GetProfileString(kWidthsSection, mSaveName.utf8_str(), "");
+  std::string const stored = AppProfile::GetProfileString(kWidthsSection, mSaveName.utf8_str(), "");
   auto const widths = ParseColumnWidths(stored, columns);
   for (size_t column = 0; column < widths.size(); ++column)
     if (widths[column]) SetColumnWidth(static_cast<int>(column), *widths[column]);
@@ -378,8 +379,7 @@ void VxListCtrl::SetRowColors(COLORREF text, COLORREF textBackground, COLORREF b
   ApplyColors(IsEnabled());
 }
 
-void VxListCtrl::SetDisabledRowColors(COLORREF text, COLORREF textBackground,
-                                      COLORREF background) {
+void VxListCtrl::SetDisabledRowColors(COLORREF text, COLORREF textBackground, COLORREF background) {
   mDisabledRowColors = {text, textBackground, textBackground == CLR_NONE ? CLR_NONE : background};
   ApplyColors(IsEnabled());
 }
@@ -412,7 +412,8 @@ bool VxListCtrl::SortItems(int column, int ascending, int low, int high) {
   if (low < 0 || high >= count || high <= low) return false;
   std::vector<std::string> texts;
   texts.reserve(static_cast<size_t>(high - low + 1));
-  for (int item = low; item <= high; ++item) texts.push_back(GetItemText(item, column).utf8_string());
+  for (int item = low; item <= high; ++item)
+    texts.push_back(GetItemText(item, column).utf8_string());
   std::vector<int> const origin = QuickSortTexts(texts, ascending != 0, 0, -1);
   std::vector<int> rank(static_cast<size_t>(count));
   for (int item = 0; item < count; ++item) rank[static_cast<size_t>(item)] = item;
@@ -592,6 +593,9 @@ void VxListCtrl::CommitCellEdit() {
   if (mCellEdit != nullptr) mCellEdit->Commit();
 }
 
+// GTK reports focus changes later, when a new cell edit may already run: a
+// running edit is committed here, when the list asks for the focus, not
+// when the focus arrives.
 void VxListCtrl::TakeFocus() {
   CommitCellEdit();
   if (!HasFocus()) SetFocus();
@@ -770,11 +774,6 @@ void VxListCtrl::OnDragTimer() {
   }
   if (distance > 0) mDragTimer.Start(distance > 3 * GetSystemMetrics(SM_CXVSCROLL) ? 25 : 50);
   SetRedraw(true);
-}
-
-void VxListCtrl::OnSetFocus(wxFocusEvent & event) {
-  CommitCellEdit();
-  CListCtrl::OnSetFocus(event);
 }
 
 void VxListCtrl::OnKillFocus(wxFocusEvent & event) {

@@ -135,7 +135,6 @@ protected:
   void OnMouseWheel(wxMouseEvent & event) override;
   void OnKeyDown(wxKeyEvent & event) override;
   void OnLButtonUp(wxMouseEvent & event) override;
-  void OnSetFocus(wxFocusEvent & event) override;
   void OnKillFocus(wxFocusEvent & event) override;
   void OnSize(wxSizeEvent & event) override;
   void OnPaint(wxPaintEvent & event) override;

@@ -21,8 +21,8 @@ TEST(ListColumnWidths, StoredStringsApplyOnlyWhatIsSound) {
   Case const cases[] = {
       {"2,120,80", 2, {120, 80}},
       {" 2 , 120 ,80 ", 2, {120, 80}},
-      {"3,120,80", 2, {}},                      // another list's count
-      {"2,120,80", 3, {}},                      // columns added since
+      {"3,120,80", 2, {}},  // another list's count
+      {"2,120,80", 3, {}},  // columns added since
       {"", 2, {}},
       {"x,1,2", 2, {}},
       {"2x,1,2", 2, {}},
@@ -31,7 +31,10 @@ TEST(ListColumnWidths, StoredStringsApplyOnlyWhatIsSound) {
       {"2,99999999999,70000", 2, {std::nullopt, kMaxStoredColumnWidth}},
       {"2,50", 2, {50, std::nullopt}},
       {"2,50,60,70", 2, {50, 60}},
-      {"1,\xff\xfe" "40", 1, {40}},             // invalid UTF-8 dropped
+      {"1,\xff\xfe"
+       "40",
+       1,
+       {40}},  // invalid UTF-8 dropped
       {"0", 0, {}},
   };
   for (Case const & c : cases)

@@ -20,10 +20,10 @@ TEST(ListColumnLayout, WidthChangeIsSharedByProportionAndTheRemainderMovesOn) {
   Case const cases[] = {
       {{100, 100}, 50, {125, 125}},
       {{100, 300}, -40, {90, 270}},
-      {{30, 30, 30}, 10, {33, 33, 34}},       // truncation, remainder to the last
-      {{3, 100}, -100, {3, 2}},               // 3 - 2 is below 2: kept, the 2 taken
-      {{100, 1}, -2, {99, 1}},                // the last would be 0: kept
-      {{0, 0}, 20, {0, 0}},                   // nothing to share by
+      {{30, 30, 30}, 10, {33, 33, 34}},  // truncation, remainder to the last
+      {{3, 100}, -100, {3, 2}},          // 3 - 2 is below 2: kept, the 2 taken
+      {{100, 1}, -2, {99, 1}},           // the last would be 0: kept
+      {{0, 0}, 20, {0, 0}},              // nothing to share by
   };
   for (Case const & c : cases) EXPECT_EQ(SpreadWidthChange(c.widths, c.change), c.expected);
 }

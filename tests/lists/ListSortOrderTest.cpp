@@ -19,9 +19,8 @@ TEST(ListSortOrder, SortsNaturallyInBothDirections) {
     std::vector<std::string> expected;
   };
   std::vector<std::string> const runs{"Run 10", "Run 9", "run 100", "Run 2", "Blank", "Run 9"};
-  for (Case const & c :
-       {Case{true, {"Blank", "Run 2", "Run 9", "Run 9", "Run 10", "run 100"}},
-        Case{false, {"run 100", "Run 10", "Run 9", "Run 9", "Run 2", "Blank"}}}) {
+  for (Case const & c : {Case{true, {"Blank", "Run 2", "Run 9", "Run 9", "Run 10", "run 100"}},
+                         Case{false, {"run 100", "Run 10", "Run 9", "Run 9", "Run 2", "Blank"}}}) {
     std::vector<std::string> texts = runs;
     std::vector<int> const origin = QuickSortTexts(texts, c.ascending, 0, -1);
     EXPECT_EQ(texts, c.expected);
