@@ -23,6 +23,7 @@
 #include "platform/SystemMetrics.h"
 #include "platform/commctrl/CustomDraw.h"
 #include "utl/Translation.h"
+#include "utl/Utf.h"
 #include "utl/VxString.h"
 
 namespace {
@@ -36,10 +37,19 @@ wxColour ToColour(COLORREF color) {
   return wxColour(GetRValue(color), GetGValue(color), GetBValue(color));
 }
 
-// The comparison SortItemsEx is given: the rank each row is to have.
-int CompareByRank(LPARAM first, LPARAM second, LPARAM ranks) {
-  auto const & rank = *reinterpret_cast<std::vector<int> const *>(ranks);  // NOLINT
-  return rank[static_cast<size_t>(first)] - rank[static_cast<size_t>(second)];
+// A cell's text in UTF-8 for the comparison; code points that are no
+// Unicode scalar values (unpaired surrogates) are left out.
+std::string SortText(wxString const & text) {
+  std::string utf8;
+  utf8.reserve(text.length());
+  for (wxUniChar const c : text) {
+    auto const code = static_cast<char32_t>(c.GetValue());
+    if (code < 0x80)
+      utf8.push_back(static_cast<char>(code));
+    else if (code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF))
+      vx3::AppendUtf8(code, utf8);
+  }
+  return utf8;
 }
 
 }  // namespace
@@ -412,14 +422,12 @@ bool VxListCtrl::SortItems(int column, int ascending, int low, int high) {
   if (low < 0 || high >= count || high <= low) return false;
   std::vector<std::string> texts;
   texts.reserve(static_cast<size_t>(high - low + 1));
-  for (int item = low; item <= high; ++item)
-    texts.push_back(GetItemText(item, column).utf8_string());
+  for (int item = low; item <= high; ++item) texts.push_back(SortText(GetItemText(item, column)));
   std::vector<int> const origin = QuickSortTexts(texts, ascending != 0, 0, -1);
-  std::vector<int> rank(static_cast<size_t>(count));
-  for (int item = 0; item < count; ++item) rank[static_cast<size_t>(item)] = item;
-  for (size_t k = 0; k < origin.size(); ++k)
-    rank[static_cast<size_t>(low + origin[k])] = low + static_cast<int>(k);
-  return SortItemsEx(&CompareByRank, reinterpret_cast<DWORD_PTR>(&rank));  // NOLINT
+  std::vector<int> order(static_cast<size_t>(count));
+  for (int item = 0; item < count; ++item) order[static_cast<size_t>(item)] = item;
+  for (size_t k = 0; k < origin.size(); ++k) order[static_cast<size_t>(low) + k] = low + origin[k];
+  return ReorderItems(order);
 }
 
 void VxListCtrl::OnHeaderClick(int column) {
