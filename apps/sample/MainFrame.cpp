@@ -61,6 +61,7 @@ void MainFrame::BuildMenus() {
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
+  tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
@@ -106,6 +107,8 @@ void MainFrame::BuildPage() {
   // face would cost the start-up a font load (several milliseconds).
   sizer->Add(intro, 0, wxLEFT | wxRIGHT | wxTOP, 16);
   mRuns = new RunListPanel(page);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent &) { SetStatusText(mRuns->CopyRuns()); }, kCopyRunsCommand);
   sizer->Add(mRuns, 1, wxEXPAND | wxALL, 8);
   page->SetSizer(sizer);
 }

@@ -16,6 +16,7 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
+  kCopyRunsCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,
