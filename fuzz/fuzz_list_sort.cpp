@@ -42,10 +42,12 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
     int const from = origin[static_cast<size_t>(k)];
     if (from < low || from > last || used[static_cast<size_t>(from)]) __builtin_trap();
     used[static_cast<size_t>(from)] = true;
-    if (texts[static_cast<size_t>(from)] != sorted[static_cast<size_t>(low + k)]) __builtin_trap();
+    int const at = low + k;
+    if (texts[static_cast<size_t>(from)] != sorted[static_cast<size_t>(at)]) __builtin_trap();
     if (k > 0) {
-      int const c = VxStdString::CompareNumber(sorted[static_cast<size_t>(low + k - 1)],
-                                               sorted[static_cast<size_t>(low + k)], locale);
+      int const before = at - 1;
+      int const c = VxStdString::CompareNumber(sorted[static_cast<size_t>(before)],
+                                               sorted[static_cast<size_t>(at)], locale);
       if (ascending ? c > 0 : c < 0) __builtin_trap();
     }
   }

@@ -53,8 +53,7 @@ void RunList::RememberChecks() {
 bool RunList::IsItemDisabled(int item) { return IsRetired(NameOf(item)); }
 
 CInPlaceEdit * RunList::EditSubLabel(int row, int column) {
-  return column == kCommentColumn ? ListCtrlWithDisabledItems::EditSubLabel(row, column)
-                                  : nullptr;
+  return column == kCommentColumn ? ListCtrlWithDisabledItems::EditSubLabel(row, column) : nullptr;
 }
 
 bool RunList::AcceptEdit(wxString & text, int column, int row) {

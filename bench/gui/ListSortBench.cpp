@@ -84,8 +84,7 @@ void ListSortItems_baseline(benchmark::State & state) {
     return;
   }
   Frame host;
-  auto * list = new wxListCtrl(host.frame, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                               wxLC_REPORT);
+  auto * list = new wxListCtrl(host.frame, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT);
   list->AppendColumn("Run", wxLIST_FORMAT_LEFT, 120);
   auto const & runs = ShuffledRuns();
   for (int n = 0; n < kRows; ++n) list->InsertItem(n, wxString::FromUTF8(runs[n]));

@@ -271,6 +271,7 @@ wxString VxListCtrl::GetColumnText(int column) const {
 std::vector<int> VxListCtrl::ColumnWidths() const {
   std::vector<int> widths;
   int const count = GetColumnCount();
+  widths.reserve(static_cast<size_t>(std::max(count, 0)));
   for (int column = 0; column < count; ++column) widths.push_back(GetColumnWidth(column));
   return widths;
 }
@@ -421,7 +422,8 @@ bool VxListCtrl::SortItems(int column, int ascending, int low, int high) {
   if (high == -1) high = count - 1;
   if (low < 0 || high >= count || high <= low) return false;
   std::vector<std::string> texts;
-  texts.reserve(static_cast<size_t>(high - low + 1));
+  int const length = high - low + 1;
+  texts.reserve(static_cast<size_t>(length));
   for (int item = low; item <= high; ++item) texts.push_back(SortText(GetItemText(item, column)));
   std::vector<int> const origin = QuickSortTexts(texts, ascending != 0, 0, -1);
   std::vector<int> order(static_cast<size_t>(count));

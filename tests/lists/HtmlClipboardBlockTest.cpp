@@ -67,7 +67,8 @@ TEST(HtmlClipboardBlock, FirstMatchDecidesWhereTheFragmentEnds) {
 
 TEST(HtmlClipboardBlock, NoBlockWithoutAFragmentOrWhenAnOffsetNeedsNineDigits) {
   EXPECT_FALSE(MakeHTMLClipStringFromText(nullptr));
-  std::string const huge(100000000, 'x');
+  size_t const nineDigits = 100000000;  // the fragment alone puts its end there
+  std::string const huge(nineDigits, 'x');
   EXPECT_FALSE(MakeHTMLClipStringFromText(huge.c_str()));
   // An early end marker keeps every offset short: the block is made.
   std::string const early = "<!--EndFrag" + huge;

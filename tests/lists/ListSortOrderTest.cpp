@@ -59,6 +59,7 @@ TEST(ListSortOrder, ManyRandomRowsEndInOrderAsAPermutation) {
   std::mt19937 random(7);
   std::uniform_int_distribution<int> number(0, 300);
   std::vector<std::string> texts;
+  texts.reserve(5000);
   for (int i = 0; i < 5000; ++i) texts.push_back("Run " + std::to_string(number(random)));
   std::vector<std::string> sorted = texts;
   std::vector<int> origin = QuickSortTexts(sorted, true, 0, -1);

@@ -35,6 +35,7 @@ struct ListFixture {
   }
   std::vector<wxString> Column(int column) const {
     std::vector<wxString> texts;
+    texts.reserve(static_cast<size_t>(list->GetItemCount()));
     for (int row = 0; row < list->GetItemCount(); ++row)
       texts.push_back(list->GetItemText(row, column));
     return texts;

@@ -54,7 +54,7 @@ TEST(VxListCtrlSort, HeaderClicksSortNaturallyAndASecondClickReverses) {
 TEST(VxListCtrlSort, RefusesWhatCannotBeSortedAndLeavesTheRowsAlone) {
   ListFixture f;
   f.Fill({"b", "a"});
-  EXPECT_FALSE(f.list->SortItems(2, 1));       // beyond the last column
+  EXPECT_FALSE(f.list->SortItems(2, 1));        // beyond the last column
   EXPECT_FALSE(f.list->SortItems(0, 1, 1, 1));  // one row
   EXPECT_FALSE(f.list->SortItems(0, 1, 0, 5));
   EXPECT_EQ(f.Column(0), (Texts{"b", "a"}));
@@ -161,8 +161,13 @@ TEST(VxListCtrlKeys, ShortcutsSelectComplementAndDelete) {
       {"ctrl+i", true, false, 'I', wxMOD_CONTROL, {0, 2, 4}, 5},
       {"delete without its flag", true, false, WXK_DELETE, 0, {1, 3}, 5},
       {"delete", true, true, WXK_DELETE, 0, {}, 3},
-      {"shortcuts off, delete on: ctrl+a still works", false, true, 'A', wxMOD_CONTROL,
-       {0, 1, 2, 3, 4}, 5},
+      {"shortcuts off, delete on: ctrl+a still works",
+       false,
+       true,
+       'A',
+       wxMOD_CONTROL,
+       {0, 1, 2, 3, 4},
+       5},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.name);
@@ -172,8 +177,8 @@ TEST(VxListCtrlKeys, ShortcutsSelectComplementAndDelete) {
     f.list->SetSelIndexes({1, 3});
     ASSERT_TRUE(f.Show());
     f.Key(c.key, c.modifiers);
-    gui_test::WaitUntil([&] { return f.Selected() == c.selected && f.list->GetItemCount() == c.rows; },
-                        1000);
+    gui_test::WaitUntil(
+        [&] { return f.Selected() == c.selected && f.list->GetItemCount() == c.rows; }, 1000);
     EXPECT_EQ(f.Selected(), c.selected);
     EXPECT_EQ(f.list->GetItemCount(), c.rows);
   }
@@ -253,9 +258,9 @@ TEST(VxListCtrlEdit, EndingAsksTheParentUnlessAcceptedAndAnswerOneWrites) {
     CInPlaceEdit * edit = f.list->EditSubLabel(0, 1);
     ASSERT_NE(edit, nullptr);
     // The text is selected, so that typing replaces it.
-    ASSERT_TRUE(gui_test::WaitUntil(
-        [&] { return edit->HasFocus() && edit->GetStringSelection() == "r0"; }))
-        << edit->GetStringSelection();
+    ASSERT_TRUE(gui_test::WaitUntil([&] {
+      return edit->HasFocus() && edit->GetStringSelection() == "r0";
+    })) << edit->GetStringSelection();
     f.input.Text(c.typed.c_str());
     ASSERT_TRUE(gui_test::WaitUntil([&] { return edit->GetValue() == c.typed; }))
         << edit->GetValue();

@@ -41,7 +41,7 @@ TEST(VxListCtrlRows, CopyAndMoveRowShiftAsTheyAlwaysDid) {
     EXPECT_EQ(f.Column(0), c.expected) << c.name;
     if (c.result) {
       int const copy = c.move && c.from < c.to ? c.to - 1 : c.to;
-      EXPECT_TRUE(f.list->GetCheck(copy)) << c.name;              // the check came along
+      EXPECT_TRUE(f.list->GetCheck(copy)) << c.name;  // the check came along
       EXPECT_EQ(f.list->GetItemText(copy, 1), "r" + std::to_string(c.from)) << c.name;
     }
   }
@@ -140,8 +140,8 @@ TEST(VxListCtrlWidths, KeptWidthsApplyOnlyToTheSameColumnsAndAreWrittenAtDestruc
     char const * stored;
     int expectedFirst;
   };
-  for (Case const & c : {Case{"2,150,90", 150}, Case{"3,150,90,10", 120},
-                         Case{"2,-4,junk", 120}, Case{"2,999999,90", 16384}}) {
+  for (Case const & c : {Case{"2,150,90", 150}, Case{"3,150,90,10", 120}, Case{"2,-4,junk", 120},
+                         Case{"2,999999,90", 16384}}) {
     SCOPED_TRACE(c.stored);
     ASSERT_TRUE(AppProfile::WriteProfileString("ListColumnWidths", "Runs", c.stored));
     {
@@ -235,8 +235,7 @@ std::string ReadClipboard(char const * target) {
   process.Redirect();
   bool ended = false;
   process.Bind(wxEVT_END_PROCESS, [&](wxProcessEvent &) { ended = true; });
-  wxString const command =
-      wxString::Format("xclip -o -selection clipboard -t \"%s\"", target);
+  wxString const command = wxString::Format("xclip -o -selection clipboard -t \"%s\"", target);
   if (wxExecute(command, wxEXEC_ASYNC, &process) <= 0) return "(xclip did not start)";
   std::string bytes;
   auto drain = [&] {
@@ -248,10 +247,12 @@ std::string ReadClipboard(char const * target) {
       if (out->LastRead() == 0) break;
     }
   };
-  gui_test::WaitUntil([&] {
-    drain();
-    return ended;
-  }, 10000);
+  gui_test::WaitUntil(
+      [&] {
+        drain();
+        return ended;
+      },
+      10000);
   drain();
   return bytes;
 }
