@@ -333,11 +333,9 @@ int CListCtrl::InsertItem(LVITEMW const * item) {
   if (mSelectionMark >= index) ++mSelectionMark;
   if ((state & LVIS_FOCUSED) != 0) mFocused = index;
   NotifyListView(LVN_INSERTITEM, index, 0, 0, 0, 0);
-  if (mRedraw) {
-    UpdateScrollBars();
-    // Only a row inside the page (or above it, which shifts the page) repaints.
-    if (index < mTop + GetCountPerPage() + 1) Refresh();
-  }
+  UpdateScrollBars();
+  // Only a row inside the page (or above it, which shifts the page) repaints.
+  if (mRedraw && index < mTop + GetCountPerPage() + 1) Refresh();
   return index;
 }
 
@@ -375,10 +373,8 @@ bool CListCtrl::DeleteItem(int item) {
   else if (mSelectionMark > item)
     --mSelectionMark;
   if (mTop > 0 && mTop >= GetItemCount()) mTop = std::max(0, GetItemCount() - 1);
-  if (mRedraw) {
-    UpdateScrollBars();
-    Refresh();
-  }
+  UpdateScrollBars();
+  if (mRedraw) Refresh();
   return true;
 }
 
@@ -790,7 +786,7 @@ void CListCtrl::SetRedraw(bool redraw) {
 }
 
 bool CListCtrl::RedrawItems(int first, int last) {
-  if (!mRedraw) return true;
+  if (!mRedraw || last < mTop || first > mTop + GetCountPerPage() + 1) return true;
   RECT a{}, b{};
   if (!GetItemRect(std::max(first, mTop), &a, LVIR_BOUNDS)) return false;
   int const lastShown = std::min(last, mTop + GetCountPerPage() + 1);
@@ -836,10 +832,26 @@ int CListCtrl::GetCountPerPage() const {
 }
 
 void CListCtrl::UpdateScrollBars() {
-  if (!mRedraw || mHeader == nullptr) return;
+  if (mHeader == nullptr) return;
   int const count = GetItemCount();
   int const page = std::max(GetCountPerPage(), 1);
   mTop = std::clamp(mTop, 0, std::max(0, count - page));
+  mScrollX = std::clamp(mScrollX, 0, std::max(0, ColumnsWidth() - GetClientSize().x));
+  mHeader->SetScrollOffset(mScrollX);
+  // The toolkit's scroll bars are slow to change: they follow at idle time,
+  // once for a whole burst of inserts.
+  mScrollBarsStale = true;
+}
+
+void CListCtrl::OnInternalIdle() {
+  wxWindow::OnInternalIdle();
+  if (mScrollBarsStale && mRedraw) ApplyScrollBars();
+}
+
+void CListCtrl::ApplyScrollBars() {
+  mScrollBarsStale = false;
+  int const count = GetItemCount();
+  int const page = std::max(GetCountPerPage(), 1);
   if ((mStyle & LVS_NOSCROLL) != 0) {
     SetScrollbar(wxVERTICAL, 0, 0, 0);
     SetScrollbar(wxHORIZONTAL, 0, 0, 0);
@@ -848,9 +860,7 @@ void CListCtrl::UpdateScrollBars() {
   SetScrollbar(wxVERTICAL, mTop, page, count > page ? count : 0);
   int const width = ColumnsWidth();
   int const client = GetClientSize().x;
-  mScrollX = std::clamp(mScrollX, 0, std::max(0, width - client));
   SetScrollbar(wxHORIZONTAL, mScrollX, client, width > client ? width : 0);
-  mHeader->SetScrollOffset(mScrollX);
 }
 
 bool CListCtrl::EnsureVisible(int item, bool partialOK) {

@@ -147,6 +147,8 @@ public:
   // paint event does; `dc` has the client's coordinates.
   void PaintRows(wxDC & dc, wxRect const & clip);
 
+  void OnInternalIdle() override;
+
 protected:
   // The default handling of input and notifications; a derived class
   // overrides and calls these for the default.
@@ -212,13 +214,24 @@ private:
   void CommitEdit(bool cancelled);
   void UpdateRowHeight();
   void UpdateScrollBars();
+  void ApplyScrollBars();
   void LayoutHeader();
   int ColumnsWidth() const;
   int ColumnLeft(int column) const;  // in content coordinates, by display order
   int AutoWidth(int column, bool useHeader) const;
+  // A column as one paint lays it out: by display order, in client x.
+  struct Place {
+    int column;
+    int subItem;
+    int left;
+    int width;
+    int format;
+  };
   void PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT prepaint);
-  void PaintCell(wxDC & dc, int item, int column, wxRect const & cell, COLORREF text, COLORREF back,
-                 bool selected);
+  void PaintCell(wxDC & dc, int item, Place const & place, wxRect const & cell, COLORREF text,
+                 COLORREF back, bool selected);
+  // The text as painted: a reference to the stored one where there is one.
+  wxString const & TextForPaint(int item, int subItem);
   void OnEraseBackground(wxEraseEvent & event);
   void OnEditKey(wxKeyEvent & event);
   void OnEditFocusLost(wxFocusEvent & event);
@@ -243,6 +256,10 @@ private:
   wxImageList * mSmallImages = nullptr;
   wxImageList * mStateImages = nullptr;
   bool mRedraw = true;
+  bool mScrollBarsStale = false;
+  std::vector<Place> mPlaces;  // of the paint under way
+  int mCharHeight = 0;
+  wxString mPaintText;
   bool mHasFocus = false;
   // Mouse: the row pressed, where, and whether a drag notification went.
   int mPressedItem = -1;

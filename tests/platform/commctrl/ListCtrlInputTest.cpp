@@ -205,9 +205,8 @@ protected:
   CHeaderCtrl & Header() { return *f.list->GetHeaderCtrl(); }
   wxPoint Divider() { return wxPoint(80, Header().GetSize().y / 2); }
   bool SeenEnd() {
-    return gui_test::WaitUntil([&] {
-      return !f.seen.empty() && f.seen.back().rfind("ENDTRACK", 0) == 0;
-    });
+    return gui_test::WaitUntil(
+        [&] { return !f.seen.empty() && f.seen.back().rfind("ENDTRACK", 0) == 0; });
   }
 };
 
@@ -232,7 +231,8 @@ TEST_F(HeaderInputTest, ADragResizesAHandlerMayRefuseClampOrChangeTheEnd) {
     // click with the last one.
     f.seen.clear();
     ClickAt(*f.list, wxPoint(300, 100));
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return !f.seen.empty() && f.seen.back() == "CLICK -1,0"; }));
+    ASSERT_TRUE(
+        gui_test::WaitUntil([&] { return !f.seen.empty() && f.seen.back() == "CLICK -1,0"; }));
     f.seen.clear();
     f.refuseTrack = c.refuse;
     f.minimumWidth = c.minimum;
