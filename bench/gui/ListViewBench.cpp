@@ -82,7 +82,8 @@ void ListInsert100k_baseline(benchmark::State & state) {
   auto const & texts = Texts();
   Frame host(wxSize(600, 400));
   auto * list = new wxListCtrl(host.frame, wxID_ANY, wxPoint(0, 0), wxSize(600, 400), wxLC_REPORT);
-  for (int column = 0; column < 4; ++column) list->InsertColumn(column, "Column", wxLIST_FORMAT_LEFT, 100);
+  for (int column = 0; column < 4; ++column)
+    list->InsertColumn(column, "Column", wxLIST_FORMAT_LEFT, 100);
   for (auto _ : state) {
     for (int row = 0; row < InsertRows; ++row) {
       long const at = list->InsertItem(row, texts[row][0]);
@@ -128,7 +129,8 @@ void ListPaintPage_candidate(benchmark::State & state) {
   list->SetRedraw(false);
   for (int row = 0; row < PaintRows; ++row) {
     list->InsertItem(row, CellText(row, 0));
-    for (int column = 1; column < 6; ++column) list->SetItemText(row, column, CellText(row, column));
+    for (int column = 1; column < 6; ++column)
+      list->SetItemText(row, column, CellText(row, column));
   }
   list->SetRedraw(true);
   list->SetSize(PageSize(*list, list->GetItemHeight(), list->GetHeaderHeight()));
@@ -147,7 +149,8 @@ void ListPaintPage_baseline(benchmark::State & state) {
   }
   Frame host(wxSize(560, 800));
   auto * list = new wxListCtrl(host.frame, wxID_ANY, wxPoint(0, 0), wxSize(560, 800), wxLC_REPORT);
-  for (int column = 0; column < 6; ++column) list->InsertColumn(column, "Column", wxLIST_FORMAT_LEFT, 85);
+  for (int column = 0; column < 6; ++column)
+    list->InsertColumn(column, "Column", wxLIST_FORMAT_LEFT, 85);
   for (int row = 0; row < PaintRows; ++row) {
     long const at = list->InsertItem(row, CellText(row, 0));
     for (int column = 1; column < 6; ++column) list->SetItem(at, column, CellText(row, column));
