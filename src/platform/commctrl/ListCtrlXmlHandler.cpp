@@ -50,9 +50,10 @@ wxObject * ListCtrlXmlHandler::DoCreateResource() {
     long width = -1;
     if (!child->GetAttribute("width").ToLong(&width) || width < 0 || width > 100000) width = -1;
     wxString const format = child->GetAttribute("format", "left");
-    int const fmt = format == "right" ? LVCFMT_RIGHT : format == "center" ? LVCFMT_CENTER : LVCFMT_LEFT;
-    wxString const shown =
-        heading.empty() ? heading : wxString(vx3::Tr(heading.utf8_str().data()));
+    int const fmt = format == "right"    ? LVCFMT_RIGHT
+                    : format == "center" ? LVCFMT_CENTER
+                                         : LVCFMT_LEFT;
+    wxString const shown = heading.empty() ? heading : wxString(vx3::Tr(heading.utf8_str().data()));
     list->InsertColumn(column++, shown, fmt, static_cast<int>(width));
   }
   return list;
