@@ -16,6 +16,7 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
+  kInstrumentsCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

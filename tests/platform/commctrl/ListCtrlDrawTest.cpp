@@ -34,7 +34,7 @@ struct DrawOwner {
       } else if (stage == CDDS_ITEMPREPAINT) {
         stages.push_back("item " + std::to_string(item));
         if (item == colouredRow) draw->clrTextBk = RGB(255, 0, 0);
-        event.SetResult(item == skippedRow ? CDRF_SKIPDEFAULT
+        event.SetResult(item == skippedRow   ? CDRF_SKIPDEFAULT
                         : item == subItemRow ? CDRF_NOTIFYSUBITEMDRAW | CDRF_NOTIFYPOSTPAINT
                                              : CDRF_DODEFAULT);
       } else if (stage == (CDDS_ITEMPREPAINT | CDDS_SUBITEM)) {
@@ -173,8 +173,10 @@ TEST(ListCtrlLabelEdit, BeginMayRefuseEndKeepsTheTextOnlyWhenTheOwnerSaysSo) {
   ASSERT_TRUE(gui_test::WaitUntilPlaced(*f.frame));
   bool refuse = true;
   f.panel->Bind(VX_EVT_NOTIFY, [&](NotifyEvent & event) {
-    if (event.GetCode() == LVN_BEGINLABELEDITW) event.SetResult(refuse ? 1 : 0);
-    else event.Skip();
+    if (event.GetCode() == LVN_BEGINLABELEDITW)
+      event.SetResult(refuse ? 1 : 0);
+    else
+      event.Skip();
   });
   EXPECT_EQ(f.list->EditLabel(1), nullptr);
   refuse = false;
@@ -201,8 +203,7 @@ TEST(ListCtrlLabelEdit, BeginMayRefuseEndKeepsTheTextOnlyWhenTheOwnerSaysSo) {
     edit->SetValue("changed");
     ASSERT_TRUE(gui_test::WaitUntil([&] { return edit->HasFocus(); })) << c.name;
     list_input::Key(c.key);
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return f.list->GetEditControl() == nullptr; }))
-        << c.name;
+    ASSERT_TRUE(gui_test::WaitUntil([&] { return f.list->GetEditControl() == nullptr; })) << c.name;
     EXPECT_EQ(f.seen, Seen{c.seen}) << c.name;
     EXPECT_EQ(f.list->GetItemText(1, 0), c.text) << c.name;
   }
