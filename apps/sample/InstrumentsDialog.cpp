@@ -61,10 +61,9 @@ InstrumentsDialog::InstrumentsDialog(wxWindow * parent)
 wxString InstrumentsDialog::GetSummary() const {
   int inUse = 0;
   for (int row = 0; row < mList->GetItemCount(); ++row) inUse += mList->GetCheck(row) ? 1 : 0;
-  return wxString::FromUTF8(
-      (boost::format(vx3::Tr("%1% of %2% instruments in use").utf8_string()) % inUse %
-       mList->GetItemCount())
-          .str());
+  return wxString::FromUTF8((boost::format(vx3::Tr("%1% of %2% instruments in use").utf8_string()) %
+                             inUse % mList->GetItemCount())
+                                .str());
 }
 
 std::vector<wxString> InstrumentsDialog::ShownNames() const {

@@ -270,6 +270,30 @@ int CListCtrl::AutoWidth(int column, bool useHeader) const {
   return widest;
 }
 
+bool CListCtrl::ReplaceHeaderCtrl(CHeaderCtrl * header) {
+  if (header == nullptr || header == mHeader || header->GetParent() != this) return false;
+  if (mEdit != nullptr) CommitEdit(false);
+  while (header->GetItemCount() > 0) header->DeleteItem(0);
+  std::vector<int> const order = mHeader->GetOrder();
+  for (int index = 0; index < mHeader->GetItemCount(); ++index) {
+    std::wstring text = mHeader->GetItemText(index).ToStdWstring();
+    HDITEMW item;
+    item.mask = HDI_WIDTH | HDI_FORMAT | HDI_TEXT | HDI_LPARAM | HDI_BITMAP | HDI_IMAGE;
+    mHeader->GetItem(index, &item);
+    item.pszText = text.data();
+    header->InsertItem(index, &item);
+  }
+  header->SetOrderArray(static_cast<int>(order.size()), order.data());
+  header->Bind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
+  mHeader->Unbind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
+  mHeader->Destroy();
+  mHeader = header;
+  LayoutHeader();
+  UpdateScrollBars();
+  Refresh();
+  return true;
+}
+
 bool CListCtrl::GetColumnOrderArray(int * order, int count) const {
   return mHeader->GetOrderArray(order, count);
 }
@@ -391,6 +415,7 @@ bool CListCtrl::DeleteAllItems() {
   mVirtualSelected.clear();
   mFocused = -1;
   mSelectionMark = -1;
+  mHot = -1;
   mTop = 0;
   UpdateScrollBars();
   Refresh();
@@ -415,6 +440,7 @@ bool CListCtrl::SetItemCountEx(int count, DWORD flags) {
   mVirtualSelected.erase(mVirtualSelected.lower_bound(count), mVirtualSelected.end());
   if (mFocused >= count) mFocused = -1;
   if (mSelectionMark >= count) mSelectionMark = -1;
+  mHot = -1;
   if ((flags & LVSICF_NOSCROLL) == 0 || mTop >= count)
     mTop = std::clamp(mTop, 0, std::max(0, count - GetCountPerPage()));
   UpdateScrollBars();

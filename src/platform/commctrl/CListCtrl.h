@@ -14,11 +14,12 @@
 // the check box; arrows, Home/End and PgUp/PgDn move the focus (Shift
 // extends, Ctrl moves the focus only), Space selects (with check boxes:
 // toggles the focused row's check), Ctrl+Space toggles the selection, typed
-// characters find the next row by its beginning (type-ahead). Derived
-// classes override the virtual handlers and call the base for the default.
+// characters find the next row by its beginning (type-ahead). With
+// LVS_EX_TRACKSELECT the row under the pointer becomes the selected one
+// (after LVN_HOTTRACK, which may refuse). Derived classes override the virtual handlers and call
+// the base for the default.
 
 #include <wx/textctrl.h>
-#include <wx/timer.h>
 #include <wx/window.h>
 
 #include <cstdint>
@@ -62,6 +63,12 @@ public:
   bool GetColumnOrderArray(int * order, int count) const;
   bool SetColumnOrderArray(int count, int const * order);
   CHeaderCtrl * GetHeaderCtrl() const { return mHeader; }
+  // Puts `header` (a created child of this list, of a class of the
+  // caller's, e.g. a differently drawn one) in the place of the present
+  // header: it takes over the items, their widths, formats and order, and
+  // the old header is destroyed. False, and nothing changes, for a null
+  // header or one with another parent.
+  bool ReplaceHeaderCtrl(CHeaderCtrl * header);
 
   // Rows. InsertItem returns the new row or -1; LVN_INSERTITEM follows.
   int GetItemCount() const;
@@ -86,6 +93,7 @@ public:
   int GetNextItem(int start, UINT flags) const;
   UINT GetSelectedCount() const;
   int GetSelectionMark() const { return mSelectionMark; }
+  int GetHotItem() const { return mHot; }
   int SetSelectionMark(int item);
   bool GetCheck(int item) const;
   bool SetCheck(int item, bool checked = true);
@@ -266,6 +274,7 @@ private:
   wxPoint mPressPoint;
   bool mDragSent = false;
   bool mClickPending = false;
+  int mHot = -1;  // the row under the pointer with LVS_EX_TRACKSELECT
   // Type-ahead.
   wxString mSearch;
   long mSearchTime = 0;

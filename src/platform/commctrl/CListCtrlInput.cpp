@@ -179,6 +179,21 @@ void CListCtrl::OnLButtonDown(wxMouseEvent & event) {
 }
 
 void CListCtrl::OnMouseMove(wxMouseEvent & event) {
+  if ((mExStyle & LVS_EX_TRACKSELECT) != 0 && !event.ButtonIsDown(wxMOUSE_BTN_ANY)) {
+    int const row = HitTest(event.GetPosition());
+    if (row != mHot && row >= 0) {
+      NMLISTVIEW hot;
+      hot.iItem = row;
+      hot.ptAction = POINT{event.GetX(), event.GetY()};
+      if (SendNotify(this, LVN_HOTTRACK, hot.hdr) == 0) {
+        mHot = row;
+        SelectOnly(row);
+        mSelectionMark = row;
+      }
+    } else if (row < 0) {
+      mHot = -1;
+    }
+  }
   if (!event.LeftIsDown() || !mClickPending || mDragSent) {
     event.Skip();
     return;
