@@ -67,8 +67,9 @@ wxString InstrumentsDialog::GetSummary() const {
 }
 
 std::vector<wxString> InstrumentsDialog::ShownNames() const {
-  std::vector<wxString> names;
-  for (int row = 0; row < mList->GetItemCount(); ++row) names.push_back(mList->GetItemText(row, 0));
+  std::vector<wxString> names(static_cast<size_t>(mList->GetItemCount()));
+  for (size_t row = 0; row < names.size(); ++row)
+    names[row] = mList->GetItemText(static_cast<int>(row), 0);
   return names;
 }
 

@@ -374,7 +374,7 @@ void CListCtrl::TypeAhead(wxChar character, long timestamp) {
   int const focus = IsValid(mFocused) ? mFocused : -1;
   int start = focus;
   if (mSearch.length() > 1 && !repeated) start = focus - 1;  // the focused row may still match
-  std::wstring text = wanted.ToStdWstring();
+  std::wstring const & text = wanted.ToStdWstring();
   LVFINDINFOW find;
   find.flags = LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP;
   find.psz = text.c_str();
