@@ -81,7 +81,7 @@ bool CListCtrl::ModifyStyle(DWORD remove, DWORD add) {
     // Switching the kind of storage drops the rows.
     mRows.clear();
     mVirtualCount = 0;
-    mVirtualSelected.clear();
+    mVirtualSelected.Clear();
     mFocused = -1;
     mSelectionMark = -1;
     mTop = 0;
@@ -380,10 +380,7 @@ bool CListCtrl::DeleteItem(int item) {
   if (!IsValid(item)) return false;  // the handler took it away
   if (IsOwnerData()) {
     // An owner-data list loses the last row; selections above shift down.
-    std::set<int> shifted;
-    for (int const selected : mVirtualSelected)
-      if (selected != item) shifted.insert(selected > item ? selected - 1 : selected);
-    mVirtualSelected.swap(shifted);
+    mVirtualSelected.RemoveRowAndShift(item);
     --mVirtualCount;
   } else {
     mRows.erase(mRows.begin() + item);
@@ -412,7 +409,7 @@ bool CListCtrl::DeleteAllItems() {
   }
   mRows.clear();
   mVirtualCount = 0;
-  mVirtualSelected.clear();
+  mVirtualSelected.Clear();
   mFocused = -1;
   mSelectionMark = -1;
   mHot = -1;
@@ -437,7 +434,7 @@ bool CListCtrl::SetItemCountEx(int count, DWORD flags) {
   }
   count = std::max(0, count);
   mVirtualCount = count;
-  mVirtualSelected.erase(mVirtualSelected.lower_bound(count), mVirtualSelected.end());
+  mVirtualSelected.Truncate(count);
   if (mFocused >= count) mFocused = -1;
   if (mSelectionMark >= count) mSelectionMark = -1;
   mHot = -1;
@@ -574,7 +571,7 @@ UINT CListCtrl::DisplayStateImage(int item) const {
 UINT CListCtrl::StateOf(int item) const {
   if (!IsOwnerData()) return mRows[static_cast<size_t>(item)].state;
   UINT state = 0;
-  if (mVirtualSelected.count(item) != 0) state |= LVIS_SELECTED;
+  if (mVirtualSelected.Contains(item)) state |= LVIS_SELECTED;
   if (item == mFocused) state |= LVIS_FOCUSED;
   return state | INDEXTOSTATEIMAGEMASK(DisplayStateImage(item));
 }
@@ -582,9 +579,9 @@ UINT CListCtrl::StateOf(int item) const {
 void CListCtrl::StoreState(int item, UINT state) {
   if (IsOwnerData()) {
     if ((state & LVIS_SELECTED) != 0)
-      mVirtualSelected.insert(item);
+      mVirtualSelected.Add(item, item);
     else
-      mVirtualSelected.erase(item);
+      mVirtualSelected.Remove(item, item);
   } else {
     mRows[static_cast<size_t>(item)].state = static_cast<uint16_t>(state & KeptStateBits);
   }
@@ -612,6 +609,12 @@ bool CListCtrl::ChangeState(int item, UINT state, UINT mask) {
   if (wanted == old) return false;
   if (NotifyListView(LVN_ITEMCHANGING, item, 0, wanted, old, LVIF_STATE) != 0) return false;
   if (!IsValid(item)) return false;
+  // A single-selection list has one selected row at most.
+  if ((mStyle & LVS_SINGLESEL) != 0 && (wanted & ~old & LVIS_SELECTED) != 0) {
+    for (int other = GetNextItem(-1, LVNI_SELECTED); other >= 0;
+         other = GetNextItem(other, LVNI_SELECTED))
+      if (other != item) ChangeState(other, 0, LVIS_SELECTED);
+  }
   // Only one row has the focus.
   if ((wanted & LVIS_FOCUSED) != 0 && mFocused >= 0 && mFocused != item) {
     int const previous = mFocused;
@@ -634,9 +637,8 @@ bool CListCtrl::SetItemState(int item, UINT state, UINT mask) {
       // One notification for all rows, as the platform sends it.
       UINT const newState = state & mask;
       if (NotifyListView(LVN_ITEMCHANGING, -1, 0, newState, 0, LVIF_STATE) != 0) return false;
-      mVirtualSelected.clear();
-      if ((newState & LVIS_SELECTED) != 0)
-        for (int i = 0; i < count; ++i) mVirtualSelected.insert(mVirtualSelected.end(), i);
+      mVirtualSelected.Clear();
+      if ((newState & LVIS_SELECTED) != 0) mVirtualSelected.Add(0, count - 1);
       if ((mask & LVIS_FOCUSED) != 0 && (newState & LVIS_FOCUSED) == 0) mFocused = -1;
       NotifyListView(LVN_ITEMCHANGED, -1, 0, newState, 0, LVIF_STATE);
       Refresh();
@@ -676,8 +678,8 @@ int CListCtrl::GetNextItem(int start, UINT flags) const {
   }
   if (wanted == LVNI_FOCUSED) return mFocused > start ? mFocused : -1;
   if (IsOwnerData() && (wanted & LVNI_SELECTED) != 0) {
-    for (auto at = mVirtualSelected.upper_bound(start); at != mVirtualSelected.end(); ++at)
-      if (matches(*at)) return *at;
+    for (int at = mVirtualSelected.NextAfter(start); at >= 0; at = mVirtualSelected.NextAfter(at))
+      if (matches(at)) return at;
     return -1;
   }
   for (int item = std::max(start + 1, 0); item < count; ++item)
@@ -686,7 +688,7 @@ int CListCtrl::GetNextItem(int start, UINT flags) const {
 }
 
 UINT CListCtrl::GetSelectedCount() const {
-  if (IsOwnerData()) return static_cast<UINT>(mVirtualSelected.size());
+  if (IsOwnerData()) return static_cast<UINT>(mVirtualSelected.Count());
   return static_cast<UINT>(std::count_if(mRows.begin(), mRows.end(), [](Row const & row) {
     return (row.state & LVIS_SELECTED) != 0;
   }));
@@ -970,7 +972,8 @@ bool CListCtrl::GetSubItemRect(int item, int subItem, int code, RECT * rect) con
 
 bool CListCtrl::GetViewRect(RECT * rect) const {
   if (rect == nullptr) return false;
-  *rect = RECT{0, 0, ColumnsWidth(), GetItemCount() * mRowHeight};
+  int64_t const height = static_cast<int64_t>(GetItemCount()) * mRowHeight;
+  *rect = RECT{0, 0, ColumnsWidth(), static_cast<LONG>(std::min<int64_t>(height, INT32_MAX))};
   return true;
 }
 

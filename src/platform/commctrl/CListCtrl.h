@@ -23,11 +23,11 @@
 #include <wx/window.h>
 
 #include <cstdint>
-#include <set>
 #include <vector>
 
 #include "platform/commctrl/CHeaderCtrl.h"
 #include "platform/commctrl/ListViewDefs.h"
+#include "platform/commctrl/SelectionRanges.h"
 
 class wxImageList;
 
@@ -252,7 +252,7 @@ private:
   std::vector<Row> mRows;
   // Owner data: only the count and the selected/focused rows are kept.
   int mVirtualCount = 0;
-  std::set<int> mVirtualSelected;
+  SelectionRanges mVirtualSelected;
   int mFocused = -1;
   int mSelectionMark = -1;
   int mTop = 0;

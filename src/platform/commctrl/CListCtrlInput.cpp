@@ -70,10 +70,10 @@ bool CListCtrl::SelectOnly(int item) {
   // Clear the others first so that the notifications tell of the old rows
   // before the new one, as the platform orders them.
   if (IsOwnerData()) {
-    std::set<int> const old = mVirtualSelected;
-    if (!(old.size() == 1 && *old.begin() == item) && !old.empty()) {
+    bool const alone = mVirtualSelected.Count() == 1 && mVirtualSelected.Contains(item);
+    if (!alone && !mVirtualSelected.Empty()) {
       if (NotifyListView(LVN_ITEMCHANGING, -1, 0, 0, LVIS_SELECTED, LVIF_STATE) != 0) return false;
-      mVirtualSelected.clear();
+      mVirtualSelected.Clear();
       NotifyListView(LVN_ITEMCHANGED, -1, 0, 0, LVIS_SELECTED, LVIF_STATE);
     }
   } else {
@@ -89,14 +89,14 @@ bool CListCtrl::SelectOnly(int item) {
 void CListCtrl::SelectRange(int first, int last) {
   if (first > last) std::swap(first, last);
   if (IsOwnerData()) {
-    std::set<int> range;
-    for (int item = first; item <= last; ++item) range.insert(range.end(), item);
+    SelectionRanges range;
+    range.Add(first, last);
     if (range != mVirtualSelected) {
       NMLVODSTATECHANGE change;
       change.iFrom = first;
       change.iTo = last;
       change.uNewState = LVIS_SELECTED;
-      mVirtualSelected.swap(range);
+      mVirtualSelected = range;
       SendNotify(this, LVN_ODSTATECHANGED, change.hdr);
     }
     Refresh();
