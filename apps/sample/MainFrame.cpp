@@ -8,6 +8,7 @@
 #include <wx/stattext.h>
 #include "BatchCommand.h"
 #include "FileCommands.h"
+#include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
@@ -62,6 +63,7 @@ void MainFrame::BuildMenus() {
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
   tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
+  AddInstrumentsCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

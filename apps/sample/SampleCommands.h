@@ -17,6 +17,7 @@ enum SampleCommand : int {
   kRunCalculationCommand,
   kArchiveRunsCommand,
   kCopyRunsCommand,
+  kInstrumentsCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

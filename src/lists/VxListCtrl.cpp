@@ -883,8 +883,8 @@ void VxListCtrl::OnReflectedNotify(NotifyEvent & event) {
 
 bool VxListCtrl::SubclassHeader(bool bold) {
   auto * header = new CFlatHeaderCtrl;
-  if (!ReplaceHeaderCtrl(header)) {
-    delete header;
+  if (!header->Create(this, wxID_ANY) || !ReplaceHeaderCtrl(header)) {
+    header->Destroy();
     return false;
   }
   mFlatHeader = header;

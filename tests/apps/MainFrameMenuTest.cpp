@@ -16,6 +16,7 @@
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
+#include "InstrumentsDialog.h"
 #include "MainFrame.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
@@ -40,6 +41,7 @@ enum class Opens {
   kFolderCollection,
   kCalculation,
   kBatchQuestion,
+  kInstruments,
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
@@ -61,6 +63,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
     {"Tools/Copy runs", {Opens::kNothing}},
+    {"Tools/Instruments...", {Opens::kInstruments}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -88,6 +91,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderDialog;
   } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kFolderCollection;
+  } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
@@ -187,7 +192,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     ModalDialogScript script;
     bool const opensDialog =
         expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
-        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox;
+        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox ||
+        expected.opens == Opens::kInstruments;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
@@ -212,6 +218,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderDialog:
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
+      case Opens::kInstruments:
       case Opens::kMessageBox:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);

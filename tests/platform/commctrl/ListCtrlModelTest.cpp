@@ -118,8 +118,8 @@ TEST(ListCtrlSort, RowsMoveWithTheirStateAndEqualKeysKeepTheirOrder) {
   }
   f.list->SetItemState(2, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
   ASSERT_TRUE(f.list->SortItems(CompareData, 0));
-  std::vector<wxString> order;
-  for (int row = 0; row < 4; ++row) order.push_back(f.list->GetItemText(row, 0));
+  std::vector<wxString> order(4);
+  for (int row = 0; row < 4; ++row) order[row] = f.list->GetItemText(row, 0);
   EXPECT_EQ(order, (std::vector<wxString>{"row 1", "row 3", "row 0", "row 2"}));
   EXPECT_EQ(f.list->GetNextItem(-1, LVNI_FOCUSED), 3);
   EXPECT_EQ(f.Selected(), (std::vector<int>{3}));
@@ -182,8 +182,12 @@ TEST(ListCtrlHitTest, FlagsByPlace) {
   Case const cases[] = {
       {"state icon", {icon.left / 2, y1}, LVS_EX_CHECKBOXES, 1, LVHT_ONITEMSTATEICON, 0},
       {"label", {label.left + 10, y1}, LVS_EX_CHECKBOXES, 1, LVHT_ONITEMLABEL, 0},
-      {"sub-item, full row", {120, y1}, LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT, 1,
-       LVHT_ONITEMLABEL, 1},
+      {"sub-item, full row",
+       {120, y1},
+       LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT,
+       1,
+       LVHT_ONITEMLABEL,
+       1},
       {"sub-item, not full row", {120, y1}, LVS_EX_CHECKBOXES, 1, LVHT_ONITEMLABEL, 1},
       {"right of the columns", {200, y1}, LVS_EX_FULLROWSELECT, -1, LVHT_NOWHERE, 0},
       {"below the rows", {10, header + 5 * height}, LVS_EX_FULLROWSELECT, -1, LVHT_NOWHERE, 0},

@@ -43,9 +43,12 @@ struct ListFixture {
       if (code == LVN_ITEMCHANGED)
         seen.push_back("CHANGED " + std::to_string(info->iItem) +
                        StateText(info->uNewState, info->uOldState));
-    } else if (code == NM_CLICK || code == NM_DBLCLK || code == NM_RCLICK) {
+    } else if ((code == NM_CLICK || code == NM_DBLCLK || code == NM_RCLICK) &&
+               event.GetHeader()->hwndFrom == list) {
       auto * info = event.GetNotification<NMITEMACTIVATE>();
-      std::string const name = code == NM_CLICK ? "CLICK " : code == NM_DBLCLK ? "DBLCLK " : "RCLICK ";
+      std::string const name = code == NM_CLICK    ? "CLICK "
+                               : code == NM_DBLCLK ? "DBLCLK "
+                                                   : "RCLICK ";
       seen.push_back(name + std::to_string(info->iItem) + "," + std::to_string(info->iSubItem));
     } else if (code == LVN_INSERTITEM) {
       seen.push_back("INSERT " + std::to_string(event.GetNotification<NMLISTVIEW>()->iItem));
@@ -55,7 +58,8 @@ struct ListFixture {
       seen.push_back("DELETEALL");
       event.SetResult(quietDeleteAll ? 1 : 0);
     } else if (code == LVN_COLUMNCLICK) {
-      seen.push_back("COLUMNCLICK " + std::to_string(event.GetNotification<NMLISTVIEW>()->iSubItem));
+      seen.push_back("COLUMNCLICK " +
+                     std::to_string(event.GetNotification<NMLISTVIEW>()->iSubItem));
     } else if (code == LVN_ITEMACTIVATE) {
       seen.push_back("ACTIVATE " + std::to_string(event.GetNotification<NMITEMACTIVATE>()->iItem));
     } else if (code == LVN_GETDISPINFOW) {
@@ -80,6 +84,7 @@ struct ListFixture {
       event.SetResult(keepEdit ? 1 : 0);
     } else if (code >= HDN_TRACKW && code <= HDN_FIRST) {
       auto * info = event.GetNotification<NMHEADERW>();
+      if (code == HDN_TRACKW) ++tracks;
       if (code == HDN_BEGINTRACKW) {
         seen.push_back("BEGINTRACK " + std::to_string(info->iItem));
         event.SetResult(refuseTrack ? 1 : 0);
@@ -129,4 +134,5 @@ struct ListFixture {
   bool refuseTrack = false;
   int minimumWidth = 0;
   int endTrackWidth = 0;
+  int tracks = 0;  // HDN_TRACK heard
 };
