@@ -766,6 +766,25 @@ bool CListCtrl::SortItemsEx(PFNLVCOMPARE compare, DWORD_PTR data) {
   return true;
 }
 
+bool CListCtrl::ReorderItems(std::vector<int> const & order) {
+  if (IsOwnerData() || order.size() != mRows.size()) return false;
+  std::vector<bool> seen(mRows.size(), false);
+  for (int const at : order) {
+    if (at < 0 || at >= static_cast<int>(mRows.size()) || seen[static_cast<size_t>(at)])
+      return false;
+    seen[static_cast<size_t>(at)] = true;
+  }
+  std::vector<Row> reordered;
+  reordered.reserve(mRows.size());
+  for (int const at : order) reordered.push_back(std::move(mRows[static_cast<size_t>(at)]));
+  mRows.swap(reordered);
+  mFocused = -1;
+  for (int i = 0; i < static_cast<int>(mRows.size()); ++i)
+    if ((mRows[static_cast<size_t>(i)].state & LVIS_FOCUSED) != 0) mFocused = i;
+  Refresh();
+  return true;
+}
+
 // ---- colours and images ----
 
 bool CListCtrl::SetBkColor(COLORREF color) {

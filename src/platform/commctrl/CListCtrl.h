@@ -106,6 +106,10 @@ public:
   using PFNLVCOMPARE = int (*)(LPARAM, LPARAM, LPARAM);
   bool SortItems(PFNLVCOMPARE compare, DWORD_PTR data);
   bool SortItemsEx(PFNLVCOMPARE compare, DWORD_PTR data);
+  // Puts the rows in the order given: order[n] is the present index of the
+  // row that becomes row n. False, with nothing moved, unless `order` is a
+  // permutation of all rows. For an owner that computed the order itself.
+  bool ReorderItems(std::vector<int> const & order);
 
   // Geometry, in the list's client coordinates: the header on top, rows below.
   int GetTopIndex() const { return mTop; }
