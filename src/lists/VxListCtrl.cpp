@@ -531,6 +531,9 @@ void VxListCtrl::AddToClipboardImpl(Formatter const & formatter) {
     PutTextAndHtmlOnClipboard(text, MakeHTMLClipStringFromText(html.c_str()));
   } catch (std::bad_alloc const &) {
     AfxMessageBox(vx3::Tr("The selection is too large."), MB_ICONERROR);
+  } catch (std::exception const & failure) {
+    // A cell text of a subclass failed: the clipboard keeps what it had.
+    AfxMessageBox(wxString::FromUTF8(failure.what()), MB_ICONERROR);
   }
 }
 

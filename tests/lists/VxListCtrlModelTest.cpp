@@ -172,6 +172,18 @@ TEST(VxListCtrlWidths, ColumnsFollowTheWindowWidth) {
   EXPECT_EQ(f.list->GetColumnWidth(0), 80);
 }
 
+TEST(VxListCtrlRows, PooledTextsLiveUntilTheThirdFollowingCall) {
+  ListFixture f;
+  wchar_t const * first = f.list->AddPool(L"one");
+  wchar_t const * second = f.list->AddPool("zw\xc3\xb6lf");
+  f.list->AddPool(L"three");
+  EXPECT_EQ(wxString(first), "one");
+  EXPECT_EQ(wxString(second), L"zw\u00f6lf");
+  f.list->AddPool(L"four");  // takes the first slot again
+  EXPECT_EQ(wxString(second), L"zw\u00f6lf");
+  EXPECT_EQ(wxString(f.list->AddPool(static_cast<char const *>(nullptr))), "");
+}
+
 TEST(VxListCtrlCells, HitTestExFindsRowAndColumnWithTheRightEdgeIncluded) {
   ListFixture f;
   f.Fill({"a", "b", "c"});
