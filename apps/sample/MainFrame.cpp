@@ -9,6 +9,7 @@
 #include "BatchCommand.h"
 #include "DateFormatCommand.h"
 #include "FileCommands.h"
+#include "InstrumentChoiceDialog.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "ProjectTreeWindow.h"
@@ -71,10 +72,12 @@ void MainFrame::BuildMenus() {
   AddDateFormatCommand(*tools, *this);
   AddTimeGridCommand(*tools, *this);
   AddPickRunCommand(*tools, *this);
-  AddInstrumentsCommand(*tools, *this);
+  AddInstrumentChoiceCommand(*tools, *this);
   AddReportCommand(*tools, *this);
   AddProjectTreeCommand(*tools, *this);
   AddTreeViewCommand(*tools, *this);
+  tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
+  AddInstrumentsCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
@@ -120,6 +123,8 @@ void MainFrame::BuildPage() {
   // face would cost the start-up a font load (several milliseconds).
   sizer->Add(intro, 0, wxLEFT | wxRIGHT | wxTOP, 16);
   mRuns = new RunListPanel(page);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent &) { SetStatusText(mRuns->CopyRuns()); }, kCopyRunsCommand);
   sizer->Add(mRuns, 1, wxEXPAND | wxALL, 8);
   page->SetSizer(sizer);
 }

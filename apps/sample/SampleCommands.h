@@ -19,7 +19,7 @@ enum SampleCommand : int {
   kDateFormatCommand,
   kTimeGridCommand,
   kPickRunCommand,
-  kInstrumentsCommand,
+  kInstrumentChoiceCommand,
   kReportCommand,
   kRunsByProjectCommand,
   // Runs by project (its own window)
@@ -28,6 +28,8 @@ enum SampleCommand : int {
   kFindNextRunCommand,
   kDeleteRunsCommand,
   kTreeViewCommand,
+  kCopyRunsCommand,
+  kInstrumentsCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

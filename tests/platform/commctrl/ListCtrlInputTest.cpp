@@ -199,6 +199,73 @@ TEST_F(ListInputTest, OwnerDataTypeAheadAsksTheOwner) {
   EXPECT_GT(owner.list->GetTopIndex() + owner.list->GetCountPerPage(), 420);
 }
 
+TEST_F(ListInputTest, TrackSelectFollowsThePointerUnlessHotTrackIsRefused) {
+  f.list->SetExtendedStyle(LVS_EX_TRACKSELECT | LVS_EX_FULLROWSELECT);
+  int refuseRow = -1;
+  std::vector<int> hot;
+  f.panel->Bind(VX_EVT_NOTIFY, [&](NotifyEvent & event) {
+    if (event.GetCode() != LVN_HOTTRACK) return event.Skip();
+    hot.push_back(event.GetNotification<NMLISTVIEW>()->iItem);
+    event.SetResult(hot.back() == refuseRow ? 1 : 0);
+  });
+  list_input::MoveTo(*f.list, RowPoint(3));
+  ASSERT_TRUE(SelectedBecomes({3}));
+  list_input::MoveTo(*f.list, RowPoint(6, 150));
+  ASSERT_TRUE(SelectedBecomes({6}));
+  EXPECT_EQ(f.list->GetNextItem(-1, LVNI_FOCUSED), 6);
+  refuseRow = 2;
+  list_input::MoveTo(*f.list, RowPoint(2));
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return hot.back() == 2; }));
+  EXPECT_EQ(f.Selected(), Rows{6});
+  list_input::MoveTo(*f.list, RowPoint(1));
+  ASSERT_TRUE(SelectedBecomes({1}));
+}
+
+// A header of the owner's own class takes the place of the list's.
+class CountingHeader : public CHeaderCtrl {
+public:
+  using CHeaderCtrl::CHeaderCtrl;
+  void DrawItem(wxDC &, int, RECT const &, UINT) override { ++drawn; }
+  int drawn = 0;
+};
+
+TEST_F(ListInputTest, AReplacedHeaderKeepsTheColumnsAndSpeaksForTheList) {
+  int const order[] = {2, 0, 1};
+  f.list->SetColumnOrderArray(3, order);
+  f.list->SetColumnWidth(1, 95);
+  auto * header = new CountingHeader(f.list, wxID_ANY);
+  EXPECT_FALSE(f.list->ReplaceHeaderCtrl(nullptr));
+  ASSERT_TRUE(f.list->ReplaceHeaderCtrl(header));
+  EXPECT_EQ(f.list->GetHeaderCtrl(), header);
+  EXPECT_EQ(header->GetItemCount(), 3);
+  EXPECT_EQ(header->GetItemText(1), "Column 1");
+  EXPECT_EQ(f.list->GetColumnWidth(1), 95);
+  EXPECT_EQ(header->GetOrder(), (std::vector<int>{2, 0, 1}));
+  EXPECT_EQ(f.list->GetChildren().size(), 1u);  // the old one is gone
+
+  // Owner drawing reaches the new class; a heading click reaches the list.
+  HDITEMW item;
+  item.mask = HDI_FORMAT;
+  item.fmt = HDF_STRING | HDF_OWNERDRAW;
+  header->SetItem(0, &item);
+  header->Refresh();
+  header->Update();
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return header->drawn > 0; }));
+  RECT rect{};
+  header->GetItemRect(1, &rect);
+  f.seen.clear();
+  ClickAt(*header, wxPoint(rect.left + 10, header->GetSize().y / 2));
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return !f.seen.empty(); }));
+  EXPECT_EQ(f.seen, Seen{"COLUMNCLICK 1"});
+  // Cells follow the new header's widths.
+  item.mask = HDI_WIDTH;
+  item.cxy = 30;
+  header->SetItem(2, &item);
+  RECT cell{};
+  f.list->GetSubItemRect(0, 0, LVIR_LABEL, &cell);
+  EXPECT_EQ(cell.left, 30);
+}
+
 // Header dividers: column 0 is 80 wide, its divider at x = 80.
 class HeaderInputTest : public ListInputTest {
 protected:

@@ -118,8 +118,8 @@ TEST(ListCtrlSort, RowsMoveWithTheirStateAndEqualKeysKeepTheirOrder) {
   }
   f.list->SetItemState(2, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
   ASSERT_TRUE(f.list->SortItems(CompareData, 0));
-  std::vector<wxString> order;
-  for (int row = 0; row < 4; ++row) order.push_back(f.list->GetItemText(row, 0));
+  std::vector<wxString> order(4);
+  for (int row = 0; row < 4; ++row) order[row] = f.list->GetItemText(row, 0);
   EXPECT_EQ(order, (std::vector<wxString>{"row 1", "row 3", "row 0", "row 2"}));
   EXPECT_EQ(f.list->GetNextItem(-1, LVNI_FOCUSED), 3);
   EXPECT_EQ(f.Selected(), (std::vector<int>{3}));
