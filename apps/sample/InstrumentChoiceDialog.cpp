@@ -49,7 +49,7 @@ std::vector<int> InstrumentChoiceDialog::GetChecked() const {
 }
 
 void AddInstrumentChoiceCommand(wxMenu & menu, wxFrame & frame) {
-  menu.Append(kInstrumentChoiceCommand, vx3::Tr("Menu command", ""&Instruments..."Choose instruments..."));
+  menu.Append(kInstrumentChoiceCommand, vx3::Tr("Menu command", "&Choose instruments..."));
   auto const checked = std::make_shared<std::vector<int>>(std::vector<int>{0});
   frame.Bind(
       wxEVT_MENU,

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "InstrumentsDialog.h"
+#include "InstrumentChoiceDialog.h"
 #include "SampleCommands.h"
 #include "lists/FilterListItems.h"
 #include "lists/TrackFilterListCtrlPopup.h"
