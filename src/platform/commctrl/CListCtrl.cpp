@@ -103,6 +103,9 @@ DWORD CListCtrl::SetExtendedStyle(DWORD exStyle) {
   if ((exStyle & LVS_EX_CHECKBOXES) == 0 && (before & LVS_EX_CHECKBOXES) != 0) {
     for (Row & row : mRows) row.state = static_cast<uint16_t>(row.state & ~LVIS_STATEIMAGEMASK);
   }
+  if (((before ^ exStyle) & LVS_EX_HEADERDRAGDROP) != 0)
+    mHeader->ModifyHeaderStyle((exStyle & LVS_EX_HEADERDRAGDROP) != 0 ? 0 : HDS_DRAGDROP,
+                               (exStyle & LVS_EX_HEADERDRAGDROP) != 0 ? HDS_DRAGDROP : 0);
   UpdateRowHeight();
   UpdateScrollBars();
   Refresh();
@@ -284,6 +287,7 @@ bool CListCtrl::ReplaceHeaderCtrl(CHeaderCtrl * header) {
     header->InsertItem(index, &item);
   }
   header->SetOrderArray(static_cast<int>(order.size()), order.data());
+  if ((mExStyle & LVS_EX_HEADERDRAGDROP) != 0) header->ModifyHeaderStyle(0, HDS_DRAGDROP);
   header->Bind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
   mHeader->Unbind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
   mHeader->Destroy();

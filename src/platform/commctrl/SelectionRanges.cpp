@@ -49,8 +49,10 @@ void SelectionRanges::RemoveRowAndShift(int row) {
   Remove(row, row);
   std::map<int, int> shifted;
   for (auto const & [from, to] : mRanges) {
-    if (to < row) shifted.emplace(from, to);
-    else if (from > row) shifted.emplace(from - 1, to - 1);
+    if (to < row)
+      shifted.emplace(from, to);
+    else if (from > row)
+      shifted.emplace(from - 1, to - 1);
   }
   // A gap of the removed row closes: touching ranges merge.
   mRanges.clear();

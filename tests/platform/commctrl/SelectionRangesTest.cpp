@@ -34,8 +34,10 @@ TEST(SelectionRanges, AddMergesTouchingAndOverlappingRangesRemoveSplits) {
   };
   SelectionRanges ranges;
   for (Step const & step : steps) {
-    if (step.add) ranges.Add(step.first, step.last);
-    else ranges.Remove(step.first, step.last);
+    if (step.add)
+      ranges.Add(step.first, step.last);
+    else
+      ranges.Remove(step.first, step.last);
     EXPECT_EQ(Rows(ranges), step.rows) << step.first << ".." << step.last;
     EXPECT_EQ(ranges.Count(), static_cast<int64_t>(step.rows.size()));
   }
