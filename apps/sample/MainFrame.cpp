@@ -7,8 +7,8 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include "BatchCommand.h"
+#include "CalibrationListDialog.h"
 #include "FileCommands.h"
-#include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "RunListPanel.h"
 #include "SampleCalculation.h"
@@ -62,7 +62,7 @@ void MainFrame::BuildMenus() {
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
-  AddInstrumentsCommand(*tools, *this);
+  AddCalibrationListCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

@@ -16,7 +16,7 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
-  kInstrumentsCommand,
+  kCalibrationListCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

@@ -16,7 +16,7 @@
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
-#include "InstrumentsDialog.h"
+#include "CalibrationListDialog.h"
 #include "MainFrame.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
@@ -41,7 +41,7 @@ enum class Opens {
   kFolderCollection,
   kCalculation,
   kBatchQuestion,
-  kInstruments,
+  kCalibrationList,
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
@@ -62,7 +62,7 @@ std::map<wxString, Expected> const kExpected = {
     {"File/Exit", {Opens::kCloseRequest}},
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
-    {"Tools/Instruments...", {Opens::kInstruments}},
+    {"Tools/Calibration list...", {Opens::kCalibrationList}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -90,8 +90,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderDialog;
   } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kFolderCollection;
-  } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
-    seen.opens = Opens::kInstruments;
+  } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kCalibrationList;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
@@ -192,7 +192,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     bool const opensDialog =
         expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
         expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox ||
-        expected.opens == Opens::kInstruments;
+        expected.opens == Opens::kCalibrationList;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
@@ -217,7 +217,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderDialog:
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
-      case Opens::kInstruments:
+      case Opens::kCalibrationList:
       case Opens::kMessageBox:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);

@@ -3,7 +3,7 @@
 // turns the order round, with the arrow on that heading only.
 #include <gtest/gtest.h>
 
-#include "InstrumentsDialog.h"
+#include "CalibrationListDialog.h"
 #include "MainFrame.h"
 #include "SampleCommands.h"
 #include "harness/GuiTestUtilities.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-TEST(InstrumentsDialog, TheMenuCommandShowsTheListThatChecksCountsAndHeadingsSort) {
+TEST(CalibrationListDialog, TheMenuCommandShowsTheListThatChecksCountsAndHeadingsSort) {
   auto * frame = new MainFrame;
   ASSERT_TRUE(gui_test::ShowAndWait(*frame));
   std::vector<wxString> ascending, descending;
@@ -21,7 +21,7 @@ TEST(InstrumentsDialog, TheMenuCommandShowsTheListThatChecksCountsAndHeadingsSor
   int arrowOnRuns = 0, arrowOnName = -1;
   ModalDialogScript script;
   script.Act([&](wxDialog & shown) {
-    auto & dialog = dynamic_cast<InstrumentsDialog &>(shown);
+    auto & dialog = dynamic_cast<CalibrationListDialog &>(shown);
     EXPECT_EQ(dialog.GetSummary(), "6 of 8 instruments in use");
     CListCtrl & list = dialog.GetList();
     int const row = list.GetNextItem(-1, LVNI_ALL);
@@ -43,12 +43,12 @@ TEST(InstrumentsDialog, TheMenuCommandShowsTheListThatChecksCountsAndHeadingsSor
     list_input::ClickAt(header, heading);
     ASSERT_TRUE(gui_test::WaitUntil([&] { return dialog.ShownNames()[0] == "Balance A3"; }));
     descending = dialog.ShownNames();
-    gui_test::Snapshot(dialog, "instruments");
+    gui_test::Snapshot(dialog, "calibration-list");
     arrowOnRuns = header.GetItemFormat(3) & (HDF_SORTUP | HDF_SORTDOWN);
     arrowOnName = header.GetItemFormat(0) & (HDF_SORTUP | HDF_SORTDOWN);
     dialog.EndModal(wxID_OK);
   });
-  wxCommandEvent command(wxEVT_MENU, kInstrumentsCommand);
+  wxCommandEvent command(wxEVT_MENU, kCalibrationListCommand);
   command.SetEventObject(frame);
   frame->ProcessWindowEvent(command);
   frame->Destroy();

@@ -1,4 +1,4 @@
-#include "InstrumentsDialog.h"
+#include "CalibrationListDialog.h"
 
 #include <wx/button.h>
 #include <wx/menu.h>
@@ -13,7 +13,7 @@
 
 namespace {
 
-std::vector<InstrumentsDialog::Instrument> LabInstruments() {
+std::vector<CalibrationListDialog::Instrument> LabInstruments() {
   return {
       {"HPLC 2", "Chromatograph", "2026-09-14", 412, false, true},
       {"HPLC 10", "Chromatograph", "2026-03-02", 1288, true, true},
@@ -28,8 +28,8 @@ std::vector<InstrumentsDialog::Instrument> LabInstruments() {
 
 }  // namespace
 
-InstrumentsDialog::InstrumentsDialog(wxWindow * parent)
-    : wxDialog(parent, wxID_ANY, vx3::Tr("Instruments"), wxDefaultPosition, wxDefaultSize,
+CalibrationListDialog::CalibrationListDialog(wxWindow * parent)
+    : wxDialog(parent, wxID_ANY, vx3::Tr("Calibration list"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       mInstruments(LabInstruments()) {
   mList = new CListCtrl(this, wxID_ANY, wxDefaultPosition, wxSize(520, 220),
@@ -55,10 +55,10 @@ InstrumentsDialog::InstrumentsDialog(wxWindow * parent)
   sizer->Add(CreateButtonSizer(wxOK), 0, wxEXPAND | wxALL, 8);
   SetSizerAndFit(sizer);
   mSummary->SetLabel(GetSummary());
-  Bind(VX_EVT_NOTIFY, &InstrumentsDialog::OnListNotify, this);
+  Bind(VX_EVT_NOTIFY, &CalibrationListDialog::OnListNotify, this);
 }
 
-wxString InstrumentsDialog::GetSummary() const {
+wxString CalibrationListDialog::GetSummary() const {
   int inUse = 0;
   for (int row = 0; row < mList->GetItemCount(); ++row) inUse += mList->GetCheck(row) ? 1 : 0;
   return wxString::FromUTF8((boost::format(vx3::Tr("%1% of %2% instruments in use").utf8_string()) %
@@ -66,14 +66,14 @@ wxString InstrumentsDialog::GetSummary() const {
                                 .str());
 }
 
-std::vector<wxString> InstrumentsDialog::ShownNames() const {
+std::vector<wxString> CalibrationListDialog::ShownNames() const {
   std::vector<wxString> names(static_cast<size_t>(mList->GetItemCount()));
   for (size_t row = 0; row < names.size(); ++row)
     names[row] = mList->GetItemText(static_cast<int>(row), 0);
   return names;
 }
 
-void InstrumentsDialog::OnListNotify(NotifyEvent & event) {
+void CalibrationListDialog::OnListNotify(NotifyEvent & event) {
   if (event.GetHeader()->hwndFrom != mList) {
     event.Skip();
     return;
@@ -99,7 +99,7 @@ void InstrumentsDialog::OnListNotify(NotifyEvent & event) {
   }
 }
 
-void InstrumentsDialog::SortBy(int column) {
+void CalibrationListDialog::SortBy(int column) {
   mAscending = column == mSortColumn ? !mAscending : true;
   CHeaderCtrl * const header = mList->GetHeaderCtrl();
   if (mSortColumn >= 0) {  // the arrow leaves the former column
@@ -111,7 +111,7 @@ void InstrumentsDialog::SortBy(int column) {
   }
   mSortColumn = column;
   struct Order {
-    InstrumentsDialog * dialog;
+    CalibrationListDialog * dialog;
     int column;
     bool ascending;
   } order{this, column, mAscending};
@@ -137,13 +137,13 @@ void InstrumentsDialog::SortBy(int column) {
   header->SetItem(column, &item);
 }
 
-void AddInstrumentsCommand(wxMenu & menu, wxWindow & frame) {
-  menu.Append(kInstrumentsCommand, vx3::Tr("Menu command", "&Instruments..."));
+void AddCalibrationListCommand(wxMenu & menu, wxWindow & frame) {
+  menu.Append(kCalibrationListCommand, vx3::Tr("Menu command", "&Calibration list..."));
   frame.Bind(
       wxEVT_MENU,
       [&frame](wxCommandEvent &) {
-        InstrumentsDialog dialog(&frame);
+        CalibrationListDialog dialog(&frame);
         dialog.ShowModal();
       },
-      kInstrumentsCommand);
+      kCalibrationListCommand);
 }

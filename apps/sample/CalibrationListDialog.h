@@ -1,5 +1,5 @@
 #pragma once
-// The sample's "Tools > Instruments..." dialog: the laboratory's instruments
+// The sample's "Tools > Calibration list..." dialog: the laboratory's instruments
 // in a report list with check boxes (in use or not), sortable by a click on
 // a heading, overdue calibrations painted red through custom draw, and a
 // line that counts the instruments in use.
@@ -13,7 +13,7 @@
 class wxMenu;
 class wxStaticText;
 
-class InstrumentsDialog : public wxDialog {
+class CalibrationListDialog : public wxDialog {
 public:
   struct Instrument {
     wxString name;
@@ -24,7 +24,7 @@ public:
     bool inUse;
   };
 
-  explicit InstrumentsDialog(wxWindow * parent);
+  explicit CalibrationListDialog(wxWindow * parent);
 
   CListCtrl & GetList() { return *mList; }
   wxString GetSummary() const;
@@ -42,5 +42,5 @@ private:
   bool mAscending = true;
 };
 
-// Appends "Instruments..." to `menu`; `frame` handles it.
-void AddInstrumentsCommand(wxMenu & menu, wxWindow & frame);
+// Appends "Calibration list..." to `menu`; `frame` handles it.
+void AddCalibrationListCommand(wxMenu & menu, wxWindow & frame);
