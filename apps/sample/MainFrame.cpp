@@ -8,11 +8,15 @@
 #include <wx/stattext.h>
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
+#include "DateFormatCommand.h"
 #include "FileCommands.h"
+#include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "RunListPanel.h"
+#include "RunPicker.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "TimeGridDialog.h"
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -62,6 +66,10 @@ void MainFrame::BuildMenus() {
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
+  AddDateFormatCommand(*tools, *this);
+  AddTimeGridCommand(*tools, *this);
+  AddPickRunCommand(*tools, *this);
+  AddInstrumentsCommand(*tools, *this);
   AddCalibrationListCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

@@ -16,6 +16,10 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
+  kDateFormatCommand,
+  kTimeGridCommand,
+  kPickRunCommand,
+  kInstrumentsCommand,
   kCalibrationListCommand,
   // Messages
   kOkBoxCommand,

@@ -17,7 +17,10 @@
 
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
+#include "InstrumentsDialog.h"
 #include "MainFrame.h"
+#include "TimeGridDialog.h"
+#include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
 #include "dialogs/DontShowAgainMessageBox.h"
@@ -27,7 +30,9 @@
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "lists/FilterListCtrlPopupBar.h"
 #include "platform/WinUser.h"
+#include "platform/commctrl/CListCtrl.h"
 #include "utl/Utf.h"
 #include "work/Progress.h"
 
@@ -41,11 +46,15 @@ enum class Opens {
   kFolderCollection,
   kCalculation,
   kBatchQuestion,
-  kCalibrationList,
-  kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
-  kNothing,       // says so in the status bar
-  kAboutBox,      // the application's about command
-  kCloseRequest,  // the frame is asked to close
+  kDateFormat,
+  kTimeGrid,
+  kRunPicker,        // the filter popup over the sample's runs
+  kInstruments,      // the instruments dialog
+  kCalibrationList,  // the sample's report list
+  kMessageBox,       // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kNothing,          // says so in the status bar
+  kAboutBox,         // the application's about command
+  kCloseRequest,     // the frame is asked to close
 };
 
 struct Expected {
@@ -62,6 +71,10 @@ std::map<wxString, Expected> const kExpected = {
     {"File/Exit", {Opens::kCloseRequest}},
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
+    {"Tools/Date format...", {Opens::kDateFormat}},
+    {"Tools/Time grid...", {Opens::kTimeGrid}},
+    {"Tools/Pick a run...", {Opens::kRunPicker}},
+    {"Tools/Instruments...", {Opens::kInstruments}},
     {"Tools/Calibration list...", {Opens::kCalibrationList}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
@@ -92,8 +105,14 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderCollection;
   } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kCalibrationList;
+  } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
+  } else if (dynamic_cast<SpecifyDateFormat *>(&dialog) != nullptr) {
+    seen.opens = Opens::kDateFormat;
+  } else if (dynamic_cast<TimeGridDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kTimeGrid;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
     seen.opens = Opens::kMessageBox;
     seen.boxType = box->GetType() & (MB_TYPEMASK | MB_ICONMASK);
@@ -152,6 +171,7 @@ protected:
   std::vector<FileChooserRequest> fileRequests;
   int aboutCommands = 0;
   int closeRequests = 0;
+  int pickerRows = -1;
 
 private:
   FileChooserFunction mFormerFiles;
@@ -189,10 +209,13 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     // the test in the script.
     std::vector<Seen> seen;
     ModalDialogScript script;
-    bool const opensDialog =
-        expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
-        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox ||
-        expected.opens == Opens::kCalibrationList;
+    // The kinds that show a modal dialog, one a line.
+    static std::set<Opens> const dialogKinds{
+        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
+        Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
+        Opens::kInstruments,  Opens::kCalibrationList,
+    };
+    bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
@@ -200,6 +223,19 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       });
     }
     if (expected.opens == Opens::kBatchQuestion) script.Answer(wxID_OK);  // the account
+
+    // The run picker runs its own loop: it is seen there, then closed.
+    pickerRows = -1;
+    if (expected.opens == Opens::kRunPicker) {
+      frame->CallAfter([this] {
+        FilterListCtrlPopupBar * bar = nullptr;
+        gui_test::WaitUntil(
+            [&bar] { return (bar = FilterListCtrlPopupBar::GetOpen()) != nullptr; });
+        if (bar == nullptr) return;
+        pickerRows = bar->GetList().GetItemCount();
+        bar->Cancel();
+      });
+    }
 
     wxCommandEvent command(wxEVT_MENU, item.id);
     command.SetEventObject(frame);
@@ -218,13 +254,20 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
       case Opens::kCalibrationList:
+      case Opens::kDateFormat:
       case Opens::kMessageBox:
+      case Opens::kTimeGrid:
+      case Opens::kInstruments:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
       case Opens::kCalculation:
         EXPECT_TRUE(calculated);
         EXPECT_EQ(Status(), "Calculation finished: 3 runs.");
+        break;
+      case Opens::kRunPicker:
+        EXPECT_EQ(pickerRows, 1000000);
+        EXPECT_EQ(Status(), "No run picked.");
         break;
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
