@@ -38,7 +38,9 @@ CHeaderCtrl::~CHeaderCtrl() {
 }
 
 void CHeaderCtrl::ModifyHeaderStyle(DWORD remove, DWORD add) {
-  mStyle = (mStyle & ~remove) | add;
+  DWORD const style = (mStyle & ~remove) | add;
+  if (style == mStyle) return;
+  mStyle = style;
   Refresh();
 }
 

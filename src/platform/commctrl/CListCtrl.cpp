@@ -848,6 +848,9 @@ void CListCtrl::LayoutHeader() {
   if (mHeader == nullptr) return;
   bool const show = (mStyle & LVS_NOCOLUMNHEADER) == 0 && (mStyle & LVS_TYPEMASK) == LVS_REPORT;
   mHeader->Show(show);
+  // Headings that sort nothing are not buttons.
+  mHeader->ModifyHeaderStyle((mStyle & LVS_NOSORTHEADER) != 0 ? HDS_BUTTONS : 0,
+                             (mStyle & LVS_NOSORTHEADER) != 0 ? 0 : HDS_BUTTONS);
   int const height = show ? mHeader->GetIdealHeight() : 0;
   mHeader->SetSize(0, 0, std::max(GetClientSize().x, 1), std::max(height, 1));
   mHeader->SetScrollOffset(mScrollX);
