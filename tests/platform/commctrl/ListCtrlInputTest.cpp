@@ -290,16 +290,18 @@ TEST_F(HeaderInputTest, ADragResizesAHandlerMayRefuseClampOrChangeTheEnd) {
   struct Case {
     char const * name;
     bool refuse;
+    bool refuseMove;  // HDN_TRACK answered nonzero: the drag ends there
     int minimum;
     int endWidth;
     int dragTo;
     int expected;
   };
   Case const cases[] = {
-      {"plain", false, 0, 0, 130, 130},
-      {"clamped to the minimum", false, 60, 0, 20, 60},
-      {"changed at the end", false, 0, 99, 150, 99},
-      {"refused", true, 0, 0, 150, 80},
+      {"plain", false, false, 0, 0, 130, 130},
+      {"clamped to the minimum", false, false, 60, 0, 20, 60},
+      {"changed at the end", false, false, 0, 99, 150, 99},
+      {"refused", true, false, 0, 0, 150, 80},
+      {"a move refused", false, true, 0, 0, 150, 80},
   };
   for (Case const & c : cases) {
     f.list->SetColumnWidth(0, 80);
@@ -311,6 +313,7 @@ TEST_F(HeaderInputTest, ADragResizesAHandlerMayRefuseClampOrChangeTheEnd) {
         gui_test::WaitUntil([&] { return !f.seen.empty() && f.seen.back() == "CLICK -1,0"; }));
     f.seen.clear();
     f.refuseTrack = c.refuse;
+    f.refuseTrackMove = c.refuseMove;
     f.minimumWidth = c.minimum;
     f.endTrackWidth = c.endWidth;
     bool pressed = false;

@@ -84,7 +84,10 @@ struct ListFixture {
       event.SetResult(keepEdit ? 1 : 0);
     } else if (code >= HDN_TRACKW && code <= HDN_FIRST) {
       auto * info = event.GetNotification<NMHEADERW>();
-      if (code == HDN_TRACKW) ++tracks;
+      if (code == HDN_TRACKW) {
+        ++tracks;
+        event.SetResult(refuseTrackMove ? 1 : 0);
+      }
       if (code == HDN_BEGINTRACKW) {
         seen.push_back("BEGINTRACK " + std::to_string(info->iItem));
         event.SetResult(refuseTrack ? 1 : 0);
@@ -140,4 +143,5 @@ struct ListFixture {
   int endTrackWidth = 0;
   int tracks = 0;  // HDN_TRACK heard
   bool refuseDrop = false;
+  bool refuseTrackMove = false;
 };
