@@ -166,8 +166,6 @@ int CHeaderCtrl::OrderToIndex(int order) const {
   return order >= 0 && order < GetItemCount() ? mOrder[static_cast<size_t>(order)] : order;
 }
 
-std::vector<int> CHeaderCtrl::GetOrder() const { return mOrder; }
-
 bool CHeaderCtrl::GetItemRect(int index, RECT * rect) const {
   if (rect == nullptr || index < 0 || index >= GetItemCount()) return false;
   int x = -mScrollOffset;

@@ -47,7 +47,7 @@ public:
   bool GetOrderArray(int * order, int count) const;
   bool SetOrderArray(int count, int const * order);
   int OrderToIndex(int order) const;
-  std::vector<int> GetOrder() const;
+  std::vector<int> const & GetOrder() const { return mOrder; }
 
   // Item rectangle in the header's client coordinates (scroll offset applied).
   bool GetItemRect(int index, RECT * rect) const;
