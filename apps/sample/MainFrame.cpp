@@ -12,11 +12,14 @@
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
+#include "ProjectTreeWindow.h"
+#include "ReportCommand.h"
 #include "RunListPanel.h"
 #include "RunPicker.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
 #include "TimeGridDialog.h"
+#include "TreeViewWindow.h"
 
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
@@ -70,6 +73,9 @@ void MainFrame::BuildMenus() {
   AddTimeGridCommand(*tools, *this);
   AddPickRunCommand(*tools, *this);
   AddInstrumentsCommand(*tools, *this);
+  AddReportCommand(*tools, *this);
+  AddProjectTreeCommand(*tools, *this);
+  AddTreeViewCommand(*tools, *this);
   AddCalibrationListCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

@@ -8,6 +8,7 @@
 #include <wx/frame.h>
 #include <wx/menu.h>
 
+#include "DetailsCommands.h"
 #include "SampleCommands.h"
 #include "dialogs/CheckBoxMessageBox.h"
 #include "dialogs/CustomMessageBoxDlg.h"
@@ -82,6 +83,7 @@ wxMenu * CreateMessagesMenu(wxFrame & frame) {
   menu->Append(kForgetAnswersCommand, Tr("Menu command", "&Forget the stored answers"));
   menu->AppendSeparator();
   menu->Append(kFailingHandlerCommand, Tr("Menu command", "&Failure in a dialog handler"));
+  AppendDetailsCommands(*menu, frame);
 
   auto on = [&frame](int command, auto action) {
     frame.Bind(

@@ -21,6 +21,14 @@ enum SampleCommand : int {
   kPickRunCommand,
   kInstrumentsCommand,
   kCalibrationListCommand,
+  kReportCommand,
+  kRunsByProjectCommand,
+  // Runs by project (its own window)
+  kLoadTreeCommand,
+  kSaveTreeCommand,
+  kFindNextRunCommand,
+  kDeleteRunsCommand,
+  kTreeViewCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,
@@ -31,5 +39,11 @@ enum SampleCommand : int {
   kDontShowAgainCommand,
   kForgetAnswersCommand,
   kFailingHandlerCommand,
+  kDetailsOpenCommand,
+  kDetailsClosedCommand,
+  kDetailsDontShowCommand,
+  kInfoPlainCommand,
+  kInfoHtmlCommand,
+  kMuteDetailsCommand,
   kEndOfSampleCommands
 };

@@ -115,6 +115,8 @@ void VxApp::OnUpdateAppAbout(wxUpdateUIEvent & event) {
                               FromUtf8(VxSystemInfo::GetApplicationName())));
 }
 
+wxWindow * VxApp::OpenDocumentFile(wchar_t const * /*path*/) { return nullptr; }
+
 int VxApp::DoMessageBox(wchar_t const * text, unsigned int type, unsigned int helpId) {
   if (MuteInfoMessages() && (type & MB_TYPEMASK) == MB_OK) return IDOK;
   return ShowFrameworkMessageBox(wxString(text != nullptr ? text : L""), type, helpId);

@@ -25,6 +25,7 @@
 #include <wx/app.h>
 #include <wx/string.h>
 
+#include "favourites/DocumentFileOpener.h"
 #include "frame/VxAppCore.h"
 #include "platform/MessageBoxes.h"
 #include "platform/WinReg.h"
@@ -33,7 +34,7 @@ class ConfigurationSection;
 class wxUpdateUIEvent;
 class wxWindow;
 
-class VxApp : public wxApp {
+class VxApp : public wxApp, public DocumentFileOpener {
 public:
   // The framework's about command (ID_APP_ABOUT).
   static constexpr int kAboutCommand = 57664;
@@ -79,6 +80,11 @@ public:
   void OnAppAbout();
   // Enables the about entry and names the application in it (string 13195).
   void OnUpdateAppAbout(wxUpdateUIEvent & event);
+
+  // Opens a document as the recent-files list would (favourite files go
+  // here); the frame it brought up, or null. Nothing here: applications
+  // with documents override it.
+  wxWindow * OpenDocumentFile(wchar_t const * path) override;
 
   // Every framework message box (AfxMessageBox) comes here. With the mute
   // switch on, a box with only an OK button returns IDOK unseen; any box

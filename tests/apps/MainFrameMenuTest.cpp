@@ -5,6 +5,7 @@
 // without a row in the table fails too, so new commands get checked.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <set>
@@ -19,12 +20,15 @@
 #include "CalibrationListDialog.h"
 #include "InstrumentsDialog.h"
 #include "MainFrame.h"
+#include "ProjectTreeWindow.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
+#include "dialogs/DetailsDialog.h"
 #include "dialogs/DontShowAgainMessageBox.h"
 #include "dialogs/FolderCollectionDialog.h"
+#include "dialogs/InfoDialog.h"
 #include "dialogs/NativeChoosers.h"
 #include "dialogs/YesNoCancelAll.h"
 #include "frame/AppProfile.h"
@@ -50,11 +54,15 @@ enum class Opens {
   kTimeGrid,
   kRunPicker,        // the filter popup over the sample's runs
   kInstruments,      // the instruments dialog
+  kReportWindow,     // the report window opens over the frame
   kCalibrationList,  // the sample's report list
   kMessageBox,       // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,          // a details dialog
+  kInfo,             // an information dialog
   kNothing,          // says so in the status bar
   kAboutBox,         // the application's about command
   kCloseRequest,     // the frame is asked to close
+  kProjectTree,      // the runs by project window
 };
 
 struct Expected {
@@ -76,6 +84,9 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Pick a run...", {Opens::kRunPicker}},
     {"Tools/Instruments...", {Opens::kInstruments}},
     {"Tools/Calibration list...", {Opens::kCalibrationList}},
+    {"Tools/Report", {Opens::kReportWindow}},
+    {"Tools/Runs by project...", {Opens::kProjectTree}},
+    {"Tools/Tree view", {Opens::kNothing}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -86,6 +97,12 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Don't-show-again message", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONINFORMATION}},
     {"Messages/Forget the stored answers", {Opens::kNothing}},
     {"Messages/Failure in a dialog handler", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONHAND}},
+    {"Messages/Details open", {Opens::kDetails}},
+    {"Messages/Details closed", {Opens::kDetails}},
+    {"Messages/Details, don't show again", {Opens::kDetails}},
+    {"Messages/Information, plain text (Yes, No)", {Opens::kInfo}},
+    {"Messages/Information, HTML", {Opens::kInfo}},
+    {"Messages/Mute details dialogs", {Opens::kNothing}},
     {"Help/About...", {Opens::kAboutBox}},
 };
 
@@ -113,6 +130,10 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kDateFormat;
   } else if (dynamic_cast<TimeGridDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kTimeGrid;
+  } else if (dynamic_cast<DetailsDialogClass *>(&dialog) != nullptr) {
+    seen.opens = Opens::kDetails;
+  } else if (dynamic_cast<InfoDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kInfo;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
     seen.opens = Opens::kMessageBox;
     seen.boxType = box->GetType() & (MB_TYPEMASK | MB_ICONMASK);
@@ -213,7 +234,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     static std::set<Opens> const dialogKinds{
         Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
         Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
-        Opens::kInstruments,  Opens::kCalibrationList,
+        Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
+        Opens::kInfo,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -269,9 +291,26 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         EXPECT_EQ(pickerRows, 1000000);
         EXPECT_EQ(Status(), "No run picked.");
         break;
+      case Opens::kReportWindow: {
+        wxWindow * report = nullptr;
+        for (wxWindow * child : frame->GetChildren())
+          if (child->IsTopLevel() && child->GetId() == wxID_HIGHEST + 900) report = child;
+        ASSERT_NE(report, nullptr);
+        report->Destroy();
+        break;
+      }
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kProjectTree: {
+        auto const windows = frame->GetChildren();
+        auto const opened = std::find_if(windows.begin(), windows.end(), [](wxWindow * w) {
+          return dynamic_cast<ProjectTreeWindow *>(w) != nullptr && w->IsShown();
+        });
+        ASSERT_NE(opened, windows.end());
+        (*opened)->Destroy();
+        break;
+      }
     }
     // Nothing else opened: no chooser where none belongs, no second dialog.
     if (expected.opens != Opens::kFileChooserToOpen &&

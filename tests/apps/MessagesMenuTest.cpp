@@ -82,3 +82,22 @@ TEST_F(MessagesMenuTest, AFailingHandlerEndsInTheInternalErrorDialogAndTheBoxCar
 }
 
 }  // namespace
+
+namespace {
+
+// Muted, the details commands show nothing; switched back on, the status bar
+// lists what the switch caught.
+TEST_F(MessagesMenuTest, TheMuteSwitchListsTheDetailsDialogsItKeptAway) {
+  ModalDialogScript script;  // no step: a dialog shown while muted fails the test
+  Run("Mute");
+  EXPECT_EQ(Status(), "Details dialogs are muted.");
+  Run("Details open");
+  Run("Details closed");
+  Run("Mute");
+  EXPECT_EQ(Status(),
+            "Muted 2 details dialog(s): 40 runs could not be imported.; 40 runs could not be "
+            "imported.");
+  EXPECT_TRUE(script.Shown().empty());
+}
+
+}  // namespace

@@ -16,44 +16,6 @@ UINT KeyFlags(wxMouseState const & state) {
 
 }  // namespace
 
-WORD VirtualKeyFromWx(int key) {
-  switch (key) {
-    case WXK_BACK: return VK_BACK;
-    case WXK_TAB: return VK_TAB;
-    case WXK_RETURN:
-    case WXK_NUMPAD_ENTER: return VK_RETURN;
-    case WXK_SHIFT: return VK_SHIFT;
-    case WXK_CONTROL: return VK_CONTROL;
-    case WXK_ESCAPE: return VK_ESCAPE;
-    case WXK_SPACE: return VK_SPACE;
-    case WXK_PAGEUP:
-    case WXK_NUMPAD_PAGEUP: return VK_PRIOR;
-    case WXK_PAGEDOWN:
-    case WXK_NUMPAD_PAGEDOWN: return VK_NEXT;
-    case WXK_END:
-    case WXK_NUMPAD_END: return VK_END;
-    case WXK_HOME:
-    case WXK_NUMPAD_HOME: return VK_HOME;
-    case WXK_LEFT:
-    case WXK_NUMPAD_LEFT: return VK_LEFT;
-    case WXK_UP:
-    case WXK_NUMPAD_UP: return VK_UP;
-    case WXK_RIGHT:
-    case WXK_NUMPAD_RIGHT: return VK_RIGHT;
-    case WXK_DOWN:
-    case WXK_NUMPAD_DOWN: return VK_DOWN;
-    case WXK_INSERT:
-    case WXK_NUMPAD_INSERT: return VK_INSERT;
-    case WXK_DELETE:
-    case WXK_NUMPAD_DELETE: return VK_DELETE;
-    case WXK_F2: return VK_F2;
-    default: break;
-  }
-  if (key >= 'a' && key <= 'z') return static_cast<WORD>(key - 'a' + 'A');
-  if ((key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9')) return static_cast<WORD>(key);
-  return 0;
-}
-
 LRESULT CListCtrl::NotifyItemActivate(UINT code, int item, int subItem, wxPoint const & point) {
   NMITEMACTIVATE info;
   info.iItem = item;
@@ -288,7 +250,7 @@ void CListCtrl::OnMouseWheel(wxMouseEvent & event) {
 // ---- keyboard ----
 
 void CListCtrl::OnKeyDown(wxKeyEvent & event) {
-  WORD const vk = VirtualKeyFromWx(event.GetKeyCode());
+  auto const vk = static_cast<WORD>(VirtualKeyFromWx(event.GetKeyCode()));
   NMLVKEYDOWN info;
   info.wVKey = vk;
   SendNotify(this, LVN_KEYDOWN, info.hdr);

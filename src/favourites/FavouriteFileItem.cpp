@@ -1,0 +1,62 @@
+#include "favourites/FavouriteFileItem.h"
+
+#include <sys/stat.h>
+
+#include <string>
+
+#include <wx/app.h>
+
+#include "favourites/DocumentFileOpener.h"
+#include "favourites/FavouriteBuilder.h"
+#include "platform/MessageBoxes.h"
+#include "utl/ConfigurationSection.h"
+#include "utl/Translation.h"
+
+bool FavouriteFileExists(wxString const & path) {
+  if (path.empty()) return false;
+  // The file system's own bytes: a name that is no valid UTF-8 came in as
+  // wide text through the file name conversion and goes back the same way.
+  wxCharBuffer const bytes = path.fn_str();
+  if (bytes.data() == nullptr || bytes.length() == 0) return false;
+  struct stat status {};
+  if (::stat(bytes.data(), &status) != 0) return false;
+  return S_ISREG(status.st_mode);
+}
+
+FavouriteFileItem::FavouriteFileItem(wchar_t const * name, wchar_t const * path)
+    : mPath(path != nullptr ? path : L"") {
+  SetName(name);
+}
+
+FavouriteFileItem::FavouriteFileItem() { FavouriteBuilder::Instance()->Add(kType, this); }
+
+void FavouriteFileItem::Save(ConfigurationSection * section) const {
+  FavouriteItem::Save(section);
+  section->WriteKey("File", mPath.wc_str());
+}
+
+void FavouriteFileItem::Load(ConfigurationSection const * section) {
+  FavouriteItem::Load(section);
+  std::wstring path;
+  if (section->ReadKey("File", path)) mPath = path;
+}
+
+FavouriteItem * FavouriteFileItem::Copy() const { return new FavouriteFileItem(*this); }
+
+wxString FavouriteFileItem::GetType() const { return kType; }
+
+bool FavouriteFileItem::IsGlobal() const { return true; }
+
+bool FavouriteFileItem::Enable() { return FavouriteFileExists(mPath); }
+
+wxWindow * FavouriteFileItem::Open() {
+  if (!FavouriteFileExists(mPath)) {
+    AfxMessageBox(vx3::Tr("The file has been moved or removed."), MB_OK | MB_ICONEXCLAMATION);
+    return nullptr;
+  }
+  if (auto * const app = dynamic_cast<DocumentFileOpener *>(wxTheApp))
+    app->OpenDocumentFile(mPath.wc_str());
+  return nullptr;
+}
+
+wxString FavouriteFileItem::GetToolTipText() const { return mPath; }

@@ -1,0 +1,301 @@
+#include "favourites/FavouritesManager.h"
+
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include <wx/app.h>
+#include <wx/filename.h>
+#include <wx/mdi.h>
+#include <boost/format.hpp>
+
+#include "controls/GUIUtilities.h"
+#include "favourites/FavouriteCommandItem.h"
+#include "favourites/FavouriteFileItem.h"
+#include "favourites/FavouriteFolderItem.h"
+#include "favourites/FavouriteImportFailedDialog.h"
+#include "favourites/FavouriteItem.h"
+#include "favourites/FavouriteOpenFailures.h"
+#include "favourites/ImageStrip.h"
+#include "favourites/ToolBarResource.h"
+#include "platform/ResourceModule.h"
+#include "utl/Exception.h"
+#include "utl/ExceptionMessage.h"
+#include "utl/Translation.h"
+#include "utl/XercesXMLSection.h"
+
+namespace {
+
+wxWindow * MainWindow() { return wxTheApp != nullptr ? wxTheApp->GetTopWindow() : nullptr; }
+
+constexpr int kImageSize = 16;
+// The standard strip's transparent colour.
+wxColour const kStandardMask(0xFF, 0x00, 0xFF);
+// Tool bar strips without alpha: what the old 16-colour bitmaps used as
+// button face.
+wxColour const kToolBarMask(0xC0, 0xC0, 0xC0);
+
+// The frame's own window-arrangement commands (cascade, tile horizontally,
+// tile vertically): a user's explicit arrangement is not overridden.
+constexpr int kFirstArrangeCommand = 57650;
+constexpr int kLastArrangeCommand = 57652;
+
+// Freezes the MDI client while several favourites open, so that the
+// windows appear arranged at once; thawed whatever escapes.
+class FrozenWindow {
+public:
+  explicit FrozenWindow(wxWindow * window) : mWindow(window) {
+    if (mWindow != nullptr) mWindow->Freeze();
+  }
+  FrozenWindow(FrozenWindow const &) = delete;
+  FrozenWindow & operator=(FrozenWindow const &) = delete;
+  ~FrozenWindow() {
+    if (mWindow != nullptr) mWindow->Thaw();
+  }
+
+private:
+  wxWindow * mWindow;
+};
+
+// Deletes the items handed to Open, whatever escapes.
+class ItemsDeleter {
+public:
+  explicit ItemsDeleter(std::vector<FavouriteItem *> * items) : mItems(items) {}
+  ItemsDeleter(ItemsDeleter const &) = delete;
+  ItemsDeleter & operator=(ItemsDeleter const &) = delete;
+  ~ItemsDeleter() {
+    if (mItems == nullptr) return;
+    for (FavouriteItem *& item : *mItems) {
+      delete item;
+      item = nullptr;
+    }
+  }
+
+private:
+  std::vector<FavouriteItem *> * mItems;
+};
+
+void AppendFailure(wxString & details, wxString const & name, wxString const & why) {
+  if (name.empty()) {
+    details += why;
+  } else {
+    char const * const pattern = details.empty() ? "%1%: %2%" : "\r\n%1%: %2%";
+    details +=
+        wxString::FromUTF8((boost::format(pattern) % name.utf8_string() % why.utf8_string()).str());
+  }
+}
+
+bool IsArrangeCommand(FavouriteItem const * item) {
+  auto const * const command = dynamic_cast<FavouriteCommandItem const *>(item);
+  return command != nullptr && command->GetCommandID() >= kFirstArrangeCommand &&
+         command->GetCommandID() <= kLastArrangeCommand;
+}
+
+bool Contains(std::vector<wxMDIChildFrame *> const & frames, wxMDIChildFrame const * frame) {
+  return std::find(frames.begin(), frames.end(), frame) != frames.end();
+}
+
+// Restores the newly opened children and, with `tile`, lets only them share
+// the client area: the others are hidden while the frame tiles. GTK's stock
+// MDI is tabbed, its Tile does nothing and it shows the children raised;
+// an application's own MDI frame tiles, so the order is kept for it.
+void ArrangeOpenedChildren(wxMDIParentFrame & parent, std::vector<wxMDIChildFrame *> const & opened,
+                           std::vector<wxMDIChildFrame *> const & before, bool tile) {
+  for (wxMDIChildFrame * const frame : opened) frame->Restore();
+  if (tile) {
+    std::vector<wxMDIChildFrame *> hidden;
+    for (wxMDIChildFrame * const frame : before) {
+      if (Contains(opened, frame) || !frame->IsShown()) continue;
+      frame->Hide();
+      hidden.push_back(frame);
+    }
+    parent.Tile();
+    for (wxMDIChildFrame * const frame : hidden) frame->Show();
+  }
+  for (wxMDIChildFrame * const frame : opened) frame->Raise();
+}
+
+}  // namespace
+
+FavouritesManager::FavouritesManager() {
+  wxBitmap strip = LoadResourceBitmap(kStandardImagesBitmap);
+  if (strip.IsOk()) {
+    mStandardImages.Create(kImageSize, kImageSize, true, 10);
+  } else {
+    strip = LoadResourceBitmap(kStandardImagesFallbackBitmap);
+    mStandardImages.Create(kImageSize, kImageSize, true, 1);
+  }
+  if (strip.IsOk()) AddImageStrip(mStandardImages, strip, &kStandardMask);
+  mCommandImages.Create(kImageSize, kImageSize, true, 10);
+  for (int i = 0; i < mStandardImages.GetImageCount(); ++i)
+    mStandardIcons.push_back(mStandardImages.GetIcon(i));
+}
+
+FavouritesManager::~FavouritesManager() = default;
+
+bool FavouritesManager::SaveFavourites(wxString const & path, int id) const {
+  std::unique_ptr<XercesXMLSection> const section(
+      new XercesXMLSection(path.utf8_str().data(), true));
+  SaveFavouriteNode(section.get(), id);
+  return section->Flush();
+}
+
+bool FavouritesManager::LoadFavourites(wxString const & path, int id) {
+  try {
+    // A file that is no favourites file fails here, before the tree is
+    // touched.
+    std::unique_ptr<XercesXMLSection> const section(
+        new XercesXMLSection(path.utf8_str().data(), true));
+    if (mTree != nullptr) DeleteFavouriteNode(id);
+    LoadFavouriteNode(section.get(), id);
+  } catch (Exception const & e) {
+    ShowFavouriteImportFailure(MainWindow(), wxFileName(path).GetFullName(),
+                               wxString::FromUTF8(e.Why()));
+  }
+  return true;
+}
+
+void FavouritesManager::OnInitialUpdate() {}
+
+void FavouritesManager::OnDestroy() {}
+
+void FavouritesManager::Open(std::vector<FavouriteItem *> * items) {
+  ItemsDeleter const deleteItems(items);
+  if (items == nullptr || items->empty()) return;
+  std::vector<FavouriteItem *> const copies(*items);
+  std::vector<wxMDIChildFrame *> visible;
+  GUIUtilities::GetMDIChildWnds(&visible, true);
+  bool tile = true;
+  int errors = 0;
+  wxString details;
+  std::vector<wxMDIChildFrame *> opened;
+  auto * const mdiParent = dynamic_cast<wxMDIParentFrame *>(MainWindow());
+  bool const several = copies.size() > 1;
+  {
+    FrozenWindow const frozen(several && mdiParent != nullptr ? mdiParent->GetClientWindow()
+                                                              : nullptr);
+    for (size_t i = 0; i < copies.size(); ++i) {
+      wxString name;
+      try {
+        FavouriteItem * const item = copies[i];
+        if (item == nullptr)
+          throw Exception(ExceptionMessage::translate("'Open Favorites' was canceled. The item "
+                                                      "number {1} became invalid.\n") %
+                          static_cast<int>(i + 1));
+        name = item->GetName();
+        if (!item->Enable()) throw Exception(ExceptionMessage::translate("Not available."));
+        wxWindow * const frame = item->Open();
+        if (IsArrangeCommand(item)) tile = false;
+        if (auto * const child = dynamic_cast<wxMDIChildFrame *>(frame)) opened.push_back(child);
+      } catch (Exception const & e) {
+        ++errors;
+        AppendFailure(details, name, wxString::FromUTF8(e.Why()));
+      } catch (std::runtime_error const & e) {
+        ++errors;
+        AppendFailure(details, name, wxString::FromUTF8(e.what()));
+      }
+    }
+    if (opened.size() > 1 && mdiParent != nullptr)
+      ArrangeOpenedChildren(*mdiParent, opened, visible, tile);
+  }
+  if (details.empty()) return;
+  char const * headline = "Not all favorites could be opened.";
+  if (copies.size() == 1)
+    headline = "The selected favorite could not be opened.";
+  else if (errors == static_cast<int>(copies.size()))
+    headline = "The selected favorites could not be opened.";
+  ShowFavouriteOpenFailures(MainWindow(), vx3::Tr(headline), details);
+}
+
+void FavouritesManager::GetIcon(FavouriteItem const * item, wxIcon & normal, wxIcon & expanded) {
+  normal = wxIcon();
+  expanded = wxIcon();
+  if (item == nullptr) {
+    normal = StandardIcon(kPlaceholderImage);
+    expanded = normal;
+    return;
+  }
+  if (auto const * const folder = dynamic_cast<FavouriteFolderItem const *>(item)) {
+    if (folder->GetTreatAsItem()) {
+      normal = StandardIcon(kFolderAsItemImage);
+    } else {
+      normal = StandardIcon(kFolderClosedImage);
+      expanded = StandardIcon(kFolderOpenImage);
+    }
+  } else if (item->GetType() == "RootItem") {
+    // A root row has no icon of its own.
+  } else if (auto const * const command = dynamic_cast<FavouriteCommandItem const *>(item)) {
+    if (!mCommandImagesLoaded) {
+      LoadCommandImageList();
+      mCommandImagesLoaded = true;
+    }
+    auto const found = mCommandImageMap.find(static_cast<uint16_t>(command->GetCommandID()));
+    if (found != mCommandImageMap.end() && found->second < mCommandImages.GetImageCount())
+      normal = mCommandImages.GetIcon(found->second);
+    else
+      normal = StandardIcon(kCommandImage);
+  } else if (auto const * const file = dynamic_cast<FavouriteFileItem const *>(item)) {
+    normal = mFileIcons.Get(file->GetFileName());
+    if (!normal.IsOk()) normal = StandardIcon(kMissingFileIconImage);
+    expanded = normal;
+    return;
+  }
+  if (!normal.IsOk()) normal = StandardIcon(item->IsGlobal() ? kGlobalItemImage : kItemImage);
+  if (!expanded.IsOk()) expanded = normal;
+}
+
+bool FavouritesManager::OnAddToFavourites(FavouriteItem * /*item*/, int & id) {
+  id = -1;
+  return true;
+}
+
+void FavouritesManager::OnShowPopupMenu(wxMenu * /*menu*/, FavouriteItem * /*item*/) {}
+
+void FavouritesManager::OnFavouritesChanged(int /*id*/) {}
+
+// The tree (its rows, their serialization and deletion) is not attached in
+// this library yet; these are the answers without one.
+bool FavouritesManager::LoadFavouriteNode(ConfigurationSection * /*section*/, int /*id*/) {
+  return mTree != nullptr;
+}
+
+bool FavouritesManager::SaveFavouriteNode(ConfigurationSection * /*section*/, int /*id*/) const {
+  return mTree != nullptr;
+}
+
+void FavouritesManager::DeleteFavouriteNode(int /*id*/) {}
+
+void FavouritesManager::RemoveAll() {}
+
+void FavouritesManager::Serialize(ConfigurationSection * /*section*/, bool /*saving*/) {}
+
+char const * FavouritesManager::GetRootSectionKey() { return "Favourites"; }
+
+char const * FavouritesManager::GetFavouriteItemSectionKey() { return "FavouriteItem"; }
+
+bool FavouritesManager::LoadToolBar(unsigned int id, wxImageList & images, CommandImageMap & map) {
+  wxBitmap const strip = LoadResourceBitmap(id);
+  if (!strip.IsOk()) return false;
+  std::string const bytes = LoadResourceBytes(id, RT_TOOLBAR);
+  ToolBarLayout layout;
+  if (bytes.empty() || !ParseToolBarResource(bytes, layout)) return false;
+  int next = images.GetImageCount();
+  AddImageStrip(images, strip, strip.HasAlpha() ? nullptr : &kToolBarMask);
+  for (uint16_t const command : layout.items) {
+    if (command == 0) continue;
+    map.emplace(command, next);  // keeps the first tool bar's image
+    ++next;
+  }
+  return true;
+}
+
+void FavouritesManager::LoadCommandImageList() {
+  // The view that lists the tool bars comes with the tree; without one
+  // there is nothing to load and commands keep the standard image.
+}
+
+wxIcon FavouritesManager::StandardIcon(int index) const {
+  if (index < 0 || static_cast<size_t>(index) >= mStandardIcons.size()) return wxIcon();
+  return mStandardIcons[static_cast<size_t>(index)];
+}

@@ -1,0 +1,198 @@
+// The tree's items: where inserts go, the walks, stale handles, deletion
+// order, sorting, and chains far deeper than any stack.
+
+#include <gtest/gtest.h>
+
+#include "TreeCtrlTestSupport.h"
+
+namespace {
+
+using Texts = std::vector<wxString>;
+
+TEST_F(TreeFixture, InsertPlacesFollowTheirCodes) {
+  HTREEITEM const root = tree->InsertItem("root");
+  HTREEITEM const m = tree->InsertItem("m", root);
+  tree->InsertItem("z", root, TVI_LAST);
+  tree->InsertItem("a", root, TVI_FIRST);
+  tree->InsertItem("n", root, m);         // after a given sibling
+  tree->InsertItem("B", root, TVI_SORT);  // case-blind place among sorted ones
+  tree->InsertItem("b", root, TVI_SORT);  // equal texts: after the present one
+  HTREEITEM const other = tree->InsertItem("other");
+  tree->InsertItem("y", root, tree->InsertItem("child of other", other));  // not a sibling: last
+  EXPECT_EQ(Children(root), (Texts{"a", "B", "b", "m", "n", "z", "y"}));
+  EXPECT_EQ(Children(TVI_ROOT), (Texts{"root", "other"}));
+  EXPECT_EQ(tree->GetCount(), 10u);
+}
+
+TEST_F(TreeFixture, WalksByCode) {
+  HTREEITEM const a = tree->InsertItem("a");
+  HTREEITEM const a1 = tree->InsertItem("a1", a);
+  HTREEITEM const a11 = tree->InsertItem("a11", a1);
+  HTREEITEM const a2 = tree->InsertItem("a2", a);
+  HTREEITEM const b = tree->InsertItem("b");
+
+  struct Step {
+    HTREEITEM from;
+    UINT code;
+    HTREEITEM expected;
+  };
+  // Collapsed: the visible walk sees the roots only.
+  for (Step const & step :
+       std::vector<Step>{{a, TVGN_NEXT, b},
+                         {b, TVGN_PREVIOUS, a},
+                         {a1, TVGN_PARENT, a},
+                         {a, TVGN_PARENT, {}},
+                         {a, TVGN_CHILD, a1},
+                         {{}, TVGN_ROOT, a},
+                         {a, TVGN_NEXTVISIBLE, b},
+                         {b, TVGN_PREVIOUSVISIBLE, a},
+                         {a1, TVGN_NEXTVISIBLE, {}},  // hidden rows have no neighbours
+                         {{}, TVGN_LASTVISIBLE, b}})
+    EXPECT_EQ(tree->GetNextItem(step.from, step.code), step.expected)
+        << tree->GetItemText(step.from) << " code " << step.code;
+
+  tree->Expand(a, TVE_EXPAND);
+  tree->Expand(a1, TVE_EXPAND);
+  std::vector<HTREEITEM> shown;
+  for (HTREEITEM item = tree->GetRootItem(); item; item = tree->GetNextVisibleItem(item))
+    shown.push_back(item);
+  EXPECT_EQ(shown, (std::vector<HTREEITEM>{a, a1, a11, a2, b}));
+  std::vector<HTREEITEM> back;
+  for (HTREEITEM item = tree->GetLastVisibleItem(); item; item = tree->GetPrevVisibleItem(item))
+    back.push_back(item);
+  EXPECT_EQ(back, (std::vector<HTREEITEM>{b, a2, a11, a1, a}));
+}
+
+TEST_F(TreeFixture, ADeletedItemsHandleActsAsNullEvenWhenItsSlotIsReused) {
+  HTREEITEM const keep = tree->InsertItem("keep");
+  HTREEITEM const gone = tree->InsertItem("gone", keep);
+  tree->SetItemData(gone, 0x1122334455667788ULL);  // 64-bit data
+  EXPECT_EQ(tree->GetItemData(gone), 0x1122334455667788ULL);
+  ASSERT_TRUE(tree->DeleteItem(gone));
+  HTREEITEM const reused = tree->InsertItem("new", keep);
+  EXPECT_EQ(reused.slot, gone.slot);  // the store reuses the slot...
+  EXPECT_NE(reused, gone);            // ...under a new generation
+
+  EXPECT_FALSE(tree->IsValidItem(gone));
+  EXPECT_EQ(tree->GetItemText(gone), "");
+  EXPECT_EQ(tree->GetItemData(gone), 0u);
+  EXPECT_FALSE(tree->SetItemText(gone, "x"));
+  EXPECT_FALSE(tree->SetItemState(gone, TVIS_BOLD, TVIS_BOLD));
+  EXPECT_FALSE(tree->DeleteItem(gone));
+  EXPECT_FALSE(tree->Expand(gone, TVE_EXPAND));
+  EXPECT_FALSE(tree->EnsureVisible(gone));
+  EXPECT_FALSE(tree->GetNextItem(gone, TVGN_PARENT));
+  EXPECT_FALSE(tree->InsertItem("under stale", gone));
+  RECT rect{};
+  EXPECT_FALSE(tree->GetItemRect(gone, &rect, 0));
+  EXPECT_EQ(tree->GetItemText(reused), "new");
+  EXPECT_EQ(tree->GetCount(), 2u);
+}
+
+TEST_F(TreeFixture, DeletingABranchTellsEachItemChildrenFirstAndMovesTheCaretOut) {
+  HTREEITEM const a = tree->InsertItem("a");
+  HTREEITEM const a1 = tree->InsertItem("a1", a);
+  HTREEITEM const a11 = tree->InsertItem("a11", a1);
+  HTREEITEM const a2 = tree->InsertItem("a2", a);
+  HTREEITEM const b = tree->InsertItem("b");
+  tree->SelectItem(a11);
+  notified.clear();
+  ASSERT_TRUE(tree->DeleteItem(a));
+  std::vector<HTREEITEM> deleted;
+  for (auto const & seen : Of(TVN_DELETEITEM)) deleted.push_back(seen.oldItem);
+  EXPECT_EQ(deleted, (std::vector<HTREEITEM>{a11, a1, a2, a}));
+  EXPECT_EQ(tree->GetSelectedItem(), b);  // the next sibling of the deleted branch
+  EXPECT_EQ(tree->GetCount(), 1u);
+  EXPECT_EQ(tree->GetRootItem(), b);
+
+  tree->DeleteAllItems();
+  EXPECT_EQ(tree->GetCount(), 0u);
+  EXPECT_FALSE(tree->GetSelectedItem());
+  EXPECT_FALSE(tree->GetRootItem());
+}
+
+TEST_F(TreeFixture, StatesKeepTheirBitsAndTheCheckBoxIsStateImageTwo) {
+  tree->ModifyStyle(0, TVS_CHECKBOXES);
+  HTREEITEM const item = tree->InsertItem("item");
+  EXPECT_EQ(tree->GetItemState(item, TVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(1));  // a new box
+  EXPECT_FALSE(tree->GetCheck(item));
+  tree->SetCheck(item, 1);
+  EXPECT_TRUE(tree->GetCheck(item));
+  tree->SetItemState(item, INDEXTOSTATEIMAGEMASK(5) | TVIS_BOLD, TVIS_STATEIMAGEMASK | TVIS_BOLD);
+  EXPECT_EQ(tree->GetItemState(item, 0xFFFF), INDEXTOSTATEIMAGEMASK(5) | TVIS_BOLD);
+  tree->SetItemState(item, 0, TVIS_BOLD);  // only the masked bits change
+  EXPECT_EQ(tree->GetItemState(item, 0xFFFF), INDEXTOSTATEIMAGEMASK(5));
+
+  // An explicit state image on insert wins over the new box.
+  HTREEITEM const none = tree->InsertItem(TVIF_TEXT | TVIF_STATE, "none", 0, 0, 0,
+                                          TVIS_STATEIMAGEMASK, 0, TVI_ROOT, TVI_LAST);
+  EXPECT_EQ(tree->GetItemState(none, TVIS_STATEIMAGEMASK), 0u);
+
+  wchar_t buffer[4];
+  TVITEMW fields;
+  fields.mask = TVIF_TEXT | TVIF_CHILDREN;
+  fields.hItem = item;
+  fields.pszText = buffer;
+  fields.cchTextMax = 4;  // "item" does not fit: cut, terminated
+  ASSERT_TRUE(tree->GetItem(&fields));
+  EXPECT_EQ(std::wstring(buffer), L"ite");
+  EXPECT_EQ(fields.cChildren, 0);
+  fields.mask = TVIF_CHILDREN;
+  fields.cChildren = 1;  // a button without children, to be filled on expanding
+  tree->SetItem(&fields);
+  EXPECT_TRUE(tree->ItemHasChildren(item));
+}
+
+int CompareData(LPARAM a, LPARAM b, LPARAM direction) {
+  return static_cast<int>((a - b) * direction);
+}
+
+TEST_F(TreeFixture, SortingIsStableAndCallbacksSeeTheData) {
+  for (auto const * text : {"b", "B", "a", "c", "A"}) tree->InsertItem(text);
+  tree->SortChildren(TVI_ROOT);
+  EXPECT_EQ(Children(TVI_ROOT), (Texts{"a", "A", "b", "B", "c"}));
+
+  HTREEITEM const parent = tree->InsertItem("parent");
+  int data = 0;
+  for (auto const * text : {"one", "two", "three", "four"}) {
+    HTREEITEM const child = tree->InsertItem(text, parent);
+    tree->SetItemData(child, static_cast<DWORD_PTR>(data++ % 2));
+  }
+  TVSORTCB sort;
+  sort.hParent = parent;
+  sort.lpfnCompare = CompareData;
+  sort.lParam = -1;  // descending
+  ASSERT_TRUE(tree->SortChildrenCB(&sort));
+  EXPECT_EQ(Children(parent), (Texts{"two", "four", "one", "three"}));
+  // The links both ways agree after the sort.
+  EXPECT_EQ(tree->GetPrevSiblingItem(tree->GetNextSiblingItem(tree->GetChildItem(parent))),
+            tree->GetChildItem(parent));
+}
+
+TEST_F(TreeFixture, AChainOfAHundredThousandLevelsWalksShowsAndDeletesWithoutRecursion) {
+  constexpr int levels = 100000;
+  HTREEITEM const top = tree->InsertItem("level 0");
+  HTREEITEM deepest = top;
+  for (int level = 1; level < levels; ++level) deepest = tree->InsertItem("deep", deepest);
+  int walked = 0;
+  for (HTREEITEM item = top; item; item = tree->GetNextItem(item, TVGN_CHILD)) ++walked;
+  EXPECT_EQ(walked, levels);
+
+  // Showing the deepest item opens every level and scrolls to it.
+  ASSERT_TRUE(tree->SelectItem(deepest));
+  EXPECT_EQ(tree->GetLastVisibleItem(), deepest);
+  RECT rect{};
+  ASSERT_TRUE(tree->GetItemRect(deepest, &rect, 0));
+  EXPECT_GE(rect.top, 0);
+  EXPECT_LE(rect.bottom, tree->GetClientSize().GetHeight());
+  tree->Update();  // a paint with the deepest row on screen
+  tree->OnKeyDown(VK_MULTIPLY, 1, 0);
+  tree->OnKeyDown(VK_HOME, 1, 0);
+  EXPECT_EQ(tree->GetSelectedItem(), top);
+
+  ASSERT_TRUE(tree->DeleteItem(top));
+  EXPECT_EQ(tree->GetCount(), 0u);
+  EXPECT_FALSE(tree->IsValidItem(deepest));
+}
+
+}  // namespace
