@@ -1,46 +1,33 @@
 #pragma once
-// The sample's "Tools > Instruments..." dialog: the laboratory's instruments
-// in a report list with check boxes (in use or not), sortable by a click on
-// a heading, overdue calibrations painted red through custom draw, and a
-// line that counts the instruments in use.
+// The sample's "Instruments" dialog: a check combo of the lab's instruments.
+// OK takes the checked ones (the combo's face shows in the status bar);
+// the first instrument cannot be left unchecked alone, and the reference
+// balance is shown but cannot be chosen.
 
 #include <wx/dialog.h>
 
 #include <vector>
 
-#include "platform/commctrl/CListCtrl.h"
-
+class CheckComboBox;
+class wxFrame;
 class wxMenu;
-class wxStaticText;
+
+// The instruments the sample's runs were measured on.
+std::vector<char const *> const & SampleInstrumentNames();
 
 class InstrumentsDialog : public wxDialog {
 public:
-  struct Instrument {
-    wxString name;
-    wxString kind;
-    wxString calibrated;  // ISO date
-    int runs;
-    bool overdue;
-    bool inUse;
-  };
+  // `checked`: the indexes of SampleInstrumentNames() checked at first.
+  InstrumentsDialog(wxWindow * parent, std::vector<int> const & checked);
 
-  explicit InstrumentsDialog(wxWindow * parent);
-
-  CListCtrl & GetList() { return *mList; }
-  wxString GetSummary() const;
-  // The instruments as the list now shows them, by name.
-  std::vector<wxString> ShownNames() const;
+  CheckComboBox & GetCombo() const { return *mCombo; }
+  // The indexes checked now.
+  std::vector<int> GetChecked() const;
 
 private:
-  void OnListNotify(NotifyEvent & event);
-  void SortBy(int column);
-
-  std::vector<Instrument> mInstruments;  // item data: the index here
-  CListCtrl * mList = nullptr;
-  wxStaticText * mSummary = nullptr;
-  int mSortColumn = -1;
-  bool mAscending = true;
+  CheckComboBox * mCombo = nullptr;
 };
 
-// Appends "Instruments..." to `menu`; `frame` handles it.
-void AddInstrumentsCommand(wxMenu & menu, wxWindow & frame);
+// Appends the command to `menu`; `frame` handles it, keeps the choice
+// between openings and shows it in its status bar.
+void AddInstrumentsCommand(wxMenu & menu, wxFrame & frame);

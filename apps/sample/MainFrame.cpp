@@ -7,9 +7,9 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include "BatchCommand.h"
+#include "CalibrationListDialog.h"
 #include "DateFormatCommand.h"
 #include "FileCommands.h"
-#include "InstrumentChoiceDialog.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "ProjectTreeWindow.h"
@@ -72,12 +72,12 @@ void MainFrame::BuildMenus() {
   AddDateFormatCommand(*tools, *this);
   AddTimeGridCommand(*tools, *this);
   AddPickRunCommand(*tools, *this);
-  AddInstrumentChoiceCommand(*tools, *this);
+  AddInstrumentsCommand(*tools, *this);
   AddReportCommand(*tools, *this);
   AddProjectTreeCommand(*tools, *this);
   AddTreeViewCommand(*tools, *this);
+  AddCalibrationListCommand(*tools, *this);
   tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
-  AddInstrumentsCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
@@ -88,6 +88,8 @@ void MainFrame::BuildMenus() {
   SetMenuBar(bar);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
   Bind(wxEVT_MENU, &MainFrame::OnRunCalculation, this, kRunCalculationCommand);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent &) { SetStatusText(mRuns->CopyRuns()); }, kCopyRunsCommand);
   // wx menus take ids below 0x7fff only, so the item is the toolkit's about
   // item, and its command and update go on to the application as the
   // family's about command, which VxApp handles.
@@ -123,8 +125,6 @@ void MainFrame::BuildPage() {
   // face would cost the start-up a font load (several milliseconds).
   sizer->Add(intro, 0, wxLEFT | wxRIGHT | wxTOP, 16);
   mRuns = new RunListPanel(page);
-  Bind(
-      wxEVT_MENU, [this](wxCommandEvent &) { SetStatusText(mRuns->CopyRuns()); }, kCopyRunsCommand);
   sizer->Add(mRuns, 1, wxEXPAND | wxALL, 8);
   page->SetSizer(sizer);
 }

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "InstrumentChoiceDialog.h"
+#include "InstrumentsDialog.h"
 #include "SampleCommands.h"
 #include "lists/FilterListItems.h"
 #include "lists/TrackFilterListCtrlPopup.h"

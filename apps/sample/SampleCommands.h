@@ -19,7 +19,9 @@ enum SampleCommand : int {
   kDateFormatCommand,
   kTimeGridCommand,
   kPickRunCommand,
-  kInstrumentChoiceCommand,
+  kInstrumentsCommand,
+  kCalibrationListCommand,
+  kCopyRunsCommand,
   kReportCommand,
   kRunsByProjectCommand,
   // Runs by project (its own window)
@@ -28,8 +30,6 @@ enum SampleCommand : int {
   kFindNextRunCommand,
   kDeleteRunsCommand,
   kTreeViewCommand,
-  kCopyRunsCommand,
-  kInstrumentsCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

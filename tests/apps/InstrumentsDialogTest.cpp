@@ -1,66 +1,78 @@
-// The sample's instrument list, opened from its menu command: checks count
-// the instruments in use, a click on a heading sorts and a second click
-// turns the order round, with the arrow on that heading only.
+// Tools > Instruments on the sample's real main frame: the check combo keeps
+// its last check and refuses the reference balance, OK shows the face in
+// the status bar and keeps the choice for the next opening, Cancel keeps
+// nothing.
 #include <gtest/gtest.h>
+
+#include <wx/statusbr.h>
+
+#include <functional>
+#include <vector>
 
 #include "InstrumentsDialog.h"
 #include "MainFrame.h"
 #include "SampleCommands.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
-// Last: Xlib's macros clash with names in the headers above.
-#include "../platform/commctrl/ListInput.h"
+#include "lists/CheckComboBox.h"
+#include "lists/ListSeparator.h"
 
 namespace {
 
-TEST(InstrumentsDialog, TheMenuCommandShowsTheListThatChecksCountsAndHeadingsSort) {
-  auto * frame = new MainFrame;
-  ASSERT_TRUE(gui_test::ShowAndWait(*frame));
-  std::vector<wxString> ascending, descending;
-  wxString summaryAfterUncheck;
-  int arrowOnRuns = 0, arrowOnName = -1;
-  ModalDialogScript script;
-  script.Act([&](wxDialog & shown) {
-    auto & dialog = dynamic_cast<InstrumentsDialog &>(shown);
-    EXPECT_EQ(dialog.GetSummary(), "6 of 8 instruments in use");
-    CListCtrl & list = dialog.GetList();
-    int const row = list.GetNextItem(-1, LVNI_ALL);
-    ASSERT_TRUE(list.GetCheck(row));
-    list.SetCheck(row, false);
-    summaryAfterUncheck = dialog.GetSummary();
+class InstrumentsDialogTest : public testing::Test {
+protected:
+  void SetUp() override {
+    frame = new MainFrame;
+    ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+  }
+  void TearDown() override {
+    frame->Destroy();
+    gui_test::Flush();
+  }
 
-    CHeaderCtrl & header = *list.GetHeaderCtrl();
-    RECT runs{};
-    header.GetItemRect(3, &runs);
-    wxPoint const heading((runs.left + runs.right) / 2, (runs.top + runs.bottom) / 2);
-    list_input::ClickAt(header, heading);
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return dialog.ShownNames()[0] == "pH meter 7"; }));
-    ascending = dialog.ShownNames();
-    // Away and back, so that the two clicks are not one double click.
-    list_input::MoveTo(header, wxPoint(10, heading.y));
-    list_input::Press(3, true);
-    list_input::Press(3, false);
-    list_input::ClickAt(header, heading);
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return dialog.ShownNames()[0] == "Balance A3"; }));
-    descending = dialog.ShownNames();
-    gui_test::Snapshot(dialog, "instruments");
-    arrowOnRuns = header.GetItemFormat(3) & (HDF_SORTUP | HDF_SORTDOWN);
-    arrowOnName = header.GetItemFormat(0) & (HDF_SORTUP | HDF_SORTDOWN);
-    dialog.EndModal(wxID_OK);
+  // Opens the dialog; `act` toggles as the user would and returns how the
+  // dialog ends. What was checked when it opened comes back.
+  std::vector<int> Open(std::function<int(InstrumentsDialog &)> act) {
+    std::vector<int> atOpening;
+    ModalDialogScript script;
+    script.Act([&](wxDialog & dialog) {
+      auto * const instruments = dynamic_cast<InstrumentsDialog *>(&dialog);
+      ASSERT_NE(instruments, nullptr);
+      atOpening = instruments->GetChecked();
+      dialog.EndModal(act(*instruments));
+    });
+    wxCommandEvent command(wxEVT_MENU, kInstrumentsCommand);
+    command.SetEventObject(frame);
+    frame->ProcessWindowEvent(command);
+    return atOpening;
+  }
+
+  wxString Status() const { return frame->GetStatusBar()->GetStatusText(); }
+
+  MainFrame * frame = nullptr;
+};
+
+TEST_F(InstrumentsDialogTest, OkKeepsTheChecksAndShowsTheFaceCancelKeepsNothing) {
+  std::vector<int> const first = Open([](InstrumentsDialog & dialog) {
+    CheckComboBox & combo = dialog.GetCombo();
+    combo.ToggleItem(0, true);  // the only check: it stays
+    combo.ToggleItem(5, true);  // the reference balance is never chosen
+    combo.ToggleItem(2, true);
+    return wxID_OK;
   });
-  wxCommandEvent command(wxEVT_MENU, kInstrumentsCommand);
-  command.SetEventObject(frame);
-  frame->ProcessWindowEvent(command);
-  frame->Destroy();
+  EXPECT_EQ(first, std::vector<int>{0}) << "the balance is checked at first";
+  wxString const separator = wxString::FromUTF8(UserListSeparator()) + " ";
+  EXPECT_EQ(Status(), "Instruments: Balance" + separator + "Spectrometer");
 
-  ASSERT_EQ(script.Shown().size(), 1u);
-  EXPECT_EQ(summaryAfterUncheck, "5 of 8 instruments in use");
-  ASSERT_EQ(ascending.size(), 8u);
-  EXPECT_EQ(ascending.back(), "Balance A3");
-  std::vector<wxString> reversed(ascending.rbegin(), ascending.rend());
-  EXPECT_EQ(descending, reversed);
-  EXPECT_EQ(arrowOnRuns, HDF_SORTDOWN);
-  EXPECT_EQ(arrowOnName, 0);
+  std::vector<int> const second = Open([](InstrumentsDialog & dialog) {
+    dialog.GetCombo().ToggleItem(0, true);
+    return wxID_CANCEL;
+  });
+  EXPECT_EQ(second, (std::vector<int>{0, 2}));
+  EXPECT_EQ(Status(), "Instruments: Balance" + separator + "Spectrometer");
+
+  std::vector<int> const third = Open([](InstrumentsDialog &) { return wxID_CANCEL; });
+  EXPECT_EQ(third, (std::vector<int>{0, 2})) << "a cancelled change is not kept";
 }
 
 }  // namespace

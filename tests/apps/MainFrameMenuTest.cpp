@@ -17,7 +17,7 @@
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
-#include "InstrumentChoiceDialog.h"
+#include "CalibrationListDialog.h"
 #include "InstrumentsDialog.h"
 #include "MainFrame.h"
 #include "ProjectTreeWindow.h"
@@ -52,17 +52,17 @@ enum class Opens {
   kBatchQuestion,
   kDateFormat,
   kTimeGrid,
-  kRunPicker,         // the filter popup over the sample's runs
-  kInstrumentChoice,  // the check combo of instruments
-  kReportWindow,      // the report window opens over the frame
-  kInstruments,
-  kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
-  kDetails,       // a details dialog
-  kInfo,          // an information dialog
-  kNothing,       // says so in the status bar
-  kAboutBox,      // the application's about command
-  kCloseRequest,  // the frame is asked to close
-  kProjectTree,   // the runs by project window
+  kRunPicker,        // the filter popup over the sample's runs
+  kInstruments,      // the instruments dialog
+  kReportWindow,     // the report window opens over the frame
+  kCalibrationList,  // the sample's report list
+  kMessageBox,       // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,          // a details dialog
+  kInfo,             // an information dialog
+  kNothing,          // says so in the status bar
+  kAboutBox,         // the application's about command
+  kCloseRequest,     // the frame is asked to close
+  kProjectTree,      // the runs by project window
 };
 
 struct Expected {
@@ -82,12 +82,12 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Date format...", {Opens::kDateFormat}},
     {"Tools/Time grid...", {Opens::kTimeGrid}},
     {"Tools/Pick a run...", {Opens::kRunPicker}},
-    {"Tools/Choose instruments...", {Opens::kInstrumentChoice}},
+    {"Tools/Instruments...", {Opens::kInstruments}},
+    {"Tools/Calibration list...", {Opens::kCalibrationList}},
+    {"Tools/Copy runs", {Opens::kNothing}},
     {"Tools/Report", {Opens::kReportWindow}},
     {"Tools/Runs by project...", {Opens::kProjectTree}},
     {"Tools/Tree view", {Opens::kNothing}},
-    {"Tools/Copy runs", {Opens::kNothing}},
-    {"Tools/Instruments...", {Opens::kInstruments}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -121,10 +121,10 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderDialog;
   } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kFolderCollection;
+  } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kCalibrationList;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
-  } else if (dynamic_cast<InstrumentChoiceDialog *>(&dialog) != nullptr) {
-    seen.opens = Opens::kInstrumentChoice;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
   } else if (dynamic_cast<SpecifyDateFormat *>(&dialog) != nullptr) {
@@ -233,9 +233,10 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     ModalDialogScript script;
     // The kinds that show a modal dialog, one a line.
     static std::set<Opens> const dialogKinds{
-        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion, Opens::kMessageBox,
-        Opens::kDateFormat,   Opens::kTimeGrid,         Opens::kInstruments,   Opens::kDetails,
-        Opens::kInfo,         Opens::kInstrumentChoice,
+        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
+        Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
+        Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
+        Opens::kInfo,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -275,11 +276,11 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderDialog:
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
+      case Opens::kCalibrationList:
       case Opens::kDateFormat:
-      case Opens::kInstruments:
-      case Opens::kInstrumentChoice:
       case Opens::kMessageBox:
       case Opens::kTimeGrid:
+      case Opens::kInstruments:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

@@ -103,6 +103,9 @@ DWORD CListCtrl::SetExtendedStyle(DWORD exStyle) {
   if ((exStyle & LVS_EX_CHECKBOXES) == 0 && (before & LVS_EX_CHECKBOXES) != 0) {
     for (Row & row : mRows) row.state = static_cast<uint16_t>(row.state & ~LVIS_STATEIMAGEMASK);
   }
+  if (((before ^ exStyle) & LVS_EX_HEADERDRAGDROP) != 0)
+    mHeader->ModifyHeaderStyle((exStyle & LVS_EX_HEADERDRAGDROP) != 0 ? 0 : HDS_DRAGDROP,
+                               (exStyle & LVS_EX_HEADERDRAGDROP) != 0 ? HDS_DRAGDROP : 0);
   UpdateRowHeight();
   UpdateScrollBars();
   Refresh();
@@ -284,6 +287,7 @@ bool CListCtrl::ReplaceHeaderCtrl(CHeaderCtrl * header) {
     header->InsertItem(index, &item);
   }
   header->SetOrderArray(static_cast<int>(order.size()), order.data());
+  if ((mExStyle & LVS_EX_HEADERDRAGDROP) != 0) header->ModifyHeaderStyle(0, HDS_DRAGDROP);
   header->Bind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
   mHeader->Unbind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
   mHeader->Destroy();
@@ -863,6 +867,9 @@ void CListCtrl::LayoutHeader() {
   if (mHeader == nullptr) return;
   bool const show = (mStyle & LVS_NOCOLUMNHEADER) == 0 && (mStyle & LVS_TYPEMASK) == LVS_REPORT;
   mHeader->Show(show);
+  // Headings that sort nothing are not buttons.
+  mHeader->ModifyHeaderStyle((mStyle & LVS_NOSORTHEADER) != 0 ? HDS_BUTTONS : 0,
+                             (mStyle & LVS_NOSORTHEADER) != 0 ? 0 : HDS_BUTTONS);
   int const height = show ? mHeader->GetIdealHeight() : 0;
   mHeader->SetSize(0, 0, std::max(GetClientSize().x, 1), std::max(height, 1));
   mHeader->SetScrollOffset(mScrollX);

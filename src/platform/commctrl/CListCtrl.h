@@ -242,6 +242,8 @@ private:
   void PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT prepaint);
   void PaintCell(wxDC & dc, int item, Place const & place, wxRect const & cell, COLORREF text,
                  COLORREF back, bool selected);
+  // Whether `text` is certainly no wider than `room` without measuring it.
+  bool FitsSurely(wxString const & text, int room) const;
   // The text as painted: a reference to the stored one where there is one.
   wxString const & TextForPaint(int item, int subItem);
   void OnEraseBackground(wxEraseEvent & event);
@@ -271,6 +273,7 @@ private:
   bool mScrollBarsStale = false;
   std::vector<Place> mPlaces;  // of the paint under way
   int mCharHeight = 0;
+  int mWidestAscii = 0;
   wxString mPaintText;
   bool mHasFocus = false;
   // Mouse: the row pressed, where, and whether a drag notification went.

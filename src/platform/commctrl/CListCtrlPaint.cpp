@@ -47,6 +47,9 @@ void CListCtrl::PaintRows(wxDC & dc, wxRect const & clip) {
   dc.DrawRectangle(clip);
   dc.SetFont(GetFont());
   mCharHeight = dc.GetCharHeight();
+  mWidestAscii = 0;
+  for (char const * wide : {"W", "M", "@", "%"})
+    mWidestAscii = std::max(mWidestAscii, dc.GetTextExtent(wide).x);
   mPlaces.clear();
   int x = -mScrollX;
   for (int const column : mHeader->GetOrder()) {
@@ -165,6 +168,13 @@ void CListCtrl::PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT pr
   }
 }
 
+bool CListCtrl::FitsSurely(wxString const & text, int room) const {
+  if (static_cast<int64_t>(text.length()) * mWidestAscii > room) return false;
+  // Only ASCII letters are known to be no wider than the widest measured.
+  return std::all_of(text.wc_str(), text.wc_str() + text.length(),
+                     [](wchar_t c) { return c >= 32 && c < 127; });
+}
+
 wxString const & CListCtrl::TextForPaint(int item, int subItem) {
   if (!IsOwnerData()) {
     Row const & row = mRows[static_cast<size_t>(item)];
@@ -219,8 +229,14 @@ void CListCtrl::PaintCell(wxDC & dc, int item, Place const & place, wxRect const
   int const room = label.width - 2 * TextMargin;
   if (room <= 0) return;
   dc.SetTextForeground(ToColour(text));
-  int width = dc.GetTextExtent(content).x;
   int const y = label.y + (label.height - mCharHeight) / 2;
+  int const justify = place.format & LVCFMT_JUSTIFYMASK;
+  if (justify == LVCFMT_LEFT && FitsSurely(content, room)) {
+    // Left-aligned text that fits whatever its letters: no measuring.
+    dc.DrawText(content, label.x + TextMargin, y);
+    return;
+  }
+  int const width = dc.GetTextExtent(content).x;
   if (width > room) {
     // Too narrow: the text ends in an ellipsis, as the platform's does.
     wxString const shown = wxControl::Ellipsize(content, dc, wxELLIPSIZE_END, room);
@@ -228,7 +244,7 @@ void CListCtrl::PaintCell(wxDC & dc, int item, Place const & place, wxRect const
     return;
   }
   int x = label.x + TextMargin;
-  switch (place.format & LVCFMT_JUSTIFYMASK) {
+  switch (justify) {
     case LVCFMT_RIGHT: x = label.GetRight() + 1 - TextMargin - width; break;
     case LVCFMT_CENTER: x = label.x + (label.width - width) / 2; break;
     default: break;

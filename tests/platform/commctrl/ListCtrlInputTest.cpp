@@ -271,6 +271,15 @@ class HeaderInputTest : public ListInputTest {
 protected:
   CHeaderCtrl & Header() { return *f.list->GetHeaderCtrl(); }
   wxPoint Divider() { return wxPoint(80, Header().GetSize().y / 2); }
+  // A click elsewhere, so that the next press does not make a double click
+  // with the last one; the notifications so far are forgotten.
+  void ClickElsewhere() {
+    f.seen.clear();
+    ClickAt(*f.list, wxPoint(300, 100));
+    ASSERT_TRUE(
+        gui_test::WaitUntil([&] { return !f.seen.empty() && f.seen.back() == "CLICK -1,0"; }));
+    f.seen.clear();
+  }
   bool SeenEnd() {
     return gui_test::WaitUntil(
         [&] { return !f.seen.empty() && f.seen.back().rfind("ENDTRACK", 0) == 0; });
@@ -281,16 +290,18 @@ TEST_F(HeaderInputTest, ADragResizesAHandlerMayRefuseClampOrChangeTheEnd) {
   struct Case {
     char const * name;
     bool refuse;
+    bool refuseMove;  // HDN_TRACK answered nonzero: the drag ends there
     int minimum;
     int endWidth;
     int dragTo;
     int expected;
   };
   Case const cases[] = {
-      {"plain", false, 0, 0, 130, 130},
-      {"clamped to the minimum", false, 60, 0, 20, 60},
-      {"changed at the end", false, 0, 99, 150, 99},
-      {"refused", true, 0, 0, 150, 80},
+      {"plain", false, false, 0, 0, 130, 130},
+      {"clamped to the minimum", false, false, 60, 0, 20, 60},
+      {"changed at the end", false, false, 0, 99, 150, 99},
+      {"refused", true, false, 0, 0, 150, 80},
+      {"a move refused", false, true, 0, 0, 150, 80},
   };
   for (Case const & c : cases) {
     f.list->SetColumnWidth(0, 80);
@@ -302,6 +313,7 @@ TEST_F(HeaderInputTest, ADragResizesAHandlerMayRefuseClampOrChangeTheEnd) {
         gui_test::WaitUntil([&] { return !f.seen.empty() && f.seen.back() == "CLICK -1,0"; }));
     f.seen.clear();
     f.refuseTrack = c.refuse;
+    f.refuseTrackMove = c.refuseMove;
     f.minimumWidth = c.minimum;
     f.endTrackWidth = c.endWidth;
     bool pressed = false;
@@ -332,16 +344,46 @@ TEST_F(HeaderInputTest, ADragResizesAHandlerMayRefuseClampOrChangeTheEnd) {
   }
 }
 
+TEST_F(HeaderInputTest, AHeadingDraggedSidewaysMovesItsColumnUnlessTheDropIsRefused) {
+  f.list->SetExtendedStyle(LVS_EX_HEADERDRAGDROP);
+  struct Case {
+    char const * name;
+    bool refuse;
+    std::vector<int> order;
+  };
+  for (Case const & c : {Case{"refused", true, {0, 1, 2}}, Case{"moved", false, {1, 2, 0}}}) {
+    ClickElsewhere();
+    f.refuseDrop = c.refuse;
+    list_input::DragFromTo(Header(), wxPoint(40, Divider().y), wxPoint(230, Divider().y), [&] {
+      // The release's own place decides; the drag must have begun before it.
+      gui_test::WaitUntil(
+          [&] { return Header().GetPressedItem() == 0 || Header().GetDraggedItem() == 0; });
+    });
+    ASSERT_TRUE(gui_test::WaitUntil([&] { return !f.seen.empty(); })) << c.name;
+    EXPECT_EQ(f.seen, Seen{"ENDDRAG 0 to 2"}) << c.name;
+    EXPECT_EQ(Header().GetOrder(), c.order) << c.name;
+  }
+  // The cells of column 0 are now painted last.
+  RECT cell{};
+  f.list->GetSubItemRect(0, 1, LVIR_BOUNDS, &cell);
+  EXPECT_EQ(cell.left, 0);
+  f.list->GetItemRect(0, &cell, LVIR_LABEL);
+  EXPECT_EQ(cell.left, 160);
+}
+
 TEST_F(HeaderInputTest, DividerDoubleClickFitsTheColumnAndAHeadingClickSorts) {
   f.list->SetColumnWidth(0, 80);
+  ClickElsewhere();
   list_input::MoveTo(Header(), Divider());
   list_input::Press(1, true);
   list_input::Press(1, false);
+  // The first click is handled before the second comes, as a hand's would be.
+  ASSERT_TRUE(SeenEnd());
   list_input::Press(1, true);
   list_input::Press(1, false);
   ASSERT_TRUE(gui_test::WaitUntil([&] {
     return std::find(f.seen.begin(), f.seen.end(), "DIVIDERDBLCLICK 0") != f.seen.end();
-  }));
+  })) << ::testing::PrintToString(f.seen);
   int const widest = f.list->GetStringWidth("r39c0");
   ASSERT_TRUE(gui_test::WaitUntil([&] { return f.list->GetColumnWidth(0) < 80; }));
   EXPECT_GE(f.list->GetColumnWidth(0), widest);
