@@ -36,6 +36,8 @@ struct CTreeCtrl::Impl {
   mutable uint64_t topVersion = 0;
   mutable int topVersionRow = -1;
   mutable uint32_t topSlot = 0;
+  // The item on top: after a change it stays on top while it is shown.
+  HTREEITEM topItem{};
 
   // What the selection and expand notifications say caused them.
   UINT selectAction = TVC_UNKNOWN;

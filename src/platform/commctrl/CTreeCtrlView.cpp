@@ -253,12 +253,18 @@ static int RowCount(CTreeCtrl::Impl const & impl) {
   return impl.rowCount;
 }
 
-// Keeps the top row in range and remembers its slot.
+// Keeps the top row in range and remembers its slot. After a change of the
+// shown rows the item that was on top stays there if it is still shown.
 static void SettleTop(CTreeCtrl::Impl & impl, int pageRows) {
+  if (impl.topVersion != impl.layoutVersion) {
+    uint32_t const anchor = impl.nodes.Slot(impl.topItem);
+    if (anchor != 0 && impl.nodes.IsShown(anchor)) impl.topRow = RowOfSlot(impl, anchor);
+  }
   int const rows = RowCount(impl);
   impl.topRow = std::max(0, std::min(impl.topRow, rows - std::max(1, pageRows)));
   if (impl.topVersion != impl.layoutVersion || impl.topVersionRow != impl.topRow) {
     impl.topSlot = SlotAtRow(impl, impl.topRow);
+    impl.topItem = impl.nodes.Handle(impl.topSlot);
     impl.topVersionRow = impl.topRow;
     impl.topVersion = impl.layoutVersion;
   }
@@ -271,7 +277,9 @@ HTREEITEM CTreeCtrl::GetFirstVisibleItem() const {
 }
 
 int CTreeCtrl::GetScrollPos(int bar) const {
-  return bar == SB_HORZ ? mImpl->scrollX : mImpl->topRow;
+  if (bar == SB_HORZ) return mImpl->scrollX;
+  SettleTop(const_cast<Impl &>(*mImpl), static_cast<int>(GetVisibleCount()));
+  return mImpl->topRow;
 }
 
 // The parts of a row; `font` measures the label in another font than the
@@ -416,6 +424,7 @@ static void UpdateScrollbars(CTreeCtrl & tree, CTreeCtrl::Impl & impl) {
 
 void CTreeCtrl::OnVScroll(UINT code, UINT position) {
   int const page = std::max(1, static_cast<int>(GetVisibleCount()));
+  SettleTop(*mImpl, page);
   int top = mImpl->topRow;
   switch (code) {
     case SB_LINEUP: --top; break;
@@ -573,6 +582,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   Impl & impl = *mImpl;
   TreeNodeStore const & nodes = impl.nodes;
   UpdateScrollbars(*this, impl);
+  SettleTop(impl, static_cast<int>(GetVisibleCount()));
   wxSize const client = GetClientSize();
   if (!impl.coloursKnown) {
     impl.window = GetSysColour(COLOR_WINDOW);

@@ -307,3 +307,61 @@ TEST_F(TreeBehaviour, LabelEditingAsksBeforeAndTheAnswerAfterDecides) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(TreeFixture, ScrollingKeepsRowsHitTestsAndTheCaretInStep) {
+  std::vector<HTREEITEM> rows;
+  for (int i = 0; i < 200; ++i) rows.push_back(tree->InsertItem(wxString::Format("row %03d", i)));
+  int const page = static_cast<int>(tree->GetVisibleCount());
+  int const height = tree->GetItemHeight();
+  ASSERT_GT(page, 3);
+
+  struct Case {
+    UINT code;
+    UINT position;
+    int top;  // the first shown row after the scroll
+  };
+  for (Case const & c :
+       std::vector<Case>{{SB_LINEDOWN, 0, 1},
+                         {SB_PAGEDOWN, 0, 1 + page},
+                         {SB_LINEUP, 0, page},
+                         {SB_THUMBPOSITION, 150, 150},
+                         {SB_BOTTOM, 0, 200 - page},
+                         {SB_LINEDOWN, 0, 200 - page},  // no further than the last page
+                         {SB_TOP, 0, 0},
+                         {SB_LINEUP, 0, 0}}) {
+    tree->OnVScroll(c.code, c.position);
+    EXPECT_EQ(tree->GetScrollPos(SB_VERT), c.top) << "code " << c.code;
+    EXPECT_EQ(tree->GetFirstVisibleItem(), rows[static_cast<size_t>(c.top)]) << "code " << c.code;
+    // The third row on screen is where the hit test and the rectangle say.
+    HTREEITEM const third = rows[static_cast<size_t>(c.top + 2)];
+    EXPECT_EQ(tree->HitTest(POINT{40, 2 * height + 1}), third) << "code " << c.code;
+    RECT rect{};
+    ASSERT_TRUE(tree->GetItemRect(third, &rect, 0));
+    EXPECT_EQ(rect.top, 2 * height);
+  }
+
+  // Keys scroll the caret into view, both ways.
+  tree->SelectItem(rows[0]);
+  tree->OnKeyDown(VK_END, 1, 0);
+  EXPECT_EQ(tree->GetSelectedItem(), rows.back());
+  EXPECT_EQ(tree->GetScrollPos(SB_VERT), 200 - page);
+  tree->OnKeyDown(VK_PRIOR, 1, 0);
+  EXPECT_EQ(tree->GetSelectedItem(), rows[static_cast<size_t>(199 - (page - 1))]);
+  tree->SelectItem(rows[10]);
+  EXPECT_EQ(tree->GetScrollPos(SB_VERT), 10);
+
+  // Deleting rows above the top leaves the same item on top; when the top
+  // item itself goes, the view stays at its place as far as rows remain.
+  tree->OnVScroll(SB_THUMBPOSITION, 160);
+  for (int i = 0; i < 10; ++i) tree->DeleteItem(rows[static_cast<size_t>(i)]);
+  EXPECT_EQ(tree->GetFirstVisibleItem(), rows[160]);
+  EXPECT_EQ(tree->GetScrollPos(SB_VERT), 150);
+  tree->SelectItem({});  // no caret to follow
+  for (int i = 10; i < 170; ++i) tree->DeleteItem(rows[static_cast<size_t>(i)]);
+  EXPECT_EQ(tree->GetScrollPos(SB_VERT), 30 - page);
+  EXPECT_EQ(tree->GetFirstVisibleItem(), rows[static_cast<size_t>(170 + 30 - page)]);
+}
+
+}  // namespace

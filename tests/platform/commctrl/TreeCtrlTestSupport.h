@@ -22,6 +22,7 @@ public:
   using CTreeCtrl::OnLButtonDown;
   using CTreeCtrl::OnRButtonDown;
   using CTreeCtrl::OnTimer;
+  using CTreeCtrl::OnVScroll;
 
   // With a value, the press "detects" a drag or not without a real pointer.
   int dragAnswer = -1;
