@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <map>
 
 #include "platform/commctrl/CTreeCtrlImpl.h"
 
@@ -24,7 +25,65 @@ TVITEMW DescribeItem(TreeNodeStore const & nodes, uint32_t slot) {
   return item;
 }
 
+// Asks the parent for the fields of `mask`; keeps them with TVIF_DI_SETITEM.
+TVITEMW AskDisplayInfo(CTreeCtrl & tree, TreeNodeStore & nodes, uint32_t slot, UINT mask,
+                       std::vector<wchar_t> & buffer) {
+  buffer.assign(1024, L'\0');
+  NMTVDISPINFOW info;
+  info.item.mask = mask;
+  info.item.hItem = nodes.Handle(slot);
+  info.item.state = nodes[slot].state;
+  info.item.stateMask = 0xFFFF;
+  info.item.lParam = nodes[slot].data;
+  info.item.pszText = buffer.data();
+  info.item.cchTextMax = static_cast<int>(buffer.size());
+  SendNotify(&tree, TVN_GETDISPINFOW, info.hdr);
+  if (nodes.Slot(info.item.hItem) == 0) return info.item;
+  if ((info.item.mask & TVIF_DI_SETITEM) != 0) {
+    TreeNode & node = nodes[slot];
+    if ((mask & TVIF_TEXT) != 0 && info.item.pszText != nullptr) {
+      node.text = info.item.pszText;
+      node.textCallback = false;
+      node.textWidth = -1;
+    }
+    if ((mask & TVIF_IMAGE) != 0) node.image = info.item.iImage;
+    if ((mask & TVIF_SELECTEDIMAGE) != 0) node.selectedImage = info.item.iSelectedImage;
+    if ((mask & TVIF_CHILDREN) != 0)
+      node.children = static_cast<int8_t>(info.item.cChildren != 0 ? 1 : 0);
+  }
+  return info.item;
+}
+
 }  // namespace
+
+wxString ShownText(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot) {
+  if (!impl.nodes[slot].textCallback) return impl.nodes[slot].text;
+  std::vector<wchar_t> buffer;
+  TVITEMW const answer = AskDisplayInfo(tree, impl.nodes, slot, TVIF_TEXT, buffer);
+  if (answer.pszText == nullptr || answer.pszText == LPSTR_TEXTCALLBACKW) return {};
+  // The parent may point at its own text or fill the buffer.
+  if (answer.pszText == buffer.data())
+    return wxString(buffer.data(), wcsnlen(buffer.data(), buffer.size()));
+  return wxString(answer.pszText);
+}
+
+int ShownImage(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot, bool selected) {
+  TreeNode const & node = impl.nodes[slot];
+  int const image = selected ? node.selectedImage : node.image;
+  if (image != I_IMAGECALLBACK) return image;
+  std::vector<wchar_t> buffer;
+  UINT const field = selected ? TVIF_SELECTEDIMAGE : TVIF_IMAGE;
+  TVITEMW const answer = AskDisplayInfo(tree, impl.nodes, slot, field, buffer);
+  return selected ? answer.iSelectedImage : answer.iImage;
+}
+
+bool ShowsButton(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot) {
+  TreeNode const & node = impl.nodes[slot];
+  if (node.children == -2) return node.firstChild != 0;
+  if (node.children != I_CHILDRENCALLBACK) return node.children != 0;
+  std::vector<wchar_t> buffer;
+  return AskDisplayInfo(tree, impl.nodes, slot, TVIF_CHILDREN, buffer).cChildren != 0;
+}
 
 CTreeCtrl::CTreeCtrl() : mImpl(std::make_unique<Impl>()) {}
 
@@ -62,7 +121,8 @@ HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
     after = 0;
   } else if (place == TVI_SORT) {
     // After the last child whose text sorts before or equal to the new one.
-    wxString const text = (insert->item.mask & TVIF_TEXT) != 0 && insert->item.pszText != nullptr
+    wxString const text = (insert->item.mask & TVIF_TEXT) != 0 && insert->item.pszText != nullptr &&
+                                  insert->item.pszText != LPSTR_TEXTCALLBACKW
                               ? wxString(insert->item.pszText)
                               : wxString();
     after = 0;
@@ -78,7 +138,10 @@ HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
   uint32_t const slot = nodes.Insert(parent, after);
   TreeNode & node = nodes[slot];
   TVITEMW const & item = insert->item;
-  if ((item.mask & TVIF_TEXT) != 0 && item.pszText != nullptr) node.text = item.pszText;
+  if ((item.mask & TVIF_TEXT) != 0 && item.pszText == LPSTR_TEXTCALLBACKW)
+    node.textCallback = true;
+  else if ((item.mask & TVIF_TEXT) != 0 && item.pszText != nullptr)
+    node.text = item.pszText;
   if ((item.mask & TVIF_IMAGE) != 0) node.image = item.iImage;
   if ((item.mask & TVIF_SELECTEDIMAGE) != 0) node.selectedImage = item.iSelectedImage;
   if ((item.mask & TVIF_PARAM) != 0) node.data = item.lParam;
@@ -206,7 +269,8 @@ BOOL CTreeCtrl::GetItem(TVITEMW * item) const {
   if (slot == 0) return 0;
   TreeNode const & node = mImpl->nodes[slot];
   if ((item->mask & TVIF_TEXT) != 0 && item->pszText != nullptr && item->cchTextMax > 0) {
-    std::wstring const text = node.text.ToStdWstring();
+    std::wstring const text =
+        ShownText(const_cast<CTreeCtrl &>(*this), *mImpl, slot).ToStdWstring();
     size_t const length = std::min(text.size(), static_cast<size_t>(item->cchTextMax - 1));
     std::wmemcpy(item->pszText, text.data(), length);
     item->pszText[length] = L'\0';
@@ -225,8 +289,8 @@ BOOL CTreeCtrl::SetItem(TVITEMW const * item) {
   uint32_t const slot = mImpl->nodes.Slot(item->hItem);
   if (slot == 0) return 0;
   TreeNode & node = mImpl->nodes[slot];
-  if ((item->mask & TVIF_TEXT) != 0)
-    node.text = item->pszText != nullptr ? wxString(item->pszText) : wxString();
+  if ((item->mask & TVIF_TEXT) != 0) node.textCallback = item->pszText == LPSTR_TEXTCALLBACKW;
+  node.text = item->pszText != nullptr && !node.textCallback ? wxString(item->pszText) : wxString();
   if ((item->mask & TVIF_IMAGE) != 0) node.image = item->iImage;
   if ((item->mask & TVIF_SELECTEDIMAGE) != 0) node.selectedImage = item->iSelectedImage;
   if ((item->mask & TVIF_PARAM) != 0) node.data = item->lParam;
@@ -239,13 +303,14 @@ BOOL CTreeCtrl::SetItem(TVITEMW const * item) {
 
 wxString CTreeCtrl::GetItemText(HTREEITEM item) const {
   uint32_t const slot = mImpl->nodes.Slot(item);
-  return slot == 0 ? wxString() : mImpl->nodes[slot].text;
+  return slot == 0 ? wxString() : ShownText(const_cast<CTreeCtrl &>(*this), *mImpl, slot);
 }
 
 BOOL CTreeCtrl::SetItemText(HTREEITEM item, wxString const & text) {
   uint32_t const slot = mImpl->nodes.Slot(item);
   if (slot == 0) return 0;
   mImpl->nodes[slot].text = text;
+  mImpl->nodes[slot].textCallback = false;
   mImpl->nodes[slot].textWidth = -1;
   Invalidate();
   return 1;
@@ -500,9 +565,12 @@ BOOL CTreeCtrl::SortChildren(HTREEITEM item) {
   TreeNodeStore & nodes = mImpl->nodes;
   uint32_t const parent = item == TVI_ROOT || !item ? 0 : nodes.Slot(item);
   if (parent == 0 && item != TVI_ROOT && item) return 0;
-  SortSiblings(nodes, parent, [&nodes](uint32_t a, uint32_t b) {
-    return nodes[a].text.CmpNoCase(nodes[b].text) < 0;
-  });
+  // The shown texts, asked once each (callback items ask their parent).
+  std::map<uint32_t, wxString> texts;
+  for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next)
+    texts[child] = ShownText(*this, *mImpl, child);
+  SortSiblings(nodes, parent,
+               [&texts](uint32_t a, uint32_t b) { return texts[a].CmpNoCase(texts[b]) < 0; });
   ++mImpl->layoutVersion;
   Invalidate();
   return 1;

@@ -61,3 +61,9 @@ struct CTreeCtrl::Impl {
   uint32_t editSlot = 0;
   uint32_t editPending = 0;  // label editing waits for the edit timer
 };
+
+// What an item shows: its own fields, or for a callback field what the
+// parent answers to TVN_GETDISPINFO.
+wxString ShownText(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot);
+int ShownImage(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot, bool selected);
+bool ShowsButton(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot);

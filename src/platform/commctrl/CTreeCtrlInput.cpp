@@ -275,7 +275,7 @@ void CTreeCtrl::OnChar(UINT character, UINT /*repeatCount*/, UINT /*flags*/) {
   uint32_t slot = repeated || impl.caret == 0 ? nodes.NextVisible(start) : start;
   if (slot == 0) slot = first;
   for (uint32_t steps = 0; steps <= nodes.Count(); ++steps) {
-    if (nodes[slot].text.Left(prefix.length()).CmpNoCase(prefix) == 0) {
+    if (ShownText(*this, impl, slot).Left(prefix.length()).CmpNoCase(prefix) == 0) {
       UserAction const user(impl, TVC_BYKEYBOARD);
       Select(nodes.Handle(slot), TVGN_CARET);
       return;
@@ -317,7 +317,8 @@ wxTextCtrl * CTreeCtrl::EditLabel(HTREEITEM item) {
   if (mEdit != nullptr) EndEditLabelNow(0);
   if (!IsValidItem(item)) return nullptr;
   EnsureVisible(item);
-  std::wstring text = mImpl->nodes[slot].text.ToStdWstring();
+  wxString const shown = ShownText(*this, *mImpl, slot);
+  std::wstring text = shown.ToStdWstring();
   NMTVDISPINFOW begin;
   begin.item.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_STATE | TVIF_PARAM;
   begin.item.hItem = item;
@@ -331,7 +332,7 @@ wxTextCtrl * CTreeCtrl::EditLabel(HTREEITEM item) {
   GetItemRect(item, &rect, 1);
   int const width = std::max<int>(rect.right - rect.left + 40, 80);
   auto * edit =
-      new wxTextCtrl(this, wxID_ANY, mImpl->nodes[slot].text, wxPoint(rect.left, rect.top),
+      new wxTextCtrl(this, wxID_ANY, shown, wxPoint(rect.left, rect.top),
                      wxSize(std::min(width, std::max(80, GetClientSize().GetWidth() - rect.left)),
                             rect.bottom - rect.top + 2),
                      wxTE_PROCESS_ENTER | wxBORDER_SIMPLE);

@@ -320,8 +320,14 @@ static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl & impl, uint32_t
   }
   row.textLeft = x;
   int textWidth = 0;
-  if (font != nullptr) {
-    tree.GetTextExtent(node.text, &textWidth, nullptr, nullptr, nullptr, font);
+  if (font != nullptr || node.textCallback) {
+    wxString const text = ShownText(const_cast<CTreeCtrl &>(tree), impl, slot);
+    wxFont const bold =
+        font == nullptr && (node.state & TVIS_BOLD) != 0 ? tree.GetFont().Bold() : wxFont();
+    tree.GetTextExtent(text, &textWidth, nullptr, nullptr, nullptr,
+                       font != nullptr ? font
+                       : bold.IsOk()   ? &bold
+                                       : nullptr);
   } else {
     if (node.textWidth < 0) {
       wxFont const bold = (node.state & TVIS_BOLD) != 0 ? tree.GetFont().Bold() : wxFont();
@@ -567,7 +573,8 @@ wxImageList * CTreeCtrl::CreateDragImage(HTREEITEM item) {
     if (mImpl->normalImages != nullptr && node.image >= 0 &&
         node.image < mImpl->normalImages->GetImageCount())
       mImpl->normalImages->Draw(node.image, dc, 0, 0, wxIMAGELIST_DRAW_TRANSPARENT);
-    dc.DrawText(node.text, row.iconWidth + TextPadding, (height - mImpl->fontHeight) / 2);
+    dc.DrawText(ShownText(*this, *mImpl, slot), row.iconWidth + TextPadding,
+                (height - mImpl->fontHeight) / 2);
   }
   auto * images = new wxImageList(width, height, false, 1);
   images->Add(bitmap);
@@ -672,8 +679,8 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
             segments.emplace_back(wxPoint(x, top), wxPoint(x, top + height));
         }
       }
-      bool const hasChildren = node.children == -2 ? node.firstChild != 0 : node.children != 0;
-      if ((mStyle & TVS_HASBUTTONS) != 0 && hasChildren && (depth > 0 || rootColumn)) {
+      if ((mStyle & TVS_HASBUTTONS) != 0 && (depth > 0 || rootColumn) &&
+          ShowsButton(*this, impl, slot)) {
         int const size = std::min(indent, height) - 4;
         wxRect const box(layout.buttonLeft + (indent - size) / 2, top + (height - size) / 2, size,
                          size);
@@ -691,7 +698,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
         }
       }
       if (impl.normalImages != nullptr) {
-        int const image = (node.state & TVIS_SELECTED) != 0 ? node.selectedImage : node.image;
+        int const image = ShownImage(*this, impl, slot, (node.state & TVIS_SELECTED) != 0);
         int width = 0;
         int imageHeight = 0;
         impl.normalImages->GetSize(0, width, imageHeight);
@@ -719,9 +726,10 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       }
       wxColour const fore = ToColour(static_cast<COLORREF>(draw.clrText));
       if (dc.GetTextForeground() != fore) dc.SetTextForeground(fore);
+      wxString const shown = node.textCallback ? ShownText(*this, impl, slot) : node.text;
       int textHeight = impl.fontHeight;
-      if (newFont) dc.GetTextExtent(node.text, nullptr, &textHeight);
-      dc.DrawText(node.text, layout.textLeft + TextPadding, top + (height - textHeight) / 2);
+      if (newFont) dc.GetTextExtent(shown, nullptr, &textHeight);
+      dc.DrawText(shown, layout.textLeft + TextPadding, top + (height - textHeight) / 2);
       if (slot == impl.caret && focused) renderer.DrawFocusRect(this, dc, fill, 0);
       if (newFont || (node.state & TVIS_BOLD) != 0) dc.SetFont(controlFont);
     }
