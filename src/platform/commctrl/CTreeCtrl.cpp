@@ -442,7 +442,7 @@ UINT CTreeCtrl::GetCount() const { return mImpl->nodes.Count(); }
 BOOL CTreeCtrl::Select(HTREEITEM item, UINT code) {
   TreeNodeStore & nodes = mImpl->nodes;
   uint32_t const slot = nodes.Slot(item);
-  if (!item == false && slot == 0) return 0;
+  if (item && slot == 0) return 0;  // a stale handle; null clears the mark
   switch (code & ~TVSI_NOSINGLEEXPAND) {
     case TVGN_CARET: {
       uint32_t const old = mImpl->caret;

@@ -312,6 +312,7 @@ namespace {
 
 TEST_F(TreeFixture, ScrollingKeepsRowsHitTestsAndTheCaretInStep) {
   std::vector<HTREEITEM> rows;
+  rows.reserve(200);
   for (int i = 0; i < 200; ++i) rows.push_back(tree->InsertItem(wxString::Format("row %03d", i)));
   int const page = static_cast<int>(tree->GetVisibleCount());
   int const height = tree->GetItemHeight();
@@ -335,7 +336,7 @@ TEST_F(TreeFixture, ScrollingKeepsRowsHitTestsAndTheCaretInStep) {
     EXPECT_EQ(tree->GetScrollPos(SB_VERT), c.top) << "code " << c.code;
     EXPECT_EQ(tree->GetFirstVisibleItem(), rows[static_cast<size_t>(c.top)]) << "code " << c.code;
     // The third row on screen is where the hit test and the rectangle say.
-    HTREEITEM const third = rows[static_cast<size_t>(c.top + 2)];
+    HTREEITEM const third = rows[static_cast<size_t>(c.top) + 2];
     EXPECT_EQ(tree->HitTest(POINT{40, 2 * height + 1}), third) << "code " << c.code;
     RECT rect{};
     ASSERT_TRUE(tree->GetItemRect(third, &rect, 0));
