@@ -261,6 +261,29 @@ TEST_F(TreeBehaviour, ClicksSelectToggleButtonsAndBoxesAndTellTheClickFirst) {
   answers[NM_DBLCLK] = 1;
   tree->OnLButtonDblClk(MK_LBUTTON, LabelPoint(bravo));
   EXPECT_TRUE(tree->GetItemState(bravo, TVIS_EXPANDED));
+
+  // Right of a label: nothing, unless the whole row selects.
+  tree->dragAnswer = 0;
+  RECT label2{};
+  tree->GetItemRect(charlie, &label2, 1);
+  POINT const right{label2.right + 20, (label2.top + label2.bottom) / 2};
+  tree->OnLButtonDown(MK_LBUTTON, right);
+  EXPECT_EQ(tree->GetSelectedItem(), bravo);
+  tree->ModifyStyle(TVS_HASLINES, TVS_FULLROWSELECT);
+  tree->OnLButtonDown(MK_LBUTTON, right);
+  EXPECT_EQ(tree->GetSelectedItem(), charlie);
+
+  // A right click tells NM_RCLICK; untaken, it becomes a context menu event.
+  int menus = 0;
+  tree->Bind(wxEVT_CONTEXT_MENU, [&menus](wxContextMenuEvent &) { ++menus; });
+  answers.clear();
+  notified.clear();
+  tree->OnRButtonDown(MK_RBUTTON, LabelPoint(alpha));
+  EXPECT_EQ(Codes(), (std::vector<UINT>{NM_RCLICK}));
+  EXPECT_EQ(menus, 1);
+  answers[NM_RCLICK] = 1;
+  tree->OnRButtonDown(MK_RBUTTON, LabelPoint(alpha));
+  EXPECT_EQ(menus, 1);
 }
 
 TEST_F(TreeBehaviour, LabelEditingAsksBeforeAndTheAnswerAfterDecides) {
@@ -292,6 +315,28 @@ TEST_F(TreeBehaviour, LabelEditingAsksBeforeAndTheAnswerAfterDecides) {
     if (!c.cancel) EXPECT_EQ(ends[0].text, std::wstring(wxString(c.typed).wc_str()));
     EXPECT_EQ(tree->GetItemText(bravo), c.expected) << c.typed;
   }
+
+  // Escape in the edit cancels, Enter takes the text.
+  answers[TVN_ENDLABELEDIT] = 1;
+  for (int const key : {WXK_ESCAPE, WXK_RETURN}) {
+    wxTextCtrl * const edit = tree->EditLabel(bravo);
+    ASSERT_NE(edit, nullptr);
+    edit->ChangeValue("typed");
+    notified.clear();
+    if (key == WXK_ESCAPE) {
+      wxKeyEvent press(wxEVT_KEY_DOWN);
+      press.m_keyCode = key;
+      edit->GetEventHandler()->ProcessEvent(press);
+    } else {
+      wxCommandEvent enter(wxEVT_TEXT_ENTER, edit->GetId());
+      enter.SetEventObject(edit);
+      edit->GetEventHandler()->ProcessEvent(enter);
+    }
+    EXPECT_EQ(tree->GetEditControl(), nullptr);
+    ASSERT_EQ(Of(TVN_ENDLABELEDIT).size(), 1u);
+    EXPECT_EQ(Of(TVN_ENDLABELEDIT)[0].textNull, key == WXK_ESCAPE);
+  }
+  EXPECT_EQ(tree->GetItemText(bravo), "typed");
 
   // A second click on the caret's label edits it once the timer fires.
   tree->dragAnswer = 0;
