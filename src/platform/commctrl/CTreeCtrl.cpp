@@ -108,7 +108,7 @@ void CTreeCtrl::ModifyStyle(DWORD remove, DWORD add) {
 // ---- inserting and deleting ----
 
 HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
-  if (insert == nullptr) return {};
+  if (insert == nullptr || mImpl->deleting) return {};
   TreeNodeStore & nodes = mImpl->nodes;
   uint32_t parent = 0;
   if (insert->hParent != TVI_ROOT && insert->hParent) {
@@ -136,6 +136,7 @@ HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
   }
 
   uint32_t const slot = nodes.Insert(parent, after);
+  ++mImpl->structureVersion;
   TreeNode & node = nodes[slot];
   TVITEMW const & item = insert->item;
   if ((item.mask & TVIF_TEXT) != 0 && item.pszText == LPSTR_TEXTCALLBACKW)
@@ -193,6 +194,7 @@ HTREEITEM CTreeCtrl::InsertItem(wxString const & text, int image, int selectedIm
 
 BOOL CTreeCtrl::DeleteItem(HTREEITEM item) {
   TreeNodeStore & nodes = mImpl->nodes;
+  if (mImpl->deleting) return 0;
   uint32_t top = 0;
   if (item == TVI_ROOT || !item) {
     if (item != TVI_ROOT) return 0;
@@ -225,6 +227,14 @@ BOOL CTreeCtrl::DeleteItem(HTREEITEM item) {
     }
   }
 
+  struct Deleting {
+    bool & flag;
+    explicit Deleting(bool & deleting) : flag(deleting) { flag = true; }
+    ~Deleting() { flag = false; }
+    Deleting(Deleting const &) = delete;
+    Deleting & operator=(Deleting const &) = delete;
+  } const deleting(mImpl->deleting);
+  ++mImpl->structureVersion;
   // Post-order, children before their parent, without recursion: go down to
   // a leaf, delete it, go on with its next sibling or its parent.
   uint32_t slot = top == 0 ? nodes[0].firstChild : top;

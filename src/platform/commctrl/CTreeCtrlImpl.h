@@ -39,6 +39,13 @@ struct CTreeCtrl::Impl {
   // The item on top: after a change it stays on top while it is shown.
   HTREEITEM topItem{};
 
+  // Every insert and delete moves this on: a paint that gave the owner a
+  // say (custom draw) stops when the owner changed the items under it.
+  uint64_t structureVersion = 0;
+  // A delete is telling its items: inserts and deletes from the handlers
+  // of TVN_DELETEITEM are refused (they would cut the walk under it).
+  bool deleting = false;
+
   // What the selection and expand notifications say caused them.
   UINT selectAction = TVC_UNKNOWN;
   bool userExpand = false;

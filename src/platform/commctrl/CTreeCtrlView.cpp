@@ -612,6 +612,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   draw.nmcd.dwDrawStage = CDDS_PREPAINT;
   draw.nmcd.hdc = &dc;
   draw.nmcd.rc = RECT{0, 0, client.GetWidth(), client.GetHeight()};
+  uint64_t const structure = impl.structureVersion;
   LRESULT const whole = SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
   if ((whole & CDRF_SKIPDEFAULT) != 0) return;
 
@@ -654,7 +655,10 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
     draw.clrTextBk = (hilited ? impl.highlight : inactive ? impl.buttonFace : window).GetRGB();
     draw.iLevel = depth;
     LRESULT answer = CDRF_DODEFAULT;
-    if ((whole & CDRF_NOTIFYITEMDRAW) != 0) answer = SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
+    if ((whole & CDRF_NOTIFYITEMDRAW) != 0) {
+      answer = SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
+      if (impl.structureVersion != structure) break;
+    }
 
     if ((answer & CDRF_SKIPDEFAULT) == 0) {
       int const middle = top + height / 2;
@@ -734,6 +738,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       draw.nmcd.dwDrawStage = CDDS_ITEMPOSTPAINT;
       SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
       dc.SetFont(controlFont);
+      if (impl.structureVersion != structure) break;
     }
     if (slot == impl.insertMark) {
       wxColour const mark = mInsertMarkColor == CLR_DEFAULT ? text : ToColour(mInsertMarkColor);
@@ -753,6 +758,8 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       if (slot != 0) slot = nodes[slot].next;
     }
   }
+  // Rows the owner changed during this paint are painted at the next one.
+  if (impl.structureVersion != structure) Invalidate();
   if (!segments.empty()) {
     // Each line is a filled rectangle one pixel wide, all in one fill:
     // pixel-aligned boxes are the toolkit's fastest drawing, and they end

@@ -259,3 +259,49 @@ TEST_F(TreeFixture, CallbackFieldsAreAskedOfTheParentUntilItKeepsThem) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(TreeFixture, HandlersThatChangeTheTreeUnderItsOwnWalksBreakNothing) {
+  HTREEITEM const doomed = tree->InsertItem("doomed");
+  HTREEITEM const child = tree->InsertItem("child", doomed);
+  HTREEITEM const neighbour = tree->InsertItem("neighbour");
+  // Told of a deletion, the owner tries to delete and insert more: refused
+  // while the delete walks its branch.
+  bool refused = false;
+  parent->Bind(VX_EVT_NOTIFY, [&](NotifyEvent & event) {
+    event.Skip();
+    if (event.GetCode() != TVN_DELETEITEM) return;
+    refused = !tree->DeleteItem(neighbour) && !tree->InsertItem("late", neighbour);
+  });
+  ASSERT_TRUE(tree->DeleteItem(doomed));
+  EXPECT_TRUE(refused);
+  EXPECT_FALSE(tree->IsValidItem(child));
+  EXPECT_TRUE(tree->IsValidItem(neighbour));
+  EXPECT_EQ(tree->GetCount(), 1u);
+
+  // A custom-draw owner that deletes the row being drawn and inserts many
+  // more (the node store grows and moves) ends that paint; the next one
+  // shows the new rows.
+  for (int i = 0; i < 5; ++i) tree->InsertItem(wxString::Format("row %d", i));
+  int changes = 0;
+  customDraw = [&](NMTVCUSTOMDRAW & draw) -> LRESULT {
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (changes++ == 0) {
+      tree->DeleteItem(HandleFromItemSpec(draw.nmcd.dwItemSpec));
+      for (int i = 0; i < 5000; ++i) tree->InsertItem("added");
+    }
+    return CDRF_DODEFAULT;
+  };
+  wxBitmap bitmap(tree->GetClientSize());
+  wxMemoryDC dc(bitmap);
+  tree->PaintTo(dc, wxRect(tree->GetClientSize()));
+  EXPECT_EQ(changes, 1);  // no row after the change was drawn from old links
+  tree->PaintTo(dc, wxRect(tree->GetClientSize()));
+  EXPECT_GT(changes, 2);
+  EXPECT_EQ(tree->GetCount(), 5005u);
+  customDraw = nullptr;
+  tree->Destroy();  // the handler above sees this test's locals
+}
+
+}  // namespace
