@@ -261,7 +261,7 @@ BOOL CTreeCtrl::DeleteItem(HTREEITEM item) {
 }
 
 BOOL CTreeCtrl::DeleteAllItems() {
-  DeleteItem(TVI_ROOT);
+  if (DeleteItem(TVI_ROOT) == 0) return 0;  // refused inside a delete
   mImpl->nodes.Clear();
   mImpl->topRow = 0;
   mImpl->scrollX = 0;
@@ -529,7 +529,9 @@ BOOL CTreeCtrl::Expand(HTREEITEM item, UINT code) {
   if (!expand && mImpl->caret != 0 && nodes.IsAncestor(slot, mImpl->caret))
     Select(item, TVGN_CARET);
   if (!expand && (code & TVE_COLLAPSERESET) != 0) {
-    while (nodes[slot].firstChild != 0) DeleteItem(nodes.Handle(nodes[slot].firstChild));
+    // (A delete refused inside another delete's notification leaves them.)
+    while (nodes[slot].firstChild != 0)
+      if (DeleteItem(nodes.Handle(nodes[slot].firstChild)) == 0) break;
     nodes[slot].state &= ~TVIS_EXPANDEDONCE;
   }
   ++mImpl->layoutVersion;

@@ -266,19 +266,25 @@ TEST_F(TreeFixture, HandlersThatChangeTheTreeUnderItsOwnWalksBreakNothing) {
   HTREEITEM const doomed = tree->InsertItem("doomed");
   HTREEITEM const child = tree->InsertItem("child", doomed);
   HTREEITEM const neighbour = tree->InsertItem("neighbour");
+  tree->InsertItem("kept child", neighbour);
+  tree->Expand(neighbour, TVE_EXPAND);
   // Told of a deletion, the owner tries to delete and insert more: refused
   // while the delete walks its branch.
   bool refused = false;
   parent->Bind(VX_EVT_NOTIFY, [&](NotifyEvent & event) {
     event.Skip();
     if (event.GetCode() != TVN_DELETEITEM) return;
-    refused = !tree->DeleteItem(neighbour) && !tree->InsertItem("late", neighbour);
+    refused = !tree->DeleteItem(neighbour) && !tree->InsertItem("late", neighbour) &&
+              !tree->DeleteAllItems();
+    // Its children cannot go now either (nor may this hang).
+    tree->Expand(neighbour, TVE_COLLAPSE | TVE_COLLAPSERESET);
   });
   ASSERT_TRUE(tree->DeleteItem(doomed));
   EXPECT_TRUE(refused);
   EXPECT_FALSE(tree->IsValidItem(child));
   EXPECT_TRUE(tree->IsValidItem(neighbour));
-  EXPECT_EQ(tree->GetCount(), 1u);
+  EXPECT_EQ(tree->GetCount(), 2u);  // the neighbour and its child
+  tree->DeleteItem(tree->GetChildItem(neighbour));
 
   // A custom-draw owner that deletes the row being drawn and inserts many
   // more (the node store grows and moves) ends that paint; the next one
