@@ -337,6 +337,9 @@ static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl & impl, uint32_t
     textWidth = node.textWidth;
   }
   row.textWidth = textWidth + 2 * TextPadding;
+  // The horizontal range grows with every row laid out (painted, hit or
+  // measured); it never walks the whole tree for it.
+  impl.widestRow = std::max(impl.widestRow, row.textLeft + row.textWidth + impl.scrollX);
   return row;
 }
 
@@ -639,7 +642,6 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
     TreeNode const & node = nodes[slot];
     int const top = row * height;
     RowLayout const layout = LayOut(*this, impl, slot, depth, nullptr);
-    impl.widestRow = std::max(impl.widestRow, layout.textLeft + layout.textWidth + impl.scrollX);
     bool const selected = (node.state & TVIS_SELECTED) != 0 && impl.dropHilite == 0;
     bool const hilited = (node.state & TVIS_DROPHILITED) != 0 || (selected && focused);
     bool const inactive = selected && !focused && (mStyle & TVS_SHOWSELALWAYS) != 0;

@@ -411,3 +411,44 @@ TEST_F(TreeFixture, ScrollingKeepsRowsHitTestsAndTheCaretInStep) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(TreeFixture, ScrollingSidewaysMovesRectanglesAndHitsAlike) {
+  HTREEITEM deep = tree->InsertItem("level 0");
+  for (int level = 1; level < 30; ++level)
+    deep = tree->InsertItem(wxString::Format("level %d", level), deep);
+  tree->SelectItem(deep);
+  RECT before{};
+  ASSERT_TRUE(tree->GetItemRect(deep, &before, 1));
+  ASSERT_GT(before.right, tree->GetClientSize().GetWidth());  // beyond the right edge
+
+  int const indent = static_cast<int>(tree->GetIndent());
+  struct Case {
+    UINT code;
+    int scroll;  // -1: as far as the widest label's end at the right edge
+  };
+  int const widest = before.right;
+  for (Case const & c : std::vector<Case>{{SB_LINEDOWN, indent},
+                                          {SB_LINEDOWN, 2 * indent},
+                                          {SB_LINEUP, indent},
+                                          {SB_BOTTOM, -1},
+                                          {SB_PAGEDOWN, -1},  // no further than the end
+                                          {SB_TOP, 0}}) {
+    tree->OnHScroll(c.code, 0);
+    // (The scroll bars coming and going change the width.)
+    int const width = tree->GetClientSize().GetWidth();
+    int const scroll = c.scroll >= 0 ? c.scroll : widest - width;
+    EXPECT_EQ(tree->GetScrollPos(SB_HORZ), scroll) << "code " << c.code;
+    RECT now{};
+    ASSERT_TRUE(tree->GetItemRect(deep, &now, 1));
+    EXPECT_EQ(now.left, before.left - scroll);
+    if (now.left + 2 >= 0 && now.left + 2 < width) {
+      UINT flags = 0;
+      EXPECT_EQ(tree->HitTest(POINT{now.left + 2, now.top + 2}, &flags), deep);
+      EXPECT_EQ(flags, TVHT_ONITEMLABEL);
+    }
+  }
+}
+
+}  // namespace

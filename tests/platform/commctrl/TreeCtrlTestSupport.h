@@ -17,6 +17,7 @@ class TestTree : public CTreeCtrl {
 public:
   using CTreeCtrl::CTreeCtrl;
   using CTreeCtrl::OnChar;
+  using CTreeCtrl::OnHScroll;
   using CTreeCtrl::OnKeyDown;
   using CTreeCtrl::OnLButtonDblClk;
   using CTreeCtrl::OnLButtonDown;
