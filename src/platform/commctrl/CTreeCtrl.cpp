@@ -479,6 +479,9 @@ BOOL CTreeCtrl::Select(HTREEITEM item, UINT code) {
       changed.itemOld = DescribeItem(nodes, old != 0 && nodes[old].alive ? old : 0);
       changed.itemNew = DescribeItem(nodes, slot);
       SendNotify(this, TVN_SELCHANGEDW, changed.hdr);
+      if ((mStyle & TVS_SINGLEEXPAND) != 0 && mImpl->selectAction != TVC_UNKNOWN &&
+          (code & TVSI_NOSINGLEEXPAND) == 0)
+        SingleExpand(old, slot);
       Invalidate();
       return 1;
     }
@@ -494,6 +497,25 @@ BOOL CTreeCtrl::Select(HTREEITEM item, UINT code) {
 }
 
 BOOL CTreeCtrl::SelectItem(HTREEITEM item) { return Select(item, TVGN_CARET); }
+
+// TVS_SINGLEEXPAND: the item the user selects opens and the one left closes,
+// unless it holds the new one; the parent may keep either as it is.
+void CTreeCtrl::SingleExpand(uint32_t old, uint32_t now) {
+  TreeNodeStore & nodes = mImpl->nodes;
+  HTREEITEM const oldItem = old != 0 && nodes[old].alive ? nodes.Handle(old) : HTREEITEM{};
+  HTREEITEM const newItem = nodes.Handle(now);
+  NMTREEVIEWW single;
+  single.action = mImpl->selectAction;
+  single.itemOld = DescribeItem(nodes, nodes.Slot(oldItem));
+  single.itemNew = DescribeItem(nodes, now);
+  LRESULT const answer = SendNotify(this, TVN_SINGLEEXPAND, single.hdr);
+  uint32_t const oldSlot = nodes.Slot(oldItem);
+  uint32_t const newSlot = nodes.Slot(newItem);
+  if ((answer & TVNRET_SKIPOLD) == 0 && oldSlot != 0 && oldSlot != newSlot &&
+      !nodes.IsAncestor(oldSlot, newSlot))
+    Expand(oldItem, TVE_COLLAPSE);
+  if ((answer & TVNRET_SKIPNEW) == 0 && newSlot != 0) Expand(newItem, TVE_EXPAND);
+}
 BOOL CTreeCtrl::SelectDropTarget(HTREEITEM item) { return Select(item, TVGN_DROPHILITE); }
 
 // ---- expanding ----

@@ -193,6 +193,8 @@ public:
   struct Impl;  // the node store and the view's state, opaque outside the tree
 
 private:
+  void SingleExpand(uint32_t old, uint32_t now);
+
   std::unique_ptr<Impl> mImpl;
 
   DWORD mStyle = 0;

@@ -106,6 +106,11 @@ constexpr UINT TVGN_CARET = 0x0009;
 constexpr UINT TVGN_LASTVISIBLE = 0x000A;
 constexpr UINT TVSI_NOSINGLEEXPAND = 0x8000;
 
+// Answers to TVN_SINGLEEXPAND.
+constexpr LRESULT TVNRET_DEFAULT = 0;
+constexpr LRESULT TVNRET_SKIPOLD = 1;
+constexpr LRESULT TVNRET_SKIPNEW = 2;
+
 // Expand codes (TVM_EXPAND and NMTREEVIEW::action of the expand messages).
 constexpr UINT TVE_COLLAPSE = 0x0001;
 constexpr UINT TVE_EXPAND = 0x0002;

@@ -51,6 +51,36 @@ TEST_F(TreeBehaviour, SelectionTellsBeforeAndAfterAndAVetoKeepsTheCaret) {
   EXPECT_EQ(tree->GetSelectedItem(), alpha);
 }
 
+TEST_F(TreeBehaviour, SingleExpandOpensTheUsersChoiceAndClosesTheOneLeft) {
+  tree->ModifyStyle(0, TVS_SINGLEEXPAND);
+  tree->SelectItem(alpha);  // from code: nothing opens
+  EXPECT_EQ(tree->GetItemState(alpha, TVIS_EXPANDED), 0u);
+  tree->dragAnswer = 0;
+  tree->OnLButtonDown(MK_LBUTTON, LabelPoint(alpha));  // already the caret: no change, no opening
+  EXPECT_EQ(tree->GetItemState(alpha, TVIS_EXPANDED), 0u);
+  tree->SelectItem({});
+  tree->OnLButtonDown(MK_LBUTTON, LabelPoint(alpha));
+  EXPECT_TRUE(tree->GetItemState(alpha, TVIS_EXPANDED));
+  tree->OnKeyDown(VK_DOWN, 1, 0);  // into alpha: it stays open
+  EXPECT_EQ(tree->GetSelectedItem(), alpha1);
+  EXPECT_TRUE(tree->GetItemState(alpha, TVIS_EXPANDED));
+  tree->SelectItem(alpha);
+  notified.clear();
+  tree->OnLButtonDown(MK_LBUTTON, LabelPoint(bravo));
+  EXPECT_EQ(tree->GetItemState(alpha, TVIS_EXPANDED), 0u);
+  EXPECT_TRUE(tree->GetItemState(bravo, TVIS_EXPANDED));
+  ASSERT_EQ(Of(TVN_SINGLEEXPAND).size(), 1u);
+  EXPECT_EQ(Of(TVN_SINGLEEXPAND)[0].oldItem, alpha);
+  EXPECT_EQ(Of(TVN_SINGLEEXPAND)[0].newItem, bravo);
+
+  // The parent keeps both as they are.
+  answers[TVN_SINGLEEXPAND] = TVNRET_SKIPOLD | TVNRET_SKIPNEW;
+  tree->Expand(alpha, TVE_EXPAND);
+  tree->OnLButtonDown(MK_LBUTTON, LabelPoint(alpha));
+  EXPECT_TRUE(tree->GetItemState(bravo, TVIS_EXPANDED));
+  EXPECT_TRUE(tree->GetItemState(alpha, TVIS_EXPANDED));
+}
+
 TEST_F(TreeBehaviour, ExpandingTellsOnceFromCodeAlwaysFromTheUserAndCanBeRefused) {
   answers[TVN_ITEMEXPANDING] = 1;
   EXPECT_FALSE(tree->Expand(alpha, TVE_EXPAND));

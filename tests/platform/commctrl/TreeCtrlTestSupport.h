@@ -64,7 +64,8 @@ protected:
     seen.code = event.GetCode();
     if (seen.code == TVN_SELCHANGING || seen.code == TVN_SELCHANGED ||
         seen.code == TVN_ITEMEXPANDING || seen.code == TVN_ITEMEXPANDED ||
-        seen.code == TVN_DELETEITEM || seen.code == TVN_BEGINDRAG) {
+        seen.code == TVN_DELETEITEM || seen.code == TVN_BEGINDRAG ||
+        seen.code == TVN_SINGLEEXPAND) {
       auto * tv = event.GetNotification<NMTREEVIEWW>();
       seen.oldItem = tv->itemOld.hItem;
       seen.newItem = tv->itemNew.hItem;
