@@ -342,7 +342,9 @@ TEST_F(TreeBehaviour, LabelEditingAsksBeforeAndTheAnswerAfterDecides) {
     auto const ends = Of(TVN_ENDLABELEDIT);
     ASSERT_EQ(ends.size(), 1u);
     EXPECT_EQ(ends[0].textNull, c.cancel);
-    if (!c.cancel) EXPECT_EQ(ends[0].text, std::wstring(wxString(c.typed).wc_str()));
+    if (!c.cancel) {
+      EXPECT_EQ(ends[0].text, std::wstring(wxString(c.typed).wc_str()));
+    }
     EXPECT_EQ(tree->GetItemText(bravo), c.expected) << c.typed;
   }
 
