@@ -183,6 +183,21 @@ void CTreeCtrl::OnKeyDown(UINT virtualKey, UINT /*repeatCount*/, UINT /*flags*/)
   key.wVKey = static_cast<WORD>(virtualKey);
   SendNotify(this, TVN_KEYDOWN, key.hdr);
 
+  // With Ctrl the moving keys scroll and leave the caret where it is.
+  if (GetKeyState(VK_CONTROL) < 0) {
+    switch (virtualKey) {
+      case VK_UP: OnVScroll(SB_LINEUP, 0); return;
+      case VK_DOWN: OnVScroll(SB_LINEDOWN, 0); return;
+      case VK_PRIOR: OnVScroll(SB_PAGEUP, 0); return;
+      case VK_NEXT: OnVScroll(SB_PAGEDOWN, 0); return;
+      case VK_HOME: OnVScroll(SB_TOP, 0); return;
+      case VK_END: OnVScroll(SB_BOTTOM, 0); return;
+      case VK_LEFT: OnHScroll(SB_LINEUP, 0); return;
+      case VK_RIGHT: OnHScroll(SB_LINEDOWN, 0); return;
+      default: break;
+    }
+  }
+
   TreeNodeStore & nodes = mImpl->nodes;
   uint32_t const caret = mImpl->caret;
   uint32_t target = 0;
