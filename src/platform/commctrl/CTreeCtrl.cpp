@@ -168,18 +168,23 @@ HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
 HTREEITEM CTreeCtrl::InsertItem(UINT mask, wxString const & text, int image, int selectedImage,
                                 UINT state, UINT stateMask, LPARAM data, HTREEITEM parent,
                                 HTREEITEM insertAfter) {
-  std::wstring wide = text.ToStdWstring();
+  // The text goes straight into the node (no round trip through a wide
+  // buffer), except where the sorted place needs it first.
+  bool const direct = (mask & TVIF_TEXT) != 0 && insertAfter != TVI_SORT;
+  std::wstring wide = direct ? std::wstring() : text.ToStdWstring();
   TVINSERTSTRUCTW insert;
   insert.hParent = parent;
   insert.hInsertAfter = insertAfter;
-  insert.item.mask = mask;
+  insert.item.mask = direct ? mask & ~TVIF_TEXT : mask;
   insert.item.pszText = wide.data();
   insert.item.iImage = image;
   insert.item.iSelectedImage = selectedImage;
   insert.item.state = state;
   insert.item.stateMask = stateMask;
   insert.item.lParam = data;
-  return InsertItem(&insert);
+  HTREEITEM const item = InsertItem(&insert);
+  if (direct && item) mImpl->nodes[item.slot].text = text;
+  return item;
 }
 
 HTREEITEM CTreeCtrl::InsertItem(wxString const & text, HTREEITEM parent, HTREEITEM insertAfter) {
