@@ -7,6 +7,8 @@
 # module, or with LIBRARY as a library module searched after it. The layout
 # of <dir> (documented in detail in resource-generator/TalvoResourceGenerator.cpp):
 #   dialogs/<id>.xrc   XRC dialog template, its wxDialog object named "<id>"
+#   menus/<id>.xrc     XRC menu, its wxMenuBar or wxMenu object named "<id>"
+#   accelerators/<id>.txt  accelerator table: `<keys> <command id>` lines
 #   bitmaps/<id>.png   PNG bitmap
 #   html/<id>.<ext>    text resource of type 23 (XML defaults, CSS, XSL, HTML)
 #   strings/*.txt      string tables: `<id> "<text>"` or `<id> "<context>" "<text>"`

@@ -7,11 +7,17 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include "BatchCommand.h"
+#include "DateFormatCommand.h"
 #include "FileCommands.h"
+#include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
+#include "ProjectTreeWindow.h"
+#include "ReportCommand.h"
 #include "RunListPanel.h"
+#include "RunPicker.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "TimeGridDialog.h"
 #include "TreeViewWindow.h"
 
 #include "utl/Translation.h"
@@ -62,6 +68,12 @@ void MainFrame::BuildMenus() {
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
   AddBatchCommand(*tools, *this);
+  AddDateFormatCommand(*tools, *this);
+  AddTimeGridCommand(*tools, *this);
+  AddPickRunCommand(*tools, *this);
+  AddInstrumentsCommand(*tools, *this);
+  AddReportCommand(*tools, *this);
+  AddProjectTreeCommand(*tools, *this);
   AddTreeViewCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

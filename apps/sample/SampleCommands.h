@@ -16,6 +16,17 @@ enum SampleCommand : int {
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
+  kDateFormatCommand,
+  kTimeGridCommand,
+  kPickRunCommand,
+  kInstrumentsCommand,
+  kReportCommand,
+  kRunsByProjectCommand,
+  // Runs by project (its own window)
+  kLoadTreeCommand,
+  kSaveTreeCommand,
+  kFindNextRunCommand,
+  kDeleteRunsCommand,
   kTreeViewCommand,
   // Messages
   kOkBoxCommand,

@@ -11,6 +11,10 @@
 //   bitmaps/<id>.png    a PNG picture
 //   html/<id>.<ext>     a text resource of type 23 (XML defaults, CSS, XSL,
 //                       HTML pages), kept byte for byte
+//   menus/<id>.xrc      an XRC document whose wxMenuBar or wxMenu object is
+//                       named "<id>"; items are named by their command ids
+//   accelerators/<id>.txt  an accelerator table, lines `<keys> <command id>`
+//                       (`Ctrl+F 57636`); blank lines and # comments skipped
 //   strings/*.txt       string tables, lines `<id> "<text>"` or
 //                       `<id> "<context>" "<text>"` with the escapes \n \t
 //                       \" \\; blank lines and lines starting with # skipped
@@ -31,7 +35,9 @@
 namespace {
 
 constexpr unsigned kBitmap = 2;
+constexpr unsigned kMenu = 4;
 constexpr unsigned kDialog = 5;
+constexpr unsigned kAccelerator = 9;
 constexpr unsigned kHtml = 23;
 
 struct Failure : std::runtime_error {
@@ -182,6 +188,30 @@ std::string XrcText(std::string const & raw, std::string const & where) {
   return out;
 }
 
+// An accelerator table: each line a key combination and a command id. The
+// key names are read when the table is loaded; here only the shape counts.
+void CheckAcceleratorTable(std::string const & path, std::string const & text) {
+  std::istringstream in(text);
+  std::string line;
+  for (int number = 1; std::getline(in, line); ++number) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    std::string const where = path + ":" + std::to_string(number);
+    size_t pos = 0;
+    SkipBlanks(line, pos);
+    if (pos == line.size() || line[pos] == '#') continue;
+    size_t const keysEnd = line.find_first_of(" \t", pos);
+    if (keysEnd == std::string::npos) throw Failure(where + ": a key and a command id expected");
+    pos = keysEnd;
+    SkipBlanks(line, pos);
+    size_t idEnd = line.find_first_of(" \t", pos);
+    if (idEnd == std::string::npos) idEnd = line.size();
+    ParseId(line.substr(pos, idEnd - pos), where);
+    pos = idEnd;
+    SkipBlanks(line, pos);
+    if (pos < line.size()) throw Failure(where + ": unexpected text after the command id");
+  }
+}
+
 // The titles and labels of a template, for the catalog extraction.
 void CollectDialogTexts(std::string const & xrc, std::string const & path,
                         std::set<std::string> & texts) {
@@ -251,7 +281,8 @@ void AddFile(std::string const & root, std::string const & path, Module & module
   if (name.empty() || name[0] == '.' || name.compare(0, 6, "README") == 0) return;
   std::string const folder = relative.substr(0, relative.find('/'));
   if (folder == relative)
-    throw Failure(path + ": resources lie in dialogs/, bitmaps/, html/ or strings/");
+    throw Failure(
+        path + ": resources lie in dialogs/, menus/, accelerators/, bitmaps/, html/ or strings/");
 
   if (folder == "strings") {
     if (Extension(name) != "txt") throw Failure(path + ": string tables are .txt files");
@@ -268,6 +299,16 @@ void AddFile(std::string const & root, std::string const & path, Module & module
     if (item.bytes.find("name=\"" + Stem(name) + "\"") == std::string::npos)
       throw Failure(path + ": no object named \"" + Stem(name) + "\" (the template number)");
     CollectDialogTexts(item.bytes, path, module.dialogTexts);
+  } else if (folder == "menus") {
+    item.type = kMenu;
+    if (Extension(name) != "xrc") throw Failure(path + ": menus are .xrc files");
+    if (item.bytes.find("name=\"" + Stem(name) + "\"") == std::string::npos)
+      throw Failure(path + ": no object named \"" + Stem(name) + "\" (the menu number)");
+    CollectDialogTexts(item.bytes, path, module.dialogTexts);
+  } else if (folder == "accelerators") {
+    item.type = kAccelerator;
+    if (Extension(name) != "txt") throw Failure(path + ": accelerator tables are .txt files");
+    CheckAcceleratorTable(path, item.bytes);
   } else if (folder == "bitmaps") {
     item.type = kBitmap;
     if (item.bytes.compare(0, 8, "\x89PNG\r\n\x1a\n") != 0)
@@ -324,8 +365,8 @@ std::string Generate(Module module, std::string const & name, std::string const 
     out << "};\n";
   }
   if (!module.dialogTexts.empty()) {
-    out << "\n// Titles and labels of the dialog templates, translated when a template\n"
-        << "// is loaded; listed here only for the catalog extraction.\n"
+    out << "\n// Titles and labels of the dialog templates and menus, translated when\n"
+        << "// they are loaded; listed here only for the catalog extraction.\n"
         << "[[maybe_unused]] constexpr ResourceMessage kDialogTexts[] = {\n";
     for (std::string const & text : module.dialogTexts)
       out << "  translate(" << CLiteral(text) << "),\n";

@@ -9,16 +9,19 @@
 #include <wx/xrc/xmlres.h>
 
 #include "controls/VxMenu.h"
+#include "platform/ResourceMenus.h"
 #include "platform/WinUser.h"
 
 namespace GUI {
 
 namespace {
 
-// Menus are wxMenuBar resources of wx's resource set, named by number; the
-// context menu is the bar's first menu. The set learns to build menus on
-// first use, whether or not the application initialised all its handlers.
+// Menus are menu resources of the resource chain, else wxMenuBar resources
+// of wx's resource set, named by number; the context menu is the bar's
+// first menu. The set learns to build menus on first use, whether or not
+// the application initialised all its handlers.
 std::unique_ptr<wxMenu> LoadFirstSubMenu(unsigned int menuId) {
+  if (std::unique_ptr<wxMenu> menu = LoadResourcePopupMenu(menuId)) return menu;
   wxXmlResource & resources = *wxXmlResource::Get();
   static bool const menuHandlers = [&resources] {
     resources.AddHandler(new wxMenuBarXmlHandler);

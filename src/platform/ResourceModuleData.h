@@ -7,13 +7,16 @@
 
 // Resource types by number, with Windows' values.
 constexpr unsigned RT_BITMAP = 2;
+constexpr unsigned RT_MENU = 4;
 constexpr unsigned RT_DIALOG = 5;
 constexpr unsigned RT_STRING = 6;
+constexpr unsigned RT_ACCELERATOR = 9;
 constexpr unsigned RT_RCDATA = 10;
 constexpr unsigned RT_HTML = 23;
 
-// One embedded file: an XRC dialog template (RT_DIALOG), a PNG (RT_BITMAP)
-// or a text resource (RT_HTML).
+// One embedded file: an XRC dialog template (RT_DIALOG) or menu (RT_MENU),
+// an accelerator table's text (RT_ACCELERATOR), a PNG (RT_BITMAP) or a text
+// resource (RT_HTML).
 struct ResourceItem {
   unsigned type;
   unsigned id;

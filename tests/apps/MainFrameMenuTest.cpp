@@ -5,6 +5,7 @@
 // without a row in the table fails too, so new commands get checked.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <set>
@@ -16,7 +17,11 @@
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
+#include "InstrumentsDialog.h"
 #include "MainFrame.h"
+#include "ProjectTreeWindow.h"
+#include "TimeGridDialog.h"
+#include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
 #include "dialogs/DontShowAgainMessageBox.h"
@@ -26,7 +31,9 @@
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "lists/FilterListCtrlPopupBar.h"
 #include "platform/WinUser.h"
+#include "platform/commctrl/CListCtrl.h"
 #include "utl/Utf.h"
 #include "work/Progress.h"
 
@@ -40,10 +47,16 @@ enum class Opens {
   kFolderCollection,
   kCalculation,
   kBatchQuestion,
+  kDateFormat,
+  kTimeGrid,
+  kRunPicker,     // the filter popup over the sample's runs
+  kInstruments,   // the instruments dialog
+  kReportWindow,  // the report window opens over the frame
   kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kNothing,       // says so in the status bar
   kAboutBox,      // the application's about command
   kCloseRequest,  // the frame is asked to close
+  kProjectTree,   // the runs by project window
 };
 
 struct Expected {
@@ -60,6 +73,12 @@ std::map<wxString, Expected> const kExpected = {
     {"File/Exit", {Opens::kCloseRequest}},
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
+    {"Tools/Date format...", {Opens::kDateFormat}},
+    {"Tools/Time grid...", {Opens::kTimeGrid}},
+    {"Tools/Pick a run...", {Opens::kRunPicker}},
+    {"Tools/Instruments...", {Opens::kInstruments}},
+    {"Tools/Report", {Opens::kReportWindow}},
+    {"Tools/Runs by project...", {Opens::kProjectTree}},
     {"Tools/Tree view", {Opens::kNothing}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
@@ -88,8 +107,14 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderDialog;
   } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kFolderCollection;
+  } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
+  } else if (dynamic_cast<SpecifyDateFormat *>(&dialog) != nullptr) {
+    seen.opens = Opens::kDateFormat;
+  } else if (dynamic_cast<TimeGridDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kTimeGrid;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
     seen.opens = Opens::kMessageBox;
     seen.boxType = box->GetType() & (MB_TYPEMASK | MB_ICONMASK);
@@ -148,6 +173,7 @@ protected:
   std::vector<FileChooserRequest> fileRequests;
   int aboutCommands = 0;
   int closeRequests = 0;
+  int pickerRows = -1;
 
 private:
   FileChooserFunction mFormerFiles;
@@ -185,9 +211,12 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     // the test in the script.
     std::vector<Seen> seen;
     ModalDialogScript script;
-    bool const opensDialog =
-        expected.opens == Opens::kFolderDialog || expected.opens == Opens::kFolderCollection ||
-        expected.opens == Opens::kBatchQuestion || expected.opens == Opens::kMessageBox;
+    // The kinds that show a modal dialog, one a line.
+    static std::set<Opens> const dialogKinds{
+        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion, Opens::kMessageBox,
+        Opens::kDateFormat,   Opens::kTimeGrid,         Opens::kInstruments,
+    };
+    bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
@@ -195,6 +224,19 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       });
     }
     if (expected.opens == Opens::kBatchQuestion) script.Answer(wxID_OK);  // the account
+
+    // The run picker runs its own loop: it is seen there, then closed.
+    pickerRows = -1;
+    if (expected.opens == Opens::kRunPicker) {
+      frame->CallAfter([this] {
+        FilterListCtrlPopupBar * bar = nullptr;
+        gui_test::WaitUntil(
+            [&bar] { return (bar = FilterListCtrlPopupBar::GetOpen()) != nullptr; });
+        if (bar == nullptr) return;
+        pickerRows = bar->GetList().GetItemCount();
+        bar->Cancel();
+      });
+    }
 
     wxCommandEvent command(wxEVT_MENU, item.id);
     command.SetEventObject(frame);
@@ -212,7 +254,10 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderDialog:
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
+      case Opens::kDateFormat:
       case Opens::kMessageBox:
+      case Opens::kTimeGrid:
+      case Opens::kInstruments:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
@@ -220,9 +265,30 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         EXPECT_TRUE(calculated);
         EXPECT_EQ(Status(), "Calculation finished: 3 runs.");
         break;
+      case Opens::kRunPicker:
+        EXPECT_EQ(pickerRows, 1000000);
+        EXPECT_EQ(Status(), "No run picked.");
+        break;
+      case Opens::kReportWindow: {
+        wxWindow * report = nullptr;
+        for (wxWindow * child : frame->GetChildren())
+          if (child->IsTopLevel() && child->GetId() == wxID_HIGHEST + 900) report = child;
+        ASSERT_NE(report, nullptr);
+        report->Destroy();
+        break;
+      }
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kProjectTree: {
+        auto const windows = frame->GetChildren();
+        auto const opened = std::find_if(windows.begin(), windows.end(), [](wxWindow * w) {
+          return dynamic_cast<ProjectTreeWindow *>(w) != nullptr && w->IsShown();
+        });
+        ASSERT_NE(opened, windows.end());
+        (*opened)->Destroy();
+        break;
+      }
     }
     // Nothing else opened: no chooser where none belongs, no second dialog.
     if (expected.opens != Opens::kFileChooserToOpen &&

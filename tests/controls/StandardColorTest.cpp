@@ -111,8 +111,9 @@ TEST_F(StandardColorTest, EachLightColourTakesTheFirstCandidateShownExactly) {
       EXPECT_EQ(c.getter(), c.list[first]) << c.def << " #" << first;
       // On paper the light colour comes back, whichever was shown (the gray
       // that ends every list is then every light colour: the first wins).
-      if (c.list[first] != 0x808080)
+      if (c.list[first] != 0x808080) {
         EXPECT_EQ(StandardColor::GetPrintColor(c.list[first]), c.list[0]) << c.def << " #" << first;
+      }
     }
     // None shown exactly: the answer for the last candidate stands.
     StandardColor::SetNearestColorFunction(Showing({}));

@@ -69,7 +69,15 @@ int ModalDialogScript::Enter(wxDialog * dialog) {
   mShown.push_back(shown);
   mOpen.emplace_back(dialog, mShown.size() - 1);
   // Runs from the dialog's own modal loop, once it is on screen.
-  dialog->CallAfter([dialog, action = std::move(step.action)] { action(*dialog); });
+  // An ASSERT that fails in the action returns before the action could end
+  // the dialog: the dialog is then cancelled, so the test fails and goes on
+  // instead of hanging in the modal loop.
+  dialog->CallAfter([dialog, action = std::move(step.action)] {
+    bool const failedBefore = ::testing::Test::HasFatalFailure();
+    action(*dialog);
+    if (!failedBefore && ::testing::Test::HasFatalFailure() && dialog->IsModal())
+      dialog->EndModal(wxID_CANCEL);
+  });
   return wxID_NONE;
 }
 

@@ -80,6 +80,11 @@ TEST_F(ResourceGenerator, RefusesWhatItCannotTakeNamingFileAndReason) {
       {"dialogs/5.xrc", "<object name=\"5\"><label>A &copy; B</label></object>",
        "entity &copy; in a label"},
       {"bitmaps/7.png", "GIF89a", "7.png: not a PNG file"},
+      {"menus/8.xrc", "<object class=\"wxMenu\" name=\"9\"/>", "no object named \"8\""},
+      {"menus/8.txt", "", "menus are .xrc files"},
+      {"accelerators/9.txt", "# keys\nCtrl+F\n", "9.txt:2: a key and a command id"},
+      {"accelerators/9.txt", "Ctrl+F 70000\n", "9.txt:1: id 70000 is out of"},
+      {"accelerators/9.txt", "Ctrl+F 5 6\n", "unexpected text after the command id"},
       {"pictures/7.png", kPng, "unknown resource folder \"pictures\""},
       {"html/page.html", "<p/>", "\"page\" is no resource id"},
   };
@@ -108,18 +113,25 @@ TEST_F(ResourceGenerator, TablesComeOutSortedWithTextsEscapedForTheCatalog) {
         "<object class=\"wxDialog\" name=\"20\"><title>Save &amp; _close</title>"
         "<label>A__b\\nc</label></object>");
   Write("strings/b.txt", "7 \"ctx\" \"Tab\\there\"\n");
+  Write("menus/12.xrc", "<object class=\"wxMenu\" name=\"12\"><label>_Find</label></object>");
+  Write("accelerators/11.txt", "Ctrl+F 57636\r\n");
   Write("strings/a.txt", "2 \"Say \\\"hi\\\" \\\\ bye\"\r\n");
   Write("README.md", "ignored");
   Generated const run = Generate();
   ASSERT_EQ(run.status, 0) << run.errors;
-  // Bitmaps (2) before dialogs (5) before text resources (23); ids ascending.
+  // Bitmaps (2), menus (4), dialogs (5), accelerators (9), text resources
+  // (23); ids ascending.
   size_t const bitmap = run.output.find("{2, 9, ");
+  size_t const menu = run.output.find("{4, 12, ");
   size_t const dialog = run.output.find("{5, 20, ");
+  size_t const accelerators = run.output.find("{9, 11, ");
   size_t const small = run.output.find("{23, 4, ");
   size_t const large = run.output.find("{23, 30, ");
   ASSERT_NE(large, std::string::npos) << run.output;
-  EXPECT_LT(bitmap, dialog);
-  EXPECT_LT(dialog, small);
+  EXPECT_LT(bitmap, menu);
+  EXPECT_LT(menu, dialog);
+  EXPECT_LT(dialog, accelerators);
+  EXPECT_LT(accelerators, small);
   EXPECT_LT(small, large);
   EXPECT_NE(run.output.find(", 0},"), std::string::npos);  // the empty file
   EXPECT_NE(run.output.find("{2, translate(\"Say \\\"hi\\\" \\\\ bye\")}"), std::string::npos);
@@ -127,6 +139,7 @@ TEST_F(ResourceGenerator, TablesComeOutSortedWithTextsEscapedForTheCatalog) {
   // Dialog texts as wx reads them: "_c" a mnemonic, "__" an underscore.
   EXPECT_NE(run.output.find("translate(\"Save & &close\")"), std::string::npos);
   EXPECT_NE(run.output.find("translate(\"A_b\\nc\")"), std::string::npos);
+  EXPECT_NE(run.output.find("translate(\"&Find\")"), std::string::npos);  // menu labels too
 }
 
 }  // namespace

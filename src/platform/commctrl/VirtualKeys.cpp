@@ -33,7 +33,8 @@ UINT VirtualKeyFromWx(int wxKeyCode) {
     case WXK_NUMPAD_RIGHT: return VK_RIGHT;
     case WXK_DOWN:
     case WXK_NUMPAD_DOWN: return VK_DOWN;
-    case WXK_INSERT: return VK_INSERT;
+    case WXK_INSERT:
+    case WXK_NUMPAD_INSERT: return VK_INSERT;
     case WXK_DELETE:
     case WXK_NUMPAD_DELETE: return VK_DELETE;
     case WXK_NUMPAD_MULTIPLY:
