@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "platform/WinGeometry.h"
+#include "platform/commctrl/CommonControlDefs.h"
 #include "platform/commctrl/CustomDraw.h"
 #include "platform/commctrl/NotifyEvent.h"
 
@@ -81,15 +82,11 @@ constexpr UINT TVIS_EXPANDPARTIAL = 0x0080;
 constexpr UINT TVIS_OVERLAYMASK = 0x0F00;
 constexpr UINT TVIS_STATEIMAGEMASK = 0xF000;
 constexpr UINT TVIS_USERMASK = 0xF000;
-constexpr UINT INDEXTOSTATEIMAGEMASK(UINT index) { return index << 12; }
-constexpr UINT STATEIMAGEMASKTOINDEX(UINT state) { return (state & TVIS_STATEIMAGEMASK) >> 12; }
 
 // Callback fields: the tree asks its parent with TVN_GETDISPINFO each time
 // it needs them. TVIF_DI_SETITEM in the answer's mask keeps what the parent
 // gave from then on.
 constexpr int I_CHILDRENCALLBACK = -1;
-constexpr int I_IMAGECALLBACK = -1;
-inline LPWSTR const LPSTR_TEXTCALLBACKW = reinterpret_cast<LPWSTR>(static_cast<intptr_t>(-1));
 constexpr UINT TVIF_DI_SETITEM = 0x1000;
 
 // GetNextItem / Select codes.
