@@ -13,5 +13,6 @@ constexpr UINT INDEXTOSTATEIMAGEMASK(UINT index) { return index << 12; }
 constexpr UINT STATEIMAGEMASKTOINDEX(UINT state) { return (state & 0xF000) >> 12; }
 
 // A text or image the owner gives each time it is needed.
-inline wchar_t * const LPSTR_TEXTCALLBACKW = reinterpret_cast<wchar_t *>(static_cast<intptr_t>(-1));  // NOLINT
+inline wchar_t * const LPSTR_TEXTCALLBACKW =
+    reinterpret_cast<wchar_t *>(static_cast<intptr_t>(-1));  // NOLINT
 constexpr int I_IMAGECALLBACK = -1;

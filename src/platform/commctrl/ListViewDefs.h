@@ -8,7 +8,6 @@
 #include "platform/commctrl/CommonControlDefs.h"
 #include "platform/commctrl/CustomDraw.h"
 #include "platform/commctrl/NotifyEvent.h"
-#include "platform/commctrl/StateImage.h"
 #include "platform/commctrl/VirtualKeys.h"
 
 // Window styles (the list keeps them apart from wx's style bits).

@@ -9,7 +9,6 @@
 #include "platform/commctrl/CommonControlDefs.h"
 #include "platform/commctrl/CustomDraw.h"
 #include "platform/commctrl/NotifyEvent.h"
-#include "platform/commctrl/StateImage.h"
 
 // An item of a tree. It names a slot of the tree's node store and that
 // slot's generation: once the item is deleted the slot's generation moves
