@@ -8,6 +8,7 @@
 #include <wx/stattext.h>
 #include "BatchCommand.h"
 #include "DateFormatCommand.h"
+#include "FavouritesCommand.h"
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
@@ -75,6 +76,7 @@ void MainFrame::BuildMenus() {
   AddReportCommand(*tools, *this);
   AddProjectTreeCommand(*tools, *this);
   AddTreeViewCommand(*tools, *this);
+  AddOpenFavouritesCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

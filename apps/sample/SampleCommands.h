@@ -28,6 +28,7 @@ enum SampleCommand : int {
   kFindNextRunCommand,
   kDeleteRunsCommand,
   kTreeViewCommand,
+  kOpenFavouritesCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,
