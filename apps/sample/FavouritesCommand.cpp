@@ -53,8 +53,9 @@ wxString SampleMissingFavouriteFile() { return TempFile("talvo-sample-moved-note
 
 void AddOpenFavouritesCommand(wxMenu & menu, wxFrame & frame) {
   menu.Append(kOpenFavouritesCommand, Tr("Menu command", "Open &favourites"));
-  frame.Bind(wxEVT_MENU, [](wxCommandEvent &) { OpenFavourites(); }, kOpenFavouritesCommand);
+  frame.Bind(
+      wxEVT_MENU, [](wxCommandEvent &) { OpenFavourites(); }, kOpenFavouritesCommand);
   // A command favourite opens only what an update handler enables.
-  frame.Bind(wxEVT_UPDATE_UI, [](wxUpdateUIEvent & event) { event.Enable(true); },
-             kTreeViewCommand);
+  frame.Bind(
+      wxEVT_UPDATE_UI, [](wxUpdateUIEvent & event) { event.Enable(true); }, kTreeViewCommand);
 }
