@@ -31,7 +31,8 @@ struct StoredFavourites {
   StoredFavourites() {
     std::unique_ptr<ConfigurationSection> const root(file.CreateSubSection("Favourites"));
     for (int i = 0; i < kItems; ++i) {
-      std::unique_ptr<ConfigurationSection> const row(root->CreateSubSection("FavouriteItem", i + 1));
+      std::unique_ptr<ConfigurationSection> const row(
+          root->CreateSubSection("FavouriteItem", i + 1));
       if (i % 2 == 0) {
         row->WriteKey("Name", (L"Run report " + std::to_wstring(i)).c_str());
         row->WriteKey("Type", L"CommandItem");

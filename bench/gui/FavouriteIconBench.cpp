@@ -25,10 +25,9 @@ constexpr int kFiles = 1000;
 TALVO_RATIO_LIMIT("FavouriteFileIcons", 0.2);
 TALVO_TIME_LIMIT("FavouriteFileIcons", 2000.0 * kFiles);
 
-wchar_t const * const kExtensions[20] = {L"txt",  L"csv",  L"png", L"jpg", L"pdf",
-                                         L"html", L"xml",  L"zip", L"gz",  L"tar",
-                                         L"c",    L"cpp",  L"h",   L"py",  L"sh",
-                                         L"svg",  L"json", L"odt", L"ods", L"mp3"};
+wchar_t const * const kExtensions[20] = {L"txt", L"csv", L"png",  L"jpg", L"pdf", L"html", L"xml",
+                                         L"zip", L"gz",  L"tar",  L"c",   L"cpp", L"h",    L"py",
+                                         L"sh",  L"svg", L"json", L"odt", L"ods", L"mp3"};
 
 std::vector<wxString> const & Files() {
   static std::vector<wxString> const files = [] {
