@@ -9,6 +9,8 @@
 #   dialogs/<id>.xrc   XRC dialog template, its wxDialog object named "<id>"
 #   menus/<id>.xrc     XRC menu, its wxMenuBar or wxMenu object named "<id>"
 #   accelerators/<id>.txt  accelerator table: `<keys> <command id>` lines
+#   toolbars/<id>.txt  tool bar: `size <w> <h>`, then a command id or `separator`
+#                      a line; its images are bitmaps/<id>.png
 #   bitmaps/<id>.png   PNG bitmap
 #   html/<id>.<ext>    text resource of type 23 (XML defaults, CSS, XSL, HTML)
 #   strings/*.txt      string tables: `<id> "<text>"` or `<id> "<context>" "<text>"`

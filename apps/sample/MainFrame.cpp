@@ -9,6 +9,7 @@
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
 #include "DateFormatCommand.h"
+#include "FavouritesCommand.h"
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
@@ -78,6 +79,7 @@ void MainFrame::BuildMenus() {
   AddTreeViewCommand(*tools, *this);
   AddCalibrationListCommand(*tools, *this);
   tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
+  AddOpenFavouritesCommand(*tools, *this);
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;

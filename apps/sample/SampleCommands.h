@@ -30,6 +30,7 @@ enum SampleCommand : int {
   kFindNextRunCommand,
   kDeleteRunsCommand,
   kTreeViewCommand,
+  kOpenFavouritesCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

@@ -15,6 +15,12 @@
 //                       named "<id>"; items are named by their command ids
 //   accelerators/<id>.txt  an accelerator table, lines `<keys> <command id>`
 //                       (`Ctrl+F 57636`); blank lines and # comments skipped
+//   toolbars/<id>.txt   a tool bar: a line `size <width> <height>` (of one
+//                       image), then one line per button, its command id or
+//                       `separator`, # comments; compiled to type-241 words
+//                       (version 1, width, height, count, ids, 0 for a
+//                       separator). Its images are bitmaps/<id>.png, one per
+//                       button in order, a strip the build checks.
 //   strings/*.txt       string tables, lines `<id> "<text>"` or
 //                       `<id> "<context>" "<text>"` with the escapes \n \t
 //                       \" \\; blank lines and lines starting with # skipped
@@ -39,6 +45,8 @@ constexpr unsigned kMenu = 4;
 constexpr unsigned kDialog = 5;
 constexpr unsigned kAccelerator = 9;
 constexpr unsigned kHtml = 23;
+constexpr unsigned kToolBar = 241;
+constexpr unsigned kToolBarVersion = 1;
 
 struct Failure : std::runtime_error {
   using std::runtime_error::runtime_error;
@@ -212,6 +220,66 @@ void CheckAcceleratorTable(std::string const & path, std::string const & text) {
   }
 }
 
+void AppendWord(std::string & out, unsigned value) {
+  out += static_cast<char>(value & 0xFFU);
+  out += static_cast<char>((value >> 8U) & 0xFFU);
+}
+
+// A tool image's side in pixels, 1 to 999: 0 would be a mistake.
+unsigned ParseSize(std::string const & text, std::string const & where) {
+  if (text.empty() || text.size() > 3 ||
+      text.find_first_not_of("0123456789") != std::string::npos || std::stoul(text) == 0)
+    throw Failure(where + ": \"" + text + "\" is no image size (1 to 999)");
+  return static_cast<unsigned>(std::stoul(text));
+}
+
+struct ToolBar {
+  unsigned width = 0;
+  unsigned height = 0;
+  unsigned buttons = 0;  // the images the strip must hold
+};
+
+// A tool bar's text into its words; `bar` learns what the strip must hold.
+std::string CompileToolBar(std::string const & path, std::string const & text, ToolBar & bar) {
+  std::istringstream in(text);
+  std::string line;
+  std::vector<unsigned> ids;
+  bool sized = false;
+  for (int number = 1; std::getline(in, line); ++number) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    std::string const where = path + ":" + std::to_string(number);
+    std::istringstream words(line);
+    std::string first;
+    if (!(words >> first) || first[0] == '#') continue;
+    std::string extra;
+    if (first == "size") {
+      std::string width, height;
+      if (sized) throw Failure(where + ": the size is given twice");
+      if (!(words >> width >> height)) throw Failure(where + ": `size <width> <height>` expected");
+      bar.width = ParseSize(width, where);
+      bar.height = ParseSize(height, where);
+      sized = true;
+    } else if (!sized) {
+      throw Failure(where + ": `size <width> <height>` must come first");
+    } else if (first == "separator") {
+      ids.push_back(0);
+    } else {
+      ids.push_back(ParseId(first, where));
+      ++bar.buttons;
+    }
+    if (words >> extra && extra[0] != '#')
+      throw Failure(where + ": unexpected text \"" + extra + "\"");
+  }
+  if (!sized) throw Failure(path + ": `size <width> <height>` expected");
+  if (ids.empty()) throw Failure(path + ": a tool bar without buttons");
+  std::string out;
+  for (unsigned const word :
+       {kToolBarVersion, bar.width, bar.height, static_cast<unsigned>(ids.size())})
+    AppendWord(out, word);
+  for (unsigned const id : ids) AppendWord(out, id);
+  return out;
+}
+
 // The titles and labels of a template, for the catalog extraction.
 void CollectDialogTexts(std::string const & xrc, std::string const & path,
                         std::set<std::string> & texts) {
@@ -270,6 +338,7 @@ std::string Translate(Message const & message) {
 
 struct Module {
   std::vector<Item> items;
+  std::map<unsigned, ToolBar> toolBars;  // by id, checked against their strips
   std::map<unsigned, Message> strings;
   std::set<std::string> dialogTexts;
 };
@@ -282,7 +351,9 @@ void AddFile(std::string const & root, std::string const & path, Module & module
   std::string const folder = relative.substr(0, relative.find('/'));
   if (folder == relative)
     throw Failure(
-        path + ": resources lie in dialogs/, menus/, accelerators/, bitmaps/, html/ or strings/");
+        path +
+        ": resources lie in dialogs/, menus/, accelerators/, toolbars/, bitmaps/, html/ or "
+        "strings/");
 
   if (folder == "strings") {
     if (Extension(name) != "txt") throw Failure(path + ": string tables are .txt files");
@@ -309,6 +380,10 @@ void AddFile(std::string const & root, std::string const & path, Module & module
     item.type = kAccelerator;
     if (Extension(name) != "txt") throw Failure(path + ": accelerator tables are .txt files");
     CheckAcceleratorTable(path, item.bytes);
+  } else if (folder == "toolbars") {
+    item.type = kToolBar;
+    if (Extension(name) != "txt") throw Failure(path + ": tool bars are .txt files");
+    item.bytes = CompileToolBar(path, item.bytes, module.toolBars[item.id]);
   } else if (folder == "bitmaps") {
     item.type = kBitmap;
     if (item.bytes.compare(0, 8, "\x89PNG\r\n\x1a\n") != 0)
@@ -322,6 +397,45 @@ void AddFile(std::string const & root, std::string const & path, Module & module
     if (other.type == item.type && other.id == item.id)
       throw Failure(path + ": the same id as " + other.path);
   module.items.push_back(std::move(item));
+}
+
+// The PNG header's size: width and height are the big-endian words at 16
+// and 20. False when the file is too short to say.
+bool PngSize(std::string const & png, unsigned long & width, unsigned long & height) {
+  if (png.size() < 24 || png.compare(12, 4, "IHDR") != 0) return false;
+  auto word = [&](size_t at) {
+    unsigned long value = 0;
+    for (size_t i = 0; i < 4; ++i) value = (value << 8U) | static_cast<unsigned char>(png[at + i]);
+    return value;
+  };
+  width = word(16);
+  height = word(20);
+  return true;
+}
+
+// Each tool bar has its strip beside it, one image per button: a strip that
+// is missing or of another size would show wrong images or none.
+void CheckToolBarStrips(Module const & module) {
+  for (auto const & [id, bar] : module.toolBars) {
+    auto const strip = std::find_if(module.items.begin(), module.items.end(), [&](Item const & i) {
+      return i.type == kBitmap && i.id == id;
+    });
+    auto const self = std::find_if(module.items.begin(), module.items.end(), [&](Item const & i) {
+      return i.type == kToolBar && i.id == id;
+    });
+    std::string const path = self == module.items.end() ? std::to_string(id) : self->path;
+    if (strip == module.items.end())
+      throw Failure(path + ": no strip bitmaps/" + std::to_string(id) + ".png beside it");
+    unsigned long width = 0;
+    unsigned long height = 0;
+    if (!PngSize(strip->bytes, width, height)) continue;  // a stub, sized when loaded
+    unsigned long const expected = static_cast<unsigned long>(bar.width) * bar.buttons;
+    if (width != expected || height != bar.height)
+      throw Failure(path + ": the strip is " + std::to_string(width) + "x" +
+                    std::to_string(height) + ", " + std::to_string(bar.buttons) + " images of " +
+                    std::to_string(bar.width) + "x" + std::to_string(bar.height) + " need " +
+                    std::to_string(expected) + "x" + std::to_string(bar.height));
+  }
 }
 
 std::string Generate(Module module, std::string const & name, std::string const & role,
@@ -435,6 +549,7 @@ int main(int argc, char ** argv) {
     std::sort(files.begin(), files.end());
     Module module;
     for (std::string const & file : files) AddFile(root, file, module);
+    CheckToolBarStrips(module);
     WriteIfChanged(output, Generate(std::move(module), name, role, root));
   } catch (std::exception const & error) {
     std::cerr << "talvo-resgen: " << error.what() << "\n";

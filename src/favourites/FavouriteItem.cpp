@@ -32,7 +32,8 @@ FavouriteItemHandle::FavouriteItemHandle(FavouriteItem const & item) : mItem(ite
 
 FavouriteItemHandle::FavouriteItemHandle(FavouriteItemHandle const & other)
     : FavouriteItem(other), mItem(other.mItem) {
-  other.mItem = nullptr;
+  // Handing over from a const source is what the handle is for.
+  other.mItem = nullptr;  // NOLINT(cert-oop58-cpp)
 }
 
 FavouriteItemHandle & FavouriteItemHandle::operator=(FavouriteItemHandle const & other) {
@@ -40,7 +41,7 @@ FavouriteItemHandle & FavouriteItemHandle::operator=(FavouriteItemHandle const &
   FavouriteItem::operator=(other);
   delete mItem;
   mItem = other.mItem;
-  other.mItem = nullptr;
+  other.mItem = nullptr;  // NOLINT(cert-oop58-cpp): the hand-over, as above
   return *this;
 }
 

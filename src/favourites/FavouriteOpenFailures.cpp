@@ -2,14 +2,13 @@
 
 #include <utility>
 
-#include <wx/richmsgdlg.h>
+#include "dialogs/DetailsDialog.h"
 
-#include "utl/VxSystemInfo.h"
-
-// The family's details dialog (headline, details behind a toggle, the error
-// icon) takes this place once it is part of the library; until then the
-// stock dialog with the same three parts shows them.
 namespace {
+
+// The details dialog's error icon.
+constexpr unsigned int kErrorIcon = 16;
+
 FavouriteOpenFailuresDisplay & Display() {
   static FavouriteOpenFailuresDisplay display;
   return display;
@@ -27,9 +26,6 @@ void ShowFavouriteOpenFailures(wxWindow * parent, wxString const & headline,
     Display()(parent, headline, details);
     return;
   }
-  wxRichMessageDialog dialog(parent, headline,
-                             wxString::FromUTF8(VxSystemInfo::GetApplicationName()),
-                             wxOK | wxICON_ERROR);
-  dialog.ShowDetailedText(details);
-  dialog.ShowModal();
+  // The details start closed: the headline says enough for most.
+  DetailsDialog(parent, headline.wc_str(), details.wc_str(), nullptr, kErrorIcon, false);
 }

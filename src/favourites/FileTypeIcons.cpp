@@ -33,7 +33,7 @@ wxIcon FileTypeIcons::Get(wxString const & path) {
   if (type.empty()) return wxIcon();
   auto const found = mIcons.find(type);
   if (found != mIcons.end()) return found->second;
-  wxIcon const icon = Load(type);
+  wxIcon icon = Load(type);
   mIcons.emplace(type, icon);
   return icon;
 }

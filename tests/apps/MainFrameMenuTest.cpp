@@ -88,6 +88,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Report", {Opens::kReportWindow}},
     {"Tools/Runs by project...", {Opens::kProjectTree}},
     {"Tools/Tree view", {Opens::kNothing}},
+    {"Tools/Open favourites", {Opens::kDetails}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -281,6 +282,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kMessageBox:
       case Opens::kTimeGrid:
       case Opens::kInstruments:
+      case Opens::kDetails:
+      case Opens::kInfo:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

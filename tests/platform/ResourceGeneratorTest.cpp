@@ -85,6 +85,14 @@ TEST_F(ResourceGenerator, RefusesWhatItCannotTakeNamingFileAndReason) {
       {"accelerators/9.txt", "# keys\nCtrl+F\n", "9.txt:2: a key and a command id"},
       {"accelerators/9.txt", "Ctrl+F 70000\n", "9.txt:1: id 70000 is out of"},
       {"accelerators/9.txt", "Ctrl+F 5 6\n", "unexpected text after the command id"},
+      {"toolbars/6.txt", "100\n", "6.txt:1: `size <width> <height>` must come first"},
+      {"toolbars/6.txt", "size 16\n", "6.txt:1: `size <width> <height>` expected"},
+      {"toolbars/6.txt", "size 0 16\n1\n", "\"0\" is no image size"},
+      {"toolbars/6.txt", "size 16 16\n1 2\n", "6.txt:2: unexpected text \"2\""},
+      {"toolbars/6.txt", "size 16 16\n# only a comment\n", "a tool bar without buttons"},
+      {"toolbars/6.txt", "size 16 16\nsave\n", "\"save\" is no resource id"},
+      {"toolbars/6.txt", "size 16 16\n5\n", "no strip bitmaps/6.png beside it"},
+      {"toolbars/6.bar", "", "tool bars are .txt files"},
       {"pictures/7.png", kPng, "unknown resource folder \"pictures\""},
       {"html/page.html", "<p/>", "\"page\" is no resource id"},
   };
@@ -103,6 +111,44 @@ TEST_F(ResourceGenerator, RefusesWhatItCannotTakeNamingFileAndReason) {
   Generated const run = Generate();
   EXPECT_NE(run.status, 0);
   EXPECT_NE(run.errors.find("the same id as"), std::string::npos) << run.errors;
+}
+
+// A PNG header of the given size; the generator reads no further.
+std::string PngHeader(unsigned width, unsigned height) {
+  std::string png = std::string("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16);
+  for (unsigned const value : {width, height})
+    for (int shift = 24; shift >= 0; shift -= 8) png += static_cast<char>((value >> shift) & 0xFF);
+  return png;
+}
+
+TEST_F(ResourceGenerator, ToolBarsBecomeWordsBesideAStripOfTheirSize) {
+  Write("toolbars/300.txt", "# view\r\nsize 16 15\r\n57600\r\nseparator\r\n  258 # open\r\n");
+  Write("bitmaps/300.png", PngHeader(32, 15));
+  Generated const run = Generate();
+  ASSERT_EQ(run.status, 0) << run.errors;
+  // Little-endian words: version 1, 16 x 15, three entries, 57600 (0xE100),
+  // a separator, 258 (0x0102).
+  EXPECT_NE(run.output.find("0x01, 0x00, 0x10, 0x00, 0x0f, 0x00, 0x03, 0x00, 0x00, 0xe1, 0x00, "
+                            "0x00, 0x02, 0x01,\n};"),
+            std::string::npos)
+      << run.output;
+  EXPECT_NE(run.output.find("{241, 300, "), std::string::npos);
+
+  // A strip that does not hold one image per button stops the build.
+  struct Case {
+    std::string png;
+    char const * reason;
+  };
+  for (Case const & c :
+       {Case{PngHeader(48, 15), "the strip is 48x15, 2 images of 16x15 need 32x15"},
+        Case{PngHeader(32, 16), "the strip is 32x16"}}) {
+    SetUp();
+    Write("toolbars/300.txt", "size 16 15\n57600\nseparator\n258\n");
+    Write("bitmaps/300.png", c.png);
+    Generated const bad = Generate();
+    EXPECT_NE(bad.status, 0);
+    EXPECT_NE(bad.errors.find(c.reason), std::string::npos) << bad.errors;
+  }
 }
 
 TEST_F(ResourceGenerator, TablesComeOutSortedWithTextsEscapedForTheCatalog) {
