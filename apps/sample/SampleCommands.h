@@ -44,5 +44,7 @@ enum SampleCommand : int {
   kInfoPlainCommand,
   kInfoHtmlCommand,
   kMuteDetailsCommand,
+  kScrollBoxCommand,
+  kInfoRtfCommand,
   kEndOfSampleCommands
 };
