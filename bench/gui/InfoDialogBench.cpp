@@ -39,7 +39,7 @@ std::wstring const & Page() {
 // Loaded: the browser has reported a finished load and the view has
 // nothing waiting (its first load is its blank document).
 ModalUntil::Arm ViewLoaded() {
-  return [](wxDialog & dialog, std::function<void()> done) {
+  return [](wxDialog & dialog, std::function<void()> const & done) {
     auto * view = dynamic_cast<VxHtmlView *>(dialog.FindWindow(InfoDialog::kTextPlaceId));
     if (view == nullptr || view->GetBrowser() == nullptr) return;
     view->GetBrowser()->Bind(wxEVT_WEBVIEW_LOADED, [view, &dialog, done](wxWebViewEvent & e) {
@@ -55,7 +55,7 @@ ModalUntil::Arm ViewLoaded() {
 // browser's first, blank document (the title is not known yet when the
 // load is reported).
 ModalUntil::Arm PageLoaded(wxWebView * browser) {
-  return [browser](wxDialog &, std::function<void()> done) {
+  return [browser](wxDialog &, std::function<void()> const & done) {
     browser->Bind(wxEVT_WEBVIEW_LOADED, [done](wxWebViewEvent & e) {
       e.Skip();
       if (e.GetURL() == kBaseUrl) done();

@@ -16,7 +16,7 @@ class ModalUntil : public wxModalDialogHook {
 public:
   // Called with the dialog as it enters ShowModal; `done` ends the run once
   // everything pending at that moment has been handled.
-  using Arm = std::function<void(wxDialog & dialog, std::function<void()> done)>;
+  using Arm = std::function<void(wxDialog & dialog, std::function<void()> const & done)>;
 
   explicit ModalUntil(Arm arm) : mArm(std::move(arm)) { Register(); }
   ~ModalUntil() override { Unregister(); }
@@ -24,7 +24,7 @@ public:
   // The dialog's first paint, children included: they draw in the same
   // frame, before anything queued from the paint handler runs.
   static Arm FirstPaint() {
-    return [](wxDialog & dialog, std::function<void()> done) {
+    return [](wxDialog & dialog, std::function<void()> const & done) {
       dialog.Bind(wxEVT_PAINT, [done](wxPaintEvent & event) {
         event.Skip();
         done();

@@ -22,8 +22,8 @@ constexpr unsigned int kIconMask = 0xF0;
 // The kinds that get the warning icon when the caller chose none.
 bool TakesDefaultIcon(unsigned int type) {
   unsigned int const kind = type & kKindMask;
-  return (type & kIconMask) == 0 && (kind == MB_OK || kind == MB_OKCANCEL ||
-                                     kind == MB_YESNOCANCEL || kind == MB_YESNO);
+  return (type & kIconMask) == 0 &&
+         (kind == MB_OK || kind == MB_OKCANCEL || kind == MB_YESNOCANCEL || kind == MB_YESNO);
 }
 
 // Pango lays a paragraph out as a whole, and the text view does it before
@@ -33,7 +33,7 @@ bool TakesDefaultIcon(unsigned int type) {
 constexpr size_t kLongestLine = 1024;
 
 wxString WithOverlongLinesCut(wxString const & text) {
-  std::wstring const in = text.ToStdWstring();
+  std::wstring const & in = text.ToStdWstring();
   std::wstring out;
   out.reserve(in.size() + in.size() / kLongestLine * 2);
   size_t lineLength = 0;
@@ -65,8 +65,8 @@ void ShowButton(wxWindow * control, bool show) {
 
 }  // namespace
 
-ScrollMessageBox::ScrollMessageBox(wchar_t const * text, unsigned int type,
-                                   wchar_t const * caption, wxWindow * parent)
+ScrollMessageBox::ScrollMessageBox(wchar_t const * text, unsigned int type, wchar_t const * caption,
+                                   wxWindow * parent)
     : VxDialog(kTemplate, parent != nullptr ? parent : GetDialogParent()),
       mText(WithCrLfLineEnds(text)),
       mType(TakesDefaultIcon(type) ? type + MB_ICONEXCLAMATION : type),

@@ -279,6 +279,9 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kMessageBox:
       case Opens::kTimeGrid:
       case Opens::kInstruments:
+      case Opens::kDetails:
+      case Opens::kInfo:
+      case Opens::kScrollBox:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

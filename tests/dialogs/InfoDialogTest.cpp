@@ -47,7 +47,9 @@ TEST_F(InfoDialogs, OnlyTheFiveButtonBitsCountAsRememberedAnswers) {
     if (c.replayed == 0) script.Answer(IDOK);
     int const result = dialog.DoModal();
     EXPECT_EQ(script.Shown().size(), c.replayed == 0 ? 1U : 0U);
-    if (c.replayed != 0) EXPECT_EQ(result, c.replayed);
+    if (c.replayed != 0) {
+      EXPECT_EQ(result, c.replayed);
+    }
   }
   EXPECT_TRUE(InfoDialog::WillShow(nullptr));
   EXPECT_TRUE(InfoDialog::WillShow(L""));

@@ -67,7 +67,9 @@ TEST(ScrollMessageBoxes, EachKindShowsItsButtonsInARowAtTheRight) {
           wxWindow * w = d.FindWindow(id);
           if (w == nullptr || !w->IsShown()) continue;
           shown.emplace_back(w->GetPosition().x, id);
-          if (y >= 0) EXPECT_EQ(w->GetPosition().y, y) << id;  // one row
+          if (y >= 0) {
+            EXPECT_EQ(w->GetPosition().y, y) << id;  // one row
+          }
           y = w->GetPosition().y;
           EXPECT_LE(w->GetRect().GetRight(), d.GetClientSize().GetWidth()) << id;
         }
@@ -75,7 +77,9 @@ TEST(ScrollMessageBoxes, EachKindShowsItsButtonsInARowAtTheRight) {
         ASSERT_EQ(shown.size(), c.leftToRight.size());
         for (size_t i = 0; i < shown.size(); ++i) {
           EXPECT_EQ(shown[i].second, c.leftToRight[i]) << i;
-          if (i > 0) EXPECT_GT(shown[i].first, shown[i - 1].first + 40) << "overlap " << i;
+          if (i > 0) {
+            EXPECT_GT(shown[i].first, shown[i - 1].first + 40) << "overlap " << i;
+          }
         }
         // The rightmost button ends at the same edge whatever the kind.
         EXPECT_EQ(d.FindWindow(shown.back().second)->GetRect().GetRight(),
@@ -108,7 +112,9 @@ TEST(ScrollMessageBoxes, TheIconFollowsTheTypeAndIsHiddenWithoutOne) {
       auto * icon = dynamic_cast<wxStaticBitmap *>(d.FindWindow(ScrollMessageBox::kIconId));
       ASSERT_NE(icon, nullptr);
       EXPECT_EQ(icon->IsShown(), c.shown);
-      if (c.shown) EXPECT_TRUE(icon->GetBitmap().IsOk());
+      if (c.shown) {
+        EXPECT_TRUE(icon->GetBitmap().IsOk());
+      }
       Click(d, IDOK);
     });
     box.DoModal();
