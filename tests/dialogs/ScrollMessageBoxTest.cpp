@@ -121,12 +121,27 @@ TEST(ScrollMessageBoxes, TheIconFollowsTheTypeAndIsHiddenWithoutOne) {
   }
 }
 
-bool VerticalBarShown(wxDialog & d) {
-  wxWindow * text = d.FindWindow(ScrollMessageBox::kTextId);
+GtkScrolledWindow * ScrolledText(wxDialog & d) {
+  return GTK_SCROLLED_WINDOW(d.FindWindow(ScrollMessageBox::kTextId)->GetHandle());
+}
+
+// The text has a place and its lines are measured: from here on the bar's
+// state is GTK's answer, not the state before the first layout.
+bool LaidOut(wxDialog & d) {
   gui_test::Flush();
-  GtkWidget * bar = gtk_scrolled_window_get_vscrollbar(GTK_SCROLLED_WINDOW(text->GetHandle()));
+  GtkAdjustment * lines = gtk_scrolled_window_get_vadjustment(ScrolledText(d));
+  return gtk_adjustment_get_page_size(lines) > 0 && gtk_adjustment_get_upper(lines) > 0;
+}
+
+bool VerticalBarShown(wxDialog & d) {
+  gui_test::Flush();
+  GtkWidget * bar = gtk_scrolled_window_get_vscrollbar(ScrolledText(d));
   return bar != nullptr && gtk_widget_get_child_visible(bar) != 0;
 }
+
+// Generous: a loaded machine lays a megabyte out slowly; a pass returns
+// as soon as the state is reached.
+constexpr int kLayoutMs = 20'000;
 
 // A short text has no bar; a long one has; shrinking the window until a
 // middling text no longer fits brings the bar, growing it back takes it
@@ -150,7 +165,8 @@ TEST(ScrollMessageBoxes, AScrollBarOnlyWhenTheTextDoesNotFit) {
     ScrollMessageBox box(c.text.c_str(), MB_OK, L"Scroll");
     ModalDialogScript script;
     script.Act([&](wxDialog & d) {
-      EXPECT_TRUE(gui_test::WaitUntil([&] { return VerticalBarShown(d) == c.bar; }));
+      ASSERT_TRUE(gui_test::WaitUntil([&] { return LaidOut(d); }, kLayoutMs));
+      EXPECT_TRUE(gui_test::WaitUntil([&] { return VerticalBarShown(d) == c.bar; }, kLayoutMs));
       auto * edit = dynamic_cast<wxTextCtrl *>(d.FindWindow(ScrollMessageBox::kTextId));
       ASSERT_NE(edit, nullptr);
       EXPECT_FALSE(edit->IsEditable());
@@ -158,9 +174,9 @@ TEST(ScrollMessageBoxes, AScrollBarOnlyWhenTheTextDoesNotFit) {
       if (&c.text == &middling) {
         wxSize const size = d.GetClientSize();
         d.SetClientSize(size.GetWidth(), size.GetHeight() - 120);
-        EXPECT_TRUE(gui_test::WaitUntil([&] { return VerticalBarShown(d); }));
+        EXPECT_TRUE(gui_test::WaitUntil([&] { return VerticalBarShown(d); }, kLayoutMs));
         d.SetClientSize(size);
-        EXPECT_TRUE(gui_test::WaitUntil([&] { return !VerticalBarShown(d); }));
+        EXPECT_TRUE(gui_test::WaitUntil([&] { return !VerticalBarShown(d); }, kLayoutMs));
       }
       Click(d, IDOK);
     });
