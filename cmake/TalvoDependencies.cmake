@@ -16,17 +16,20 @@ pkg_check_modules(LIBXSLT REQUIRED IMPORTED_TARGET libxslt)
 pkg_check_modules(LIBZIP REQUIRED IMPORTED_TARGET libzip)
 pkg_check_modules(GSF REQUIRED IMPORTED_TARGET libgsf-1)
 
-# wxBase only for the utility layer; the GUI library takes core, adv, html
-# and the web view (WebKitGTK) of the HTML views.
+# wxBase only for the utility layer; the GUI library takes core, adv, html;
+# the web view (WebKitGTK) only the browser library of the HTML views.
 find_package(wxWidgets 3.2 REQUIRED COMPONENTS base)
 set(TALVO_WXBASE_LIBRARIES ${wxWidgets_LIBRARIES})
 set(TALVO_WXBASE_INCLUDE_DIRS ${wxWidgets_INCLUDE_DIRS})
 set(TALVO_WXBASE_DEFINITIONS ${wxWidgets_DEFINITIONS})
 unset(wxWidgets_FOUND)
-find_package(wxWidgets 3.2 REQUIRED COMPONENTS webview richtext core base adv html xml xrc)
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS richtext core base adv html xml xrc)
 set(TALVO_WX_LIBRARIES ${wxWidgets_LIBRARIES})
 set(TALVO_WX_INCLUDE_DIRS ${wxWidgets_INCLUDE_DIRS})
 set(TALVO_WX_DEFINITIONS ${wxWidgets_DEFINITIONS})
+unset(wxWidgets_FOUND)
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS webview core base)
+set(TALVO_WXWEBVIEW_LIBRARIES ${wxWidgets_LIBRARIES})
 
 include(TalvoWxTargets)
 

@@ -1,6 +1,7 @@
 # What `cmake --install` puts in place, by component (the Debian packages of
 # TalvoPackaging.cmake):
-#   runtime  the versioned shared libraries, the XML module beside them and
+#   runtime  the versioned shared libraries, the XML module and the HTML
+#            views' browser library beside them and
 #            the library's message catalogs
 #   dev      headers under include/talvoutlwin/, the library names to link,
 #            the CMake package with the resource and catalog functions and
@@ -14,8 +15,9 @@ set(TALVO_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/talvoutlwin)
 install(TARGETS TALVOutl TALVOregistry TALVOappcore TALVOutlwin EXPORT TALVOutlwinTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev
   INCLUDES DESTINATION ${TALVO_INSTALL_INCLUDEDIR})
-# Loaded with dlopen from the folder of libTALVOutl.so, under this name.
-install(TARGETS TALVOxml LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime)
+# Loaded with dlopen from the folder of libTALVOutl.so (libTALVOutlwin.so),
+# under these names.
+install(TARGETS TALVOxml TALVOhtmlbrowser LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime)
 install(TARGETS talvo-resgen EXPORT TALVOutlwinTargets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT dev)
 

@@ -13,3 +13,9 @@ if(NOT TARGET talvo::wxbase)
   target_compile_definitions(talvo::wx INTERFACE ${TALVO_WX_DEFINITIONS})
   target_link_libraries(talvo::wx INTERFACE ${TALVO_WX_LIBRARIES})
 endif()
+# The web view, for the browser library of the HTML views (and tests that
+# drive its browser); the project's own build only.
+if(DEFINED TALVO_WXWEBVIEW_LIBRARIES AND NOT TARGET talvo::wxwebview)
+  add_library(talvo::wxwebview INTERFACE IMPORTED)
+  target_link_libraries(talvo::wxwebview INTERFACE talvo::wx ${TALVO_WXWEBVIEW_LIBRARIES})
+endif()

@@ -7,6 +7,7 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include "BatchCommand.h"
+#include "CalibrationListDialog.h"
 #include "DateFormatCommand.h"
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
@@ -75,6 +76,8 @@ void MainFrame::BuildMenus() {
   AddReportCommand(*tools, *this);
   AddProjectTreeCommand(*tools, *this);
   AddTreeViewCommand(*tools, *this);
+  AddCalibrationListCommand(*tools, *this);
+  tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
   auto * help = new wxMenu;
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
@@ -85,6 +88,8 @@ void MainFrame::BuildMenus() {
   SetMenuBar(bar);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
   Bind(wxEVT_MENU, &MainFrame::OnRunCalculation, this, kRunCalculationCommand);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent &) { SetStatusText(mRuns->CopyRuns()); }, kCopyRunsCommand);
   // wx menus take ids below 0x7fff only, so the item is the toolkit's about
   // item, and its command and update go on to the application as the
   // family's about command, which VxApp handles.

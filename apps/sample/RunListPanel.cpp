@@ -3,15 +3,14 @@
 #include <algorithm>
 #include <locale>
 
-#include <wx/dc.h>
 #include <wx/frame.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/srchctrl.h>
 #include <wx/stattext.h>
-#include <wx/vlbox.h>
 #include <boost/format.hpp>
 
+#include "RunList.h"
 #include "utl/FilterMatcher.h"
 #include "utl/Translation.h"
 #include "utl/VxStdString.h"
@@ -30,38 +29,6 @@ std::vector<std::string> SampleRuns() {
   return runs;
 }
 
-// The runs shown, one line each, drawn here: a native list box (a GTK tree
-// view) costs the start-up several milliseconds of layout and a bold font
-// for a header it never shows.
-class RunLines : public wxVListBox {
-public:
-  explicit RunLines(wxWindow * parent)
-      : wxVListBox(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME) {
-    SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX));
-    mLineHeight = GetCharHeight() + 2 * kPadding;
-  }
-
-  void Set(std::vector<std::string> const & runs) {
-    mLines.clear();
-    for (auto const & run : runs) mLines.push_back(wxString::FromUTF8(run));
-    SetItemCount(mLines.size());
-    Refresh();
-  }
-
-private:
-  static constexpr int kPadding = 3;
-
-  void OnDrawItem(wxDC & dc, wxRect const & rect, size_t n) const override {
-    dc.SetTextForeground(wxSystemSettings::GetColour(IsSelected(n) ? wxSYS_COLOUR_HIGHLIGHTTEXT
-                                                                   : wxSYS_COLOUR_LISTBOXTEXT));
-    dc.DrawText(mLines[n], rect.x + 2 * kPadding, rect.y + kPadding);
-  }
-  wxCoord OnMeasureItem(size_t) const override { return mLineHeight; }
-
-  std::vector<wxString> mLines;
-  int mLineHeight = 0;
-};
-
 }  // namespace
 
 RunListPanel::RunListPanel(wxWindow * parent) : wxPanel(parent), mRuns(SampleRuns()) {
@@ -77,7 +44,7 @@ RunListPanel::RunListPanel(wxWindow * parent) : wxPanel(parent), mRuns(SampleRun
   mFilter->SetDescriptiveText(vx3::Tr("Filter: words, \"phrases\", -exclude, a*|b?"));
   mFilter->ShowCancelButton(true);
   sizer->Add(mFilter, 0, wxEXPAND | wxALL, 8);
-  mList = new RunLines(this);
+  mList = new RunList(this);
   sizer->Add(mList, 1, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, 8);
   SetSizer(sizer);
 
@@ -96,7 +63,7 @@ void RunListPanel::ApplyFilter() {
   mShown.clear();
   for (auto const & run : mRuns)
     if (matcher.MatchString(run)) mShown.push_back(run);
-  static_cast<RunLines *>(mList)->Set(mShown);
+  mList->ShowRuns(mShown);
   if (auto * frame = dynamic_cast<wxFrame *>(wxGetTopLevelParent(this))) {
     if (frame->GetStatusBar() != nullptr) frame->SetStatusText(Summary());
   }
@@ -106,5 +73,18 @@ wxString RunListPanel::Summary() const {
   return wxString::FromUTF8(
       (boost::format(vx3::TranslateText("Showing %1% of %2% runs.", std::locale())) %
        mShown.size() % mRuns.size())
+          .str());
+}
+
+wxString RunListPanel::CopyRuns() {
+  std::vector<int> rows;
+  mList->GetCheckedIndexes(rows);
+  if (rows.empty()) {
+    for (int row = 0; row < mList->GetItemCount(); ++row) rows.push_back(row);
+  }
+  mList->AddToClipboard(rows);
+  return wxString::FromUTF8(
+      (boost::format(vx3::TranslateText("%1% runs copied to the clipboard.", std::locale())) %
+       rows.size())
           .str());
 }

@@ -1,13 +1,14 @@
 #pragma once
 // The sample's list of measurement runs: sorted in natural order (numbers by
-// value) and narrowed by the filter box as the user types.
+// value) and narrowed by the filter box as the user types; the list itself
+// is RunList (sort arrows, checks, copying, an editable comment).
 
 #include <string>
 #include <vector>
 
 #include <wx/panel.h>
 
-class wxVListBox;
+class RunList;
 class wxSearchCtrl;
 
 class RunListPanel : public wxPanel {
@@ -18,6 +19,10 @@ public:
   wxString Summary() const;
   void SetFilter(wxString const & filter);
   std::vector<std::string> const & Shown() const { return mShown; }
+  RunList & List() const { return *mList; }
+  // Tools > Copy runs: the checked runs, or all shown, to the clipboard as a
+  // spreadsheet takes them; returns what the status bar says.
+  wxString CopyRuns();
 
 private:
   void ApplyFilter();
@@ -25,5 +30,5 @@ private:
   std::vector<std::string> mRuns;
   std::vector<std::string> mShown;
   wxSearchCtrl * mFilter = nullptr;
-  wxVListBox * mList = nullptr;
+  RunList * mList = nullptr;
 };

@@ -20,6 +20,8 @@ enum SampleCommand : int {
   kTimeGridCommand,
   kPickRunCommand,
   kInstrumentsCommand,
+  kCalibrationListCommand,
+  kCopyRunsCommand,
   kReportCommand,
   kRunsByProjectCommand,
   // Runs by project (its own window)

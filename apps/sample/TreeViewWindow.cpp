@@ -68,7 +68,7 @@ private:
     for (HTREEITEM group = mTree->GetRootItem(); group; group = mTree->GetNextSiblingItem(group))
       for (HTREEITEM run = mTree->GetChildItem(group); run; run = mTree->GetNextSiblingItem(run))
         if (mTree->GetCheck(run)) ++checked;
-    SetStatusText(wxString::Format(Tr("Status", "%d runs checked"), checked), 0);
+    SetStatusText(wxString::Format(Tr("Status", "Runs checked: %d"), checked), 0);
   }
 
   CTreeCtrl * mTree = nullptr;

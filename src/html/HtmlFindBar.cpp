@@ -4,11 +4,11 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
-#include <wx/webview.h>
 
+#include "html/HtmlBrowser.h"
 #include "utl/Translation.h"
 
-HtmlFindBar::HtmlFindBar(wxWindow * parent, wxWebView * browser)
+HtmlFindBar::HtmlFindBar(wxWindow * parent, HtmlBrowser * browser)
     : wxPanel(parent, wxID_ANY), mBrowser(browser) {
   auto * sizer = new wxBoxSizer(wxHORIZONTAL);
   sizer->Add(new wxStaticText(this, wxID_ANY, vx3::Tr("Find bar", "Find:")), 0,
@@ -47,22 +47,20 @@ void HtmlFindBar::Open() {
 
 void HtmlFindBar::Close() {
   if (!IsShown()) return;
-  mBrowser->Find(wxString());  // takes the highlights away
+  mBrowser->Find(wxString(), false);  // takes the highlights away
   Hide();
   GetParent()->Layout();
-  mBrowser->SetFocus();
+  mBrowser->GetWindow()->SetFocus();
 }
 
 long HtmlFindBar::FindNext(bool backwards) {
   wxString const text = mText->GetValue();
   if (text.empty()) {
     mStatus->SetLabel(wxString());
-    mBrowser->Find(wxString());
+    mBrowser->Find(wxString(), false);
     return -1;
   }
-  int flags = wxWEBVIEW_FIND_WRAP | wxWEBVIEW_FIND_HIGHLIGHT_RESULT;
-  if (backwards) flags |= wxWEBVIEW_FIND_BACKWARDS;
-  long const found = mBrowser->Find(text, flags);
+  long const found = mBrowser->Find(text, backwards);
   // WebKit's find answers 0 for no match, wx's other browsers wxNOT_FOUND.
   mStatus->SetLabel(found <= 0 ? vx3::Tr("Find bar", "Not found") : wxString());
   Layout();

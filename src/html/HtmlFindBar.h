@@ -1,6 +1,6 @@
 #pragma once
 // A find bar under a browser: a text, next and previous, and a close box,
-// searching with wxWebView::Find as the user types. Escape closes it and
+// searching in the browser as the user types. Escape closes it and
 // gives the focus back to the browser. HTML views and the audit view share
 // it.
 
@@ -8,11 +8,11 @@
 
 class wxStaticText;
 class wxTextCtrl;
-class wxWebView;
+class HtmlBrowser;
 
 class HtmlFindBar : public wxPanel {
 public:
-  HtmlFindBar(wxWindow * parent, wxWebView * browser);
+  HtmlFindBar(wxWindow * parent, HtmlBrowser * browser);
 
   // Shows the bar (the parent lays it out) with the focus in its text.
   void Open();
@@ -29,7 +29,7 @@ private:
   void OnText(wxCommandEvent & event);
   void OnCharHook(wxKeyEvent & event);
 
-  wxWebView * mBrowser;
+  HtmlBrowser * mBrowser;
   wxTextCtrl * mText;
   wxStaticText * mStatus;
 };

@@ -100,6 +100,9 @@ std::vector<HtmlStyleRule> HtmlStyleSheet::ReadRules(wxString const & css) {
     body += c;
   }
   if (depth > 0) {
+    // A string open at the end is closed there, as a block is, so that the
+    // rule written reads back the same.
+    if (quote != 0) body += quote;
     while (--depth > 0) body += " }";
     rules.push_back({Collapsed(selector), Trimmed(body)});
   }

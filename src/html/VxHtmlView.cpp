@@ -5,11 +5,11 @@
 #include <wx/app.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
-#include <wx/webview.h>
 
 #include "controls/DisplayContextMenu.h"
 #include "controls/GUIUtilities.h"
 #include "html/AppLink.h"
+#include "html/HtmlBrowserModule.h"
 #include "html/HtmlFindBar.h"
 #include "html/HtmlPageText.h"
 #include "html/HtmlSaveChooser.h"
@@ -22,6 +22,7 @@
 #include "platform/WinUser.h"
 #include "utl/AtomicFile.h"
 #include "utl/Exception.h"
+#include "utl/Log.h"
 #include "utl/Translation.h"
 
 namespace {
@@ -79,7 +80,7 @@ VxHtmlView::VxHtmlView(wxWindow * parent, wxWindowID id, wxPoint const & pos, wx
 }
 
 VxHtmlView::~VxHtmlView() {
-  if (mBrowser != nullptr) WebKitBrowser::Disconnect(*mBrowser, this);
+  if (mBrowser) mBrowser->Disconnect();
 }
 
 bool VxHtmlView::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos, wxSize const & size,
@@ -90,19 +91,20 @@ bool VxHtmlView::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos, w
 }
 
 void VxHtmlView::CreateBrowser() {
-  mBrowser = wxWebView::New(this, wxID_ANY, kBlank);
-  if (mBrowser == nullptr) return;
+  std::string error;
+  HtmlBrowserFactory const factory = GetHtmlBrowserFactory(error);
+  if (factory == nullptr) {
+    Log::WriteMessage("VxHtmlView", "CreateBrowser", "No browser: " + error, Log::Error, false);
+    return;
+  }
+  mBrowser.reset(factory(this, this));
+  if (!mBrowser) return;
   mState = PageState::Loading;
-  WebKitBrowser::Attach(*mBrowser, this);
-  mBrowser->EnableContextMenu(true);  // the signal is where the view answers
-  mFindBar = new HtmlFindBar(this, mBrowser);
+  mFindBar = new HtmlFindBar(this, mBrowser.get());
   auto * sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->Add(mBrowser, 1, wxEXPAND);
+  sizer->Add(mBrowser->GetWindow(), 1, wxEXPAND);
   sizer->Add(mFindBar, 0, wxEXPAND);
   SetSizer(sizer);
-  mBrowser->Bind(wxEVT_WEBVIEW_LOADED, &VxHtmlView::OnLoaded, this);
-  mBrowser->Bind(wxEVT_WEBVIEW_ERROR, &VxHtmlView::OnLoaded, this);
-  mBrowser->Bind(wxEVT_WEBVIEW_NAVIGATING, &VxHtmlView::OnNavigating, this);
   Bind(wxEVT_MENU, &VxHtmlView::OnMenuCommand, this);
   Bind(wxEVT_CONTEXT_MENU, &VxHtmlView::OnContextMenu, this);
 }
@@ -141,7 +143,7 @@ void VxHtmlView::SetHTML(unsigned int htmlResource, unsigned int cssResource) {
 }
 
 void VxHtmlView::PrivateSetHTML() {
-  if (mBrowser == nullptr) return;
+  if (!mBrowser) return;
   mComposing = true;
   if (!mCss.empty()) IHTMLDocumentUtilities::SetCSSText(&mDocumentStyle, mCss);
   mComposing = false;
@@ -157,11 +159,11 @@ void VxHtmlView::PrivateSetHTML() {
   mCss.clear();
   mPending = false;
   mState = PageState::Loading;
-  mBrowser->SetPage(page, wxString());
+  mBrowser->SetPage(page);
 }
 
 void VxHtmlView::PutStyleIntoPage() {
-  if (mComposing || mBrowser == nullptr || mState != PageState::Ready) return;
+  if (mComposing || !mBrowser || mState != PageState::Ready) return;
   wxString css;
   IHTMLDocumentUtilities::GetCSSText(&mDocumentStyle, &css);
   mBrowser->RunScript(
@@ -170,17 +172,17 @@ void VxHtmlView::PutStyleIntoPage() {
       ScriptString(css) + ";");
 }
 
-void VxHtmlView::OnLoaded(wxWebViewEvent &) {
+void VxHtmlView::OnBrowserLoaded() {
   if (mState != PageState::Loading) return;
   mState = PageState::Ready;
   if (mPending) PrivateSetHTML();
 }
 
-void VxHtmlView::OnNavigating(wxWebViewEvent & event) {
+bool VxHtmlView::OnBrowserNavigating(wxString const & url) {
   wxString name;
-  if (!ParseAppLink(event.GetURL().utf8_string(), name)) return;
-  event.Veto();
+  if (!ParseAppLink(url.utf8_string(), name)) return false;
   OnAppCmd(name.wc_str());
+  return true;
 }
 
 void VxHtmlView::SetCmdMap(CommandMap const & commands, wxWindow * target) {
@@ -198,7 +200,11 @@ void VxHtmlView::OnAppCmd(wchar_t const * name) {
 }
 
 bool VxHtmlView::IsIEWindow(wxWindow const * window) {
-  return dynamic_cast<wxWebView const *>(window) != nullptr;
+  // Before the browser library is loaded no window can be a browser; once
+  // it is, wx knows the browser's class by name.
+  if (window == nullptr || !IsHtmlBrowserLoaded()) return false;
+  wxClassInfo const * browserClass = wxClassInfo::FindClass("wxWebView");
+  return browserClass != nullptr && window->IsKindOf(browserClass);
 }
 
 unsigned int VxHtmlView::GetDHtmlCommandMapping(unsigned int id, int & mapped,
@@ -216,19 +222,19 @@ int VxHtmlView::ExecHandler(unsigned int id) {
   int mapped = 0;
   unsigned int value = 0;
   unsigned int const command = GetDHtmlCommandMapping(id, mapped, value);
-  if (command == static_cast<unsigned int>(-1) || mBrowser == nullptr) return 0;
+  if (command == static_cast<unsigned int>(-1) || !mBrowser) return 0;
   if (command == 15) mBrowser->Copy();
   if (command == 27) mBrowser->Print();
   return 1;
 }
 
 void VxHtmlView::OnEditSelectAll() {
-  if (mBrowser != nullptr) mBrowser->SelectAll();
+  if (mBrowser) mBrowser->SelectAll();
 }
 
 void VxHtmlView::OnEditFind() {
-  if (mBrowser == nullptr) return;
-  mBrowser->SetFocus();
+  if (!mBrowser) return;
+  mBrowser->GetWindow()->SetFocus();
   mFindBar->Open();
 }
 
@@ -287,7 +293,7 @@ void VxHtmlView::OnBrowserContextMenu(bool keyboard, wxPoint screenPoint) {
 void VxHtmlView::OnBrowserProcessGone() { mState = PageState::ProcessGone; }
 
 void VxHtmlView::OnFileSaveAs() {
-  if (mBrowser == nullptr) return;
+  if (!mBrowser) return;
   if (mBrowser->GetCurrentURL() != kBlank)
     SaveUrlPage();
   else
@@ -322,7 +328,7 @@ void VxHtmlView::SaveUrlPage() {
   HtmlSaveAnswer const answer = ChooseHtmlSaveFile(request);
   if (!answer.accepted) return;
   std::string error;
-  if (!WebKitBrowser::SaveAsMhtml(*mBrowser, answer.path.utf8_string(), error))
+  if (!mBrowser->SaveAsMhtml(answer.path.utf8_string(), error))
     AfxMessageBox(vx3::Tr("The page could not be saved.") + "\n" + Widened(error),
                   MB_OK | MB_ICONEXCLAMATION);
 }

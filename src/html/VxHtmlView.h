@@ -5,7 +5,9 @@
 // saves what it shows as a complete page, sends "app:" links to the
 // application as commands, and keeps the browser's menu and keys under its
 // own control: the context menu is a menu resource, keys go through an
-// accelerator resource first. Page scripts are off.
+// accelerator resource first. Page scripts are off. The browser comes from
+// a library of its own loaded with the first view (html/HtmlBrowser.h), so
+// that WebKit costs nothing to an application that shows no HTML.
 
 #include <map>
 #include <memory>
@@ -15,15 +17,14 @@
 #include <wx/weakref.h>
 #include <wx/window.h>
 
+#include "html/HtmlBrowser.h"
 #include "html/HtmlStyleSheet.h"
-#include "html/WebKitBrowser.h"
 #include "platform/AcceleratorText.h"
 
 class HtmlFindBar;
 class wxWebView;
-class wxWebViewEvent;
 
-class VxHtmlView : public wxWindow, private WebKitBrowserEvents {
+class VxHtmlView : public wxWindow, private HtmlBrowserEvents {
   wxDECLARE_DYNAMIC_CLASS(VxHtmlView);
 
 public:
@@ -85,7 +86,7 @@ public:
   // The document's style sheets (html/IHTMLDocumentUtilities.h works on
   // them); a change made through them goes into the page shown.
   HtmlDocumentStyle * GetDocumentStyle() { return &mDocumentStyle; }
-  wxWebView * GetBrowser() const { return mBrowser; }
+  wxWebView * GetBrowser() const { return mBrowser ? mBrowser->GetWebView() : nullptr; }
   HtmlFindBar * GetFindBar() const { return mFindBar; }
   PageState GetPageState() const { return mState; }
   // Texts are waiting for the document.
@@ -107,16 +108,16 @@ private:
   void SaveOwnPage();
   void SaveUrlPage();
 
-  void OnLoaded(wxWebViewEvent & event);
-  void OnNavigating(wxWebViewEvent & event);
   void OnMenuCommand(wxCommandEvent & event);
   void OnContextMenu(wxContextMenuEvent & event);
 
+  void OnBrowserLoaded() override;
+  bool OnBrowserNavigating(wxString const & url) override;
   bool OnBrowserKey(int flags, int keyCode) override;
   void OnBrowserContextMenu(bool keyboard, wxPoint screenPoint) override;
   void OnBrowserProcessGone() override;
 
-  wxWebView * mBrowser = nullptr;
+  std::unique_ptr<HtmlBrowser> mBrowser;
   HtmlFindBar * mFindBar = nullptr;
   PageState mState = PageState::NoBrowser;
   bool mPending = false;

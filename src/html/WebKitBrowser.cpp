@@ -19,9 +19,22 @@ using SaveToFileFinish = gboolean (*)(void *, GAsyncResult *, GError **);
 using TerminateProcess = void (*)(void *);
 using GetSettings = GObject * (*)(void *);
 
+// This library and what it links, WebKit among them: the view loads it
+// with RTLD_LOCAL, so WebKit is not in the global scope.
+void * OwnScope() {
+  static void * const handle = [] {
+    Dl_info info{};
+    if (dladdr(reinterpret_cast<void *>(&OwnScope), &info) == 0 || info.dli_fname == nullptr)
+      return RTLD_DEFAULT;
+    void * self = dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD);
+    return self != nullptr ? self : RTLD_DEFAULT;
+  }();
+  return handle;
+}
+
 template <typename Function>
 Function WebKitFunction(char const * name) {
-  return reinterpret_cast<Function>(dlsym(RTLD_DEFAULT, name));
+  return reinterpret_cast<Function>(dlsym(OwnScope(), name));
 }
 
 GtkWidget * Widget(wxWebView & browser) {
@@ -63,7 +76,7 @@ gboolean OnKeyPress(GtkWidget *, GdkEventKey * event, gpointer data) {
   if (event->state & GDK_MOD1_MASK) flags |= wxACCEL_ALT;
   int const keyCode = KeyCodeOf(event->keyval);
   if (keyCode == 0) return FALSE;
-  return static_cast<WebKitBrowserEvents *>(data)->OnBrowserKey(flags, keyCode) ? TRUE : FALSE;
+  return static_cast<HtmlBrowserEvents *>(data)->OnBrowserKey(flags, keyCode) ? TRUE : FALSE;
 }
 
 gboolean OnContextMenu(GtkWidget * widget, gpointer, GdkEvent * event, gpointer, gpointer data) {
@@ -79,12 +92,12 @@ gboolean OnContextMenu(GtkWidget * widget, gpointer, GdkEvent * event, gpointer,
     if (window != nullptr) gdk_window_get_origin(window, &originX, &originY);
     point = wxPoint(originX, originY);
   }
-  static_cast<WebKitBrowserEvents *>(data)->OnBrowserContextMenu(keyboard, point);
+  static_cast<HtmlBrowserEvents *>(data)->OnBrowserContextMenu(keyboard, point);
   return TRUE;  // WebKit's own menu never shows
 }
 
 void OnProcessTerminated(GtkWidget *, int, gpointer data) {
-  static_cast<WebKitBrowserEvents *>(data)->OnBrowserProcessGone();
+  static_cast<HtmlBrowserEvents *>(data)->OnBrowserProcessGone();
 }
 
 struct SaveState {
@@ -109,7 +122,7 @@ void OnSaved(GObject * source, GAsyncResult * result, gpointer data) {
 
 namespace WebKitBrowser {
 
-void Attach(wxWebView & browser, WebKitBrowserEvents * events) {
+void Attach(wxWebView & browser, HtmlBrowserEvents * events) {
   GtkWidget * widget = Widget(browser);
   if (widget == nullptr) return;
   auto const settingsOf = WebKitFunction<GetSettings>("webkit_web_view_get_settings");
@@ -122,7 +135,7 @@ void Attach(wxWebView & browser, WebKitBrowserEvents * events) {
   g_signal_connect(widget, "web-process-terminated", G_CALLBACK(OnProcessTerminated), events);
 }
 
-void Disconnect(wxWebView & browser, WebKitBrowserEvents * events) {
+void Disconnect(wxWebView & browser, HtmlBrowserEvents * events) {
   GtkWidget * widget = Widget(browser);
   if (widget != nullptr) g_signal_handlers_disconnect_by_data(widget, events);
 }

@@ -3,34 +3,20 @@
 // interface: page scripts off, the widget's own key and menu signals, the
 // end of its web process, and saving a page as MHTML. The WebKit functions
 // are looked up in the WebKit library that wx's web view already loaded.
+// Part of the browser library (TALVOhtmlbrowser), not of TALVOutlwin.
 
 #include <string>
 
-#include <wx/gdicmn.h>
+#include "html/HtmlBrowser.h"
 
 class wxWebView;
-
-class WebKitBrowserEvents {
-public:
-  // A key pressed in the browser, before WebKit sees it: flags wxACCEL_*,
-  // keyCode an upper-case letter, a digit or WXK_*. True ends the key.
-  virtual bool OnBrowserKey(int flags, int keyCode) = 0;
-  // WebKit is about to show its context menu (right click, Shift+F10, the
-  // menu key); `keyboard` tells which. WebKit's own menu never shows.
-  virtual void OnBrowserContextMenu(bool keyboard, wxPoint screenPoint) = 0;
-  // The web process ended; the page is gone.
-  virtual void OnBrowserProcessGone() = 0;
-
-protected:
-  ~WebKitBrowserEvents() = default;
-};
 
 namespace WebKitBrowser {
 
 // Switches scripts in pages off (RunScript still runs) and routes the
 // widget's signals to `events` until Disconnect.
-void Attach(wxWebView & browser, WebKitBrowserEvents * events);
-void Disconnect(wxWebView & browser, WebKitBrowserEvents * events);
+void Attach(wxWebView & browser, HtmlBrowserEvents * events);
+void Disconnect(wxWebView & browser, HtmlBrowserEvents * events);
 
 // Saves the loaded page as MHTML to `path` (written beside it and renamed
 // over it), waiting for WebKit in a nested loop. False with the reason in

@@ -19,6 +19,7 @@
 #include <wx/xrc/xh_dlg.h>
 #include <wx/xrc/xmlres.h>
 
+#include "platform/commctrl/ListCtrlXmlHandler.h"
 #include "utl/Translation.h"
 
 namespace {
@@ -88,6 +89,7 @@ public:
       mTemplates = std::make_unique<wxXmlResource>(0);
       mTemplates->InitAllHandlers();
       mTemplates->InsertHandler(new TemplateDialogHandler);
+      mTemplates->AddHandler(new ListCtrlXmlHandler);
     }
     if (mLoadedTemplates.insert(item.id).second) {
       wxMemoryInputStream stream(item.data, item.size);

@@ -17,6 +17,7 @@
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
+#include "CalibrationListDialog.h"
 #include "InstrumentsDialog.h"
 #include "MainFrame.h"
 #include "ProjectTreeWindow.h"
@@ -52,17 +53,18 @@ enum class Opens {
   kBatchQuestion,
   kDateFormat,
   kTimeGrid,
-  kRunPicker,     // the filter popup over the sample's runs
-  kInstruments,   // the instruments dialog
-  kReportWindow,  // the report window opens over the frame
-  kMessageBox,    // a CustomMessageBoxDlg of `boxType` (buttons and icon)
-  kDetails,       // a details dialog
-  kInfo,          // an information dialog
-  kScrollBox,     // a message box whose text scrolls
-  kNothing,       // says so in the status bar
-  kAboutBox,      // the application's about command
-  kCloseRequest,  // the frame is asked to close
-  kProjectTree,   // the runs by project window
+  kRunPicker,        // the filter popup over the sample's runs
+  kInstruments,      // the instruments dialog
+  kReportWindow,     // the report window opens over the frame
+  kCalibrationList,  // the sample's report list
+  kMessageBox,       // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,          // a details dialog
+  kInfo,             // an information dialog
+  kScrollBox,        // a message box whose text scrolls
+  kNothing,          // says so in the status bar
+  kAboutBox,         // the application's about command
+  kCloseRequest,     // the frame is asked to close
+  kProjectTree,      // the runs by project window
 };
 
 struct Expected {
@@ -83,6 +85,8 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Time grid...", {Opens::kTimeGrid}},
     {"Tools/Pick a run...", {Opens::kRunPicker}},
     {"Tools/Instruments...", {Opens::kInstruments}},
+    {"Tools/Calibration list...", {Opens::kCalibrationList}},
+    {"Tools/Copy runs", {Opens::kNothing}},
     {"Tools/Report", {Opens::kReportWindow}},
     {"Tools/Runs by project...", {Opens::kProjectTree}},
     {"Tools/Tree view", {Opens::kNothing}},
@@ -121,6 +125,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderDialog;
   } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kFolderCollection;
+  } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kCalibrationList;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
@@ -233,8 +239,9 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     ModalDialogScript script;
     // The kinds that show a modal dialog, one a line.
     static std::set<Opens> const dialogKinds{
-        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion, Opens::kMessageBox,
-        Opens::kDateFormat,   Opens::kTimeGrid,         Opens::kInstruments,   Opens::kDetails,
+        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
+        Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
+        Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
         Opens::kInfo,         Opens::kScrollBox,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
@@ -275,6 +282,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderDialog:
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
+      case Opens::kCalibrationList:
       case Opens::kDateFormat:
       case Opens::kMessageBox:
       case Opens::kTimeGrid:

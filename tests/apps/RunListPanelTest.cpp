@@ -6,8 +6,17 @@
 #include <wx/srchctrl.h>
 #include <wx/uiaction.h>
 
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+#include <wx/menu.h>
+#include <wx/statusbr.h>
+
+#include "../../apps/sample/MainFrame.h"
+#include "../../apps/sample/RunList.h"
 #include "../../apps/sample/RunListPanel.h"
+#include "../../apps/sample/SampleCommands.h"
 #include "harness/GuiTestUtilities.h"
+#include "lists/CInPlaceEdit.h"
 
 namespace {
 
@@ -61,6 +70,70 @@ TEST_F(RunListPanelTest, FilterLanguageReachesTheList) {
   EXPECT_EQ(panel->Shown().size(), 3u);
   panel->SetFilter("");
   EXPECT_EQ(panel->Shown().size(), 24u);
+}
+
+TEST_F(RunListPanelTest, TheListShowsRetiredRunsStruckOutAndAnEmptyFilterSaysSo) {
+  RunList & list = panel->List();
+  ASSERT_EQ(list.GetItemCount(), 24);
+  for (int row = 0; row < list.GetItemCount(); ++row) {
+    std::string const run = list.GetItemText(row, RunList::kNameColumn).utf8_string();
+    EXPECT_EQ(list.IsItemDisabled(row), run.rfind("Blank", 0) == 0 || run.rfind("QC low", 0) == 0)
+        << run;
+  }
+  panel->SetFilter("nothing-matches-this");
+  EXPECT_EQ(list.GetItemCount(), 0);
+  EXPECT_EQ(list.GetEmptyCtrlText(), "No run matches the filter.");
+}
+
+TEST_F(RunListPanelTest, ChecksAndCommentsSurviveTheFilterAndOnlyTheCommentIsEdited) {
+  RunList & list = panel->List();
+  panel->SetFilter("run");
+  ASSERT_GT(list.GetItemCount(), 2);
+  list.SetCheck(1, true);
+  wxString const checked = list.GetItemText(1, RunList::kNameColumn);
+  EXPECT_EQ(list.EditSubLabel(0, RunList::kNameColumn), nullptr);
+  CInPlaceEdit * edit = list.EditSubLabel(0, RunList::kCommentColumn);
+  ASSERT_NE(edit, nullptr);
+  edit->ChangeValue("  repeat it  ");
+  edit->Commit();
+  wxString const commented = list.GetItemText(0, RunList::kNameColumn);
+  EXPECT_EQ(list.GetItemText(0, RunList::kCommentColumn), "repeat it");
+  panel->SetFilter("");
+  for (int row = 0; row < list.GetItemCount(); ++row) {
+    wxString const run = list.GetItemText(row, RunList::kNameColumn);
+    EXPECT_EQ(list.GetCheck(row), run == checked) << run;
+    EXPECT_EQ(list.GetItemText(row, RunList::kCommentColumn), run == commented ? "repeat it" : "")
+        << run;
+  }
+}
+
+// The menu command puts the checked runs on the clipboard as rows of cells.
+TEST(SampleCopyRuns, MenuCommandCopiesTheCheckedRuns) {
+  auto * frame = new MainFrame;
+  ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+  RunList * list = nullptr;
+  std::function<void(wxWindow *)> find = [&](wxWindow * window) {
+    if (auto * runs = dynamic_cast<RunList *>(window)) list = runs;
+    for (wxWindow * child : window->GetChildren()) find(child);
+  };
+  find(frame);
+  ASSERT_NE(list, nullptr);
+  list->SetCheck(0, true);
+  list->SetCheck(2, true);
+  wxString const first = list->GetItemText(0, RunList::kNameColumn);
+  wxMenuBar * bar = frame->GetMenuBar();
+  ASSERT_NE(bar->FindItem(kCopyRunsCommand), nullptr);
+  wxCommandEvent command(wxEVT_MENU, kCopyRunsCommand);
+  frame->ProcessWindowEvent(command);
+  EXPECT_EQ(frame->GetStatusBar()->GetStatusText(), "2 runs copied to the clipboard.");
+  wxTextDataObject text;
+  {
+    wxClipboardLocker const locker;
+    ASSERT_TRUE(wxTheClipboard->GetData(text));
+  }
+  EXPECT_TRUE(text.GetText().StartsWith(first + "\t")) << text.GetText();
+  EXPECT_EQ(text.GetText().Freq('\n'), 2u) << text.GetText();
+  frame->Destroy();
 }
 
 }  // namespace

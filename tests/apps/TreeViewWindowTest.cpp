@@ -75,7 +75,9 @@ TEST_F(TreeViewWindowTest, TheCommandOpensOneWindowWhoseStatusFollowsTheTree) {
   tree->GetEventHandler()->ProcessEvent(space);
   gui_test::Flush();
   EXPECT_TRUE(tree->GetCheck(week4));
-  EXPECT_EQ(window->GetStatusBar()->GetStatusText(), "1 runs checked");
+  EXPECT_EQ(window->GetStatusBar()->GetStatusText(), "Runs checked: 1");
+  if (gui_test::ShowAndWait(*frame) && gui_test::ShowAndWait(*window))
+    gui_test::Snapshot(*window, "sample-tree-view");
 }
 
 }  // namespace

@@ -4,8 +4,12 @@
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -22,6 +26,8 @@
 
 #include "controls/VxMenu.h"
 #include "harness/GuiTestUtilities.h"
+#include "harness/ModalDialogScript.h"
+#include "html/HtmlBrowserModule.h"
 #include "html/HtmlFindBar.h"
 #include "html/HtmlSaveChooser.h"
 #include "html/IHTMLDocumentUtilities.h"
@@ -298,6 +304,71 @@ TEST_F(HtmlView, UrlPagesAreSavedAsMhtml) {
   EXPECT_EQ(std::system(check.c_str()), 0);
 }
 
+// A page that cannot be saved says which file and why, and loses nothing:
+// a file already there keeps its text and nothing is left beside it.
+TEST_F(HtmlView, APageThatCannotBeSavedSaysWhyAndLosesNothing) {
+  mView->SetHTML(L"<p>kept</p>", L"");
+  ASSERT_TRUE(WaitShown(*mView));
+  std::string const readOnly = TempPath("read-only");
+  ASSERT_EQ(::mkdir(readOnly.c_str(), 0755), 0);
+  std::ofstream(readOnly + "/Report.htm") << "earlier report";
+  ASSERT_EQ(::chmod(readOnly.c_str(), 0555), 0);
+  std::vector<std::string> folders{"/sys"};           // refused to root as well
+  if (::geteuid() != 0) folders.push_back(readOnly);  // root writes anyway
+  for (std::string const & folder : folders) {
+    SCOPED_TRACE(folder);
+    std::string const path = folder + "/Report.htm";
+    SetHtmlSaveChooser([&](HtmlSaveRequest const &) {
+      HtmlSaveAnswer answer;
+      answer.accepted = true;
+      answer.path = path;
+      answer.title = "Report";
+      return answer;
+    });
+    ModalDialogScript script;
+    script.Answer(wxID_OK);
+    mView->OnFileSaveAs();
+    ASSERT_EQ(script.Shown().size(), 1u);
+    wxString const message = script.Shown()[0].message;
+    EXPECT_TRUE(message.StartsWith("The file " + path + " cannot be written: ")) << message;
+    EXPECT_GT(message.length(), ("The file " + path + " cannot be written: .").size()) << message;
+  }
+  ::chmod(readOnly.c_str(), 0755);
+  EXPECT_EQ(FileText(readOnly + "/Report.htm"), "earlier report");
+  std::vector<std::string> left;
+  for (auto const & entry : std::filesystem::directory_iterator(readOnly))
+    left.push_back(entry.path().filename().string());
+  EXPECT_EQ(left, std::vector<std::string>{"Report.htm"});
+  // The view goes on: the page is still there to be saved elsewhere.
+  EXPECT_EQ(Script("document.body.textContent"), "kept");
+}
+
+// Web pages (saved by WebKit) say so too, with WebKit's reason.
+TEST_F(HtmlView, AUrlPageThatCannotBeSavedSaysSo) {
+  std::string const page = TempPath("unsaved.html");
+  std::ofstream(page) << "<html><body><p>from a file</p></body></html>";
+  bool loaded = false;
+  mView->GetBrowser()->Bind(wxEVT_WEBVIEW_LOADED, [&](wxWebViewEvent & event) {
+    loaded = loaded || event.GetURL().EndsWith("unsaved.html");
+    event.Skip();
+  });
+  mView->GetBrowser()->LoadURL("file://" + page);
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return loaded; }, kLoadTimeoutMs));
+  SetHtmlSaveChooser([&](HtmlSaveRequest const &) {
+    HtmlSaveAnswer answer;
+    answer.accepted = true;
+    answer.path = "/sys/saved.mht";
+    return answer;
+  });
+  ModalDialogScript script;
+  script.Answer(wxID_OK);
+  mView->OnFileSaveAs();
+  ASSERT_EQ(script.Shown().size(), 1u);
+  wxString const message = script.Shown()[0].message;
+  EXPECT_TRUE(message.StartsWith("The page could not be saved.\n")) << message;
+  EXPECT_GT(message.AfterFirst('\n').length(), 0u) << message;
+}
+
 TEST_F(HtmlView, ADeadWebProcessIsRecoveredByTheNextText) {
   mView->SetHTML(L"<p id=t>before</p>", L"");
   ASSERT_TRUE(WaitShown(*mView));
@@ -326,6 +397,7 @@ TEST_F(HtmlView, BrowserCommandsOfTheViewsTable) {
   }
   EXPECT_EQ(mView->ExecHandler(57634), 1);
   EXPECT_EQ(mView->ExecHandler(57604), 0);
+  EXPECT_TRUE(IsHtmlBrowserLoaded());
   EXPECT_TRUE(VxHtmlView::IsIEWindow(mView->GetBrowser()));
   EXPECT_FALSE(VxHtmlView::IsIEWindow(mView));
 }

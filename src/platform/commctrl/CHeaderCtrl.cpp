@@ -5,9 +5,10 @@
 #include <wx/settings.h>
 
 #include <algorithm>
-#include <numeric>
+#include <cstdlib>
 
 #include "platform/SysColor.h"
+#include "platform/SystemMetrics.h"
 
 wxIMPLEMENT_DYNAMIC_CLASS(CHeaderCtrl, wxWindow);
 
@@ -37,7 +38,9 @@ CHeaderCtrl::~CHeaderCtrl() {
 }
 
 void CHeaderCtrl::ModifyHeaderStyle(DWORD remove, DWORD add) {
-  mStyle = (mStyle & ~remove) | add;
+  DWORD const style = (mStyle & ~remove) | add;
+  if (style == mStyle) return;
+  mStyle = style;
   Refresh();
 }
 
@@ -163,8 +166,6 @@ int CHeaderCtrl::OrderToIndex(int order) const {
   return order >= 0 && order < GetItemCount() ? mOrder[static_cast<size_t>(order)] : order;
 }
 
-std::vector<int> CHeaderCtrl::GetOrder() const { return mOrder; }
-
 bool CHeaderCtrl::GetItemRect(int index, RECT * rect) const {
   if (rect == nullptr || index < 0 || index >= GetItemCount()) return false;
   int x = -mScrollOffset;
@@ -277,6 +278,14 @@ void CHeaderCtrl::PaintHeader(wxDC & dc) {
       DrawDefaultItem(dc, index, rect, pressed);
     }
   }
+  if (mDragging >= 0) {
+    // Where the dragged heading would land.
+    int x = -mScrollOffset;
+    for (int position = 0; position < mDropPosition && position < GetItemCount(); ++position)
+      x += mItems[static_cast<size_t>(mOrder[static_cast<size_t>(position)])].width;
+    dc.SetPen(wxPen(GetSysColour(COLOR_HIGHLIGHT), 2));
+    dc.DrawLine(x, 0, x, size.y);
+  }
   if (right < size.x) {
     // The empty part right of the last heading, drawn as a heading without text.
     wxRendererNative::Get().DrawHeaderButton(this, dc, wxRect(right, 0, size.x - right, size.y));
@@ -307,6 +316,7 @@ void CHeaderCtrl::OnLeftDown(wxMouseEvent & event) {
   if (hit.iItem < 0 || (mStyle & HDS_BUTTONS) == 0) return;
   mPressed = hit.iItem;
   mPressedInside = true;
+  mPressX = event.GetX();
   if (!HasCapture()) CaptureMouse();
   Refresh();
 }
@@ -322,6 +332,23 @@ void CHeaderCtrl::OnMotion(wxMouseEvent & event) {
     }
     if ((mStyle & HDS_FULLDRAG) != 0) SetItem(mTracking, &item);
     return;
+  }
+  if (mDragging >= 0) {
+    mDropPosition = DropPositionAt(event.GetX());
+    Refresh();
+    return;
+  }
+  if (mPressed >= 0 && (mStyle & HDS_DRAGDROP) != 0 &&
+      std::abs(event.GetX() - mPressX) > std::max(GetSystemMetrics(SM_CXDRAG), 2)) {
+    // The heading leaves its place: a drag to another position, unless refused.
+    if (Notify(HDN_BEGINDRAG, mPressed, nullptr) == 0) {
+      mDragging = mPressed;
+      mPressed = -1;
+      mPressedInside = false;
+      mDropPosition = DropPositionAt(event.GetX());
+      Refresh();
+      return;
+    }
   }
   if (mPressed >= 0) {
     RECT rect{};
@@ -362,6 +389,21 @@ void CHeaderCtrl::OnLeftUp(wxMouseEvent & event) {
     EndTracking(true);
     return;
   }
+  if (mDragging >= 0) {
+    int const dragged = mDragging;
+    mDragging = -1;
+    if (HasCapture()) ReleaseMouse();
+    HDITEMW item;
+    item.mask = HDI_ORDER;
+    item.iOrder = DropPositionAt(event.GetX());
+    int const from =
+        static_cast<int>(std::find(mOrder.begin(), mOrder.end(), dragged) - mOrder.begin());
+    // Dropped behind itself: the place it left does not count.
+    if (item.iOrder > from) --item.iOrder;
+    if (Notify(HDN_ENDDRAG, dragged, &item) == 0 && item.iOrder != from) SetItem(dragged, &item);
+    Refresh();
+    return;
+  }
   if (mPressed < 0) return;
   int const pressed = mPressed;
   bool const inside = mPressedInside;
@@ -400,5 +442,19 @@ void CHeaderCtrl::OnCaptureLost(wxMouseCaptureLostEvent &) {
   }
   mPressed = -1;
   mPressedInside = false;
+  mDragging = -1;
   Refresh();
+}
+
+int CHeaderCtrl::DropPositionAt(int x) const {
+  // The position before the first heading whose middle lies right of x.
+  int left = -mScrollOffset;
+  int position = 0;
+  for (int const at : mOrder) {
+    int const width = mItems[static_cast<size_t>(at)].width;
+    if (x < left + width / 2) return position;
+    left += width;
+    ++position;
+  }
+  return position;
 }

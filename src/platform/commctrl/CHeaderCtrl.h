@@ -5,6 +5,8 @@
 // a width) and HDN_ITEMCHANGED. A divider drag sends HDN_BEGINTRACK
 // (refusable), HDN_TRACK at each move (refusable: the drag ends), the item
 // change, and HDN_ENDTRACK, whose handler may still change the final width.
+// With HDS_DRAGDROP a heading dragged sideways moves to another position:
+// HDN_BEGINDRAG and HDN_ENDDRAG (pitem->iOrder the new position) may refuse.
 // Notifications go through SendNotify: the header first, then its parent.
 
 #include <wx/bitmap.h>
@@ -45,7 +47,7 @@ public:
   bool GetOrderArray(int * order, int count) const;
   bool SetOrderArray(int count, int const * order);
   int OrderToIndex(int order) const;
-  std::vector<int> GetOrder() const;
+  std::vector<int> const & GetOrder() const { return mOrder; }
 
   // Item rectangle in the header's client coordinates (scroll offset applied).
   bool GetItemRect(int index, RECT * rect) const;
@@ -64,6 +66,8 @@ public:
 
   // Index of the pressed item while the button is down on it, else -1.
   int GetPressedItem() const { return mPressed; }
+  // Index of the heading being dragged to another place (HDS_DRAGDROP), else -1.
+  int GetDraggedItem() const { return mDragging; }
   // Index of the divider being dragged, else -1.
   int GetTrackingItem() const { return mTracking; }
 
@@ -98,6 +102,8 @@ private:
   // The item whose right divider lies within DividerGrip of x, or -1.
   int DividerAt(int x) const;
   void EndTracking(bool notify);
+  // The display position a heading dropped at x takes (0..count).
+  int DropPositionAt(int x) const;
 
   DWORD mStyle = HDS_BUTTONS | HDS_FULLDRAG;
   std::vector<Item> mItems;
@@ -105,6 +111,9 @@ private:
   int mScrollOffset = 0;
   int mPressed = -1;
   bool mPressedInside = false;
+  int mPressX = 0;
+  int mDragging = -1;
+  int mDropPosition = 0;
   int mTracking = -1;
   int mTrackStartX = 0;
   int mTrackStartWidth = 0;

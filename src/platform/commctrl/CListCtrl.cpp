@@ -81,7 +81,7 @@ bool CListCtrl::ModifyStyle(DWORD remove, DWORD add) {
     // Switching the kind of storage drops the rows.
     mRows.clear();
     mVirtualCount = 0;
-    mVirtualSelected.clear();
+    mVirtualSelected.Clear();
     mFocused = -1;
     mSelectionMark = -1;
     mTop = 0;
@@ -103,6 +103,9 @@ DWORD CListCtrl::SetExtendedStyle(DWORD exStyle) {
   if ((exStyle & LVS_EX_CHECKBOXES) == 0 && (before & LVS_EX_CHECKBOXES) != 0) {
     for (Row & row : mRows) row.state = static_cast<uint16_t>(row.state & ~LVIS_STATEIMAGEMASK);
   }
+  if (((before ^ exStyle) & LVS_EX_HEADERDRAGDROP) != 0)
+    mHeader->ModifyHeaderStyle((exStyle & LVS_EX_HEADERDRAGDROP) != 0 ? 0 : HDS_DRAGDROP,
+                               (exStyle & LVS_EX_HEADERDRAGDROP) != 0 ? HDS_DRAGDROP : 0);
   UpdateRowHeight();
   UpdateScrollBars();
   Refresh();
@@ -270,6 +273,31 @@ int CListCtrl::AutoWidth(int column, bool useHeader) const {
   return widest;
 }
 
+bool CListCtrl::ReplaceHeaderCtrl(CHeaderCtrl * header) {
+  if (header == nullptr || header == mHeader || header->GetParent() != this) return false;
+  if (mEdit != nullptr) CommitEdit(false);
+  while (header->GetItemCount() > 0) header->DeleteItem(0);
+  std::vector<int> const order = mHeader->GetOrder();
+  for (int index = 0; index < mHeader->GetItemCount(); ++index) {
+    std::wstring text = mHeader->GetItemText(index).ToStdWstring();
+    HDITEMW item;
+    item.mask = HDI_WIDTH | HDI_FORMAT | HDI_TEXT | HDI_LPARAM | HDI_BITMAP | HDI_IMAGE;
+    mHeader->GetItem(index, &item);
+    item.pszText = text.data();
+    header->InsertItem(index, &item);
+  }
+  header->SetOrderArray(static_cast<int>(order.size()), order.data());
+  if ((mExStyle & LVS_EX_HEADERDRAGDROP) != 0) header->ModifyHeaderStyle(0, HDS_DRAGDROP);
+  header->Bind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
+  mHeader->Unbind(wxEVT_SIZE, &CListCtrl::OnHeaderResized, this);
+  mHeader->Destroy();
+  mHeader = header;
+  LayoutHeader();
+  UpdateScrollBars();
+  Refresh();
+  return true;
+}
+
 bool CListCtrl::GetColumnOrderArray(int * order, int count) const {
   return mHeader->GetOrderArray(order, count);
 }
@@ -333,11 +361,9 @@ int CListCtrl::InsertItem(LVITEMW const * item) {
   if (mSelectionMark >= index) ++mSelectionMark;
   if ((state & LVIS_FOCUSED) != 0) mFocused = index;
   NotifyListView(LVN_INSERTITEM, index, 0, 0, 0, 0);
-  if (mRedraw) {
-    UpdateScrollBars();
-    // Only a row inside the page (or above it, which shifts the page) repaints.
-    if (index < mTop + GetCountPerPage() + 1) Refresh();
-  }
+  UpdateScrollBars();
+  // Only a row inside the page (or above it, which shifts the page) repaints.
+  if (mRedraw && index < mTop + GetCountPerPage() + 1) Refresh();
   return index;
 }
 
@@ -358,10 +384,7 @@ bool CListCtrl::DeleteItem(int item) {
   if (!IsValid(item)) return false;  // the handler took it away
   if (IsOwnerData()) {
     // An owner-data list loses the last row; selections above shift down.
-    std::set<int> shifted;
-    for (int const selected : mVirtualSelected)
-      if (selected != item) shifted.insert(selected > item ? selected - 1 : selected);
-    mVirtualSelected.swap(shifted);
+    mVirtualSelected.RemoveRowAndShift(item);
     --mVirtualCount;
   } else {
     mRows.erase(mRows.begin() + item);
@@ -375,10 +398,8 @@ bool CListCtrl::DeleteItem(int item) {
   else if (mSelectionMark > item)
     --mSelectionMark;
   if (mTop > 0 && mTop >= GetItemCount()) mTop = std::max(0, GetItemCount() - 1);
-  if (mRedraw) {
-    UpdateScrollBars();
-    Refresh();
-  }
+  UpdateScrollBars();
+  if (mRedraw) Refresh();
   return true;
 }
 
@@ -392,9 +413,10 @@ bool CListCtrl::DeleteAllItems() {
   }
   mRows.clear();
   mVirtualCount = 0;
-  mVirtualSelected.clear();
+  mVirtualSelected.Clear();
   mFocused = -1;
   mSelectionMark = -1;
+  mHot = -1;
   mTop = 0;
   UpdateScrollBars();
   Refresh();
@@ -416,9 +438,10 @@ bool CListCtrl::SetItemCountEx(int count, DWORD flags) {
   }
   count = std::max(0, count);
   mVirtualCount = count;
-  mVirtualSelected.erase(mVirtualSelected.lower_bound(count), mVirtualSelected.end());
+  mVirtualSelected.Truncate(count);
   if (mFocused >= count) mFocused = -1;
   if (mSelectionMark >= count) mSelectionMark = -1;
+  mHot = -1;
   if ((flags & LVSICF_NOSCROLL) == 0 || mTop >= count)
     mTop = std::clamp(mTop, 0, std::max(0, count - GetCountPerPage()));
   UpdateScrollBars();
@@ -552,7 +575,7 @@ UINT CListCtrl::DisplayStateImage(int item) const {
 UINT CListCtrl::StateOf(int item) const {
   if (!IsOwnerData()) return mRows[static_cast<size_t>(item)].state;
   UINT state = 0;
-  if (mVirtualSelected.count(item) != 0) state |= LVIS_SELECTED;
+  if (mVirtualSelected.Contains(item)) state |= LVIS_SELECTED;
   if (item == mFocused) state |= LVIS_FOCUSED;
   return state | INDEXTOSTATEIMAGEMASK(DisplayStateImage(item));
 }
@@ -560,9 +583,9 @@ UINT CListCtrl::StateOf(int item) const {
 void CListCtrl::StoreState(int item, UINT state) {
   if (IsOwnerData()) {
     if ((state & LVIS_SELECTED) != 0)
-      mVirtualSelected.insert(item);
+      mVirtualSelected.Add(item, item);
     else
-      mVirtualSelected.erase(item);
+      mVirtualSelected.Remove(item, item);
   } else {
     mRows[static_cast<size_t>(item)].state = static_cast<uint16_t>(state & KeptStateBits);
   }
@@ -590,6 +613,12 @@ bool CListCtrl::ChangeState(int item, UINT state, UINT mask) {
   if (wanted == old) return false;
   if (NotifyListView(LVN_ITEMCHANGING, item, 0, wanted, old, LVIF_STATE) != 0) return false;
   if (!IsValid(item)) return false;
+  // A single-selection list has one selected row at most.
+  if ((mStyle & LVS_SINGLESEL) != 0 && (wanted & ~old & LVIS_SELECTED) != 0) {
+    for (int other = GetNextItem(-1, LVNI_SELECTED); other >= 0;
+         other = GetNextItem(other, LVNI_SELECTED))
+      if (other != item) ChangeState(other, 0, LVIS_SELECTED);
+  }
   // Only one row has the focus.
   if ((wanted & LVIS_FOCUSED) != 0 && mFocused >= 0 && mFocused != item) {
     int const previous = mFocused;
@@ -612,9 +641,8 @@ bool CListCtrl::SetItemState(int item, UINT state, UINT mask) {
       // One notification for all rows, as the platform sends it.
       UINT const newState = state & mask;
       if (NotifyListView(LVN_ITEMCHANGING, -1, 0, newState, 0, LVIF_STATE) != 0) return false;
-      mVirtualSelected.clear();
-      if ((newState & LVIS_SELECTED) != 0)
-        for (int i = 0; i < count; ++i) mVirtualSelected.insert(mVirtualSelected.end(), i);
+      mVirtualSelected.Clear();
+      if ((newState & LVIS_SELECTED) != 0) mVirtualSelected.Add(0, count - 1);
       if ((mask & LVIS_FOCUSED) != 0 && (newState & LVIS_FOCUSED) == 0) mFocused = -1;
       NotifyListView(LVN_ITEMCHANGED, -1, 0, newState, 0, LVIF_STATE);
       Refresh();
@@ -654,8 +682,8 @@ int CListCtrl::GetNextItem(int start, UINT flags) const {
   }
   if (wanted == LVNI_FOCUSED) return mFocused > start ? mFocused : -1;
   if (IsOwnerData() && (wanted & LVNI_SELECTED) != 0) {
-    for (auto at = mVirtualSelected.upper_bound(start); at != mVirtualSelected.end(); ++at)
-      if (matches(*at)) return *at;
+    for (int at = mVirtualSelected.NextAfter(start); at >= 0; at = mVirtualSelected.NextAfter(at))
+      if (matches(at)) return at;
     return -1;
   }
   for (int item = std::max(start + 1, 0); item < count; ++item)
@@ -664,7 +692,7 @@ int CListCtrl::GetNextItem(int start, UINT flags) const {
 }
 
 UINT CListCtrl::GetSelectedCount() const {
-  if (IsOwnerData()) return static_cast<UINT>(mVirtualSelected.size());
+  if (IsOwnerData()) return static_cast<UINT>(mVirtualSelected.Count());
   return static_cast<UINT>(std::count_if(mRows.begin(), mRows.end(), [](Row const & row) {
     return (row.state & LVIS_SELECTED) != 0;
   }));
@@ -742,6 +770,25 @@ bool CListCtrl::SortItemsEx(PFNLVCOMPARE compare, DWORD_PTR data) {
   return true;
 }
 
+bool CListCtrl::ReorderItems(std::vector<int> const & order) {
+  if (IsOwnerData() || order.size() != mRows.size()) return false;
+  std::vector<bool> seen(mRows.size(), false);
+  for (int const at : order) {
+    if (at < 0 || at >= static_cast<int>(mRows.size()) || seen[static_cast<size_t>(at)])
+      return false;
+    seen[static_cast<size_t>(at)] = true;
+  }
+  std::vector<Row> reordered;
+  reordered.reserve(mRows.size());
+  for (int const at : order) reordered.push_back(std::move(mRows[static_cast<size_t>(at)]));
+  mRows.swap(reordered);
+  mFocused = -1;
+  for (int i = 0; i < static_cast<int>(mRows.size()); ++i)
+    if ((mRows[static_cast<size_t>(i)].state & LVIS_FOCUSED) != 0) mFocused = i;
+  Refresh();
+  return true;
+}
+
 // ---- colours and images ----
 
 bool CListCtrl::SetBkColor(COLORREF color) {
@@ -790,7 +837,7 @@ void CListCtrl::SetRedraw(bool redraw) {
 }
 
 bool CListCtrl::RedrawItems(int first, int last) {
-  if (!mRedraw) return true;
+  if (!mRedraw || last < mTop || first > mTop + GetCountPerPage() + 1) return true;
   RECT a{}, b{};
   if (!GetItemRect(std::max(first, mTop), &a, LVIR_BOUNDS)) return false;
   int const lastShown = std::min(last, mTop + GetCountPerPage() + 1);
@@ -820,6 +867,9 @@ void CListCtrl::LayoutHeader() {
   if (mHeader == nullptr) return;
   bool const show = (mStyle & LVS_NOCOLUMNHEADER) == 0 && (mStyle & LVS_TYPEMASK) == LVS_REPORT;
   mHeader->Show(show);
+  // Headings that sort nothing are not buttons.
+  mHeader->ModifyHeaderStyle((mStyle & LVS_NOSORTHEADER) != 0 ? HDS_BUTTONS : 0,
+                             (mStyle & LVS_NOSORTHEADER) != 0 ? 0 : HDS_BUTTONS);
   int const height = show ? mHeader->GetIdealHeight() : 0;
   mHeader->SetSize(0, 0, std::max(GetClientSize().x, 1), std::max(height, 1));
   mHeader->SetScrollOffset(mScrollX);
@@ -836,10 +886,26 @@ int CListCtrl::GetCountPerPage() const {
 }
 
 void CListCtrl::UpdateScrollBars() {
-  if (!mRedraw || mHeader == nullptr) return;
+  if (mHeader == nullptr) return;
   int const count = GetItemCount();
   int const page = std::max(GetCountPerPage(), 1);
   mTop = std::clamp(mTop, 0, std::max(0, count - page));
+  mScrollX = std::clamp(mScrollX, 0, std::max(0, ColumnsWidth() - GetClientSize().x));
+  mHeader->SetScrollOffset(mScrollX);
+  // The toolkit's scroll bars are slow to change: they follow at idle time,
+  // once for a whole burst of inserts.
+  mScrollBarsStale = true;
+}
+
+void CListCtrl::OnInternalIdle() {
+  wxWindow::OnInternalIdle();
+  if (mScrollBarsStale && mRedraw) ApplyScrollBars();
+}
+
+void CListCtrl::ApplyScrollBars() {
+  mScrollBarsStale = false;
+  int const count = GetItemCount();
+  int const page = std::max(GetCountPerPage(), 1);
   if ((mStyle & LVS_NOSCROLL) != 0) {
     SetScrollbar(wxVERTICAL, 0, 0, 0);
     SetScrollbar(wxHORIZONTAL, 0, 0, 0);
@@ -848,9 +914,7 @@ void CListCtrl::UpdateScrollBars() {
   SetScrollbar(wxVERTICAL, mTop, page, count > page ? count : 0);
   int const width = ColumnsWidth();
   int const client = GetClientSize().x;
-  mScrollX = std::clamp(mScrollX, 0, std::max(0, width - client));
   SetScrollbar(wxHORIZONTAL, mScrollX, client, width > client ? width : 0);
-  mHeader->SetScrollOffset(mScrollX);
 }
 
 bool CListCtrl::EnsureVisible(int item, bool partialOK) {
@@ -934,7 +998,8 @@ bool CListCtrl::GetSubItemRect(int item, int subItem, int code, RECT * rect) con
 
 bool CListCtrl::GetViewRect(RECT * rect) const {
   if (rect == nullptr) return false;
-  *rect = RECT{0, 0, ColumnsWidth(), GetItemCount() * mRowHeight};
+  int64_t const height = static_cast<int64_t>(GetItemCount()) * mRowHeight;
+  *rect = RECT{0, 0, ColumnsWidth(), static_cast<LONG>(std::min<int64_t>(height, INT32_MAX))};
   return true;
 }
 

@@ -14,19 +14,20 @@
 // the check box; arrows, Home/End and PgUp/PgDn move the focus (Shift
 // extends, Ctrl moves the focus only), Space selects (with check boxes:
 // toggles the focused row's check), Ctrl+Space toggles the selection, typed
-// characters find the next row by its beginning (type-ahead). Derived
-// classes override the virtual handlers and call the base for the default.
+// characters find the next row by its beginning (type-ahead). With
+// LVS_EX_TRACKSELECT the row under the pointer becomes the selected one
+// (after LVN_HOTTRACK, which may refuse). Derived classes override the virtual handlers and call
+// the base for the default.
 
 #include <wx/textctrl.h>
-#include <wx/timer.h>
 #include <wx/window.h>
 
 #include <cstdint>
-#include <set>
 #include <vector>
 
 #include "platform/commctrl/CHeaderCtrl.h"
 #include "platform/commctrl/ListViewDefs.h"
+#include "platform/commctrl/SelectionRanges.h"
 
 class wxImageList;
 
@@ -62,6 +63,12 @@ public:
   bool GetColumnOrderArray(int * order, int count) const;
   bool SetColumnOrderArray(int count, int const * order);
   CHeaderCtrl * GetHeaderCtrl() const { return mHeader; }
+  // Puts `header` (a created child of this list, of a class of the
+  // caller's, e.g. a differently drawn one) in the place of the present
+  // header: it takes over the items, their widths, formats and order, and
+  // the old header is destroyed. False, and nothing changes, for a null
+  // header or one with another parent.
+  bool ReplaceHeaderCtrl(CHeaderCtrl * header);
 
   // Rows. InsertItem returns the new row or -1; LVN_INSERTITEM follows.
   int GetItemCount() const;
@@ -86,6 +93,7 @@ public:
   int GetNextItem(int start, UINT flags) const;
   UINT GetSelectedCount() const;
   int GetSelectionMark() const { return mSelectionMark; }
+  int GetHotItem() const { return mHot; }
   int SetSelectionMark(int item);
   bool GetCheck(int item) const;
   bool SetCheck(int item, bool checked = true);
@@ -98,6 +106,10 @@ public:
   using PFNLVCOMPARE = int (*)(LPARAM, LPARAM, LPARAM);
   bool SortItems(PFNLVCOMPARE compare, DWORD_PTR data);
   bool SortItemsEx(PFNLVCOMPARE compare, DWORD_PTR data);
+  // Puts the rows in the order given: order[n] is the present index of the
+  // row that becomes row n. False, with nothing moved, unless `order` is a
+  // permutation of all rows. For an owner that computed the order itself.
+  bool ReorderItems(std::vector<int> const & order);
 
   // Geometry, in the list's client coordinates: the header on top, rows below.
   int GetTopIndex() const { return mTop; }
@@ -146,6 +158,8 @@ public:
   // Paints the visible part of the list (header excluded) into `dc`, as a
   // paint event does; `dc` has the client's coordinates.
   void PaintRows(wxDC & dc, wxRect const & clip);
+
+  void OnInternalIdle() override;
 
 protected:
   // The default handling of input and notifications; a derived class
@@ -212,13 +226,26 @@ private:
   void CommitEdit(bool cancelled);
   void UpdateRowHeight();
   void UpdateScrollBars();
+  void ApplyScrollBars();
   void LayoutHeader();
   int ColumnsWidth() const;
   int ColumnLeft(int column) const;  // in content coordinates, by display order
   int AutoWidth(int column, bool useHeader) const;
+  // A column as one paint lays it out: by display order, in client x.
+  struct Place {
+    int column;
+    int subItem;
+    int left;
+    int width;
+    int format;
+  };
   void PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT prepaint);
-  void PaintCell(wxDC & dc, int item, int column, wxRect const & cell, COLORREF text, COLORREF back,
-                 bool selected);
+  void PaintCell(wxDC & dc, int item, Place const & place, wxRect const & cell, COLORREF text,
+                 COLORREF back, bool selected);
+  // Whether `text` is certainly no wider than `room` without measuring it.
+  bool FitsSurely(wxString const & text, int room) const;
+  // The text as painted: a reference to the stored one where there is one.
+  wxString const & TextForPaint(int item, int subItem);
   void OnEraseBackground(wxEraseEvent & event);
   void OnEditKey(wxKeyEvent & event);
   void OnEditFocusLost(wxFocusEvent & event);
@@ -231,7 +258,7 @@ private:
   std::vector<Row> mRows;
   // Owner data: only the count and the selected/focused rows are kept.
   int mVirtualCount = 0;
-  std::set<int> mVirtualSelected;
+  SelectionRanges mVirtualSelected;
   int mFocused = -1;
   int mSelectionMark = -1;
   int mTop = 0;
@@ -243,12 +270,18 @@ private:
   wxImageList * mSmallImages = nullptr;
   wxImageList * mStateImages = nullptr;
   bool mRedraw = true;
+  bool mScrollBarsStale = false;
+  std::vector<Place> mPlaces;  // of the paint under way
+  int mCharHeight = 0;
+  int mWidestAscii = 0;
+  wxString mPaintText;
   bool mHasFocus = false;
   // Mouse: the row pressed, where, and whether a drag notification went.
   int mPressedItem = -1;
   wxPoint mPressPoint;
   bool mDragSent = false;
   bool mClickPending = false;
+  int mHot = -1;  // the row under the pointer with LVS_EX_TRACKSELECT
   // Type-ahead.
   wxString mSearch;
   long mSearchTime = 0;

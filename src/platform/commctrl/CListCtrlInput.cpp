@@ -32,10 +32,10 @@ bool CListCtrl::SelectOnly(int item) {
   // Clear the others first so that the notifications tell of the old rows
   // before the new one, as the platform orders them.
   if (IsOwnerData()) {
-    std::set<int> const old = mVirtualSelected;
-    if (!(old.size() == 1 && *old.begin() == item) && !old.empty()) {
+    bool const alone = mVirtualSelected.Count() == 1 && mVirtualSelected.Contains(item);
+    if (!alone && !mVirtualSelected.Empty()) {
       if (NotifyListView(LVN_ITEMCHANGING, -1, 0, 0, LVIS_SELECTED, LVIF_STATE) != 0) return false;
-      mVirtualSelected.clear();
+      mVirtualSelected.Clear();
       NotifyListView(LVN_ITEMCHANGED, -1, 0, 0, LVIS_SELECTED, LVIF_STATE);
     }
   } else {
@@ -51,14 +51,14 @@ bool CListCtrl::SelectOnly(int item) {
 void CListCtrl::SelectRange(int first, int last) {
   if (first > last) std::swap(first, last);
   if (IsOwnerData()) {
-    std::set<int> range;
-    for (int item = first; item <= last; ++item) range.insert(range.end(), item);
+    SelectionRanges range;
+    range.Add(first, last);
     if (range != mVirtualSelected) {
       NMLVODSTATECHANGE change;
       change.iFrom = first;
       change.iTo = last;
       change.uNewState = LVIS_SELECTED;
-      mVirtualSelected.swap(range);
+      mVirtualSelected = range;
       SendNotify(this, LVN_ODSTATECHANGED, change.hdr);
     }
     Refresh();
@@ -141,6 +141,21 @@ void CListCtrl::OnLButtonDown(wxMouseEvent & event) {
 }
 
 void CListCtrl::OnMouseMove(wxMouseEvent & event) {
+  if ((mExStyle & LVS_EX_TRACKSELECT) != 0 && !event.ButtonIsDown(wxMOUSE_BTN_ANY)) {
+    int const row = HitTest(event.GetPosition());
+    if (row != mHot && row >= 0) {
+      NMLISTVIEW hot;
+      hot.iItem = row;
+      hot.ptAction = POINT{event.GetX(), event.GetY()};
+      if (SendNotify(this, LVN_HOTTRACK, hot.hdr) == 0) {
+        mHot = row;
+        SelectOnly(row);
+        mSelectionMark = row;
+      }
+    } else if (row < 0) {
+      mHot = -1;
+    }
+  }
   if (!event.LeftIsDown() || !mClickPending || mDragSent) {
     event.Skip();
     return;
@@ -321,7 +336,7 @@ void CListCtrl::TypeAhead(wxChar character, long timestamp) {
   int const focus = IsValid(mFocused) ? mFocused : -1;
   int start = focus;
   if (mSearch.length() > 1 && !repeated) start = focus - 1;  // the focused row may still match
-  std::wstring text = wanted.ToStdWstring();
+  std::wstring const & text = wanted.ToStdWstring();
   LVFINDINFOW find;
   find.flags = LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP;
   find.psz = text.c_str();

@@ -46,6 +46,18 @@ void CListCtrl::PaintRows(wxDC & dc, wxRect const & clip) {
   dc.SetBrush(wxBrush(background));
   dc.DrawRectangle(clip);
   dc.SetFont(GetFont());
+  mCharHeight = dc.GetCharHeight();
+  mWidestAscii = 0;
+  for (char const * wide : {"W", "M", "@", "%"})
+    mWidestAscii = std::max(mWidestAscii, dc.GetTextExtent(wide).x);
+  mPlaces.clear();
+  int x = -mScrollX;
+  for (int const column : mHeader->GetOrder()) {
+    Column const & description = mColumns[static_cast<size_t>(column)];
+    int const width = mHeader->GetItemWidth(column);
+    mPlaces.push_back(Place{column, description.subItem, x, width, description.format});
+    x += width;
+  }
 
   NMLVCUSTOMDRAW draw;
   draw.nmcd.dwDrawStage = CDDS_PREPAINT;
@@ -121,19 +133,15 @@ void CListCtrl::PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT pr
     dc.SetBrush(wxBrush(ToColour(back)));
     dc.DrawRectangle(ToRect(select));
   }
-  std::vector<int> const order = mHeader->GetOrder();
-  int const columnCount = std::max(static_cast<int>(order.size()), 1);
-  for (int position = 0; position < columnCount; ++position) {
-    int const column = order.empty() ? 0 : order[static_cast<size_t>(position)];
-    int const left = rowRect.x + ColumnLeft(column);
-    int const width = order.empty() ? rowRect.width : mHeader->GetItemWidth(column);
-    if (left + width <= 0 || left >= GetClientSize().x || width <= 0) continue;
-    wxRect const cell(left, rowRect.y, width, rowRect.height);
+  int const clientWidth = GetClientSize().x;
+  for (Place const & place : mPlaces) {
+    if (place.left + place.width <= 0 || place.left >= clientWidth || place.width <= 0) continue;
+    wxRect const cell(place.left, rowRect.y, place.width, rowRect.height);
     COLORREF cellText = text, cellBack = back;
     if ((itemAnswer & CDRF_NOTIFYSUBITEMDRAW) != 0) {
       draw.nmcd.dwDrawStage = CDDS_ITEMPREPAINT | CDDS_SUBITEM;
       draw.nmcd.rc = FromRect(cell);
-      draw.iSubItem = column;
+      draw.iSubItem = place.column;
       draw.clrText = text;
       draw.clrTextBk = back;
       LRESULT const sub = SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
@@ -143,8 +151,8 @@ void CListCtrl::PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT pr
         cellBack = draw.clrTextBk;
       }
     }
-    bool const highlighted = selected && (fullRow || column == 0);
-    PaintCell(dc, item, column, cell, highlighted ? text : cellText, highlighted ? back : cellBack,
+    bool const highlighted = selected && (fullRow || place.subItem == 0);
+    PaintCell(dc, item, place, cell, highlighted ? text : cellText, highlighted ? back : cellBack,
               highlighted);
   }
   if ((state & LVIS_FOCUSED) != 0 && mHasFocus) {
@@ -160,11 +168,27 @@ void CListCtrl::PaintRow(wxDC & dc, int item, wxRect const & rowRect, LRESULT pr
   }
 }
 
-void CListCtrl::PaintCell(wxDC & dc, int item, int column, wxRect const & cell, COLORREF text,
-                          COLORREF back, bool selected) {
-  int const subItem = mColumns[static_cast<size_t>(column)].subItem;
+bool CListCtrl::FitsSurely(wxString const & text, int room) const {
+  if (static_cast<int64_t>(text.length()) * mWidestAscii > room) return false;
+  // Only ASCII letters are known to be no wider than the widest measured.
+  return std::all_of(text.wc_str(), text.wc_str() + text.length(),
+                     [](wchar_t c) { return c >= 32 && c < 127; });
+}
+
+wxString const & CListCtrl::TextForPaint(int item, int subItem) {
+  if (!IsOwnerData()) {
+    Row const & row = mRows[static_cast<size_t>(item)];
+    auto const sub = static_cast<size_t>(subItem);
+    if (!(subItem == 0 && row.textCallback) && sub < row.texts.size()) return row.texts[sub];
+  }
+  mPaintText = DisplayText(item, subItem);
+  return mPaintText;
+}
+
+void CListCtrl::PaintCell(wxDC & dc, int item, Place const & place, wxRect const & cell,
+                          COLORREF text, COLORREF back, bool selected) {
   wxRect label = cell;
-  if (subItem == 0) {
+  if (place.subItem == 0) {
     RECT labelRect{};
     GetItemRect(item, &labelRect, LVIR_LABEL);
     label = ToRect(labelRect);
@@ -195,26 +219,35 @@ void CListCtrl::PaintCell(wxDC & dc, int item, int column, wxRect const & cell, 
                          wxIMAGELIST_DRAW_TRANSPARENT);
     }
   }
-  wxString const content = DisplayText(item, subItem);
   if (back != CLR_NONE && (selected || back != mBkColor)) {
     dc.SetPen(*wxTRANSPARENT_PEN);
     dc.SetBrush(wxBrush(ToColour(back)));
     dc.DrawRectangle(label);
   }
+  wxString const & content = TextForPaint(item, place.subItem);
   if (content.empty()) return;
+  int const room = label.width - 2 * TextMargin;
+  if (room <= 0) return;
   dc.SetTextForeground(ToColour(text));
-  wxRect const textRect(label.x + TextMargin, label.y, label.width - 2 * TextMargin, label.height);
-  if (textRect.width <= 0) return;
-  int align = wxALIGN_CENTER_VERTICAL;
-  switch (mColumns[static_cast<size_t>(column)].format & LVCFMT_JUSTIFYMASK) {
-    case LVCFMT_RIGHT: align |= wxALIGN_RIGHT; break;
-    case LVCFMT_CENTER: align |= wxALIGN_CENTER_HORIZONTAL; break;
-    default: align |= wxALIGN_LEFT; break;
+  int const y = label.y + (label.height - mCharHeight) / 2;
+  int const justify = place.format & LVCFMT_JUSTIFYMASK;
+  if (justify == LVCFMT_LEFT && FitsSurely(content, room)) {
+    // Left-aligned text that fits whatever its letters: no measuring.
+    dc.DrawText(content, label.x + TextMargin, y);
+    return;
   }
-  wxDCClipper clipper(dc, textRect);
-  wxString shown = content;
-  // A cell too narrow for its text ends in an ellipsis, as the platform does.
-  if (dc.GetTextExtent(shown).x > textRect.width)
-    shown = wxControl::Ellipsize(shown, dc, wxELLIPSIZE_END, textRect.width);
-  dc.DrawLabel(shown, textRect, align);
+  int const width = dc.GetTextExtent(content).x;
+  if (width > room) {
+    // Too narrow: the text ends in an ellipsis, as the platform's does.
+    wxString const shown = wxControl::Ellipsize(content, dc, wxELLIPSIZE_END, room);
+    dc.DrawText(shown, label.x + TextMargin, y);
+    return;
+  }
+  int x = label.x + TextMargin;
+  switch (justify) {
+    case LVCFMT_RIGHT: x = label.GetRight() + 1 - TextMargin - width; break;
+    case LVCFMT_CENTER: x = label.x + (label.width - width) / 2; break;
+    default: break;
+  }
+  dc.DrawText(content, x, y);
 }

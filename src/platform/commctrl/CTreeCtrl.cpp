@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <map>
 
 #include "platform/commctrl/CTreeCtrlImpl.h"
 
@@ -24,7 +25,65 @@ TVITEMW DescribeItem(TreeNodeStore const & nodes, uint32_t slot) {
   return item;
 }
 
+// Asks the parent for the fields of `mask`; keeps them with TVIF_DI_SETITEM.
+TVITEMW AskDisplayInfo(CTreeCtrl & tree, TreeNodeStore & nodes, uint32_t slot, UINT mask,
+                       std::vector<wchar_t> & buffer) {
+  buffer.assign(1024, L'\0');
+  NMTVDISPINFOW info;
+  info.item.mask = mask;
+  info.item.hItem = nodes.Handle(slot);
+  info.item.state = nodes[slot].state;
+  info.item.stateMask = 0xFFFF;
+  info.item.lParam = nodes[slot].data;
+  info.item.pszText = buffer.data();
+  info.item.cchTextMax = static_cast<int>(buffer.size());
+  SendNotify(&tree, TVN_GETDISPINFOW, info.hdr);
+  if (nodes.Slot(info.item.hItem) == 0) return info.item;
+  if ((info.item.mask & TVIF_DI_SETITEM) != 0) {
+    TreeNode & node = nodes[slot];
+    if ((mask & TVIF_TEXT) != 0 && info.item.pszText != nullptr) {
+      node.text = info.item.pszText;
+      node.textCallback = false;
+      node.textWidth = -1;
+    }
+    if ((mask & TVIF_IMAGE) != 0) node.image = info.item.iImage;
+    if ((mask & TVIF_SELECTEDIMAGE) != 0) node.selectedImage = info.item.iSelectedImage;
+    if ((mask & TVIF_CHILDREN) != 0)
+      node.children = static_cast<int8_t>(info.item.cChildren != 0 ? 1 : 0);
+  }
+  return info.item;
+}
+
 }  // namespace
+
+wxString ShownText(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot) {
+  if (!impl.nodes[slot].textCallback) return impl.nodes[slot].text;
+  std::vector<wchar_t> buffer;
+  TVITEMW const answer = AskDisplayInfo(tree, impl.nodes, slot, TVIF_TEXT, buffer);
+  if (answer.pszText == nullptr || answer.pszText == LPSTR_TEXTCALLBACKW) return {};
+  // The parent may point at its own text or fill the buffer.
+  if (answer.pszText == buffer.data())
+    return wxString(buffer.data(), wcsnlen(buffer.data(), buffer.size()));
+  return wxString(answer.pszText);
+}
+
+int ShownImage(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot, bool selected) {
+  TreeNode const & node = impl.nodes[slot];
+  int const image = selected ? node.selectedImage : node.image;
+  if (image != I_IMAGECALLBACK) return image;
+  std::vector<wchar_t> buffer;
+  UINT const field = selected ? TVIF_SELECTEDIMAGE : TVIF_IMAGE;
+  TVITEMW const answer = AskDisplayInfo(tree, impl.nodes, slot, field, buffer);
+  return selected ? answer.iSelectedImage : answer.iImage;
+}
+
+bool ShowsButton(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot) {
+  TreeNode const & node = impl.nodes[slot];
+  if (node.children == -2) return node.firstChild != 0;
+  if (node.children != I_CHILDRENCALLBACK) return node.children != 0;
+  std::vector<wchar_t> buffer;
+  return AskDisplayInfo(tree, impl.nodes, slot, TVIF_CHILDREN, buffer).cChildren != 0;
+}
 
 CTreeCtrl::CTreeCtrl() : mImpl(std::make_unique<Impl>()) {}
 
@@ -49,7 +108,7 @@ void CTreeCtrl::ModifyStyle(DWORD remove, DWORD add) {
 // ---- inserting and deleting ----
 
 HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
-  if (insert == nullptr) return {};
+  if (insert == nullptr || mImpl->deleting) return {};
   TreeNodeStore & nodes = mImpl->nodes;
   uint32_t parent = 0;
   if (insert->hParent != TVI_ROOT && insert->hParent) {
@@ -62,7 +121,8 @@ HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
     after = 0;
   } else if (place == TVI_SORT) {
     // After the last child whose text sorts before or equal to the new one.
-    wxString const text = (insert->item.mask & TVIF_TEXT) != 0 && insert->item.pszText != nullptr
+    wxString const text = (insert->item.mask & TVIF_TEXT) != 0 && insert->item.pszText != nullptr &&
+                                  insert->item.pszText != LPSTR_TEXTCALLBACKW
                               ? wxString(insert->item.pszText)
                               : wxString();
     after = 0;
@@ -76,9 +136,13 @@ HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
   }
 
   uint32_t const slot = nodes.Insert(parent, after);
+  ++mImpl->structureVersion;
   TreeNode & node = nodes[slot];
   TVITEMW const & item = insert->item;
-  if ((item.mask & TVIF_TEXT) != 0 && item.pszText != nullptr) node.text = item.pszText;
+  if ((item.mask & TVIF_TEXT) != 0 && item.pszText == LPSTR_TEXTCALLBACKW)
+    node.textCallback = true;
+  else if ((item.mask & TVIF_TEXT) != 0 && item.pszText != nullptr)
+    node.text = item.pszText;
   if ((item.mask & TVIF_IMAGE) != 0) node.image = item.iImage;
   if ((item.mask & TVIF_SELECTEDIMAGE) != 0) node.selectedImage = item.iSelectedImage;
   if ((item.mask & TVIF_PARAM) != 0) node.data = item.lParam;
@@ -104,18 +168,23 @@ HTREEITEM CTreeCtrl::InsertItem(TVINSERTSTRUCTW const * insert) {
 HTREEITEM CTreeCtrl::InsertItem(UINT mask, wxString const & text, int image, int selectedImage,
                                 UINT state, UINT stateMask, LPARAM data, HTREEITEM parent,
                                 HTREEITEM insertAfter) {
-  std::wstring wide = text.ToStdWstring();
+  // The text goes straight into the node (no round trip through a wide
+  // buffer), except where the sorted place needs it first.
+  bool const direct = (mask & TVIF_TEXT) != 0 && insertAfter != TVI_SORT;
+  std::wstring wide = direct ? std::wstring() : text.ToStdWstring();
   TVINSERTSTRUCTW insert;
   insert.hParent = parent;
   insert.hInsertAfter = insertAfter;
-  insert.item.mask = mask;
+  insert.item.mask = direct ? mask & ~TVIF_TEXT : mask;
   insert.item.pszText = wide.data();
   insert.item.iImage = image;
   insert.item.iSelectedImage = selectedImage;
   insert.item.state = state;
   insert.item.stateMask = stateMask;
   insert.item.lParam = data;
-  return InsertItem(&insert);
+  HTREEITEM const item = InsertItem(&insert);
+  if (direct && item) mImpl->nodes[item.slot].text = text;
+  return item;
 }
 
 HTREEITEM CTreeCtrl::InsertItem(wxString const & text, HTREEITEM parent, HTREEITEM insertAfter) {
@@ -130,6 +199,7 @@ HTREEITEM CTreeCtrl::InsertItem(wxString const & text, int image, int selectedIm
 
 BOOL CTreeCtrl::DeleteItem(HTREEITEM item) {
   TreeNodeStore & nodes = mImpl->nodes;
+  if (mImpl->deleting) return 0;
   uint32_t top = 0;
   if (item == TVI_ROOT || !item) {
     if (item != TVI_ROOT) return 0;
@@ -162,6 +232,14 @@ BOOL CTreeCtrl::DeleteItem(HTREEITEM item) {
     }
   }
 
+  struct Deleting {
+    bool & flag;
+    explicit Deleting(bool & deleting) : flag(deleting) { flag = true; }
+    ~Deleting() { flag = false; }
+    Deleting(Deleting const &) = delete;
+    Deleting & operator=(Deleting const &) = delete;
+  } const deleting(mImpl->deleting);
+  ++mImpl->structureVersion;
   // Post-order, children before their parent, without recursion: go down to
   // a leaf, delete it, go on with its next sibling or its parent.
   uint32_t slot = top == 0 ? nodes[0].firstChild : top;
@@ -188,7 +266,7 @@ BOOL CTreeCtrl::DeleteItem(HTREEITEM item) {
 }
 
 BOOL CTreeCtrl::DeleteAllItems() {
-  DeleteItem(TVI_ROOT);
+  if (DeleteItem(TVI_ROOT) == 0) return 0;  // refused inside a delete
   mImpl->nodes.Clear();
   mImpl->topRow = 0;
   mImpl->scrollX = 0;
@@ -206,7 +284,8 @@ BOOL CTreeCtrl::GetItem(TVITEMW * item) const {
   if (slot == 0) return 0;
   TreeNode const & node = mImpl->nodes[slot];
   if ((item->mask & TVIF_TEXT) != 0 && item->pszText != nullptr && item->cchTextMax > 0) {
-    std::wstring const text = node.text.ToStdWstring();
+    std::wstring const text =
+        ShownText(const_cast<CTreeCtrl &>(*this), *mImpl, slot).ToStdWstring();
     size_t const length = std::min(text.size(), static_cast<size_t>(item->cchTextMax - 1));
     std::wmemcpy(item->pszText, text.data(), length);
     item->pszText[length] = L'\0';
@@ -225,8 +304,8 @@ BOOL CTreeCtrl::SetItem(TVITEMW const * item) {
   uint32_t const slot = mImpl->nodes.Slot(item->hItem);
   if (slot == 0) return 0;
   TreeNode & node = mImpl->nodes[slot];
-  if ((item->mask & TVIF_TEXT) != 0)
-    node.text = item->pszText != nullptr ? wxString(item->pszText) : wxString();
+  if ((item->mask & TVIF_TEXT) != 0) node.textCallback = item->pszText == LPSTR_TEXTCALLBACKW;
+  node.text = item->pszText != nullptr && !node.textCallback ? wxString(item->pszText) : wxString();
   if ((item->mask & TVIF_IMAGE) != 0) node.image = item->iImage;
   if ((item->mask & TVIF_SELECTEDIMAGE) != 0) node.selectedImage = item->iSelectedImage;
   if ((item->mask & TVIF_PARAM) != 0) node.data = item->lParam;
@@ -239,13 +318,14 @@ BOOL CTreeCtrl::SetItem(TVITEMW const * item) {
 
 wxString CTreeCtrl::GetItemText(HTREEITEM item) const {
   uint32_t const slot = mImpl->nodes.Slot(item);
-  return slot == 0 ? wxString() : mImpl->nodes[slot].text;
+  return slot == 0 ? wxString() : ShownText(const_cast<CTreeCtrl &>(*this), *mImpl, slot);
 }
 
 BOOL CTreeCtrl::SetItemText(HTREEITEM item, wxString const & text) {
   uint32_t const slot = mImpl->nodes.Slot(item);
   if (slot == 0) return 0;
   mImpl->nodes[slot].text = text;
+  mImpl->nodes[slot].textCallback = false;
   mImpl->nodes[slot].textWidth = -1;
   Invalidate();
   return 1;
@@ -377,7 +457,7 @@ UINT CTreeCtrl::GetCount() const { return mImpl->nodes.Count(); }
 BOOL CTreeCtrl::Select(HTREEITEM item, UINT code) {
   TreeNodeStore & nodes = mImpl->nodes;
   uint32_t const slot = nodes.Slot(item);
-  if (!item == false && slot == 0) return 0;
+  if (item && slot == 0) return 0;  // a stale handle; null clears the mark
   switch (code & ~TVSI_NOSINGLEEXPAND) {
     case TVGN_CARET: {
       uint32_t const old = mImpl->caret;
@@ -404,6 +484,9 @@ BOOL CTreeCtrl::Select(HTREEITEM item, UINT code) {
       changed.itemOld = DescribeItem(nodes, old != 0 && nodes[old].alive ? old : 0);
       changed.itemNew = DescribeItem(nodes, slot);
       SendNotify(this, TVN_SELCHANGEDW, changed.hdr);
+      if ((mStyle & TVS_SINGLEEXPAND) != 0 && mImpl->selectAction != TVC_UNKNOWN &&
+          (code & TVSI_NOSINGLEEXPAND) == 0)
+        SingleExpand(old, slot);
       Invalidate();
       return 1;
     }
@@ -419,6 +502,25 @@ BOOL CTreeCtrl::Select(HTREEITEM item, UINT code) {
 }
 
 BOOL CTreeCtrl::SelectItem(HTREEITEM item) { return Select(item, TVGN_CARET); }
+
+// TVS_SINGLEEXPAND: the item the user selects opens and the one left closes,
+// unless it holds the new one; the parent may keep either as it is.
+void CTreeCtrl::SingleExpand(uint32_t old, uint32_t now) {
+  TreeNodeStore & nodes = mImpl->nodes;
+  HTREEITEM const oldItem = old != 0 && nodes[old].alive ? nodes.Handle(old) : HTREEITEM{};
+  HTREEITEM const newItem = nodes.Handle(now);
+  NMTREEVIEWW single;
+  single.action = mImpl->selectAction;
+  single.itemOld = DescribeItem(nodes, nodes.Slot(oldItem));
+  single.itemNew = DescribeItem(nodes, now);
+  LRESULT const answer = SendNotify(this, TVN_SINGLEEXPAND, single.hdr);
+  uint32_t const oldSlot = nodes.Slot(oldItem);
+  uint32_t const newSlot = nodes.Slot(newItem);
+  if ((answer & TVNRET_SKIPOLD) == 0 && oldSlot != 0 && oldSlot != newSlot &&
+      !nodes.IsAncestor(oldSlot, newSlot))
+    Expand(oldItem, TVE_COLLAPSE);
+  if ((answer & TVNRET_SKIPNEW) == 0 && newSlot != 0) Expand(newItem, TVE_EXPAND);
+}
 BOOL CTreeCtrl::SelectDropTarget(HTREEITEM item) { return Select(item, TVGN_DROPHILITE); }
 
 // ---- expanding ----
@@ -454,7 +556,9 @@ BOOL CTreeCtrl::Expand(HTREEITEM item, UINT code) {
   if (!expand && mImpl->caret != 0 && nodes.IsAncestor(slot, mImpl->caret))
     Select(item, TVGN_CARET);
   if (!expand && (code & TVE_COLLAPSERESET) != 0) {
-    while (nodes[slot].firstChild != 0) DeleteItem(nodes.Handle(nodes[slot].firstChild));
+    // (A delete refused inside another delete's notification leaves them.)
+    while (nodes[slot].firstChild != 0)
+      if (DeleteItem(nodes.Handle(nodes[slot].firstChild)) == 0) break;
     nodes[slot].state &= ~TVIS_EXPANDEDONCE;
   }
   ++mImpl->layoutVersion;
@@ -500,9 +604,12 @@ BOOL CTreeCtrl::SortChildren(HTREEITEM item) {
   TreeNodeStore & nodes = mImpl->nodes;
   uint32_t const parent = item == TVI_ROOT || !item ? 0 : nodes.Slot(item);
   if (parent == 0 && item != TVI_ROOT && item) return 0;
-  SortSiblings(nodes, parent, [&nodes](uint32_t a, uint32_t b) {
-    return nodes[a].text.CmpNoCase(nodes[b].text) < 0;
-  });
+  // The shown texts, asked once each (callback items ask their parent).
+  std::map<uint32_t, wxString> texts;
+  for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next)
+    texts[child] = ShownText(*this, *mImpl, child);
+  SortSiblings(nodes, parent,
+               [&texts](uint32_t a, uint32_t b) { return texts[a].CmpNoCase(texts[b]) < 0; });
   ++mImpl->layoutVersion;
   Invalidate();
   return 1;

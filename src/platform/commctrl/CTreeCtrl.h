@@ -155,7 +155,8 @@ public:
   void SetTimer(UINT_PTR id, UINT milliseconds);
   void KillTimer(UINT_PTR id);
 
-  // The control's pixels as painted now, the whole client area.
+  // Paints the rows under `clip` (client coordinates) into `dc`, with the
+  // custom-draw stages; the default OnPaint does this on the window.
   void PaintTo(wxDC & dc, wxRect const & clip);
 
   static constexpr COLORREF CLR_DEFAULT = 0xFF000000;
@@ -192,6 +193,8 @@ public:
   struct Impl;  // the node store and the view's state, opaque outside the tree
 
 private:
+  void SingleExpand(uint32_t old, uint32_t now);
+
   std::unique_ptr<Impl> mImpl;
 
   DWORD mStyle = 0;

@@ -36,6 +36,15 @@ struct CTreeCtrl::Impl {
   mutable uint64_t topVersion = 0;
   mutable int topVersionRow = -1;
   mutable uint32_t topSlot = 0;
+  // The item on top: after a change it stays on top while it is shown.
+  HTREEITEM topItem{};
+
+  // Every insert and delete moves this on: a paint that gave the owner a
+  // say (custom draw) stops when the owner changed the items under it.
+  uint64_t structureVersion = 0;
+  // A delete is telling its items: inserts and deletes from the handlers
+  // of TVN_DELETEITEM are refused (they would cut the walk under it).
+  bool deleting = false;
 
   // What the selection and expand notifications say caused them.
   UINT selectAction = TVC_UNKNOWN;
@@ -59,3 +68,9 @@ struct CTreeCtrl::Impl {
   uint32_t editSlot = 0;
   uint32_t editPending = 0;  // label editing waits for the edit timer
 };
+
+// What an item shows: its own fields, or for a callback field what the
+// parent answers to TVN_GETDISPINFO.
+wxString ShownText(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot);
+int ShownImage(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot, bool selected);
+bool ShowsButton(CTreeCtrl & tree, CTreeCtrl::Impl & impl, uint32_t slot);

@@ -183,6 +183,21 @@ void CTreeCtrl::OnKeyDown(UINT virtualKey, UINT /*repeatCount*/, UINT /*flags*/)
   key.wVKey = static_cast<WORD>(virtualKey);
   SendNotify(this, TVN_KEYDOWN, key.hdr);
 
+  // With Ctrl the moving keys scroll and leave the caret where it is.
+  if (GetKeyState(VK_CONTROL) < 0) {
+    switch (virtualKey) {
+      case VK_UP: OnVScroll(SB_LINEUP, 0); return;
+      case VK_DOWN: OnVScroll(SB_LINEDOWN, 0); return;
+      case VK_PRIOR: OnVScroll(SB_PAGEUP, 0); return;
+      case VK_NEXT: OnVScroll(SB_PAGEDOWN, 0); return;
+      case VK_HOME: OnVScroll(SB_TOP, 0); return;
+      case VK_END: OnVScroll(SB_BOTTOM, 0); return;
+      case VK_LEFT: OnHScroll(SB_LINEUP, 0); return;
+      case VK_RIGHT: OnHScroll(SB_LINEDOWN, 0); return;
+      default: break;
+    }
+  }
+
   TreeNodeStore & nodes = mImpl->nodes;
   uint32_t const caret = mImpl->caret;
   uint32_t target = 0;
@@ -275,7 +290,7 @@ void CTreeCtrl::OnChar(UINT character, UINT /*repeatCount*/, UINT /*flags*/) {
   uint32_t slot = repeated || impl.caret == 0 ? nodes.NextVisible(start) : start;
   if (slot == 0) slot = first;
   for (uint32_t steps = 0; steps <= nodes.Count(); ++steps) {
-    if (nodes[slot].text.Left(prefix.length()).CmpNoCase(prefix) == 0) {
+    if (ShownText(*this, impl, slot).Left(prefix.length()).CmpNoCase(prefix) == 0) {
       UserAction const user(impl, TVC_BYKEYBOARD);
       Select(nodes.Handle(slot), TVGN_CARET);
       return;
@@ -317,7 +332,8 @@ wxTextCtrl * CTreeCtrl::EditLabel(HTREEITEM item) {
   if (mEdit != nullptr) EndEditLabelNow(0);
   if (!IsValidItem(item)) return nullptr;
   EnsureVisible(item);
-  std::wstring text = mImpl->nodes[slot].text.ToStdWstring();
+  wxString const shown = ShownText(*this, *mImpl, slot);
+  std::wstring text = shown.ToStdWstring();
   NMTVDISPINFOW begin;
   begin.item.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_STATE | TVIF_PARAM;
   begin.item.hItem = item;
@@ -331,7 +347,7 @@ wxTextCtrl * CTreeCtrl::EditLabel(HTREEITEM item) {
   GetItemRect(item, &rect, 1);
   int const width = std::max<int>(rect.right - rect.left + 40, 80);
   auto * edit =
-      new wxTextCtrl(this, wxID_ANY, mImpl->nodes[slot].text, wxPoint(rect.left, rect.top),
+      new wxTextCtrl(this, wxID_ANY, shown, wxPoint(rect.left, rect.top),
                      wxSize(std::min(width, std::max(80, GetClientSize().GetWidth() - rect.left)),
                             rect.bottom - rect.top + 2),
                      wxTE_PROCESS_ENTER | wxBORDER_SIMPLE);

@@ -253,12 +253,18 @@ static int RowCount(CTreeCtrl::Impl const & impl) {
   return impl.rowCount;
 }
 
-// Keeps the top row in range and remembers its slot.
+// Keeps the top row in range and remembers its slot. After a change of the
+// shown rows the item that was on top stays there if it is still shown.
 static void SettleTop(CTreeCtrl::Impl & impl, int pageRows) {
+  if (impl.topVersion != impl.layoutVersion) {
+    uint32_t const anchor = impl.nodes.Slot(impl.topItem);
+    if (anchor != 0 && impl.nodes.IsShown(anchor)) impl.topRow = RowOfSlot(impl, anchor);
+  }
   int const rows = RowCount(impl);
   impl.topRow = std::max(0, std::min(impl.topRow, rows - std::max(1, pageRows)));
   if (impl.topVersion != impl.layoutVersion || impl.topVersionRow != impl.topRow) {
     impl.topSlot = SlotAtRow(impl, impl.topRow);
+    impl.topItem = impl.nodes.Handle(impl.topSlot);
     impl.topVersionRow = impl.topRow;
     impl.topVersion = impl.layoutVersion;
   }
@@ -271,7 +277,9 @@ HTREEITEM CTreeCtrl::GetFirstVisibleItem() const {
 }
 
 int CTreeCtrl::GetScrollPos(int bar) const {
-  return bar == SB_HORZ ? mImpl->scrollX : mImpl->topRow;
+  if (bar == SB_HORZ) return mImpl->scrollX;
+  SettleTop(const_cast<Impl &>(*mImpl), static_cast<int>(GetVisibleCount()));
+  return mImpl->topRow;
 }
 
 // The parts of a row; `font` measures the label in another font than the
@@ -312,8 +320,14 @@ static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl & impl, uint32_t
   }
   row.textLeft = x;
   int textWidth = 0;
-  if (font != nullptr) {
-    tree.GetTextExtent(node.text, &textWidth, nullptr, nullptr, nullptr, font);
+  if (font != nullptr || node.textCallback) {
+    wxString const text = ShownText(const_cast<CTreeCtrl &>(tree), impl, slot);
+    wxFont const bold =
+        font == nullptr && (node.state & TVIS_BOLD) != 0 ? tree.GetFont().Bold() : wxFont();
+    tree.GetTextExtent(text, &textWidth, nullptr, nullptr, nullptr,
+                       font != nullptr ? font
+                       : bold.IsOk()   ? &bold
+                                       : nullptr);
   } else {
     if (node.textWidth < 0) {
       wxFont const bold = (node.state & TVIS_BOLD) != 0 ? tree.GetFont().Bold() : wxFont();
@@ -323,6 +337,9 @@ static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl & impl, uint32_t
     textWidth = node.textWidth;
   }
   row.textWidth = textWidth + 2 * TextPadding;
+  // The horizontal range grows with every row laid out (painted, hit or
+  // measured); it never walks the whole tree for it.
+  impl.widestRow = std::max(impl.widestRow, row.textLeft + row.textWidth + impl.scrollX);
   return row;
 }
 
@@ -416,6 +433,7 @@ static void UpdateScrollbars(CTreeCtrl & tree, CTreeCtrl::Impl & impl) {
 
 void CTreeCtrl::OnVScroll(UINT code, UINT position) {
   int const page = std::max(1, static_cast<int>(GetVisibleCount()));
+  SettleTop(*mImpl, page);
   int top = mImpl->topRow;
   switch (code) {
     case SB_LINEUP: --top; break;
@@ -558,7 +576,8 @@ wxImageList * CTreeCtrl::CreateDragImage(HTREEITEM item) {
     if (mImpl->normalImages != nullptr && node.image >= 0 &&
         node.image < mImpl->normalImages->GetImageCount())
       mImpl->normalImages->Draw(node.image, dc, 0, 0, wxIMAGELIST_DRAW_TRANSPARENT);
-    dc.DrawText(node.text, row.iconWidth + TextPadding, (height - mImpl->fontHeight) / 2);
+    dc.DrawText(ShownText(*this, *mImpl, slot), row.iconWidth + TextPadding,
+                (height - mImpl->fontHeight) / 2);
   }
   auto * images = new wxImageList(width, height, false, 1);
   images->Add(bitmap);
@@ -573,6 +592,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   Impl & impl = *mImpl;
   TreeNodeStore const & nodes = impl.nodes;
   UpdateScrollbars(*this, impl);
+  SettleTop(impl, static_cast<int>(GetVisibleCount()));
   wxSize const client = GetClientSize();
   if (!impl.coloursKnown) {
     impl.window = GetSysColour(COLOR_WINDOW);
@@ -595,6 +615,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   draw.nmcd.dwDrawStage = CDDS_PREPAINT;
   draw.nmcd.hdc = &dc;
   draw.nmcd.rc = RECT{0, 0, client.GetWidth(), client.GetHeight()};
+  uint64_t const structure = impl.structureVersion;
   LRESULT const whole = SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
   if ((whole & CDRF_SKIPDEFAULT) != 0) return;
 
@@ -606,9 +627,6 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   uint32_t slot = SlotAtRow(impl, impl.topRow + firstRow);
   int depth = slot != 0 ? nodes.Depth(slot) : 0;
   wxRendererNative & renderer = wxRendererNative::Get();
-  // Solid: a dotted pen makes cairo send every dot to the X server.
-  wxPen linePen(line, 1, wxPENSTYLE_SOLID);
-  linePen.SetCap(wxCAP_BUTT);  // a round end would reach into the next row
   wxFont const controlFont = GetFont();
   wxFont boldFont;
   // Lines and buttons are collected and drawn after the rows: one stroke
@@ -624,7 +642,6 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
     TreeNode const & node = nodes[slot];
     int const top = row * height;
     RowLayout const layout = LayOut(*this, impl, slot, depth, nullptr);
-    impl.widestRow = std::max(impl.widestRow, layout.textLeft + layout.textWidth + impl.scrollX);
     bool const selected = (node.state & TVIS_SELECTED) != 0 && impl.dropHilite == 0;
     bool const hilited = (node.state & TVIS_DROPHILITED) != 0 || (selected && focused);
     bool const inactive = selected && !focused && (mStyle & TVS_SHOWSELALWAYS) != 0;
@@ -640,7 +657,10 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
     draw.clrTextBk = (hilited ? impl.highlight : inactive ? impl.buttonFace : window).GetRGB();
     draw.iLevel = depth;
     LRESULT answer = CDRF_DODEFAULT;
-    if ((whole & CDRF_NOTIFYITEMDRAW) != 0) answer = SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
+    if ((whole & CDRF_NOTIFYITEMDRAW) != 0) {
+      answer = SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
+      if (impl.structureVersion != structure) break;
+    }
 
     if ((answer & CDRF_SKIPDEFAULT) == 0) {
       int const middle = top + height / 2;
@@ -662,8 +682,8 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
             segments.emplace_back(wxPoint(x, top), wxPoint(x, top + height));
         }
       }
-      bool const hasChildren = node.children == -2 ? node.firstChild != 0 : node.children != 0;
-      if ((mStyle & TVS_HASBUTTONS) != 0 && hasChildren && (depth > 0 || rootColumn)) {
+      if ((mStyle & TVS_HASBUTTONS) != 0 && (depth > 0 || rootColumn) &&
+          ShowsButton(*this, impl, slot)) {
         int const size = std::min(indent, height) - 4;
         wxRect const box(layout.buttonLeft + (indent - size) / 2, top + (height - size) / 2, size,
                          size);
@@ -681,7 +701,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
         }
       }
       if (impl.normalImages != nullptr) {
-        int const image = (node.state & TVIS_SELECTED) != 0 ? node.selectedImage : node.image;
+        int const image = ShownImage(*this, impl, slot, (node.state & TVIS_SELECTED) != 0);
         int width = 0;
         int imageHeight = 0;
         impl.normalImages->GetSize(0, width, imageHeight);
@@ -709,9 +729,10 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       }
       wxColour const fore = ToColour(static_cast<COLORREF>(draw.clrText));
       if (dc.GetTextForeground() != fore) dc.SetTextForeground(fore);
+      wxString const shown = node.textCallback ? ShownText(*this, impl, slot) : node.text;
       int textHeight = impl.fontHeight;
-      if (newFont) dc.GetTextExtent(node.text, nullptr, &textHeight);
-      dc.DrawText(node.text, layout.textLeft + TextPadding, top + (height - textHeight) / 2);
+      if (newFont) dc.GetTextExtent(shown, nullptr, &textHeight);
+      dc.DrawText(shown, layout.textLeft + TextPadding, top + (height - textHeight) / 2);
       if (slot == impl.caret && focused) renderer.DrawFocusRect(this, dc, fill, 0);
       if (newFont || (node.state & TVIS_BOLD) != 0) dc.SetFont(controlFont);
     }
@@ -719,6 +740,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       draw.nmcd.dwDrawStage = CDDS_ITEMPOSTPAINT;
       SendNotify(this, NM_CUSTOMDRAW, draw.nmcd.hdr);
       dc.SetFont(controlFont);
+      if (impl.structureVersion != structure) break;
     }
     if (slot == impl.insertMark) {
       wxColour const mark = mInsertMarkColor == CLR_DEFAULT ? text : ToColour(mInsertMarkColor);
@@ -738,25 +760,30 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       if (slot != 0) slot = nodes[slot].next;
     }
   }
+  // Rows the owner changed during this paint are painted at the next one.
+  if (impl.structureVersion != structure) Invalidate();
   if (!segments.empty()) {
+    // Each line is a filled rectangle one pixel wide, all in one fill:
+    // pixel-aligned boxes are the toolkit's fastest drawing, and they end
+    // exactly where their row ends.
+    dc.SetPen(*wxTRANSPARENT_PEN);
+    dc.SetBrush(wxBrush(line));
     if (wxGraphicsContext * const gc = dc.GetGraphicsContext()) {
       wxGraphicsPath path = gc->CreatePath();
-      // Through the middle of the pixels across the line and along it up to
-      // the end point, not past it: a vertical line ends where the next row
-      // begins. The context may add half a pixel to both by itself.
-      double const added = gc->OffsetEnabled() ? 0.5 : 0.0;
       for (auto const & segment : segments) {
+        wxRect const box(segment.first, segment.second);
         bool const vertical = segment.first.x == segment.second.x;
-        double const acrossX = vertical ? 0.5 - added : -added;
-        double const acrossY = vertical ? -added : 0.5 - added;
-        path.MoveToPoint(segment.first.x + acrossX, segment.first.y + acrossY);
-        path.AddLineToPoint(segment.second.x + acrossX, segment.second.y + acrossY);
+        path.AddRectangle(box.x, box.y, vertical ? 1 : box.width - 1,
+                          vertical ? box.height - 1 : 1);
       }
-      gc->SetPen(linePen);
-      gc->StrokePath(path);
+      gc->SetBrush(wxBrush(line));
+      gc->FillPath(path);
     } else {
-      dc.SetPen(linePen);
-      for (auto const & segment : segments) dc.DrawLine(segment.first, segment.second);
+      for (auto const & segment : segments) {
+        wxRect const box(segment.first, segment.second);
+        bool const vertical = segment.first.x == segment.second.x;
+        dc.DrawRectangle(box.x, box.y, vertical ? 1 : box.width - 1, vertical ? box.height - 1 : 1);
+      }
     }
   }
   for (auto const & button : buttons)

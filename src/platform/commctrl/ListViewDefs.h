@@ -5,9 +5,9 @@
 
 #include "platform/WinGdi.h"
 #include "platform/WinGeometry.h"
+#include "platform/commctrl/CommonControlDefs.h"
 #include "platform/commctrl/CustomDraw.h"
 #include "platform/commctrl/NotifyEvent.h"
-#include "platform/commctrl/StateImage.h"
 #include "platform/commctrl/VirtualKeys.h"
 
 // Window styles (the list keeps them apart from wx's style bits).
@@ -65,9 +65,7 @@ constexpr UINT LVIS_ACTIVATING = 0x0020;
 constexpr UINT LVIS_OVERLAYMASK = 0x0F00;
 constexpr UINT LVIS_STATEIMAGEMASK = 0xF000;
 
-// A text the owner gives on demand through LVN_GETDISPINFO, and its image.
-inline wchar_t * const LPSTR_TEXTCALLBACKW = reinterpret_cast<wchar_t *>(-1);  // NOLINT
-constexpr int I_IMAGECALLBACK = -1;
+// No image (LPSTR_TEXTCALLBACKW and I_IMAGECALLBACK: CommonControlDefs.h).
 constexpr int I_IMAGENONE = -2;
 
 struct LVITEMW {

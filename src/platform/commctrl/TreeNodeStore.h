@@ -22,6 +22,7 @@ struct TreeNode {
   bool alive = false;
   // TVIF_CHILDREN: -2 follows the real children, else 0, 1 or I_CHILDRENCALLBACK.
   int8_t children = -2;
+  bool textCallback = false;  // LPSTR_TEXTCALLBACKW
   UINT state = 0;
   int image = 0;
   int selectedImage = 0;

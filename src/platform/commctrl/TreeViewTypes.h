@@ -6,9 +6,9 @@
 #include <cstdint>
 
 #include "platform/WinGeometry.h"
+#include "platform/commctrl/CommonControlDefs.h"
 #include "platform/commctrl/CustomDraw.h"
 #include "platform/commctrl/NotifyEvent.h"
-#include "platform/commctrl/StateImage.h"
 
 // An item of a tree. It names a slot of the tree's node store and that
 // slot's generation: once the item is deleted the slot's generation moves
@@ -83,8 +83,11 @@ constexpr UINT TVIS_OVERLAYMASK = 0x0F00;
 constexpr UINT TVIS_STATEIMAGEMASK = 0xF000;
 constexpr UINT TVIS_USERMASK = 0xF000;
 
-// TVITEM::cChildren.
+// Callback fields: the tree asks its parent with TVN_GETDISPINFO each time
+// it needs them. TVIF_DI_SETITEM in the answer's mask keeps what the parent
+// gave from then on.
 constexpr int I_CHILDRENCALLBACK = -1;
+constexpr UINT TVIF_DI_SETITEM = 0x1000;
 
 // GetNextItem / Select codes.
 constexpr UINT TVGN_ROOT = 0x0000;
@@ -99,6 +102,11 @@ constexpr UINT TVGN_DROPHILITE = 0x0008;
 constexpr UINT TVGN_CARET = 0x0009;
 constexpr UINT TVGN_LASTVISIBLE = 0x000A;
 constexpr UINT TVSI_NOSINGLEEXPAND = 0x8000;
+
+// Answers to TVN_SINGLEEXPAND.
+constexpr LRESULT TVNRET_DEFAULT = 0;
+constexpr LRESULT TVNRET_SKIPOLD = 1;
+constexpr LRESULT TVNRET_SKIPNEW = 2;
 
 // Expand codes (TVM_EXPAND and NMTREEVIEW::action of the expand messages).
 constexpr UINT TVE_COLLAPSE = 0x0001;

@@ -199,11 +199,87 @@ TEST_F(ListInputTest, OwnerDataTypeAheadAsksTheOwner) {
   EXPECT_GT(owner.list->GetTopIndex() + owner.list->GetCountPerPage(), 420);
 }
 
+TEST_F(ListInputTest, TrackSelectFollowsThePointerUnlessHotTrackIsRefused) {
+  f.list->SetExtendedStyle(LVS_EX_TRACKSELECT | LVS_EX_FULLROWSELECT);
+  int refuseRow = -1;
+  std::vector<int> hot;
+  f.panel->Bind(VX_EVT_NOTIFY, [&](NotifyEvent & event) {
+    if (event.GetCode() != LVN_HOTTRACK) return event.Skip();
+    hot.push_back(event.GetNotification<NMLISTVIEW>()->iItem);
+    event.SetResult(hot.back() == refuseRow ? 1 : 0);
+  });
+  list_input::MoveTo(*f.list, RowPoint(3));
+  ASSERT_TRUE(SelectedBecomes({3}));
+  list_input::MoveTo(*f.list, RowPoint(6, 150));
+  ASSERT_TRUE(SelectedBecomes({6}));
+  EXPECT_EQ(f.list->GetNextItem(-1, LVNI_FOCUSED), 6);
+  refuseRow = 2;
+  list_input::MoveTo(*f.list, RowPoint(2));
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return hot.back() == 2; }));
+  EXPECT_EQ(f.Selected(), Rows{6});
+  list_input::MoveTo(*f.list, RowPoint(1));
+  ASSERT_TRUE(SelectedBecomes({1}));
+}
+
+// A header of the owner's own class takes the place of the list's.
+class CountingHeader : public CHeaderCtrl {
+public:
+  using CHeaderCtrl::CHeaderCtrl;
+  void DrawItem(wxDC &, int, RECT const &, UINT) override { ++drawn; }
+  int drawn = 0;
+};
+
+TEST_F(ListInputTest, AReplacedHeaderKeepsTheColumnsAndSpeaksForTheList) {
+  int const order[] = {2, 0, 1};
+  f.list->SetColumnOrderArray(3, order);
+  f.list->SetColumnWidth(1, 95);
+  auto * header = new CountingHeader(f.list, wxID_ANY);
+  EXPECT_FALSE(f.list->ReplaceHeaderCtrl(nullptr));
+  ASSERT_TRUE(f.list->ReplaceHeaderCtrl(header));
+  EXPECT_EQ(f.list->GetHeaderCtrl(), header);
+  EXPECT_EQ(header->GetItemCount(), 3);
+  EXPECT_EQ(header->GetItemText(1), "Column 1");
+  EXPECT_EQ(f.list->GetColumnWidth(1), 95);
+  EXPECT_EQ(header->GetOrder(), (std::vector<int>{2, 0, 1}));
+  EXPECT_EQ(f.list->GetChildren().size(), 1u);  // the old one is gone
+
+  // Owner drawing reaches the new class; a heading click reaches the list.
+  HDITEMW item;
+  item.mask = HDI_FORMAT;
+  item.fmt = HDF_STRING | HDF_OWNERDRAW;
+  header->SetItem(0, &item);
+  header->Refresh();
+  header->Update();
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return header->drawn > 0; }));
+  RECT rect{};
+  header->GetItemRect(1, &rect);
+  f.seen.clear();
+  ClickAt(*header, wxPoint(rect.left + 10, header->GetSize().y / 2));
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return !f.seen.empty(); }));
+  EXPECT_EQ(f.seen, Seen{"COLUMNCLICK 1"});
+  // Cells follow the new header's widths.
+  item.mask = HDI_WIDTH;
+  item.cxy = 30;
+  header->SetItem(2, &item);
+  RECT cell{};
+  f.list->GetSubItemRect(0, 0, LVIR_LABEL, &cell);
+  EXPECT_EQ(cell.left, 30);
+}
+
 // Header dividers: column 0 is 80 wide, its divider at x = 80.
 class HeaderInputTest : public ListInputTest {
 protected:
   CHeaderCtrl & Header() { return *f.list->GetHeaderCtrl(); }
   wxPoint Divider() { return wxPoint(80, Header().GetSize().y / 2); }
+  // A click elsewhere, so that the next press does not make a double click
+  // with the last one; the notifications so far are forgotten.
+  void ClickElsewhere() {
+    f.seen.clear();
+    ClickAt(*f.list, wxPoint(300, 100));
+    ASSERT_TRUE(
+        gui_test::WaitUntil([&] { return !f.seen.empty() && f.seen.back() == "CLICK -1,0"; }));
+    f.seen.clear();
+  }
   bool SeenEnd() {
     return gui_test::WaitUntil(
         [&] { return !f.seen.empty() && f.seen.back().rfind("ENDTRACK", 0) == 0; });
@@ -214,16 +290,18 @@ TEST_F(HeaderInputTest, ADragResizesAHandlerMayRefuseClampOrChangeTheEnd) {
   struct Case {
     char const * name;
     bool refuse;
+    bool refuseMove;  // HDN_TRACK answered nonzero: the drag ends there
     int minimum;
     int endWidth;
     int dragTo;
     int expected;
   };
   Case const cases[] = {
-      {"plain", false, 0, 0, 130, 130},
-      {"clamped to the minimum", false, 60, 0, 20, 60},
-      {"changed at the end", false, 0, 99, 150, 99},
-      {"refused", true, 0, 0, 150, 80},
+      {"plain", false, false, 0, 0, 130, 130},
+      {"clamped to the minimum", false, false, 60, 0, 20, 60},
+      {"changed at the end", false, false, 0, 99, 150, 99},
+      {"refused", true, false, 0, 0, 150, 80},
+      {"a move refused", false, true, 0, 0, 150, 80},
   };
   for (Case const & c : cases) {
     f.list->SetColumnWidth(0, 80);
@@ -235,6 +313,7 @@ TEST_F(HeaderInputTest, ADragResizesAHandlerMayRefuseClampOrChangeTheEnd) {
         gui_test::WaitUntil([&] { return !f.seen.empty() && f.seen.back() == "CLICK -1,0"; }));
     f.seen.clear();
     f.refuseTrack = c.refuse;
+    f.refuseTrackMove = c.refuseMove;
     f.minimumWidth = c.minimum;
     f.endTrackWidth = c.endWidth;
     bool pressed = false;
@@ -265,16 +344,46 @@ TEST_F(HeaderInputTest, ADragResizesAHandlerMayRefuseClampOrChangeTheEnd) {
   }
 }
 
+TEST_F(HeaderInputTest, AHeadingDraggedSidewaysMovesItsColumnUnlessTheDropIsRefused) {
+  f.list->SetExtendedStyle(LVS_EX_HEADERDRAGDROP);
+  struct Case {
+    char const * name;
+    bool refuse;
+    std::vector<int> order;
+  };
+  for (Case const & c : {Case{"refused", true, {0, 1, 2}}, Case{"moved", false, {1, 2, 0}}}) {
+    ClickElsewhere();
+    f.refuseDrop = c.refuse;
+    list_input::DragFromTo(Header(), wxPoint(40, Divider().y), wxPoint(230, Divider().y), [&] {
+      // The release's own place decides; the drag must have begun before it.
+      gui_test::WaitUntil(
+          [&] { return Header().GetPressedItem() == 0 || Header().GetDraggedItem() == 0; });
+    });
+    ASSERT_TRUE(gui_test::WaitUntil([&] { return !f.seen.empty(); })) << c.name;
+    EXPECT_EQ(f.seen, Seen{"ENDDRAG 0 to 2"}) << c.name;
+    EXPECT_EQ(Header().GetOrder(), c.order) << c.name;
+  }
+  // The cells of column 0 are now painted last.
+  RECT cell{};
+  f.list->GetSubItemRect(0, 1, LVIR_BOUNDS, &cell);
+  EXPECT_EQ(cell.left, 0);
+  f.list->GetItemRect(0, &cell, LVIR_LABEL);
+  EXPECT_EQ(cell.left, 160);
+}
+
 TEST_F(HeaderInputTest, DividerDoubleClickFitsTheColumnAndAHeadingClickSorts) {
   f.list->SetColumnWidth(0, 80);
+  ClickElsewhere();
   list_input::MoveTo(Header(), Divider());
   list_input::Press(1, true);
   list_input::Press(1, false);
+  // The first click is handled before the second comes, as a hand's would be.
+  ASSERT_TRUE(SeenEnd());
   list_input::Press(1, true);
   list_input::Press(1, false);
   ASSERT_TRUE(gui_test::WaitUntil([&] {
     return std::find(f.seen.begin(), f.seen.end(), "DIVIDERDBLCLICK 0") != f.seen.end();
-  }));
+  })) << ::testing::PrintToString(f.seen);
   int const widest = f.list->GetStringWidth("r39c0");
   ASSERT_TRUE(gui_test::WaitUntil([&] { return f.list->GetColumnWidth(0) < 80; }));
   EXPECT_GE(f.list->GetColumnWidth(0), widest);

@@ -81,6 +81,21 @@ TEST(ListCtrlStates, OneFocusAVetoedChangeAndCheckBoxesInTheStateImage) {
   for (int row = 0; row < 4; ++row) EXPECT_TRUE(f.list->GetCheck(row)) << row;
 }
 
+TEST(ListCtrlStates, ASingleSelectionListKeepsOneSelectedRowWhateverSetsIt) {
+  for (DWORD const kind : {DWORD{0}, LVS_OWNERDATA}) {
+    ListFixture f(LVS_REPORT | LVS_SINGLESEL | kind);
+    f.list->InsertColumn(0, "Name");
+    if (kind == LVS_OWNERDATA)
+      f.list->SetItemCountEx(5);
+    else
+      for (int row = 0; row < 5; ++row) f.list->InsertItem(row, "row");
+    f.list->SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+    f.list->SetItemState(3, LVIS_SELECTED, LVIS_SELECTED);
+    EXPECT_EQ(f.Selected(), std::vector<int>{3}) << kind;
+    EXPECT_EQ(f.list->GetSelectedCount(), 1u) << kind;
+  }
+}
+
 TEST(ListCtrlFind, BeginningsWithoutCaseFromTheRowAfterStartAndRoundWithWrap) {
   ListFixture f;
   f.list->InsertColumn(0, "Name");
@@ -118,8 +133,8 @@ TEST(ListCtrlSort, RowsMoveWithTheirStateAndEqualKeysKeepTheirOrder) {
   }
   f.list->SetItemState(2, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
   ASSERT_TRUE(f.list->SortItems(CompareData, 0));
-  std::vector<wxString> order;
-  for (int row = 0; row < 4; ++row) order.push_back(f.list->GetItemText(row, 0));
+  std::vector<wxString> order(4);
+  for (int row = 0; row < 4; ++row) order[row] = f.list->GetItemText(row, 0);
   EXPECT_EQ(order, (std::vector<wxString>{"row 1", "row 3", "row 0", "row 2"}));
   EXPECT_EQ(f.list->GetNextItem(-1, LVNI_FOCUSED), 3);
   EXPECT_EQ(f.Selected(), (std::vector<int>{3}));

@@ -84,7 +84,10 @@ struct ListFixture {
       event.SetResult(keepEdit ? 1 : 0);
     } else if (code >= HDN_TRACKW && code <= HDN_FIRST) {
       auto * info = event.GetNotification<NMHEADERW>();
-      if (code == HDN_TRACKW) ++tracks;
+      if (code == HDN_TRACKW) {
+        ++tracks;
+        event.SetResult(refuseTrackMove ? 1 : 0);
+      }
       if (code == HDN_BEGINTRACKW) {
         seen.push_back("BEGINTRACK " + std::to_string(info->iItem));
         event.SetResult(refuseTrack ? 1 : 0);
@@ -95,6 +98,10 @@ struct ListFixture {
         seen.push_back("ENDTRACK " + std::to_string(info->iItem) + " " +
                        std::to_string(info->pitem->cxy));
         if (endTrackWidth > 0) info->pitem->cxy = endTrackWidth;
+      } else if (code == HDN_ENDDRAG) {
+        seen.push_back("ENDDRAG " + std::to_string(info->iItem) + " to " +
+                       std::to_string(info->pitem->iOrder));
+        event.SetResult(refuseDrop ? 1 : 0);
       } else if (code == HDN_DIVIDERDBLCLICKW) {
         seen.push_back("DIVIDERDBLCLICK " + std::to_string(info->iItem));
       }
@@ -135,4 +142,6 @@ struct ListFixture {
   int minimumWidth = 0;
   int endTrackWidth = 0;
   int tracks = 0;  // HDN_TRACK heard
+  bool refuseDrop = false;
+  bool refuseTrackMove = false;
 };

@@ -51,6 +51,36 @@ TEST_F(TreeBehaviour, SelectionTellsBeforeAndAfterAndAVetoKeepsTheCaret) {
   EXPECT_EQ(tree->GetSelectedItem(), alpha);
 }
 
+TEST_F(TreeBehaviour, SingleExpandOpensTheUsersChoiceAndClosesTheOneLeft) {
+  tree->ModifyStyle(0, TVS_SINGLEEXPAND);
+  tree->SelectItem(alpha);  // from code: nothing opens
+  EXPECT_EQ(tree->GetItemState(alpha, TVIS_EXPANDED), 0u);
+  tree->dragAnswer = 0;
+  tree->OnLButtonDown(MK_LBUTTON, LabelPoint(alpha));  // already the caret: no change, no opening
+  EXPECT_EQ(tree->GetItemState(alpha, TVIS_EXPANDED), 0u);
+  tree->SelectItem({});
+  tree->OnLButtonDown(MK_LBUTTON, LabelPoint(alpha));
+  EXPECT_TRUE(tree->GetItemState(alpha, TVIS_EXPANDED));
+  tree->OnKeyDown(VK_DOWN, 1, 0);  // into alpha: it stays open
+  EXPECT_EQ(tree->GetSelectedItem(), alpha1);
+  EXPECT_TRUE(tree->GetItemState(alpha, TVIS_EXPANDED));
+  tree->SelectItem(alpha);
+  notified.clear();
+  tree->OnLButtonDown(MK_LBUTTON, LabelPoint(bravo));
+  EXPECT_EQ(tree->GetItemState(alpha, TVIS_EXPANDED), 0u);
+  EXPECT_TRUE(tree->GetItemState(bravo, TVIS_EXPANDED));
+  ASSERT_EQ(Of(TVN_SINGLEEXPAND).size(), 1u);
+  EXPECT_EQ(Of(TVN_SINGLEEXPAND)[0].oldItem, alpha);
+  EXPECT_EQ(Of(TVN_SINGLEEXPAND)[0].newItem, bravo);
+
+  // The parent keeps both as they are.
+  answers[TVN_SINGLEEXPAND] = TVNRET_SKIPOLD | TVNRET_SKIPNEW;
+  tree->Expand(alpha, TVE_EXPAND);
+  tree->OnLButtonDown(MK_LBUTTON, LabelPoint(alpha));
+  EXPECT_TRUE(tree->GetItemState(bravo, TVIS_EXPANDED));
+  EXPECT_TRUE(tree->GetItemState(alpha, TVIS_EXPANDED));
+}
+
 TEST_F(TreeBehaviour, ExpandingTellsOnceFromCodeAlwaysFromTheUserAndCanBeRefused) {
   answers[TVN_ITEMEXPANDING] = 1;
   EXPECT_FALSE(tree->Expand(alpha, TVE_EXPAND));
@@ -261,6 +291,29 @@ TEST_F(TreeBehaviour, ClicksSelectToggleButtonsAndBoxesAndTellTheClickFirst) {
   answers[NM_DBLCLK] = 1;
   tree->OnLButtonDblClk(MK_LBUTTON, LabelPoint(bravo));
   EXPECT_TRUE(tree->GetItemState(bravo, TVIS_EXPANDED));
+
+  // Right of a label: nothing, unless the whole row selects.
+  tree->dragAnswer = 0;
+  RECT label2{};
+  tree->GetItemRect(charlie, &label2, 1);
+  POINT const right{label2.right + 20, (label2.top + label2.bottom) / 2};
+  tree->OnLButtonDown(MK_LBUTTON, right);
+  EXPECT_EQ(tree->GetSelectedItem(), bravo);
+  tree->ModifyStyle(TVS_HASLINES, TVS_FULLROWSELECT);
+  tree->OnLButtonDown(MK_LBUTTON, right);
+  EXPECT_EQ(tree->GetSelectedItem(), charlie);
+
+  // A right click tells NM_RCLICK; untaken, it becomes a context menu event.
+  int menus = 0;
+  tree->Bind(wxEVT_CONTEXT_MENU, [&menus](wxContextMenuEvent &) { ++menus; });
+  answers.clear();
+  notified.clear();
+  tree->OnRButtonDown(MK_RBUTTON, LabelPoint(alpha));
+  EXPECT_EQ(Codes(), (std::vector<UINT>{NM_RCLICK}));
+  EXPECT_EQ(menus, 1);
+  answers[NM_RCLICK] = 1;
+  tree->OnRButtonDown(MK_RBUTTON, LabelPoint(alpha));
+  EXPECT_EQ(menus, 1);
 }
 
 TEST_F(TreeBehaviour, LabelEditingAsksBeforeAndTheAnswerAfterDecides) {
@@ -289,9 +342,33 @@ TEST_F(TreeBehaviour, LabelEditingAsksBeforeAndTheAnswerAfterDecides) {
     auto const ends = Of(TVN_ENDLABELEDIT);
     ASSERT_EQ(ends.size(), 1u);
     EXPECT_EQ(ends[0].textNull, c.cancel);
-    if (!c.cancel) EXPECT_EQ(ends[0].text, std::wstring(wxString(c.typed).wc_str()));
+    if (!c.cancel) {
+      EXPECT_EQ(ends[0].text, std::wstring(wxString(c.typed).wc_str()));
+    }
     EXPECT_EQ(tree->GetItemText(bravo), c.expected) << c.typed;
   }
+
+  // Escape in the edit cancels, Enter takes the text.
+  answers[TVN_ENDLABELEDIT] = 1;
+  for (int const key : {WXK_ESCAPE, WXK_RETURN}) {
+    wxTextCtrl * const edit = tree->EditLabel(bravo);
+    ASSERT_NE(edit, nullptr);
+    edit->ChangeValue("typed");
+    notified.clear();
+    if (key == WXK_ESCAPE) {
+      wxKeyEvent press(wxEVT_KEY_DOWN);
+      press.m_keyCode = key;
+      edit->GetEventHandler()->ProcessEvent(press);
+    } else {
+      wxCommandEvent enter(wxEVT_TEXT_ENTER, edit->GetId());
+      enter.SetEventObject(edit);
+      edit->GetEventHandler()->ProcessEvent(enter);
+    }
+    EXPECT_EQ(tree->GetEditControl(), nullptr);
+    ASSERT_EQ(Of(TVN_ENDLABELEDIT).size(), 1u);
+    EXPECT_EQ(Of(TVN_ENDLABELEDIT)[0].textNull, key == WXK_ESCAPE);
+  }
+  EXPECT_EQ(tree->GetItemText(bravo), "typed");
 
   // A second click on the caret's label edits it once the timer fires.
   tree->dragAnswer = 0;
@@ -304,6 +381,106 @@ TEST_F(TreeBehaviour, LabelEditingAsksBeforeAndTheAnswerAfterDecides) {
   // Deleting the item under edit ends the edit first.
   tree->DeleteItem(charlie);
   EXPECT_EQ(tree->GetEditControl(), nullptr);
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(TreeFixture, ScrollingKeepsRowsHitTestsAndTheCaretInStep) {
+  std::vector<HTREEITEM> rows;
+  rows.reserve(200);
+  for (int i = 0; i < 200; ++i) rows.push_back(tree->InsertItem(wxString::Format("row %03d", i)));
+  int const page = static_cast<int>(tree->GetVisibleCount());
+  int const height = tree->GetItemHeight();
+  ASSERT_GT(page, 3);
+
+  struct Case {
+    UINT code;
+    UINT position;
+    int top;  // the first shown row after the scroll
+  };
+  for (Case const & c :
+       std::vector<Case>{{SB_LINEDOWN, 0, 1},
+                         {SB_PAGEDOWN, 0, 1 + page},
+                         {SB_LINEUP, 0, page},
+                         {SB_THUMBPOSITION, 150, 150},
+                         {SB_BOTTOM, 0, 200 - page},
+                         {SB_LINEDOWN, 0, 200 - page},  // no further than the last page
+                         {SB_TOP, 0, 0},
+                         {SB_LINEUP, 0, 0}}) {
+    tree->OnVScroll(c.code, c.position);
+    EXPECT_EQ(tree->GetScrollPos(SB_VERT), c.top) << "code " << c.code;
+    EXPECT_EQ(tree->GetFirstVisibleItem(), rows[static_cast<size_t>(c.top)]) << "code " << c.code;
+    // The third row on screen is where the hit test and the rectangle say.
+    HTREEITEM const third = rows[static_cast<size_t>(c.top) + 2];
+    EXPECT_EQ(tree->HitTest(POINT{40, 2 * height + 1}), third) << "code " << c.code;
+    RECT rect{};
+    ASSERT_TRUE(tree->GetItemRect(third, &rect, 0));
+    EXPECT_EQ(rect.top, 2 * height);
+  }
+
+  // Keys scroll the caret into view, both ways.
+  tree->SelectItem(rows[0]);
+  tree->OnKeyDown(VK_END, 1, 0);
+  EXPECT_EQ(tree->GetSelectedItem(), rows.back());
+  EXPECT_EQ(tree->GetScrollPos(SB_VERT), 200 - page);
+  tree->OnKeyDown(VK_PRIOR, 1, 0);
+  EXPECT_EQ(tree->GetSelectedItem(), rows[static_cast<size_t>(199 - (page - 1))]);
+  tree->SelectItem(rows[10]);
+  EXPECT_EQ(tree->GetScrollPos(SB_VERT), 10);
+
+  // Deleting rows above the top leaves the same item on top; when the top
+  // item itself goes, the view stays at its place as far as rows remain.
+  tree->OnVScroll(SB_THUMBPOSITION, 160);
+  for (int i = 0; i < 10; ++i) tree->DeleteItem(rows[static_cast<size_t>(i)]);
+  EXPECT_EQ(tree->GetFirstVisibleItem(), rows[160]);
+  EXPECT_EQ(tree->GetScrollPos(SB_VERT), 150);
+  tree->SelectItem({});  // no caret to follow
+  for (int i = 10; i < 170; ++i) tree->DeleteItem(rows[static_cast<size_t>(i)]);
+  EXPECT_EQ(tree->GetScrollPos(SB_VERT), 30 - page);
+  EXPECT_EQ(tree->GetFirstVisibleItem(), rows[static_cast<size_t>(170 + 30 - page)]);
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(TreeFixture, ScrollingSidewaysMovesRectanglesAndHitsAlike) {
+  HTREEITEM deep = tree->InsertItem("level 0");
+  for (int level = 1; level < 30; ++level)
+    deep = tree->InsertItem(wxString::Format("level %d", level), deep);
+  tree->SelectItem(deep);
+  RECT before{};
+  ASSERT_TRUE(tree->GetItemRect(deep, &before, 1));
+  ASSERT_GT(before.right, tree->GetClientSize().GetWidth());  // beyond the right edge
+
+  int const indent = static_cast<int>(tree->GetIndent());
+  struct Case {
+    UINT code;
+    int scroll;  // -1: as far as the widest label's end at the right edge
+  };
+  int const widest = before.right;
+  for (Case const & c : std::vector<Case>{{SB_LINEDOWN, indent},
+                                          {SB_LINEDOWN, 2 * indent},
+                                          {SB_LINEUP, indent},
+                                          {SB_BOTTOM, -1},
+                                          {SB_PAGEDOWN, -1},  // no further than the end
+                                          {SB_TOP, 0}}) {
+    tree->OnHScroll(c.code, 0);
+    // (The scroll bars coming and going change the width.)
+    int const width = tree->GetClientSize().GetWidth();
+    int const scroll = c.scroll >= 0 ? c.scroll : widest - width;
+    EXPECT_EQ(tree->GetScrollPos(SB_HORZ), scroll) << "code " << c.code;
+    RECT now{};
+    ASSERT_TRUE(tree->GetItemRect(deep, &now, 1));
+    EXPECT_EQ(now.left, before.left - scroll);
+    if (now.left + 2 >= 0 && now.left + 2 < width) {
+      UINT flags = 0;
+      EXPECT_EQ(tree->HitTest(POINT{now.left + 2, now.top + 2}, &flags), deep);
+      EXPECT_EQ(flags, TVHT_ONITEMLABEL);
+    }
+  }
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 // X11's headers define macros (None, Bool...) that would break the ones above.
 #include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
 #include <gdk/gdkx.h>
 
 namespace {
@@ -67,6 +68,34 @@ TEST_F(TreeInput, APressThatMovesAwayBeginsADragFromInsideThePress) {
   EXPECT_EQ(Of(TVN_BEGINDRAG)[0].newItem, third);
   EXPECT_FALSE(tree->GetSelectedItem() == third);  // a drag selects nothing
   EXPECT_TRUE(Of(NM_CLICK).empty());
+}
+
+}  // namespace
+
+namespace {
+
+void Control(bool down) {
+  XTestFakeKeyEvent(XDisplay(), XKeysymToKeycode(XDisplay(), XK_Control_L), down ? True : False,
+                    CurrentTime);
+  XSync(XDisplay(), False);
+}
+
+TEST_F(TreeInput, WithControlDownTheMovingKeysScrollAndLeaveTheCaret) {
+  for (int i = 0; i < 100; ++i) tree->InsertItem(wxString::Format("more %d", i));
+  tree->SelectItem(first);
+  Control(true);
+  tree->OnKeyDown(VK_DOWN, 1, 0);
+  tree->OnKeyDown(VK_DOWN, 1, 0);
+  int const afterLines = tree->GetScrollPos(SB_VERT);
+  tree->OnKeyDown(VK_END, 1, 0);
+  int const afterEnd = tree->GetScrollPos(SB_VERT);
+  Control(false);
+  EXPECT_EQ(afterLines, 2);
+  EXPECT_EQ(afterEnd, 103 - static_cast<int>(tree->GetVisibleCount()));
+  EXPECT_EQ(tree->GetSelectedItem(), first);
+  tree->OnKeyDown(VK_DOWN, 1, 0);  // without Ctrl the caret moves (and scrolls back to it)
+  EXPECT_EQ(tree->GetSelectedItem(), second);
+  EXPECT_EQ(tree->GetScrollPos(SB_VERT), 1);
 }
 
 }  // namespace

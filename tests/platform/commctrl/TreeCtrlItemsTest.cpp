@@ -2,6 +2,9 @@
 // order, sorting, and chains far deeper than any stack.
 
 #include <gtest/gtest.h>
+#include <wx/dcmemory.h>
+
+#include <cwchar>
 
 #include "TreeCtrlTestSupport.h"
 
@@ -193,6 +196,118 @@ TEST_F(TreeFixture, AChainOfAHundredThousandLevelsWalksShowsAndDeletesWithoutRec
   ASSERT_TRUE(tree->DeleteItem(top));
   EXPECT_EQ(tree->GetCount(), 0u);
   EXPECT_FALSE(tree->IsValidItem(deepest));
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(TreeFixture, CallbackFieldsAreAskedOfTheParentUntilItKeepsThem) {
+  std::map<HTREEITEM, wxString> names;
+  int asked = 0;
+  parent->Bind(VX_EVT_NOTIFY, [&](NotifyEvent & event) {
+    if (event.GetCode() != TVN_GETDISPINFO) {
+      event.Skip();
+      return;
+    }
+    ++asked;
+    auto * info = event.GetNotification<NMTVDISPINFOW>();
+    if ((info->item.mask & TVIF_TEXT) != 0) {
+      wxString const name = names[info->item.hItem];
+      wcsncpy(info->item.pszText, name.wc_str(), static_cast<size_t>(info->item.cchTextMax));
+      if (name == "keep me") info->item.mask |= TVIF_DI_SETITEM;
+    }
+    if ((info->item.mask & TVIF_CHILDREN) != 0) info->item.cChildren = 1;
+  });
+  TVINSERTSTRUCTW insert;
+  insert.item.mask = TVIF_TEXT | TVIF_CHILDREN;
+  insert.item.pszText = LPSTR_TEXTCALLBACKW;
+  insert.item.cChildren = I_CHILDRENCALLBACK;
+  HTREEITEM const asking = tree->InsertItem(&insert);
+  HTREEITEM const kept = tree->InsertItem(&insert);
+  names[asking] = "zulu";
+  names[kept] = "keep me";
+
+  EXPECT_EQ(tree->GetItemText(asking), "zulu");
+  names[asking] = "alpha";  // asked again, so a change shows
+  EXPECT_EQ(tree->GetItemText(asking), "alpha");
+  EXPECT_EQ(tree->GetItemText(kept), "keep me");
+  int const before = asked;
+  EXPECT_EQ(tree->GetItemText(kept), "keep me");  // kept: not asked again
+  EXPECT_EQ(asked, before);
+
+  // Sorting and type-ahead go by the shown text.
+  tree->SortChildren(TVI_ROOT);
+  EXPECT_EQ(tree->GetRootItem(), asking);
+  tree->OnChar('k', 1, 0);
+  EXPECT_EQ(tree->GetSelectedItem(), kept);
+
+  // The label's rectangle is as wide as the asked text; painting asks too.
+  RECT narrow{};
+  tree->GetItemRect(asking, &narrow, 1);
+  names[asking] = "a much longer name than before";
+  RECT wide{};
+  tree->GetItemRect(asking, &wide, 1);
+  EXPECT_GT(wide.right - wide.left, narrow.right - narrow.left);
+  EXPECT_TRUE(tree->ItemHasChildren(asking));
+  asked = 0;
+  wxBitmap bitmap(tree->GetClientSize());
+  wxMemoryDC dc(bitmap);
+  tree->PaintTo(dc, wxRect(tree->GetClientSize()));
+  EXPECT_GT(asked, 0);
+  tree->Destroy();  // the handler above sees this test's locals: no later paint may reach it
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(TreeFixture, HandlersThatChangeTheTreeUnderItsOwnWalksBreakNothing) {
+  HTREEITEM const doomed = tree->InsertItem("doomed");
+  HTREEITEM const child = tree->InsertItem("child", doomed);
+  HTREEITEM const neighbour = tree->InsertItem("neighbour");
+  tree->InsertItem("kept child", neighbour);
+  tree->Expand(neighbour, TVE_EXPAND);
+  // Told of a deletion, the owner tries to delete and insert more: refused
+  // while the delete walks its branch.
+  bool refused = false;
+  parent->Bind(VX_EVT_NOTIFY, [&](NotifyEvent & event) {
+    event.Skip();
+    if (event.GetCode() != TVN_DELETEITEM) return;
+    refused = !tree->DeleteItem(neighbour) && !tree->InsertItem("late", neighbour) &&
+              !tree->DeleteAllItems();
+    // Its children cannot go now either (nor may this hang).
+    tree->Expand(neighbour, TVE_COLLAPSE | TVE_COLLAPSERESET);
+  });
+  ASSERT_TRUE(tree->DeleteItem(doomed));
+  EXPECT_TRUE(refused);
+  EXPECT_FALSE(tree->IsValidItem(child));
+  EXPECT_TRUE(tree->IsValidItem(neighbour));
+  EXPECT_EQ(tree->GetCount(), 2u);  // the neighbour and its child
+  tree->DeleteItem(tree->GetChildItem(neighbour));
+
+  // A custom-draw owner that deletes the row being drawn and inserts many
+  // more (the node store grows and moves) ends that paint; the next one
+  // shows the new rows.
+  for (int i = 0; i < 5; ++i) tree->InsertItem(wxString::Format("row %d", i));
+  int changes = 0;
+  customDraw = [&](NMTVCUSTOMDRAW & draw) -> LRESULT {
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (changes++ == 0) {
+      tree->DeleteItem(HandleFromItemSpec(draw.nmcd.dwItemSpec));
+      for (int i = 0; i < 5000; ++i) tree->InsertItem("added");
+    }
+    return CDRF_DODEFAULT;
+  };
+  wxBitmap bitmap(tree->GetClientSize());
+  wxMemoryDC dc(bitmap);
+  tree->PaintTo(dc, wxRect(tree->GetClientSize()));
+  EXPECT_EQ(changes, 1);  // no row after the change was drawn from old links
+  tree->PaintTo(dc, wxRect(tree->GetClientSize()));
+  EXPECT_GT(changes, 2);
+  EXPECT_EQ(tree->GetCount(), 5005u);
+  customDraw = nullptr;
+  tree->Destroy();  // the handler above sees this test's locals
 }
 
 }  // namespace

@@ -17,11 +17,13 @@ class TestTree : public CTreeCtrl {
 public:
   using CTreeCtrl::CTreeCtrl;
   using CTreeCtrl::OnChar;
+  using CTreeCtrl::OnHScroll;
   using CTreeCtrl::OnKeyDown;
   using CTreeCtrl::OnLButtonDblClk;
   using CTreeCtrl::OnLButtonDown;
   using CTreeCtrl::OnRButtonDown;
   using CTreeCtrl::OnTimer;
+  using CTreeCtrl::OnVScroll;
 
   // With a value, the press "detects" a drag or not without a real pointer.
   int dragAnswer = -1;
@@ -62,7 +64,8 @@ protected:
     seen.code = event.GetCode();
     if (seen.code == TVN_SELCHANGING || seen.code == TVN_SELCHANGED ||
         seen.code == TVN_ITEMEXPANDING || seen.code == TVN_ITEMEXPANDED ||
-        seen.code == TVN_DELETEITEM || seen.code == TVN_BEGINDRAG) {
+        seen.code == TVN_DELETEITEM || seen.code == TVN_BEGINDRAG ||
+        seen.code == TVN_SINGLEEXPAND) {
       auto * tv = event.GetNotification<NMTREEVIEWW>();
       seen.oldItem = tv->itemOld.hItem;
       seen.newItem = tv->itemNew.hItem;
