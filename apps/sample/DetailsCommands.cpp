@@ -10,6 +10,7 @@
 #include "SampleCommands.h"
 #include "dialogs/DetailsDialog.h"
 #include "dialogs/InfoDialog.h"
+#include "dialogs/ScrollMessageBox.h"
 #include "platform/WinUser.h"
 #include "utl/Translation.h"
 
@@ -55,6 +56,8 @@ void AppendDetailsCommands(wxMenu & menu, wxFrame & frame) {
   menu.Append(kDetailsDontShowCommand, Tr("Menu command", "Details, don't show &again"));
   menu.Append(kInfoPlainCommand, Tr("Menu command", "Information, &plain text (Yes, No)"));
   menu.Append(kInfoHtmlCommand, Tr("Menu command", "Information, &HTML"));
+  menu.Append(kInfoRtfCommand, Tr("Menu command", "Information, &rich text"));
+  menu.Append(kScrollBoxCommand, Tr("Menu command", "Scroll &box"));
   menu.AppendCheckItem(kMuteDetailsCommand, Tr("Menu command", "&Mute details dialogs"));
 
   auto on = [&frame](int command, auto action) {
@@ -98,6 +101,32 @@ void AppendDetailsCommands(wxMenu & menu, wxFrame & frame) {
     dialog.SetDefaultSize(InfoDialog::Small);
     f.SetStatusText(
         wxString::Format(Tr("The page was answered: %s."), AnswerName(dialog.DoModal())));
+  });
+  on(kInfoRtfCommand, [](wxFrame & f, wxCommandEvent &) {
+    std::wstring const title = W(Tr("Method"));
+    // Rich text as the family's method files carry it: the words are
+    // translated, the markup is not.
+    std::wstring const page =
+        L"{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1 Courier New;}}"
+        L"{\\colortbl;\\red192\\green0\\blue0;}\\f0\\fs28\\b " +
+        W(Tr("Method M-7")) + L"\\b0\\fs20\\par " + W(Tr("Column oven:")) +
+        L" \\f1 40 \\'b0C\\f0\\par\\cf1 " + W(Tr("Replace the guard column after 500 runs.")) +
+        L"\\cf0\\par}";
+    InfoDialog dialog(title.c_str(), &f);
+    dialog.SetText(page.c_str(), InfoDialog::RichText);
+    dialog.SetDefaultSize(InfoDialog::Small);
+    f.SetStatusText(
+        wxString::Format(Tr("The method was answered: %s."), AnswerName(dialog.DoModal())));
+  });
+  on(kScrollBoxCommand, [](wxFrame & f, wxCommandEvent &) {
+    std::wstring text = W(Tr("These files were not archived:")) + L"\n";
+    for (int run = 1; run <= 60; ++run)
+      text += W(wxString::Format(Tr("Run %03d.raw: the disk is full."), run)) + L"\n";
+    text += W(Tr("Archive them again?"));
+    std::wstring const caption = W(Tr("Archive"));
+    int const answer = VxScrollMessageBox(text.c_str(), MB_YESNO, caption.c_str());
+    f.SetStatusText(
+        wxString::Format(Tr("The archive question was answered: %s."), AnswerName(answer)));
   });
   // What the muted dialogs would have shown, listed once the switch goes off.
   auto caught = std::make_shared<std::vector<wxString>>();

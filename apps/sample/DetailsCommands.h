@@ -1,8 +1,9 @@
 #pragma once
 // The sample's details and information dialogs, at the end of its Messages
 // menu: a failure report with its details open or closed, one that can be
-// silenced, information in plain text and HTML with a remembered answer,
-// and the mute switch of a batch run, which lists what it caught.
+// silenced, information in plain text, HTML and rich text with a
+// remembered answer, a message box whose long text scrolls, and the mute
+// switch of a batch run, which lists what it caught.
 
 class wxFrame;
 class wxMenu;

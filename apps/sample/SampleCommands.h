@@ -47,5 +47,7 @@ enum SampleCommand : int {
   kInfoPlainCommand,
   kInfoHtmlCommand,
   kMuteDetailsCommand,
+  kScrollBoxCommand,
+  kInfoRtfCommand,
   kEndOfSampleCommands
 };

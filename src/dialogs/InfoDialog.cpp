@@ -9,13 +9,13 @@
 #include <wx/textctrl.h>
 #include <wx/webview.h>
 
+#include "controls/VxRichEdit.h"
 #include "dialogs/ScrollingText.h"
 #include "frame/AppProfile.h"
 #include "html/VxHtmlCtrl.h"
 #include "platform/ResourceModule.h"
 #include "platform/ResourceModuleData.h"
 #include "platform/WinUser.h"
-#include "utl/Exception.h"
 #include "utl/Translation.h"
 
 namespace {
@@ -44,12 +44,6 @@ int StoredBit(wxString const & key) {
 
 wxString TitleFromString(unsigned int titleId) {
   return titleId == static_cast<unsigned int>(-1) ? wxString() : LoadResourceString(titleId);
-}
-
-void RefuseRichText(InfoDialog::ETextFormat format) {
-  // Rich text needs the rich edit control, which this build does not have.
-  if (format == InfoDialog::RichText)
-    throw Exception(ExceptionMessage::translate("Rich text cannot be shown in this dialog."));
 }
 
 double ScaleOf(InfoDialog::EDialogSize size) {
@@ -84,13 +78,11 @@ InfoDialog::InfoDialog(wchar_t const * title, unsigned int resourceId, ETextForm
 }
 
 void InfoDialog::SetResource(unsigned int resourceId, ETextFormat format) {
-  RefuseRichText(format);
   mResourceId = resourceId;
   mFormat = format;
 }
 
 void InfoDialog::SetText(wchar_t const * text, ETextFormat format) {
-  RefuseRichText(format);
   mText = text != nullptr ? text : L"";
   mResourceId = kNoResource;
   mFormat = format;
@@ -117,10 +109,12 @@ bool InfoDialog::WillShow(wchar_t const * key) {
 int InfoDialog::DoModal() {
   if (int const answer = AnswerOfBit(StoredBit(mKey)); answer != 0) return answer;
   mHtml = nullptr;
+  mRich = nullptr;
   mPlain = nullptr;
   mButtonObjects.clear();
   int const result = VxDialog::DoModal();
   mHtml = nullptr;  // the controls went with the window
+  mRich = nullptr;
   mPlain = nullptr;
   mButtonObjects.clear();
   return result;
@@ -157,8 +151,34 @@ bool InfoDialog::ShowText() {
       mHtml->SetHTML(mText.wc_str(), kStyleSheet);
     return true;
   }
+  if (mFormat == RichText) {
+    ShowRichText();
+    return mRich != nullptr;
+  }
   ShowPlainText();
   return mPlain != nullptr;
+}
+
+// Rich text from the resource, else the text read as rich text. Damaged
+// rich text shows as far as it could be read; a text that is no rich text
+// shows as plain text.
+void InfoDialog::ShowRichText() {
+  mRich = new VxRichEdit();
+  if (mRich->CreateFromStatic(kTextPlaceId, this) == 0) {
+    delete mRich;
+    mRich = nullptr;
+    return;
+  }
+  if (mResourceId != kNoResource) {
+    mRich->SetRichEditResource(mResourceId);
+  } else {
+    // Words that are no rich text at all would read as nothing.
+    bool const rich = mText.StartsWith(L"{\\rtf");
+    mRich->InsertText(mText.wc_str(), rich ? VxRichEdit::RichText : VxRichEdit::PlainText);
+    mRich->GetCommandProcessor()->ClearCommands();  // nothing for the reader to undo
+  }
+  mRich->SetInsertionPoint(0);
+  mRich->ShowPosition(0);
 }
 
 // A read-only multi-line edit in the static's place, a little room on both

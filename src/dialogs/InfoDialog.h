@@ -14,6 +14,7 @@
 class wxButton;
 class wxTextCtrl;
 class VxHtmlCtrl;
+class VxRichEdit;
 
 class InfoDialog : public VxDialog {
 public:
@@ -61,6 +62,7 @@ protected:
 private:
   bool ShowText();
   void ShowPlainText();
+  void ShowRichText();
   void LayOutButtons();
   void ApplySize();
   void CloseWith(int bit, int result);
@@ -72,6 +74,7 @@ private:
   unsigned int mResourceId = kNoResource;
   ETextFormat mFormat = Html;
   wxString mUrl;
+  VxRichEdit * mRich = nullptr;
   VxHtmlCtrl * mHtml = nullptr;
   wxTextCtrl * mPlain = nullptr;
   EDialogSize mSize = Template;

@@ -30,6 +30,7 @@
 #include "dialogs/FolderCollectionDialog.h"
 #include "dialogs/InfoDialog.h"
 #include "dialogs/NativeChoosers.h"
+#include "dialogs/ScrollMessageBox.h"
 #include "dialogs/YesNoCancelAll.h"
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
@@ -59,6 +60,7 @@ enum class Opens {
   kMessageBox,       // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kDetails,          // a details dialog
   kInfo,             // an information dialog
+  kScrollBox,        // a message box whose text scrolls
   kNothing,          // says so in the status bar
   kAboutBox,         // the application's about command
   kCloseRequest,     // the frame is asked to close
@@ -104,6 +106,8 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Details, don't show again", {Opens::kDetails}},
     {"Messages/Information, plain text (Yes, No)", {Opens::kInfo}},
     {"Messages/Information, HTML", {Opens::kInfo}},
+    {"Messages/Information, rich text", {Opens::kInfo}},
+    {"Messages/Scroll box", {Opens::kScrollBox}},
     {"Messages/Mute details dialogs", {Opens::kNothing}},
     {"Help/About...", {Opens::kAboutBox}},
 };
@@ -136,6 +140,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kDetails;
   } else if (dynamic_cast<InfoDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInfo;
+  } else if (dynamic_cast<ScrollMessageBox *>(&dialog) != nullptr) {
+    seen.opens = Opens::kScrollBox;
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
     seen.opens = Opens::kMessageBox;
     seen.boxType = box->GetType() & (MB_TYPEMASK | MB_ICONMASK);
@@ -237,7 +243,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
         Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
         Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
-        Opens::kInfo,
+        Opens::kInfo,         Opens::kScrollBox,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -284,6 +290,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kInstruments:
       case Opens::kDetails:
       case Opens::kInfo:
+      case Opens::kScrollBox:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

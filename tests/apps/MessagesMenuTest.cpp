@@ -12,6 +12,7 @@
 #include "frame/HandleExceptionPage.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "platform/WinUser.h"
 
 namespace {
 
@@ -98,6 +99,25 @@ TEST_F(MessagesMenuTest, TheMuteSwitchListsTheDetailsDialogsItKeptAway) {
             "Muted 2 details dialog(s): 40 runs could not be imported.; 40 runs could not be "
             "imported.");
   EXPECT_TRUE(script.Shown().empty());
+}
+
+// The scroll box's Yes and No, and the rich text page's Cancel, reach the
+// status bar as the answers they are.
+TEST_F(MessagesMenuTest, TheScrollBoxAndTheRichTextPageReportTheirAnswers) {
+  struct Case {
+    char const * command;
+    int pressed;
+    char const * status;
+  } const cases[] = {{"Scroll box", IDYES, "The archive question was answered: Yes."},
+                     {"Scroll box", IDNO, "The archive question was answered: No."},
+                     {"Information, rich text", IDCANCEL, "The method was answered: Cancel."}};
+  for (Case const & c : cases) {
+    ModalDialogScript script;
+    script.Act([&c](wxDialog & d) { Click(d, c.pressed); });
+    Run(c.command);
+    EXPECT_EQ(Status(), c.status);
+    ASSERT_EQ(script.Shown().size(), 1U) << c.command;
+  }
 }
 
 }  // namespace

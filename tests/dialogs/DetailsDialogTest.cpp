@@ -124,7 +124,9 @@ TEST_F(DetailsDialogs, LongMessagesGrowTheWindowUpToTheWorkArea) {
         shortButtonY = buttonY;
       } else {
         EXPECT_EQ(height > shortHeight, c.grows);
-        if (!c.scrolls) EXPECT_EQ(buttonY - shortButtonY, height - shortHeight);
+        if (!c.scrolls) {
+          EXPECT_EQ(buttonY - shortButtonY, height - shortHeight);
+        }
       }
       wxRect const area = wxDisplay(0U).GetClientArea();
       EXPECT_LE(d.GetSize().GetHeight(), area.GetHeight());

@@ -1,22 +1,23 @@
-// The information dialog with plain text: remembered answers given back
+// The information dialog with plain and rich text: remembered answers given back
 // without showing, the button row laid out from the template's Close
 // button, what closing stores, the sizes, and the plain text's control.
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
 
 #include <map>
+#include <string>
 #include <vector>
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/textctrl.h>
 
+#include "controls/VxRichEdit.h"
 #include "dialogs/InfoDialog.h"
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/WinUser.h"
-#include "utl/Exception.h"
 
 namespace {
 
@@ -46,7 +47,9 @@ TEST_F(InfoDialogs, OnlyTheFiveButtonBitsCountAsRememberedAnswers) {
     if (c.replayed == 0) script.Answer(IDOK);
     int const result = dialog.DoModal();
     EXPECT_EQ(script.Shown().size(), c.replayed == 0 ? 1U : 0U);
-    if (c.replayed != 0) EXPECT_EQ(result, c.replayed);
+    if (c.replayed != 0) {
+      EXPECT_EQ(result, c.replayed);
+    }
   }
   EXPECT_TRUE(InfoDialog::WillShow(nullptr));
   EXPECT_TRUE(InfoDialog::WillShow(L""));
@@ -188,10 +191,77 @@ TEST_F(InfoDialogs, PlainTextIsAReadOnlyEditWithRoomBesideTheText) {
   EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
-TEST_F(InfoDialogs, RichTextIsRefusedWithAReason) {
-  InfoDialog dialog(L"Rich");
-  EXPECT_THROW(dialog.SetText(L"{\\rtf1 x}", InfoDialog::RichText), Exception);
-  EXPECT_THROW(InfoDialog(L"Rich", 100U, InfoDialog::RichText), Exception);
+// What the rich edit holds once the dialog shows.
+struct RichShown {
+  bool readOnly = false;
+  wxString text;
+  bool boldAt = false;  // the character at `boldIndex` is bold
+};
+
+RichShown ShowRich(InfoDialog & dialog, wxString const & boldWord) {
+  RichShown shown;
+  ModalDialogScript script;
+  script.Act([&](wxDialog & d) {
+    auto * rich = dynamic_cast<VxRichEdit *>(d.FindWindow(InfoDialog::kTextPlaceId));
+    ASSERT_NE(rich, nullptr);
+    shown.readOnly = !rich->IsEditable();
+    shown.text = rich->GetValue();
+    int const at = shown.text.Find(boldWord);
+    wxRichTextAttr style;
+    if (at != wxNOT_FOUND && rich->GetStyle(at, style))
+      shown.boldAt = style.GetFontWeight() == wxFONTWEIGHT_BOLD;
+    Click(d, IDCANCEL);
+  });
+  EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+  return shown;
+}
+
+// Rich text given as text (characters beyond 7 bits included) and from a
+// resource shows with its formatting; damaged rich text shows what could be
+// read, and plain words read as rich text stay words.
+TEST_F(InfoDialogs, RichTextShowsWithItsFormatting) {
+  struct Case {
+    char const * name;
+    wchar_t const * text;  // null: resource 4310
+    wxString shows;
+    wxString bold;
+  } const cases[] = {
+      {"text", L"{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Due: \\b R-12\\b0  caf\\'e9 \u20ac}",
+       wxString::FromUTF8("Due: R-12 caf\xc3\xa9 \xe2\x82\xac"), "R-12"},
+      {"resource", nullptr, "Release 6.3: runs sort by their numbers.", "6.3"},
+      {"damaged", L"{\\rtf1 Cut \\b short", "Cut short", "short"},
+      {"plain words", L"No rich text here.", "No rich text here.", ""},
+  };
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.name);
+    InfoDialog dialog(L"Rich");
+    if (c.text != nullptr)
+      dialog.SetText(c.text, InfoDialog::RichText);
+    else
+      dialog.SetResource(4310, InfoDialog::RichText);
+    EXPECT_EQ(dialog.GetFormat(), InfoDialog::RichText);
+    RichShown const shown = ShowRich(dialog, c.bold.empty() ? c.shows : c.bold);
+    EXPECT_TRUE(shown.readOnly);
+    EXPECT_NE(shown.text.Find(c.shows), wxNOT_FOUND) << shown.text;
+    EXPECT_EQ(shown.boldAt, !c.bold.empty());
+  }
+  // The constructor with a resource, run twice: the second run rebuilds it.
+  InfoDialog dialog(L"Rich", 4310U, InfoDialog::RichText);
+  for (int run = 0; run < 2; ++run)
+    EXPECT_NE(ShowRich(dialog, "6.3").text.Find("15-second steps"), wxNOT_FOUND) << run;
+}
+
+// A resource id the module lacks shows an empty page, and a megabyte of
+// rich text without a break is cut at the edit's limit, not refused.
+TEST_F(InfoDialogs, MissingOrHugeRichTextStillShows) {
+  InfoDialog missing(L"Rich", 4999U, InfoDialog::RichText);
+  EXPECT_TRUE(ShowRich(missing, "x").text.empty());
+  std::wstring const huge = L"{\\rtf1 " + std::wstring(2'000'000, L'x') + L"}";
+  InfoDialog big(L"Rich");
+  big.SetText(huge.c_str(), InfoDialog::RichText);
+  RichShown const shown = ShowRich(big, "x");
+  EXPECT_GT(shown.text.size(), 1'000'000U);
+  EXPECT_LE(shown.text.size(), 1'048'576U);
 }
 
 }  // namespace
