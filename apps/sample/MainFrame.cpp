@@ -8,10 +8,13 @@
 #include <wx/stattext.h>
 #include "BatchCommand.h"
 #include "DateFormatCommand.h"
+#include "EditsDialog.h"
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
+#include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
+#include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
 #include "RunListPanel.h"
 #include "RunPicker.h"
@@ -75,7 +78,10 @@ void MainFrame::BuildMenus() {
   AddReportCommand(*tools, *this);
   AddProjectTreeCommand(*tools, *this);
   AddTreeViewCommand(*tools, *this);
+  AddEditsCommand(*tools, *this);
+  AddNotesCommand(*tools, *this);
   auto * help = new wxMenu;
+  AddReleaseNotesCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));

@@ -22,6 +22,8 @@ enum SampleCommand : int {
   kInstrumentsCommand,
   kReportCommand,
   kRunsByProjectCommand,
+  kEditsCommand,
+  kNotesCommand,
   // Runs by project (its own window)
   kLoadTreeCommand,
   kSaveTreeCommand,
@@ -44,5 +46,7 @@ enum SampleCommand : int {
   kInfoPlainCommand,
   kInfoHtmlCommand,
   kMuteDetailsCommand,
+  // Help
+  kReleaseNotesCommand,
   kEndOfSampleCommands
 };

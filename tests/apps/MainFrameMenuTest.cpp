@@ -17,9 +17,12 @@
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
+#include "EditsDialog.h"
 #include "InstrumentsDialog.h"
 #include "MainFrame.h"
+#include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
+#include "ReleaseNotesDialog.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
@@ -61,6 +64,9 @@ enum class Opens {
   kAboutBox,      // the application's about command
   kCloseRequest,  // the frame is asked to close
   kProjectTree,   // the runs by project window
+  kEdits,         // the edits dialog
+  kNotes,         // the notes pad
+  kReleaseNotes,  // the release notes
 };
 
 struct Expected {
@@ -84,6 +90,8 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Report", {Opens::kReportWindow}},
     {"Tools/Runs by project...", {Opens::kProjectTree}},
     {"Tools/Tree view", {Opens::kNothing}},
+    {"Tools/Edits...", {Opens::kEdits}},
+    {"Tools/Notes", {Opens::kNotes}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -100,6 +108,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Information, plain text (Yes, No)", {Opens::kInfo}},
     {"Messages/Information, HTML", {Opens::kInfo}},
     {"Messages/Mute details dialogs", {Opens::kNothing}},
+    {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/About...", {Opens::kAboutBox}},
 };
 
@@ -119,6 +128,12 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderCollection;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
+  } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kEdits;
+  } else if (dynamic_cast<NotesDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kNotes;
+  } else if (dynamic_cast<ReleaseNotesDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kReleaseNotes;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
   } else if (dynamic_cast<SpecifyDateFormat *>(&dialog) != nullptr) {
@@ -227,9 +242,12 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     ModalDialogScript script;
     // The kinds that show a modal dialog, one a line.
     static std::set<Opens> const dialogKinds{
-        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
-        Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
-        Opens::kInstruments,  Opens::kDetails,          Opens::kInfo,
+        Opens::kFolderDialog,  Opens::kFolderCollection,
+        Opens::kBatchQuestion, Opens::kMessageBox,
+        Opens::kDateFormat,    Opens::kTimeGrid,
+        Opens::kInstruments,   Opens::kDetails,
+        Opens::kInfo,          Opens::kEdits,
+        Opens::kNotes,         Opens::kReleaseNotes,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -273,6 +291,9 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kMessageBox:
       case Opens::kTimeGrid:
       case Opens::kInstruments:
+      case Opens::kEdits:
+      case Opens::kNotes:
+      case Opens::kReleaseNotes:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

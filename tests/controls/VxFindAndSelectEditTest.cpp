@@ -21,8 +21,8 @@ namespace {
 using How = VxFindAndSelectEdit::HowToFind;
 
 struct Fixture {
-  wxFrame * frame = new wxFrame(nullptr, wxID_ANY, "Find and select", wxDefaultPosition,
-                                wxSize(400, 300));
+  wxFrame * frame =
+      new wxFrame(nullptr, wxID_ANY, "Find and select", wxDefaultPosition, wxSize(400, 300));
   CListCtrl * list = new CListCtrl(frame, wxID_ANY);
   VxFindAndSelectEdit * edit = new VxFindAndSelectEdit(10, list, VxFindAndSelectEdit::FindContains);
 
@@ -73,9 +73,9 @@ TEST(VxFindAndSelectEdit, EachWayOfMatchingSelectsItsRows) {
       {How::FindWildCard, L"alpha", {3}},    // the whole cell must match
       {How::FindWildCard, L"a*", {0, 1, 3}},
       {How::FindWildCard, L"?eta", {2}},
-      {How::FindByPattern, L"a*", {0, 1, 3}},        // holds "*": wildcard
+      {How::FindByPattern, L"a*", {0, 1, 3}},          // holds "*": wildcard
       {How::FindByPattern, L"a", {0, 1, 2, 3, 4, 5}},  // plain: contains
-      {How::FindByPattern, L"omega?", {5}},          // "?" is one character
+      {How::FindByPattern, L"omega?", {5}},            // "?" is one character
       {How::FindEquals, L"alpha", {3}},
       {How::FindEquals, L"strasse", {4}},
       {How::FindEquals, L"Alpha", {3}},
