@@ -19,8 +19,8 @@ namespace {
 
 // Run names stay untranslated: they are data.
 char const * const kRunNames[] = {
-    "Blank 01",    "Standard 01", "Sample 01", "Sample 02",  "Control 01",
-    "Standard 02", "Sample 03",   "Blank 02",  "Sample 04",  "Control 02",
+    "Blank 01",    "Standard 01", "Sample 01", "Sample 02", "Control 01",
+    "Standard 02", "Sample 03",   "Blank 02",  "Sample 04", "Control 02",
 };
 
 wxStaticText * Label(wxWindow * parent, wxString const & text) {

@@ -51,8 +51,8 @@ NotesDialog::NotesDialog(wxWindow * parent)
   mFace->SetSelection(0);
   auto * open = new wxButton(this, wxID_OPEN, vx3::Tr("Open RTF..."));
   auto * save = new wxButton(this, wxID_SAVE, vx3::Tr("Save RTF..."));
-  for (wxWindow * tool : std::initializer_list<wxWindow *>{mBold, mUnderline, mColour, mSize,
-                                                           mFace, open, save})
+  for (wxWindow * tool :
+       std::initializer_list<wxWindow *>{mBold, mUnderline, mColour, mSize, mFace, open, save})
     tools->Add(tool, 0, wxRIGHT, 4);
 
   mPad = new VxRichEdit(this, wxID_ANY, wxDefaultPosition, wxSize(520, 300));

@@ -145,18 +145,21 @@ TEST_F(SampleEditsTest, NotesFormatSaveAndOpenRichText) {
     Choose(notes.GetColour(), 1);  // red
     Choose(notes.GetSize(), 3);    // 24 points
     Choose(notes.GetFace(), VxRichEdit::CourierNew);
-    pad.WriteText(wxString::FromUTF8("Gr\xC3\xBC\xC3\x9F" "e \xE2\x82\xAC"));
+    pad.WriteText(
+        wxString::FromUTF8("Gr\xC3\xBC\xC3\x9F"
+                           "e \xE2\x82\xAC"));
 
     ASSERT_TRUE(notes.SaveFile(saved));
     EXPECT_EQ(notes.GetStatus().GetLabel(), "Saved " + saved);
     std::string const rtf = FileText(saved);
-    for (char const * part : {"\\b", "\\ul", "\\red192\\green0\\blue0", "Courier New", "\\fs48",
-                              "\\u8364?", "plain "})
+    for (char const * part :
+         {"\\b", "\\ul", "\\red192\\green0\\blue0", "Courier New", "\\fs48", "\\u8364?", "plain "})
       EXPECT_NE(rtf.find(part), std::string::npos) << part << " in " << rtf;
 
     pad.Clear();
     ASSERT_TRUE(notes.OpenFile(saved));
-    EXPECT_EQ(pad.GetValue(), wxString::FromUTF8("plain Gr\xC3\xBC\xC3\x9F" "e \xE2\x82\xAC"));
+    EXPECT_EQ(pad.GetValue(), wxString::FromUTF8("plain Gr\xC3\xBC\xC3\x9F"
+                                                 "e \xE2\x82\xAC"));
     RichTextDocument const document = pad.GetDocument();
     ASSERT_FALSE(document.paragraphs.empty());
     ASSERT_GE(document.paragraphs[0].size(), 2u);
@@ -172,7 +175,8 @@ TEST_F(SampleEditsTest, NotesFormatSaveAndOpenRichText) {
     EXPECT_NE(pad.GetValue().Find("kept text"), wxNOT_FOUND) << "what could be read stays";
     EXPECT_FALSE(notes.OpenFile(folder + "/missing.rtf"));
     EXPECT_FALSE(notes.SaveFile(folder + "/no such folder/notes.rtf"));
-    EXPECT_EQ(notes.GetStatus().GetLabel(), "Could not save " + folder + "/no such folder/notes.rtf");
+    EXPECT_EQ(notes.GetStatus().GetLabel(),
+              "Could not save " + folder + "/no such folder/notes.rtf");
   }));
   EXPECT_FALSE(FileText(saved).empty()) << "the failed save left the saved file alone";
   wxFileName::Rmdir(folder, wxPATH_RMDIR_RECURSIVE);
