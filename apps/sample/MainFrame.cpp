@@ -9,11 +9,14 @@
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
 #include "DateFormatCommand.h"
+#include "EditsDialog.h"
 #include "FavouritesCommand.h"
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
+#include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
+#include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
 #include "RunListPanel.h"
 #include "RunPicker.h"
@@ -80,7 +83,10 @@ void MainFrame::BuildMenus() {
   AddCalibrationListCommand(*tools, *this);
   tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
   AddOpenFavouritesCommand(*tools, *this);
+  AddEditsCommand(*tools, *this);
+  AddNotesCommand(*tools, *this);
   auto * help = new wxMenu;
+  AddReleaseNotesCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));

@@ -24,6 +24,8 @@ enum SampleCommand : int {
   kCopyRunsCommand,
   kReportCommand,
   kRunsByProjectCommand,
+  kEditsCommand,
+  kNotesCommand,
   // Runs by project (its own window)
   kLoadTreeCommand,
   kSaveTreeCommand,
@@ -49,5 +51,7 @@ enum SampleCommand : int {
   kMuteDetailsCommand,
   kScrollBoxCommand,
   kInfoRtfCommand,
+  // Help
+  kReleaseNotesCommand,
   kEndOfSampleCommands
 };

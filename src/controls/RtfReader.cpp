@@ -634,6 +634,8 @@ private:
       return true;
     }
     if (mState.destination != Destination::Text) return true;
+    // A NUL (\'00, \u0) has no place in text: the writer drops it too.
+    if (c == 0) return true;
     if (mHighSurrogate != 0) {
       mHighSurrogate = 0;
       if (!Emit(0xFFFD)) return false;

@@ -62,7 +62,7 @@ public:
       out += "\\red" + std::to_string(GetRValue(colour)) + "\\green" +
              std::to_string(GetGValue(colour)) + "\\blue" + std::to_string(GetBValue(colour)) + ';';
     }
-    out += "}\n\\pard";
+    out += "}\n\\pard ";
     // A reader starts in the default format, in font 0.
     RichTextFormat current;
     current.face = mFaces.front();
@@ -113,6 +113,7 @@ private:
   }
 
   void AppendFormat(std::string & out, RichTextFormat const & from, RichTextFormat const & to) {
+    size_t const start = out.size();
     if (from.bold != to.bold) out += to.bold ? "\\b" : "\\b0";
     if (from.italic != to.italic) out += to.italic ? "\\i" : "\\i0";
     if (from.underline != to.underline) out += to.underline ? "\\ul" : "\\ulnone";
@@ -120,7 +121,9 @@ private:
       out += "\\cf" + std::to_string(to.autoColour ? 0 : mColourIndex.at(to.colour) + 1);
     if (FaceOf(from) != FaceOf(to)) out += "\\f" + std::to_string(mFaceIndex.at(FaceOf(to)));
     if (from.halfPoints != to.halfPoints) out += "\\fs" + std::to_string(to.halfPoints);
-    out += ' ';
+    // The space ends the last control word; without one, a space here
+    // would be text (after "\\par\n", say).
+    if (out.size() != start) out += ' ';
   }
 
   static void AppendPicture(std::string & out, RichTextRun const & run) {

@@ -18,9 +18,12 @@
 
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
+#include "EditsDialog.h"
 #include "InstrumentsDialog.h"
 #include "MainFrame.h"
+#include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
+#include "ReleaseNotesDialog.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
@@ -65,6 +68,9 @@ enum class Opens {
   kAboutBox,         // the application's about command
   kCloseRequest,     // the frame is asked to close
   kProjectTree,      // the runs by project window
+  kEdits,            // the edits dialog
+  kNotes,            // the notes pad
+  kReleaseNotes,     // the release notes
 };
 
 struct Expected {
@@ -91,6 +97,8 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Runs by project...", {Opens::kProjectTree}},
     {"Tools/Tree view", {Opens::kNothing}},
     {"Tools/Open favourites", {Opens::kDetails}},
+    {"Tools/Edits...", {Opens::kEdits}},
+    {"Tools/Notes", {Opens::kNotes}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -109,6 +117,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Information, rich text", {Opens::kInfo}},
     {"Messages/Scroll box", {Opens::kScrollBox}},
     {"Messages/Mute details dialogs", {Opens::kNothing}},
+    {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/About...", {Opens::kAboutBox}},
 };
 
@@ -130,6 +139,12 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kCalibrationList;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
+  } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kEdits;
+  } else if (dynamic_cast<NotesDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kNotes;
+  } else if (dynamic_cast<ReleaseNotesDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kReleaseNotes;
   } else if (dynamic_cast<YesNoCancelAll *>(&dialog) != nullptr) {
     seen.opens = Opens::kBatchQuestion;
   } else if (dynamic_cast<SpecifyDateFormat *>(&dialog) != nullptr) {
@@ -243,7 +258,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
         Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
         Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
-        Opens::kInfo,         Opens::kScrollBox,
+        Opens::kInfo,         Opens::kScrollBox,        Opens::kEdits,
+        Opens::kNotes,        Opens::kReleaseNotes,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -291,6 +307,9 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kDetails:
       case Opens::kInfo:
       case Opens::kScrollBox:
+      case Opens::kEdits:
+      case Opens::kNotes:
+      case Opens::kReleaseNotes:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

@@ -172,4 +172,23 @@ TEST(RtfWriter, WhatIsWrittenReadsBackTheSame) {
   EXPECT_EQ(WriteRtf(read.document), rtf);
 }
 
+// Inputs the fuzzers found: a NUL written as \'00 or \u0 is no text, and
+// a leading space of a paragraph after an empty one survives any number of
+// rounds of writing and reading.
+TEST(RtfWriter, RoundsKeepTextExactly) {
+  RtfReadResult const nul = ReadRtf("{\\rtf1 a\\'00b\\u0?c}");
+  EXPECT_EQ(nul.document.PlainText(), L"abc");
+
+  RichTextDocument document;
+  document.paragraphs.assign(2, RichTextParagraph());
+  RichTextRun run;
+  run.text = L" ! spaced";
+  document.paragraphs[1].push_back(run);
+  std::string const once = WriteRtf(document);
+  RtfReadResult const read = ReadRtf(once);
+  ASSERT_TRUE(read.Complete());
+  EXPECT_EQ(read.document.PlainText(), document.PlainText());
+  EXPECT_EQ(WriteRtf(read.document), once);
+}
+
 }  // namespace

@@ -499,6 +499,15 @@ wxString CListCtrl::GetItemText(int item, int subItem) const {
   return IsValid(item) && subItem >= 0 ? DisplayText(item, subItem) : wxString();
 }
 
+wxString const * CListCtrl::PeekItemText(int item, int subItem) const {
+  if (!IsValid(item) || subItem < 0 || IsOwnerData()) return nullptr;
+  Row const & row = mRows[static_cast<size_t>(item)];
+  if (subItem == 0 && row.textCallback) return nullptr;
+  static wxString const empty;
+  auto const sub = static_cast<size_t>(subItem);
+  return sub < row.texts.size() ? &row.texts[sub] : &empty;
+}
+
 bool CListCtrl::SetItemText(int item, int subItem, wxString const & text) {
   if (!IsValid(item) || subItem < 0 || IsOwnerData()) return false;
   Row & row = mRows[static_cast<size_t>(item)];

@@ -83,6 +83,10 @@ public:
   bool GetItem(LVITEMW * item) const;  // asks LVN_GETDISPINFO for callback fields
   bool SetItem(LVITEMW const * item);  // a state change passes LVN_ITEMCHANGING/CHANGED
   wxString GetItemText(int item, int subItem) const;
+  // The stored text of a cell without a copy, for scans of every row; null
+  // when the owner gives the text (owner data, LPSTR_TEXTCALLBACKW) or the
+  // cell does not exist.
+  wxString const * PeekItemText(int item, int subItem) const;
   bool SetItemText(int item, int subItem, wxString const & text);
   DWORD_PTR GetItemData(int item) const;
   bool SetItemData(int item, DWORD_PTR data);
