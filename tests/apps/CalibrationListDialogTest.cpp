@@ -22,6 +22,9 @@ TEST(CalibrationListDialog, TheMenuCommandShowsTheListThatChecksCountsAndHeading
   ModalDialogScript script;
   script.Act([&](wxDialog & shown) {
     auto & dialog = dynamic_cast<CalibrationListDialog &>(shown);
+    // Clicks go to screen points: the window manager must have put the
+    // dialog where it stays before the first one.
+    ASSERT_TRUE(gui_test::WaitUntilPlaced(dialog));
     EXPECT_EQ(dialog.GetSummary(), "6 of 8 instruments in use");
     CListCtrl & list = dialog.GetList();
     int const row = list.GetNextItem(-1, LVNI_ALL);
