@@ -75,6 +75,7 @@ TEST(VxListCtrlSort, ManyRowsFollowTheQuicksortOfTheirTexts) {
        {Case{0, -1, 0, 1}, Case{0, -1, 0, 0}, Case{5, 50, 0, 1}, Case{0, -1, 1, 1}}) {
     ListFixture f;
     std::vector<wxString> runs;
+    runs.reserve(60);
     for (int n = 0; n < 60; ++n)
       runs.push_back(wxString::FromUTF8(n % 7 == 0   ? "Müller "
                                         : n % 5 == 0 ? "run "
