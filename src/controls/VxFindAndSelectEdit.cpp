@@ -86,7 +86,7 @@ void VxFindAndSelectEdit::EditTriggered(wchar_t const * text) {
   std::locale const locale;
   std::string cell;
   for (int row = 0; row < count; ++row) {
-    if (wxString const * stored = mList->PeekItemText(row, mColumn))
+    if (wxString const * stored = mList->FindStoredText(row, mColumn))
       AssignUtf8(*stored, cell);
     else
       AssignUtf8(mList->GetItemText(row, mColumn), cell);

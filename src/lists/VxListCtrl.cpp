@@ -37,19 +37,18 @@ wxColour ToColour(COLORREF color) {
   return wxColour(GetRValue(color), GetGValue(color), GetBValue(color));
 }
 
-// A cell's text in UTF-8 for the comparison; code points that are no
-// Unicode scalar values (unpaired surrogates) are left out.
-std::string SortText(wxString const & text) {
-  std::string utf8;
-  utf8.reserve(text.length());
-  for (wxUniChar const c : text) {
-    auto const code = static_cast<char32_t>(c.GetValue());
+// Appends a cell's text in UTF-8 for the comparison; code points that are
+// no Unicode scalar values (unpaired surrogates) are left out. Reads the
+// characters in place: a sort converts every row of a column.
+void AppendSortText(wxString const & text, std::string & utf8) {
+  utf8.reserve(utf8.size() + text.length());
+  for (wxString::const_iterator c = text.begin(), end = text.end(); c != end; ++c) {
+    auto const code = static_cast<char32_t>((*c).GetValue());
     if (code < 0x80)
       utf8.push_back(static_cast<char>(code));
     else if (code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF))
       vx3::AppendUtf8(code, utf8);
   }
-  return utf8;
 }
 
 }  // namespace
@@ -424,7 +423,22 @@ bool VxListCtrl::SortItems(int column, int ascending, int low, int high) {
   std::vector<std::string> texts;
   int const length = high - low + 1;
   texts.reserve(static_cast<size_t>(length));
-  for (int item = low; item <= high; ++item) texts.push_back(SortText(GetItemText(item, column)));
+  // Rows and their texts lie scattered in memory once rows have been moved:
+  // a row's cells are fetched well ahead, and a text's characters a few
+  // rows ahead once its cell is at hand, so that the waits overlap.
+  constexpr int kCellsAhead = 16;
+  constexpr int kTextAhead = 8;
+  for (int item = low; item <= high; ++item) {
+    if (item + kCellsAhead <= high) PrefetchRow(item + kCellsAhead);
+    if (item + kTextAhead <= high)
+      if (wxString const * soon = FindStoredText(item + kTextAhead, column))
+        __builtin_prefetch(soon->wx_str());
+    std::string & text = texts.emplace_back();
+    if (wxString const * stored = FindStoredText(item, column))
+      AppendSortText(*stored, text);
+    else
+      AppendSortText(GetItemText(item, column), text);
+  }
   std::vector<int> const origin = QuickSortTexts(texts, ascending != 0, 0, -1);
   std::vector<int> order(static_cast<size_t>(count));
   for (int item = 0; item < count; ++item) order[static_cast<size_t>(item)] = item;

@@ -5,7 +5,9 @@
 #include "ListTestFixture.h"
 #include "lists/CFlatHeaderCtrl.h"
 #include "lists/CInPlaceEdit.h"
+#include "lists/ListSortOrder.h"
 #include "platform/commctrl/HeaderDefs.h"
+#include "utl/Utf.h"
 
 namespace {
 
@@ -60,6 +62,69 @@ TEST(VxListCtrlSort, RefusesWhatCannotBeSortedAndLeavesTheRowsAlone) {
   EXPECT_EQ(f.Column(0), (Texts{"b", "a"}));
   EXPECT_TRUE(f.list->SortItems(0, 1));
   EXPECT_EQ(f.Column(0), (Texts{"a", "b"}));
+}
+
+// More rows than the sort reads ahead, with texts beyond ASCII and cells
+// that were never set: the list ends in exactly the order the quicksort
+// gives for the same texts, and each row moves whole.
+TEST(VxListCtrlSort, ManyRowsFollowTheQuicksortOfTheirTexts) {
+  struct Case {
+    int low, high, column, ascending;
+  };
+  for (Case const c :
+       {Case{0, -1, 0, 1}, Case{0, -1, 0, 0}, Case{5, 50, 0, 1}, Case{0, -1, 1, 1}}) {
+    ListFixture f;
+    std::vector<wxString> runs;
+    runs.reserve(60);
+    for (int n = 0; n < 60; ++n)
+      runs.push_back(wxString::FromUTF8(n % 7 == 0   ? "Müller "
+                                        : n % 5 == 0 ? "run "
+                                                     : "Run ") +
+                     std::to_string((n * 37) % 23));
+    f.Fill(runs);
+    for (int row = 0; row < 60; row += 9) f.list->SetItemText(row, 1, wxString());
+    int const high = c.high == -1 ? 59 : c.high;
+    std::vector<wxString> const before = f.Column(c.column);
+    std::vector<std::string> texts;
+    for (int row = c.low; row <= high; ++row)
+      texts.push_back(std::string(before[static_cast<size_t>(row)].utf8_str()));
+    std::vector<int> const origin = QuickSortTexts(texts, c.ascending != 0, 0, -1);
+
+    ASSERT_TRUE(f.list->SortItems(c.column, c.ascending, c.low, c.high));
+    std::vector<wxString> const after = f.Column(c.column);
+    for (int row = 0; row < 60; ++row) {
+      bool const inRange = row >= c.low && row <= high;
+      int const from = inRange ? c.low + origin[static_cast<size_t>(row - c.low)] : row;
+      EXPECT_EQ(after[static_cast<size_t>(row)], before[static_cast<size_t>(from)]) << row;
+      EXPECT_EQ(f.list->GetItemData(row), static_cast<DWORD_PTR>(from)) << row;
+    }
+  }
+}
+
+// The cells a sort reads in place: the list's own texts, an empty one for a
+// sub-item never set, none where the owner supplies the text.
+TEST(VxListCtrlSort, StoredTextsAreTheListsOwnOnly) {
+  ListFixture f;
+  f.Fill({"b", "a"});
+  int const bare = f.list->AddItem(L"c", 2);
+  LVITEMW callback{};
+  callback.mask = LVIF_TEXT;
+  callback.iItem = 3;
+  callback.pszText = LPSTR_TEXTCALLBACKW;
+  ASSERT_EQ(f.list->InsertItem(&callback), 3);
+
+  ASSERT_NE(f.list->FindStoredText(0, 0), nullptr);
+  EXPECT_EQ(*f.list->FindStoredText(0, 0), "b");
+  EXPECT_EQ(*f.list->FindStoredText(1, 1), "r1");
+  ASSERT_NE(f.list->FindStoredText(bare, 1), nullptr);
+  EXPECT_TRUE(f.list->FindStoredText(bare, 1)->empty());
+  EXPECT_EQ(f.list->FindStoredText(3, 0), nullptr);
+  for (int item : {-1, 4}) EXPECT_EQ(f.list->FindStoredText(item, 0), nullptr) << item;
+  EXPECT_EQ(f.list->FindStoredText(0, -1), nullptr);
+
+  ListFixture owned(LVS_REPORT | LVS_OWNERDATA);
+  owned.list->SetItemCount(3);
+  EXPECT_EQ(owned.list->FindStoredText(0, 0), nullptr);
 }
 
 TEST(VxListCtrlSort, FlatHeaderShowsTheArrowExceptOnABitmapHeading) {

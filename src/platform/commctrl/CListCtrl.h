@@ -83,10 +83,14 @@ public:
   bool GetItem(LVITEMW * item) const;  // asks LVN_GETDISPINFO for callback fields
   bool SetItem(LVITEMW const * item);  // a state change passes LVN_ITEMCHANGING/CHANGED
   wxString GetItemText(int item, int subItem) const;
-  // The stored text of a cell without a copy, for scans of every row; null
-  // when the owner gives the text (owner data, LPSTR_TEXTCALLBACKW) or the
-  // cell does not exist.
-  wxString const * PeekItemText(int item, int subItem) const;
+  // The text the list itself holds for a cell, without a copy; null when
+  // the owner supplies it (LPSTR_TEXTCALLBACK, owner data) or the cell
+  // does not exist. For reading many cells at once, as a sort does.
+  wxString const * FindStoredText(int item, int subItem) const;
+  // Asks the processor to fetch the cells of a row that a loop over many
+  // rows will read soon; rows moved by a sort no longer lie in memory in
+  // their order, and waiting for each in turn costs more than the reading.
+  void PrefetchRow(int item) const;
   bool SetItemText(int item, int subItem, wxString const & text);
   DWORD_PTR GetItemData(int item) const;
   bool SetItemData(int item, DWORD_PTR data);
