@@ -18,6 +18,7 @@
 #include <wx/cursor.h>
 #include <wx/imaglist.h>
 
+#include "lists/ItemFontCache.h"
 #include "platform/WinGdi.h"
 #include "platform/commctrl/CTreeCtrl.h"
 
@@ -192,6 +193,7 @@ private:
 
   std::function<void()> mCopiedCallback;
   std::map<HTREEITEM, ItemDisplayInfo> mDisplay;
+  ItemFontCache mFontCache;
   std::unique_ptr<wxImageList> mStateImages;
   std::unique_ptr<wxImageList> mDragImage;
   TreeDragImageWindow * mDragWindow = nullptr;
