@@ -26,10 +26,10 @@ wxFont const & ItemFontCache::Font(LOGFONTW const & logFont, bool bold, wxFont c
     face.assign(logFont.lfFaceName, length);
   }
   // Without a face of its own an item keeps the control's font whole.
-  Key const key = ownFace ? Key(face, std::min<LONG>(logFont.lfHeight, 0),
-                                bold || logFont.lfWeight >= FW_BOLD, logFont.lfItalic != 0,
-                                logFont.lfUnderline != 0, logFont.lfStrikeOut != 0)
-                          : Key(face, 0, bold, false, false, false);
+  Key const key =
+      ownFace ? Key(face, std::min<LONG>(logFont.lfHeight, 0), bold || logFont.lfWeight >= FW_BOLD,
+                    logFont.lfItalic != 0, logFont.lfUnderline != 0, logFont.lfStrikeOut != 0)
+              : Key(face, 0, bold, false, false, false);
   auto found = mFonts.find(key);
   if (found == mFonts.end()) {
     wxFont font = ownFace ? FontFromLogFont(logFont, base) : base;

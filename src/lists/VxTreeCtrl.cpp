@@ -993,6 +993,11 @@ void VxTreeCtrl::OnVScroll(UINT code, UINT position) {
 
 // --- Painting ---------------------------------------------------------------------------
 
+// The rows DrawItemTexts wipes and draws again.
+bool VxTreeCtrl::PaintsOwnLabel(HTREEITEM item) const {
+  return mDisplay.count(item) != 0 && GetItemState(item, TVIS_SELECTED | TVIS_DROPHILITED) == 0;
+}
+
 void VxTreeCtrl::DrawItemTexts(wxDC & dc) {
   if (mDisplay.empty()) return;
   wxColour const window = GetSysColour(COLOR_WINDOW);
@@ -1003,8 +1008,7 @@ void VxTreeCtrl::DrawItemTexts(wxDC & dc) {
   HTREEITEM item = GetFirstVisibleItem();
   for (UINT row = 0; item && row <= GetVisibleCount(); ++row, item = GetNextVisibleItem(item)) {
     auto const entry = mDisplay.find(item);
-    if (entry == mDisplay.end() || GetItemState(item, TVIS_SELECTED | TVIS_DROPHILITED) != 0)
-      continue;
+    if (entry == mDisplay.end() || !PaintsOwnLabel(item)) continue;
     ItemDisplayInfo const & info = entry->second;
     RECT rect{};
     if (!GetItemRect(item, &rect, 1)) continue;

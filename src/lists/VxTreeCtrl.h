@@ -173,6 +173,7 @@ protected:
   void OnHScroll(UINT code, UINT position) override;
   void OnVScroll(UINT code, UINT position) override;
   void OnPaint(wxDC & dc, wxRect const & clip) override;
+  bool PaintsOwnLabel(HTREEITEM item) const override;
 
 private:
   void Init();
