@@ -17,10 +17,12 @@
 
 #include <boost/locale/message.hpp>
 
+#include "lists/ItemFontCache.h"
 #include "lists/TreeText.h"
 #include "platform/MessageBoxes.h"
 #include "platform/ResourceModule.h"
 #include "platform/SysColor.h"
+#include "platform/UnmeasuredText.h"
 #include "platform/WinUser.h"
 #include "utl/CaseFolding.h"
 
@@ -45,17 +47,6 @@ private:
 namespace {
 
 bool KeyDown(wxKeyCode key) { return wxGetKeyState(key); }
-
-wxFont FontFromLogFont(LOGFONTW const & logFont, wxFont const & base) {
-  wxFont font = base;
-  if (logFont.lfFaceName[0] != L'\0') font.SetFaceName(wxString(logFont.lfFaceName));
-  if (logFont.lfHeight < 0) font.SetPixelSize(wxSize(0, -logFont.lfHeight));
-  if (logFont.lfWeight >= FW_BOLD) font.SetWeight(wxFONTWEIGHT_BOLD);
-  if (logFont.lfItalic != 0) font.SetStyle(wxFONTSTYLE_ITALIC);
-  if (logFont.lfUnderline != 0) font.SetUnderlined(true);
-  if (logFont.lfStrikeOut != 0) font.SetStrikethrough(true);
-  return font;
-}
 
 // The arrow with a plus that says "copy"; wx has no stock one on GTK.
 wxCursor CopyArrowCursor() {
@@ -1002,30 +993,35 @@ void VxTreeCtrl::OnVScroll(UINT code, UINT position) {
 
 // --- Painting ---------------------------------------------------------------------------
 
+// The rows DrawItemTexts wipes and draws again.
+bool VxTreeCtrl::PaintsOwnLabel(HTREEITEM item) const {
+  return mDisplay.count(item) != 0 && GetItemState(item, TVIS_SELECTED | TVIS_DROPHILITED) == 0;
+}
+
 void VxTreeCtrl::DrawItemTexts(wxDC & dc) {
   if (mDisplay.empty()) return;
   wxColour const window = GetSysColour(COLOR_WINDOW);
+  wxColour const windowText = GetSysColour(COLOR_WINDOWTEXT);
+  wxBrush const wipe(window);
   wxFont const base = GetFont();
+  dc.SetPen(*wxTRANSPARENT_PEN);
   HTREEITEM item = GetFirstVisibleItem();
   for (UINT row = 0; item && row <= GetVisibleCount(); ++row, item = GetNextVisibleItem(item)) {
     auto const entry = mDisplay.find(item);
-    if (entry == mDisplay.end() || GetItemState(item, TVIS_SELECTED | TVIS_DROPHILITED) != 0)
-      continue;
+    if (entry == mDisplay.end() || !PaintsOwnLabel(item)) continue;
     ItemDisplayInfo const & info = entry->second;
-    wxFont font = info.font.lfFaceName[0] != L'\0' ? FontFromLogFont(info.font, base) : base;
-    if (GetItemState(item, TVIS_BOLD) != 0) font.SetWeight(wxFONTWEIGHT_BOLD);
     RECT rect{};
     if (!GetItemRect(item, &rect, 1)) continue;
+    wxFont const & font = mFontCache.Font(info.font, GetItemState(item, TVIS_BOLD) != 0, base);
     wxRect const textRect(rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top);
     // Wipe the default text, then draw the item's own.
-    dc.SetPen(*wxTRANSPARENT_PEN);
-    dc.SetBrush(wxBrush(window));
+    dc.SetBrush(wipe);
     dc.DrawRectangle(textRect);
     dc.SetFont(font);
-    dc.SetTextForeground(info.color == kDefaultColor ? GetSysColour(COLOR_WINDOWTEXT)
-                                                     : FromColorRef(info.color));
-    wxSize const extent = dc.GetTextExtent(GetItemText(item));
-    dc.DrawText(GetItemText(item), textRect.x + 2, textRect.y + (textRect.height - extent.y) / 2);
+    dc.SetTextForeground(info.color == kDefaultColor ? windowText : FromColorRef(info.color));
+    wxString const text = GetItemText(item);
+    int const textHeight = mFontCache.TextHeight(dc, font, text);
+    DrawTextUnmeasured(dc, text, textRect.x + 2, textRect.y + (textRect.height - textHeight) / 2);
   }
 }
 

@@ -18,6 +18,7 @@
 #include <wx/cursor.h>
 #include <wx/imaglist.h>
 
+#include "lists/ItemFontCache.h"
 #include "platform/WinGdi.h"
 #include "platform/commctrl/CTreeCtrl.h"
 
@@ -172,6 +173,7 @@ protected:
   void OnHScroll(UINT code, UINT position) override;
   void OnVScroll(UINT code, UINT position) override;
   void OnPaint(wxDC & dc, wxRect const & clip) override;
+  bool PaintsOwnLabel(HTREEITEM item) const override;
 
 private:
   void Init();
@@ -192,6 +194,7 @@ private:
 
   std::function<void()> mCopiedCallback;
   std::map<HTREEITEM, ItemDisplayInfo> mDisplay;
+  ItemFontCache mFontCache;
   std::unique_ptr<wxImageList> mStateImages;
   std::unique_ptr<wxImageList> mDragImage;
   TreeDragImageWindow * mDragWindow = nullptr;

@@ -4,15 +4,20 @@
 // with real pointer and keys (XTest).
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include <wx/dcmemory.h>
 #include <wx/frame.h>
+#include <wx/image.h>
 
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "lists/ItemFontCache.h"
 #include "lists/VxTreeCtrl.h"
+#include "platform/SysColor.h"
 #include "utl/Exception.h"
 #include "work/XTestInput.h"
 
@@ -22,6 +27,7 @@ class Tree : public VxTreeCtrl {
 public:
   using VxTreeCtrl::OnKeyDown;
   using VxTreeCtrl::OnLButtonDown;
+  using VxTreeCtrl::OnPaint;
   using VxTreeCtrl::OnRButtonDown;
   using VxTreeCtrl::VxTreeCtrl;
   int selectionChanges = 0;
@@ -336,6 +342,132 @@ TEST_F(VxTreeTest, ColoursAndFontsFollowCopiesAndGoWithTheItem) {
   EXPECT_EQ(tree->FindItem(L"x", false, true, false, n[1]), TVI_NULL);
   tree->SetItemColor(n[1], 0);
   EXPECT_FALSE(tree->HasDisplayInfo(n[1]));
+}
+
+// --- Items of their own colour and font, in pixels ----------------------------------
+
+wxImage PaintedImage(Tree & tree) {
+  wxSize const size = tree.GetClientSize();
+  wxBitmap bitmap(size);
+  {
+    wxMemoryDC dc(bitmap);
+    tree.OnPaint(dc, wxRect(size));
+  }
+  return bitmap.ConvertToImage();
+}
+
+// Pixels of `colour` in `area`, and the width of what is not `background`.
+int CountColour(wxImage const & image, wxRect const & area, wxColour const & colour) {
+  int count = 0;
+  for (int y = std::max(0, area.GetTop()); y <= std::min(image.GetHeight() - 1, area.GetBottom());
+       ++y)
+    for (int x = std::max(0, area.GetLeft()); x <= std::min(image.GetWidth() - 1, area.GetRight());
+         ++x)
+      if (wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)) == colour)
+        ++count;
+  return count;
+}
+int InkWidth(wxImage const & image, wxRect const & area, wxColour const & background) {
+  int left = area.GetRight() + 1;
+  int right = area.GetLeft() - 1;
+  for (int y = area.GetTop(); y <= std::min(image.GetHeight() - 1, area.GetBottom()); ++y)
+    for (int x = area.GetLeft(); x <= std::min(image.GetWidth() - 1, area.GetRight()); ++x)
+      if (wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)) != background) {
+        left = std::min(left, x);
+        right = std::max(right, x);
+      }
+  return std::max(0, right - left + 1);
+}
+
+TEST_F(VxTreeTest, OwnColoursAndFontsArePaintedAndFollowTheControlFont) {
+  auto const n = Build("red label\nserif label\nplain label\n");
+  wxColour const red(200, 0, 0);
+  tree->SetItemColor(n[0], RGB(200, 0, 0));
+  LOGFONTW serif{};
+  wcscpy(serif.lfFaceName, L"Serif");
+  tree->SetItemFont(n[1], serif);
+  tree->SetSize(300, 200);
+  wxColour const window = GetSysColour(COLOR_WINDOW);
+  auto row = [this](HTREEITEM item) {
+    RECT rect{};
+    EXPECT_TRUE(tree->GetItemRect(item, &rect, 1));
+    // To the window's edge: a label in its own font may be wider.
+    return wxRect(rect.left, rect.top, 300 - rect.left, rect.bottom - rect.top);
+  };
+
+  wxImage const first = PaintedImage(*tree);
+  EXPECT_GT(CountColour(first, row(n[0]), red), 0) << "the own colour";
+  EXPECT_EQ(CountColour(first, row(n[2]), red), 0);
+  EXPECT_EQ(CountColour(first, row(n[0]), GetSysColour(COLOR_WINDOWTEXT)), 0)
+      << "no default label under the coloured one";
+  EXPECT_GT(InkWidth(first, row(n[1]), window), 0) << "the label in its own font";
+  wxImage const again = PaintedImage(*tree);
+  EXPECT_EQ(std::vector<unsigned char>(again.GetData(),
+                                       again.GetData() + again.GetWidth() * again.GetHeight() * 3),
+            std::vector<unsigned char>(first.GetData(),
+                                       first.GetData() + first.GetWidth() * first.GetHeight() * 3))
+      << "a second paint from kept fonts looks the same";
+
+  // A selected item shows the selection, its label in the control's way.
+  tree->SelectItem(n[0]);
+  wxImage const selected = PaintedImage(*tree);
+  EXPECT_GT(InkWidth(selected, row(n[0]), window), 0);
+  EXPECT_EQ(CountColour(selected, row(n[0]), red), 0);
+  tree->SelectItem(n[2]);
+
+  // A face of its own keeps the control's size: a larger control font makes
+  // that label wider too.
+  int const before = InkWidth(PaintedImage(*tree), row(n[1]), window);
+  tree->SetFont(tree->GetFont().Scaled(2.0F));
+  int const after = InkWidth(PaintedImage(*tree), row(n[1]), window);
+  EXPECT_GT(after, before * 3 / 2);
+}
+
+// Fonts kept per look: no two looks share one, and each is what the look
+// asks for over the control's font.
+TEST(ItemFontCacheTest, EveryLookGetsItsOwnFont) {
+  wxFont const base(wxFontInfo(10).FaceName("Sans"));
+  auto look = [](wchar_t const * face, LONG height, LONG weight, BYTE italic, BYTE underline,
+                 BYTE strike) {
+    LOGFONTW font{};
+    wcscpy(font.lfFaceName, face);
+    font.lfHeight = height;
+    font.lfWeight = weight;
+    font.lfItalic = italic;
+    font.lfUnderline = underline;
+    font.lfStrikeOut = strike;
+    return font;
+  };
+  struct Case {
+    LOGFONTW font;
+    bool bold;
+  };
+  std::vector<Case> const cases = {
+      {look(L"", 0, 0, 0, 0, 0), false},        {look(L"", 0, 0, 0, 0, 0), true},
+      {look(L"Serif", 0, 0, 0, 0, 0), false},   {look(L"Serif", 0, 0, 0, 0, 0), true},
+      {look(L"Serif", -20, 0, 0, 0, 0), false}, {look(L"Serif", 0, FW_BOLD, 0, 0, 0), false},
+      {look(L"Serif", 0, 0, 1, 0, 0), false},   {look(L"Serif", 0, 0, 0, 1, 0), false},
+      {look(L"Serif", 0, 0, 0, 0, 1), false},   {look(L"Monospace", 0, 0, 0, 0, 0), false},
+  };
+  auto expected = [&base](Case const & c) {
+    wxFont font = c.font.lfFaceName[0] != L'\0' ? FontFromLogFont(c.font, base) : base;
+    if (c.bold) font.SetWeight(wxFONTWEIGHT_BOLD);
+    return font;
+  };
+  ItemFontCache cache;
+  for (Case const & c : cases) EXPECT_TRUE(cache.Font(c.font, c.bold, base) == expected(c));
+  // Asked again in another order, every look finds its own font.
+  for (auto c = cases.rbegin(); c != cases.rend(); ++c)
+    EXPECT_TRUE(cache.Font(c->font, c->bold, base) == expected(*c));
+  // A face-less look ignores the other fields; bold by weight is bold.
+  EXPECT_TRUE(cache.Font(look(L"", -30, 0, 1, 1, 1), false, base) == base);
+  EXPECT_TRUE(cache.Font(look(L"Serif", 0, FW_BOLD, 0, 0, 0), false, base) ==
+              cache.Font(look(L"Serif", 0, 0, 0, 0, 0), true, base));
+  // A new control font starts over.
+  wxFont const larger = base.Scaled(2.0F);
+  EXPECT_EQ(cache.Font(look(L"", 0, 0, 0, 0, 0), false, larger).GetPointSize(),
+            larger.GetPointSize());
+  EXPECT_EQ(cache.FontCount(), 1U);
 }
 
 TEST_F(VxTreeTest, DeleteAsksAndDeletesDataFirst) {

@@ -185,6 +185,10 @@ protected:
   virtual void OnVScroll(UINT code, UINT position);
   // WM_PAINT: the default paints the visible rows into a buffer and shows it.
   virtual void OnPaint(wxDC & dc, wxRect const & clip);
+  // True when a derived tree wipes and draws this item's label itself after
+  // the rows: the default label is then left out rather than drawn to be
+  // wiped, which costs a text layout a row.
+  virtual bool PaintsOwnLabel(HTREEITEM /*item*/) const { return false; }
   // DragDetect: a captured loop until the button is released (false) or the
   // pointer leaves the drag rectangle around `point` (true).
   virtual bool DragDetect(POINT point);

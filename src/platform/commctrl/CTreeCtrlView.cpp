@@ -16,6 +16,7 @@
 
 #include "platform/SysColor.h"
 #include "platform/SystemMetrics.h"
+#include "platform/UnmeasuredText.h"
 #include "platform/commctrl/CTreeCtrl.h"
 #include "platform/commctrl/CTreeCtrlImpl.h"
 
@@ -732,7 +733,9 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
       wxString const shown = node.textCallback ? ShownText(*this, impl, slot) : node.text;
       int textHeight = impl.fontHeight;
       if (newFont) dc.GetTextExtent(shown, nullptr, &textHeight);
-      dc.DrawText(shown, layout.textLeft + TextPadding, top + (height - textHeight) / 2);
+      if (!PaintsOwnLabel(nodes.Handle(slot)))
+        DrawTextUnmeasured(dc, shown, layout.textLeft + TextPadding,
+                           top + (height - textHeight) / 2);
       if (slot == impl.caret && focused) renderer.DrawFocusRect(this, dc, fill, 0);
       if (newFont || (node.state & TVIS_BOLD) != 0) dc.SetFont(controlFont);
     }

@@ -1,6 +1,9 @@
 // What the tree paints: the custom-draw stages for the rows on screen only,
 // the owner's colours and skips, selection and insert mark, in pixels.
 
+#include <algorithm>
+#include <vector>
+
 #include <gtest/gtest.h>
 #include <wx/dcmemory.h>
 #include <wx/image.h>
@@ -8,6 +11,7 @@
 #include "../../harness/GuiTestUtilities.h"
 #include "TreeCtrlTestSupport.h"
 #include "platform/SysColor.h"
+#include "platform/UnmeasuredText.h"
 
 namespace {
 
@@ -133,6 +137,51 @@ TEST_F(TreePaint, AShownTreeLooksRight) {
   EXPECT_GT(CountColour(image, selected, GetSysColour(COLOR_HIGHLIGHT)) +
                 CountColour(image, selected, GetSysColour(COLOR_BTNFACE)),
             0);
+}
+
+// Labels drawn without measuring look exactly like dc.DrawText's, in every
+// mode the tree's owner may leave the device context in.
+TEST(UnmeasuredText, LooksLikeDrawText) {
+  struct Case {
+    char const * text;
+    wxColour fore;
+    int backgroundMode;
+    wxRasterOperationMode function;
+  };
+  Case const cases[] = {
+      {"Run 17 of the batch", *wxBLACK, wxBRUSHSTYLE_TRANSPARENT, wxCOPY},
+      {"Run 17 of the batch", wxColour(200, 0, 0), wxBRUSHSTYLE_TRANSPARENT, wxCOPY},
+      {"two\nlines", wxColour(0, 0, 200), wxBRUSHSTYLE_TRANSPARENT, wxCOPY},
+      {"on a solid back", *wxBLACK, wxBRUSHSTYLE_SOLID, wxCOPY},
+      {"", *wxBLACK, wxBRUSHSTYLE_TRANSPARENT, wxCOPY},
+  };
+  for (Case const & c : cases) {
+    auto draw = [&c](bool unmeasured) {
+      wxBitmap bitmap(160, 48);
+      {
+        wxMemoryDC dc(bitmap);
+        dc.SetBackground(*wxWHITE_BRUSH);
+        dc.Clear();
+        dc.SetFont(wxFont(wxFontInfo(10).FaceName("Serif").Italic()));
+        dc.SetTextForeground(c.fore);
+        dc.SetTextBackground(wxColour(0, 200, 0));
+        dc.SetBackgroundMode(c.backgroundMode);
+        dc.SetLogicalFunction(c.function);
+        if (unmeasured)
+          DrawTextUnmeasured(dc, c.text, 7, 5);
+        else
+          dc.DrawText(c.text, 7, 5);
+      }
+      wxImage const image = bitmap.ConvertToImage();
+      return std::vector<unsigned char>(image.GetData(),
+                                        image.GetData() + image.GetWidth() * image.GetHeight() * 3);
+    };
+    std::vector<unsigned char> const expected = draw(false);
+    EXPECT_EQ(draw(true), expected) << c.text;
+    if (c.text[0] != '\0')
+      EXPECT_NE(std::count(expected.begin(), expected.end(), 255), long(expected.size()))
+          << "something was drawn: " << c.text;
+  }
 }
 
 }  // namespace
