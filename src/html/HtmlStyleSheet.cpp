@@ -71,8 +71,21 @@ std::vector<HtmlStyleRule> HtmlStyleSheet::ReadRules(wxString const & css) {
   wxUniChar quote = 0;
   for (auto it = text.begin(); it != text.end(); ++it) {
     wxUniChar const c = *it;
+    if (depth == 0 && quote != 0) {
+      // A quoted text in a selector (a[title="{"]) is read as the comment
+      // remover read it: no block opens or closes inside it.
+      selector += c;
+      if (c == '\\' && it + 1 != text.end())
+        selector += *++it;
+      else if (c == quote)
+        quote = 0;
+      continue;
+    }
     if (depth == 0) {
-      if (c == '{') {
+      if (c == '"' || c == '\'') {
+        quote = c;
+        selector += c;
+      } else if (c == '{') {
         depth = 1;
       } else if (c == '}' || c == ';') {
         selector.clear();  // a stray close or a block-less statement

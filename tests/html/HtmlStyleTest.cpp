@@ -52,6 +52,9 @@ TEST(HtmlStyleSheet, RulesAreReadByTheirBraces) {
       {"} a{x:y", "a { x:y }"},  // a stray close; a rule left open at the end
       {"@media x { a { y", "@media x { a { y } }"},
       {"/* open comment a{}", ""},
+      // A quoted brace or comment in a selector opens nothing.
+      {"a[title=\"{/*\"] { x: y }", "a[title=\"{/*\"] { x: y }"},
+      {"'open /* b *{ a", ""},
       {"", ""},
   };
   for (Case const & c : cases) {
