@@ -4,27 +4,16 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
-#include <memory>
 
 #include "platform/SysColor.h"
 #include "platform/WindowMessage.h"
+#include "utl/CharacterBreaks.h"
 #include "utl/VxStdString.h"
 
 namespace {
 
 wxColour ColourOf(COLORREF colour) {
   return wxColour(GetRValue(colour), GetGValue(colour), GetBValue(colour));
-}
-
-icu::BreakIterator * CharacterBreaks() {
-  thread_local std::unique_ptr<icu::BreakIterator> const iterator = [] {
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::BreakIterator> made(
-        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    if (U_FAILURE(status)) made.reset();
-    return made;
-  }();
-  return iterator.get();
 }
 
 // The clusters of `text` before code point positions `a` and `b` (a

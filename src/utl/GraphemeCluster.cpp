@@ -5,28 +5,15 @@
 #include <unicode/utext.h>
 
 #include <cstdint>
-#include <memory>
 
 #include "utl/CaseFolding.h"
+#include "utl/CharacterBreaks.h"
 #include "utl/Utf.h"
 #include "utl/VxStdString.h"
 
 namespace VxStdString {
 
 namespace {
-
-// One iterator per thread: making one loads the rules, and an edit control
-// asks once per position.
-icu::BreakIterator * CharacterBreaks() {
-  thread_local std::unique_ptr<icu::BreakIterator> const iterator = [] {
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::BreakIterator> made(
-        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    if (U_FAILURE(status)) made.reset();
-    return made;
-  }();
-  return iterator.get();
-}
 
 // Calls `boundary(offset)` for each cluster boundary after the start of
 // `text` (valid UTF-8), in order, until it returns false.
