@@ -7,7 +7,6 @@
 #include <wx/settings.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
-#include <wx/webview.h>
 
 #include "controls/VxRichEdit.h"
 #include "dialogs/ScrollingText.h"
@@ -90,8 +89,7 @@ void InfoDialog::SetText(wchar_t const * text, ETextFormat format) {
 
 void InfoDialog::SetURL(wchar_t const * url) {
   mUrl = url != nullptr ? url : L"";
-  if (mHtml != nullptr && mHtml->GetBrowser() != nullptr && !mUrl.empty())
-    mHtml->GetBrowser()->LoadURL(mUrl);
+  if (mHtml != nullptr && !mUrl.empty()) mHtml->LoadURL(mUrl);
 }
 
 void InfoDialog::EnableDontShowAgain(wchar_t const * key) { mKey = key != nullptr ? key : L""; }
@@ -143,9 +141,8 @@ bool InfoDialog::ShowText() {
       mHtml = nullptr;
       return false;
     }
-    if (!mUrl.empty() && mHtml->GetBrowser() != nullptr)
-      mHtml->GetBrowser()->LoadURL(mUrl);
-    else if (mResourceId != kNoResource)
+    if (!mUrl.empty() && mHtml->LoadURL(mUrl)) return true;
+    if (mResourceId != kNoResource)
       mHtml->SetHTML(mResourceId, kStyleSheet);
     else
       mHtml->SetHTML(mText.wc_str(), kStyleSheet);

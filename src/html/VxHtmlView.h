@@ -87,6 +87,14 @@ public:
   // them); a change made through them goes into the page shown.
   HtmlDocumentStyle * GetDocumentStyle() { return &mDocumentStyle; }
   wxWebView * GetBrowser() const { return mBrowser ? mBrowser->GetWebView() : nullptr; }
+  // Goes to `url` in the browser; false when the view has no browser.
+  // Callers outside the browser library go through here: wxWebView's own
+  // members live in that library, which is loaded only with the first view.
+  bool LoadURL(wxString const & url) {
+    if (!mBrowser) return false;
+    mBrowser->LoadURL(url);
+    return true;
+  }
   HtmlFindBar * GetFindBar() const { return mFindBar; }
   PageState GetPageState() const { return mState; }
   // Texts are waiting for the document.
