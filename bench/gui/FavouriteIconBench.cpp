@@ -32,6 +32,7 @@ wchar_t const * const kExtensions[20] = {L"txt", L"csv", L"png",  L"jpg", L"pdf"
 std::vector<wxString> const & Files() {
   static std::vector<wxString> const files = [] {
     std::vector<wxString> list;
+    list.reserve(kFiles);
     for (int i = 0; i < kFiles; ++i)
       list.push_back(wxString::Format(L"/home/analyst/runs/file-%d.%ls", i, kExtensions[i % 20]));
     return list;

@@ -416,7 +416,9 @@ bool PngSize(std::string const & png, unsigned long & width, unsigned long & hei
 // Each tool bar has its strip beside it, one image per button: a strip that
 // is missing or of another size would show wrong images or none.
 void CheckToolBarStrips(Module const & module) {
-  for (auto const & [id, bar] : module.toolBars) {
+  for (auto const & entry : module.toolBars) {
+    auto const id = entry.first;  // a plain name: lambdas cannot capture a binding
+    auto const & bar = entry.second;
     auto const strip = std::find_if(module.items.begin(), module.items.end(), [&](Item const & i) {
       return i.type == kBitmap && i.id == id;
     });
