@@ -4,7 +4,6 @@
 #include <wx/combobox.h>
 #include <wx/stattext.h>
 
-
 #include "platform/WinUser.h"
 #include "utl/Translation.h"
 #include "utl/VxString.h"

@@ -10,7 +10,7 @@
 #include "dialogs/VxDialog.h"
 
 class SelectNewClassDialog : public VxDialog {
- public:
+public:
   enum Control : int { kClasses = 16000, kPhases = 16001, kPrompt = 16002, kNote = 16004 };
 
   SelectNewClassDialog(std::vector<wxString> const & names, bool phases, wxWindow * parent);
@@ -22,11 +22,11 @@ class SelectNewClassDialog : public VxDialog {
   // reads as one ("1" when none does).
   static wxString DefaultClassName(std::vector<wxString> const & names);
 
- protected:
+protected:
   bool OnInitDialog() override;
   void OnOK() override;
 
- private:
+private:
   std::vector<wxString> mNames;
   bool mPhases;
   wxString mSelected;

@@ -39,7 +39,8 @@ VxInputDialog::VxInputDialog(wchar_t const * title, wchar_t const * prompt, wcha
 
 VxInputDialog::VxInputDialog(wxWindow * parent, wchar_t const * title, wchar_t const * prompt,
                              wchar_t const * note, wxString & value, int textLimit,
-                             KarvinFilterValidator * validator, std::vector<wxString> const * choices)
+                             KarvinFilterValidator * validator,
+                             std::vector<wxString> const * choices)
     : VxDialog(choices != nullptr && !choices->empty() ? kChoicesTemplate : kEditTemplate, parent,
                static_cast<unsigned>(-1)),
       mTitle(Text(title)),
@@ -53,7 +54,8 @@ VxInputDialog::VxInputDialog(wxWindow * parent, wchar_t const * title, wchar_t c
 }
 
 VxInputDialog::VxInputDialog(wchar_t const * title, wchar_t const * prompt, wchar_t const * note,
-                             std::vector<wxString> const & choices, int selection, wxWindow * parent)
+                             std::vector<wxString> const & choices, int selection,
+                             wxWindow * parent)
     : VxDialog(kEditTemplate, parent, static_cast<unsigned>(-1)),
       mTitle(Text(title)),
       mPrompt(Text(prompt)),
@@ -122,7 +124,8 @@ bool VxInputDialog::OnInitDialog() {
 void VxInputDialog::ResizeDialogAndControls() {
   int grown = 0;
   if (wxWindow * prompt = GetDlgItem(kPrompt)) {
-    std::wstring const wrapped = LimitLineLength::ByCharacters(mPrompt.ToStdWstring(), kPromptCharacters);
+    std::wstring const wrapped =
+        LimitLineLength::ByCharacters(mPrompt.ToStdWstring(), kPromptCharacters);
     static_cast<wxStaticText *>(prompt)->SetLabel(wrapped);
     wxRect const bounds = LimitLineLength::GetBoundsRect(wrapped.c_str(), prompt->GetFont());
     int const margin = FromDlgY(4);

@@ -14,7 +14,7 @@ class wxChoice;
 class wxTextCtrl;
 
 class VxInputDialog : public VxDialog {
- public:
+public:
   enum Control : int {
     kPrompt = 13370,
     kNote = 13369,
@@ -28,11 +28,12 @@ class VxInputDialog : public VxDialog {
   // Kinds 0 and 1: `value` is the start value and receives the result.
   // `textLimit` above 0 limits the edit to that many characters. The
   // validator is not owned; `choices` may be null.
-  VxInputDialog(wchar_t const * title, wchar_t const * prompt, wchar_t const * note, wxString & value,
-                int textLimit = 0, KarvinFilterValidator * validator = nullptr,
-                std::vector<wxString> const * choices = nullptr);
-  VxInputDialog(wxWindow * parent, wchar_t const * title, wchar_t const * prompt, wchar_t const * note,
+  VxInputDialog(wchar_t const * title, wchar_t const * prompt, wchar_t const * note,
                 wxString & value, int textLimit = 0, KarvinFilterValidator * validator = nullptr,
+                std::vector<wxString> const * choices = nullptr);
+  VxInputDialog(wxWindow * parent, wchar_t const * title, wchar_t const * prompt,
+                wchar_t const * note, wxString & value, int textLimit = 0,
+                KarvinFilterValidator * validator = nullptr,
                 std::vector<wxString> const * choices = nullptr);
   // Kind 2: one of `choices`, starting at `selection`.
   VxInputDialog(wchar_t const * title, wchar_t const * prompt, wchar_t const * note,
@@ -44,11 +45,11 @@ class VxInputDialog : public VxDialog {
   int GetComboCurSel() const { return mComboSelection; }
   int GetKind() const { return mKind; }
 
- protected:
+protected:
   bool OnInitDialog() override;
   void OnOK() override;
 
- private:
+private:
   void ResizeDialogAndControls();
   // The text of the number test's message, or empty when `text` passes.
   wxString NumberProblem(wxString const & text) const;

@@ -24,10 +24,11 @@ wxString Text(wchar_t const * text) { return text != nullptr ? wxString(text) : 
 
 }  // namespace
 
-SelectItemDialog::SelectItemDialog(wchar_t const * title, wchar_t const * prompt, wchar_t const * column,
-                                   std::vector<wxString> const & items, std::vector<wxString> options,
-                                   int * option, std::vector<int> * selection, int single,
-                                   bool singleSelect, bool allowNone, wxWindow * parent)
+SelectItemDialog::SelectItemDialog(wchar_t const * title, wchar_t const * prompt,
+                                   wchar_t const * column, std::vector<wxString> const & items,
+                                   std::vector<wxString> options, int * option,
+                                   std::vector<int> * selection, int single, bool singleSelect,
+                                   bool allowNone, wxWindow * parent)
     : VxDialog(kTemplate, parent, static_cast<unsigned>(-1)),
       mTitle(Text(title)),
       mPrompt(Text(prompt)),
@@ -73,11 +74,13 @@ bool SelectItemDialog::OnInitDialog() {
   }
   if (mOptions.empty()) {
     // No options: the list takes their room.
-    if (wxWindow * ok = GetDlgItem(IDOK)) mList->SetSize(rect.width, ok->GetPosition().y - 8 - rect.y);
+    if (wxWindow * ok = GetDlgItem(IDOK))
+      mList->SetSize(rect.width, ok->GetPosition().y - 8 - rect.y);
   }
   // A radio group keeps one button ticked: with no option given, the hidden
   // member of the group is.
-  bool const optionInRange = mOption != nullptr && *mOption >= 1 && *mOption <= static_cast<int>(mOptions.size());
+  bool const optionInRange =
+      mOption != nullptr && *mOption >= 1 && *mOption <= static_cast<int>(mOptions.size());
   if (!optionInRange)
     if (auto * none = wxDynamicCast(FindWindow("NoOption"), wxRadioButton)) none->SetValue(true);
 
@@ -192,11 +195,13 @@ int VxMultiSelectItemDialog(wchar_t const * title, wchar_t const * prompt, wchar
 
 int VxOptionMultiSelectItemDialog(wchar_t const * title, wchar_t const * prompt,
                                   wchar_t const * column, std::vector<wxString> const & items,
-                                  std::vector<int> * selected, std::vector<wxString> const & options,
-                                  int * option, bool singleSelect, bool allowNone, wxWindow * parent) {
-  int const single = singleSelect && selected != nullptr && !selected->empty() ? selected->front() : -1;
-  SelectItemDialog dialog(title, prompt, column, items, options, option, selected, single, singleSelect,
-                          allowNone, parent);
+                                  std::vector<int> * selected,
+                                  std::vector<wxString> const & options, int * option,
+                                  bool singleSelect, bool allowNone, wxWindow * parent) {
+  int const single =
+      singleSelect && selected != nullptr && !selected->empty() ? selected->front() : -1;
+  SelectItemDialog dialog(title, prompt, column, items, options, option, selected, single,
+                          singleSelect, allowNone, parent);
   int const result = dialog.DoModal();
   if (result == IDOK && singleSelect && selected != nullptr) {
     selected->clear();

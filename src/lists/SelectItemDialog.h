@@ -13,7 +13,7 @@ class VxListCtrl;
 class wxContextMenuEvent;
 
 class SelectItemDialog : public VxDialog {
- public:
+public:
   enum Control : int { kPrompt = 16239, kList = 16242 };
   // The option buttons, in their order.
   static constexpr int kOptionButtons[] = {16260, 16261, 16266, 16267, 16268, 16270};
@@ -39,11 +39,11 @@ class SelectItemDialog : public VxDialog {
   // Runs one of the context menu's commands.
   void RunCommand(int command);
 
- protected:
+protected:
   bool OnInitDialog() override;
   void OnOK() override;
 
- private:
+private:
   void OnListContextMenu(wxContextMenuEvent & event);
 
   wxString mTitle;
@@ -68,5 +68,6 @@ int VxMultiSelectItemDialog(wchar_t const * title, wchar_t const * prompt, wchar
 // Options past the sixth are left out.
 int VxOptionMultiSelectItemDialog(wchar_t const * title, wchar_t const * prompt,
                                   wchar_t const * column, std::vector<wxString> const & items,
-                                  std::vector<int> * selected, std::vector<wxString> const & options,
-                                  int * option, bool singleSelect, bool allowNone, wxWindow * parent);
+                                  std::vector<int> * selected,
+                                  std::vector<wxString> const & options, int * option,
+                                  bool singleSelect, bool allowNone, wxWindow * parent);

@@ -58,7 +58,7 @@ TEST(VxInputDialog, NumbersAreJudgedAtOkByTheirLimits) {
       {1, 10, "1", ""},
       {1, 10, "11", "Please enter a number between 1 and 10."},
       {1, 10, "", "Please enter a number between 1 and 10."},  // empty is 0
-      {1, 10, "  7abc", ""},                                    // read as 7
+      {1, 10, "  7abc", ""},                                   // read as 7
       {kNone, 5, "5", ""},
       {kNone, 5, "6", "Please enter a number less than 5."},
       {3, kNoTop, "3", ""},
@@ -199,7 +199,8 @@ TEST(VxInputDialog, ALongPromptGrowsTheDialogAndAnEmptyNoteClosesUp) {
   Layout const shortWithout = measure(L"Name:", L"");
   EXPECT_TRUE(shortWithNote.noteShown);
   EXPECT_FALSE(shortWithout.noteShown);
-  EXPECT_GT(longWithNote.promptHeight, shortWithNote.promptHeight * 2) << "wrapped at 70 characters";
+  EXPECT_GT(longWithNote.promptHeight, shortWithNote.promptHeight * 2)
+      << "wrapped at 70 characters";
   int const gained = longWithNote.promptHeight - shortWithNote.promptHeight;
   EXPECT_EQ(longWithNote.okTop - shortWithNote.okTop, gained);
   EXPECT_EQ(longWithNote.height - shortWithNote.height, gained);
@@ -213,7 +214,8 @@ TEST(SelectNewClassDialog, OffersANewNumberedClassOrTheExistingPhases) {
     char const * name;
   };
   Case const cases[] = {
-      {{}, "1"}, {{"A", "b"}, "1"}, {{"1", "2", "x", "10"}, "11"}, {{"-5", "003"}, "4"}, {{"7a"}, "1"},
+      {{}, "1"},     {{"A", "b"}, "1"}, {{"1", "2", "x", "10"}, "11"}, {{"-5", "003"}, "4"},
+      {{"7a"}, "1"},
   };
   for (auto const & c : cases) EXPECT_EQ(SelectNewClassDialog::DefaultClassName(c.names), c.name);
 
@@ -258,8 +260,10 @@ TEST(SelectItemDialog, ASingleSelectionStartsAtItsIndexAndNeedsOneUnlessNoneIsAl
     int result;
   };
   Case const cases[] = {
-      {2, false, -1, true, 2}, {7, false, -1, false, 7},  // beyond the list: nothing selected
-      {7, true, -1, true, -1}, {-1, false, 4, true, 4},
+      {2, false, -1, true, 2},
+      {7, false, -1, false, 7},  // beyond the list: nothing selected
+      {7, true, -1, true, -1},
+      {-1, false, 4, true, 4},
   };
   for (auto const & c : cases) {
     int selected = c.start;
@@ -300,7 +304,9 @@ TEST(SelectItemDialog, TicksComeInAndOutAndTheListsCommandsChangeThem) {
     dialog.GetList()->GetCheckedIndexes(afterCommands);
     Press(d, IDOK);
   });
-  EXPECT_EQ(VxMultiSelectItemDialog(L"Runs", L"Tick the runs:", L"Run", items, &selected, false, nullptr), IDOK);
+  EXPECT_EQ(
+      VxMultiSelectItemDialog(L"Runs", L"Tick the runs:", L"Run", items, &selected, false, nullptr),
+      IDOK);
   EXPECT_EQ(shownTicks, (std::vector<int>{1, 4}));
   EXPECT_EQ(afterCommands, (std::vector<int>{2, 3, 4, 5}));
   EXPECT_EQ(selected, afterCommands);
@@ -330,8 +336,8 @@ TEST(SelectItemDialog, OptionsAreLabelledInTheirOrderAndOneMustBeTicked) {
     Press(d, IDOK);
   });
   script.Answer(wxID_OK);
-  EXPECT_EQ(VxOptionMultiSelectItemDialog(L"Export", L"Runs:", L"Run", items, &selected, options, &option,
-                                          false, false, nullptr),
+  EXPECT_EQ(VxOptionMultiSelectItemDialog(L"Export", L"Runs:", L"Run", items, &selected, options,
+                                          &option, false, false, nullptr),
             IDOK);
   EXPECT_EQ(labels, (std::vector<wxString>{"One", "Two", "Three", "Four", "Five", "Six"}));
   EXPECT_TRUE(stayed);
