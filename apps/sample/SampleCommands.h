@@ -51,6 +51,15 @@ enum SampleCommand : int {
   kMuteDetailsCommand,
   kScrollBoxCommand,
   kInfoRtfCommand,
+  kAskNumberCommand,
+  kAskNameAndModelCommand,
+  kAskModelCommand,
+  kAskFilterCommand,
+  kAskOneRunCommand,
+  kAskSeveralRunsCommand,
+  kAskRunsAndFormatCommand,
+  kAskClassCommand,
+  kAskPhaseCommand,
   // Help
   kReleaseNotesCommand,
   kEndOfSampleCommands

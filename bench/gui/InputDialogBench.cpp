@@ -28,7 +28,8 @@ std::vector<wxString> const & Runs() {
   static std::vector<wxString> const runs = [] {
     std::vector<wxString> all;
     all.reserve(Items);
-    for (int i = 0; i < Items; ++i) all.push_back(wxString::Format("Run %05d of the calibration batch", i));
+    for (int i = 0; i < Items; ++i)
+      all.push_back(wxString::Format("Run %05d of the calibration batch", i));
     return all;
   }();
   return runs;
@@ -50,7 +51,9 @@ void InputDialogOpen_candidate(benchmark::State & state) {
   }
   if (hook.TimedOut()) state.SkipWithError("the dialog was not painted");
 }
-BENCHMARK(InputDialogOpen_candidate)->Name("InputDialogOpen/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(InputDialogOpen_candidate)
+    ->Name("InputDialogOpen/candidate")
+    ->Unit(benchmark::kMillisecond);
 
 void InputDialogOpen_baseline(benchmark::State & state) {
   if (!NeedDisplay(state)) return;
@@ -61,19 +64,23 @@ void InputDialogOpen_baseline(benchmark::State & state) {
   }
   if (hook.TimedOut()) state.SkipWithError("the dialog was not painted");
 }
-BENCHMARK(InputDialogOpen_baseline)->Name("InputDialogOpen/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(InputDialogOpen_baseline)
+    ->Name("InputDialogOpen/baseline")
+    ->Unit(benchmark::kMillisecond);
 
 void SelectItemDialogOpen_candidate(benchmark::State & state) {
   if (!NeedDisplay(state)) return;
   ModalUntil hook(ModalUntil::FirstPaint());
   for (auto _ : state) {
     std::vector<int> ticked{1, 5, 9000};
-    benchmark::DoNotOptimize(
-        VxMultiSelectItemDialog(L"Runs", L"Tick the runs:", L"Run", Runs(), &ticked, true, nullptr));
+    benchmark::DoNotOptimize(VxMultiSelectItemDialog(L"Runs", L"Tick the runs:", L"Run", Runs(),
+                                                     &ticked, true, nullptr));
   }
   if (hook.TimedOut()) state.SkipWithError("the dialog was not painted");
 }
-BENCHMARK(SelectItemDialogOpen_candidate)->Name("SelectItemDialogOpen/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(SelectItemDialogOpen_candidate)
+    ->Name("SelectItemDialogOpen/candidate")
+    ->Unit(benchmark::kMillisecond);
 
 void SelectItemDialogOpen_baseline(benchmark::State & state) {
   if (!NeedDisplay(state)) return;
@@ -89,7 +96,9 @@ void SelectItemDialogOpen_baseline(benchmark::State & state) {
   }
   if (hook.TimedOut()) state.SkipWithError("the dialog was not painted");
 }
-BENCHMARK(SelectItemDialogOpen_baseline)->Name("SelectItemDialogOpen/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(SelectItemDialogOpen_baseline)
+    ->Name("SelectItemDialogOpen/baseline")
+    ->Unit(benchmark::kMillisecond);
 
 // The ticks of 10,000 rows turned over, beside a wxCheckListBox with the
 // same rows turned over one by one.
@@ -103,7 +112,9 @@ void SelectComplement_candidate(benchmark::State & state) {
   });
   VxMultiSelectItemDialog(L"Runs", L"Tick:", L"Run", Runs(), &ticked, true, nullptr);
 }
-BENCHMARK(SelectComplement_candidate)->Name("SelectComplement/candidate")->Unit(benchmark::kMillisecond);
+BENCHMARK(SelectComplement_candidate)
+    ->Name("SelectComplement/candidate")
+    ->Unit(benchmark::kMillisecond);
 
 void SelectComplement_baseline(benchmark::State & state) {
   if (!NeedDisplay(state)) return;
@@ -115,6 +126,8 @@ void SelectComplement_baseline(benchmark::State & state) {
   for (auto _ : state)
     for (unsigned row = 0; row < list->GetCount(); ++row) list->Check(row, !list->IsChecked(row));
 }
-BENCHMARK(SelectComplement_baseline)->Name("SelectComplement/baseline")->Unit(benchmark::kMillisecond);
+BENCHMARK(SelectComplement_baseline)
+    ->Name("SelectComplement/baseline")
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -34,11 +34,14 @@
 #include "dialogs/InfoDialog.h"
 #include "dialogs/NativeChoosers.h"
 #include "dialogs/ScrollMessageBox.h"
+#include "dialogs/SelectNewClassDialog.h"
+#include "dialogs/VxInputDialog.h"
 #include "dialogs/YesNoCancelAll.h"
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "lists/FilterListCtrlPopupBar.h"
+#include "lists/SelectItemDialog.h"
 #include "platform/WinUser.h"
 #include "platform/commctrl/CListCtrl.h"
 #include "utl/Utf.h"
@@ -71,6 +74,9 @@ enum class Opens {
   kEdits,            // the edits dialog
   kNotes,            // the notes pad
   kReleaseNotes,     // the release notes
+  kInput,            // an input dialog
+  kSelectItem,       // the item selection
+  kSelectClass,      // the class or phase choice
 };
 
 struct Expected {
@@ -117,6 +123,15 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Information, rich text", {Opens::kInfo}},
     {"Messages/Scroll box", {Opens::kScrollBox}},
     {"Messages/Mute details dialogs", {Opens::kNothing}},
+    {"Messages/Ask/Number of repeats...", {Opens::kInput}},
+    {"Messages/Ask/Name and model...", {Opens::kInput}},
+    {"Messages/Ask/Fit model...", {Opens::kInput}},
+    {"Messages/Ask/Filter...", {Opens::kInput}},
+    {"Messages/Ask/One run...", {Opens::kSelectItem}},
+    {"Messages/Ask/Several runs...", {Opens::kSelectItem}},
+    {"Messages/Ask/Runs and export format...", {Opens::kSelectItem}},
+    {"Messages/Ask/New class...", {Opens::kSelectClass}},
+    {"Messages/Ask/Phase...", {Opens::kSelectClass}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/About...", {Opens::kAboutBox}},
 };
@@ -135,6 +150,12 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderDialog;
   } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kFolderCollection;
+  } else if (dynamic_cast<VxInputDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kInput;
+  } else if (dynamic_cast<SelectItemDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kSelectItem;
+  } else if (dynamic_cast<SelectNewClassDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kSelectClass;
   } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kCalibrationList;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
@@ -259,7 +280,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
         Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
         Opens::kInfo,         Opens::kScrollBox,        Opens::kEdits,
-        Opens::kNotes,        Opens::kReleaseNotes,
+        Opens::kNotes,        Opens::kReleaseNotes,     Opens::kInput,
+        Opens::kSelectItem,   Opens::kSelectClass,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -310,6 +332,9 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kEdits:
       case Opens::kNotes:
       case Opens::kReleaseNotes:
+      case Opens::kInput:
+      case Opens::kSelectItem:
+      case Opens::kSelectClass:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
