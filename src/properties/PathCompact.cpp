@@ -20,10 +20,12 @@ size_t LastComponentStart(wxString const & path) {
   return separator == wxString::npos ? 0 : separator + 1;
 }
 
-// The longest start of `name` followed by "..." that fits, or "...".
+// The longest start of `name` followed by "..." that fits, or "...". At
+// least one character goes, so that "..." always marks a cut (the name may
+// fit alone when ".../name" does not).
 wxString CutEnd(wxString const & name, int width, TextWidthFunction const & measure) {
   size_t low = 0;  // fits (the empty start: "..." alone, taken as fitting)
-  size_t high = name.length();
+  size_t high = name.empty() ? 0 : name.length() - 1;
   while (low < high) {
     size_t const mid = low + (high - low + 1) / 2;
     if (measure(name.Left(mid) + kEllipsis) <= width)
