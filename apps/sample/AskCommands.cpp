@@ -58,7 +58,9 @@ void AppendAskCommands(wxMenu & menu, wxFrame & frame) {
   menu.AppendSubMenu(ask, Tr("Menu command", "&Ask"));
 
   auto on = [&frame](int command, auto action) {
-    frame.Bind(wxEVT_MENU, [&frame, action](wxCommandEvent &) { frame.SetStatusText(action(&frame)); }, command);
+    frame.Bind(
+        wxEVT_MENU, [&frame, action](wxCommandEvent &) { frame.SetStatusText(action(&frame)); },
+        command);
   };
   on(kAskNumberCommand, [](wxFrame * f) {
     wxString value = "3";
@@ -87,13 +89,15 @@ void AppendAskCommands(wxMenu & menu, wxFrame & frame) {
   });
   on(kAskOneRunCommand, [](wxFrame * f) {
     int selected = 0;
-    if (VxSingleSelectItemDialog(L"Runs", L"Which run is the reference?", L"", Runs(), &selected, false, f) != IDOK)
+    if (VxSingleSelectItemDialog(L"Runs", L"Which run is the reference?", L"", Runs(), &selected,
+                                 false, f) != IDOK)
       return Cancelled();
     return Tr("Reference: ") + Runs()[static_cast<size_t>(selected)];
   });
   on(kAskSeveralRunsCommand, [](wxFrame * f) {
     std::vector<int> selected{0, 2};
-    if (VxMultiSelectItemDialog(L"Runs", L"Tick the runs to fit:", L"Run", Runs(), &selected, true, f) != IDOK)
+    if (VxMultiSelectItemDialog(L"Runs", L"Tick the runs to fit:", L"Run", Runs(), &selected, true,
+                                f) != IDOK)
       return Cancelled();
     return Tr("Runs: ") + Rows(selected);
   });
@@ -101,8 +105,8 @@ void AppendAskCommands(wxMenu & menu, wxFrame & frame) {
     std::vector<int> selected{1};
     std::vector<wxString> const formats{Tr("Text"), Tr("HTML"), Tr("Spreadsheet")};
     int format = 1;
-    if (VxOptionMultiSelectItemDialog(L"Export", L"Runs to export:", L"Run", Runs(), &selected, formats,
-                                      &format, false, false, f) != IDOK)
+    if (VxOptionMultiSelectItemDialog(L"Export", L"Runs to export:", L"Run", Runs(), &selected,
+                                      formats, &format, false, false, f) != IDOK)
       return Cancelled();
     return Rows(selected) + " (" + formats[static_cast<size_t>(format - 1)] + ")";
   });

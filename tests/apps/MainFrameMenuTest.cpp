@@ -23,6 +23,7 @@
 #include "MainFrame.h"
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
+#include "PropertyEditorsDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
@@ -77,6 +78,7 @@ enum class Opens {
   kInput,            // an input dialog
   kSelectItem,       // the item selection
   kSelectClass,      // the class or phase choice
+  kPropertyEditors,  // the property editors
 };
 
 struct Expected {
@@ -105,6 +107,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Open favourites", {Opens::kDetails}},
     {"Tools/Edits...", {Opens::kEdits}},
     {"Tools/Notes", {Opens::kNotes}},
+    {"Tools/Property editors...", {Opens::kPropertyEditors}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -158,6 +161,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kSelectClass;
   } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kCalibrationList;
+  } else if (dynamic_cast<PropertyEditorsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kPropertyEditors;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
@@ -275,14 +280,28 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     std::vector<Seen> seen;
     ModalDialogScript script;
     // The kinds that show a modal dialog, one a line.
+    // clang-format off
     static std::set<Opens> const dialogKinds{
-        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
-        Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
-        Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
-        Opens::kInfo,         Opens::kScrollBox,        Opens::kEdits,
-        Opens::kNotes,        Opens::kReleaseNotes,     Opens::kInput,
-        Opens::kSelectItem,   Opens::kSelectClass,
+        Opens::kFolderDialog,
+        Opens::kFolderCollection,
+        Opens::kBatchQuestion,
+        Opens::kMessageBox,
+        Opens::kDateFormat,
+        Opens::kTimeGrid,
+        Opens::kInstruments,
+        Opens::kCalibrationList,
+        Opens::kDetails,
+        Opens::kInfo,
+        Opens::kScrollBox,
+        Opens::kEdits,
+        Opens::kNotes,
+        Opens::kReleaseNotes,
+        Opens::kInput,
+        Opens::kSelectItem,
+        Opens::kSelectClass,
+        Opens::kPropertyEditors,
     };
+    // clang-format on
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
@@ -335,6 +354,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kInput:
       case Opens::kSelectItem:
       case Opens::kSelectClass:
+      case Opens::kPropertyEditors:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
