@@ -13,6 +13,7 @@
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/WinUser.h"
+#include "platform/commctrl/ListInput.h"
 #include "properties/PropertyInPlaceBrowseForColor.h"
 #include "properties/PropertyInPlaceBrowseForFile.h"
 #include "properties/PropertyInPlaceBrowseForFolderCollection.h"
@@ -46,8 +47,9 @@ protected:
   }
 
   void ClickBrowse(PropertyInPlaceEditAndBrowse & editor) {
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return IsReady(*editor.GetButton()); }));
-    FakeClick(*editor.GetButton());
+    ASSERT_TRUE(gui_test::WaitUntil([&] { return IsReady(editor); }));
+    wxRect const button = editor.GetButtonRect();
+    list_input::ClickAt(editor, button.GetPosition() + button.GetSize() / 2);
   }
 
   EditorHost * host = nullptr;
@@ -84,7 +86,8 @@ TEST_F(PropertyInPlaceEditAndBrowseTest, ATypedChangeIsTakenBeforeBrowsingAndByI
     startedAt.push_back(request.initialFolder);
     return FolderChooserAnswer{};
   });
-  auto * editor = new PropertyInPlaceBrowseForFolder(host->owner, kCell, "/tmp");
+  auto * editor = PropertyInPlaceBrowseForFolder::CreateInPlaceControl(host->owner, kCell);
+  editor->SetData("/tmp");  // as the items do: the caret at the end
   std::vector<wxString> taken;
   host->owner->onDataChanged = [&] { taken.push_back(editor->GetData()); };
   FocusEdit(*editor);
