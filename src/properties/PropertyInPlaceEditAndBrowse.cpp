@@ -23,7 +23,6 @@ PropertyInPlaceEditAndBrowse::PropertyInPlaceEditAndBrowse(wxWindow * parent, RE
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   SetSize(ToWxRect(rect));
   mEdit = new PropertyInPlaceEditAndBrowseEdit(this, kEditId, mData, ToWxRect(EditPlace()));
-  LayoutChildren();
   Bind(wxEVT_PAINT, &PropertyInPlaceEditAndBrowse::OnPaint, this);
   Bind(wxEVT_SIZE, &PropertyInPlaceEditAndBrowse::OnSize, this);
   Bind(wxEVT_LEFT_DOWN, &PropertyInPlaceEditAndBrowse::OnLeftDown, this);
