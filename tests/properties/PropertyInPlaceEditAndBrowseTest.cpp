@@ -108,6 +108,25 @@ TEST_F(PropertyInPlaceEditAndBrowseTest, ATypedChangeIsTakenBeforeBrowsingAndByI
   EXPECT_TRUE(host->buttons.empty()) << "Return pressed the default button";
 }
 
+// GTK's entry holds at most 65,535 characters: a longer path shown in it is
+// cut, and must not come back cut when the user did not edit it.
+TEST_F(PropertyInPlaceEditAndBrowseTest, PathsComeBackExactWhenNotEdited) {
+  wxString const paths[] = {"/srv/run\n7/data", "/srv/" + wxString('x', 70000) + "/end",
+                            "/srv/tab\there/\u00e9t\u00e9"};
+  for (wxString const & path : paths) {
+    host->owner->messages.clear();
+    auto * editor = PropertyInPlaceBrowseForFolder::CreateInPlaceControl(host->owner, kCell);
+    editor->SetData(path);
+    FocusEdit(*editor);
+    FakeKey(XK_Tab);
+    ASSERT_TRUE(gui_test::WaitUntil([&] { return host->owner->HasFocus(); }));
+    EXPECT_FALSE(editor->Commit());
+    EXPECT_TRUE(editor->GetData() == path) << "the path changed on its way through the edit";
+    EXPECT_EQ(host->owner->DataChanges(), 0);
+    editor->Destroy();
+  }
+}
+
 TEST_F(PropertyInPlaceEditAndBrowseTest, FileAsksToSelectWithoutAnOverwriteQuestion) {
   std::vector<FileChooserRequest> asked;
   SetFileChooserFunction([&](FileChooserRequest const & request) {
