@@ -3,7 +3,7 @@
 #include <wx/weakref.h>
 
 #include "platform/WindowMessage.h"
-#include "properties/PropertyInPlaceCaret.h"
+#include "properties/PropertyInPlaceEntry.h"
 #include "properties/PropertyInPlaceKeys.h"
 #include "properties/PropertyInPlaceLayout.h"
 #include "properties/PropertyInPlaceMessages.h"

@@ -2,8 +2,8 @@
 
 #include <wx/weakref.h>
 
-#include "properties/PropertyInPlaceCaret.h"
 #include "properties/PropertyInPlaceEditAndBrowse.h"
+#include "properties/PropertyInPlaceEntry.h"
 #include "properties/PropertyInPlaceKeys.h"
 
 PropertyInPlaceEditAndBrowseEdit::PropertyInPlaceEditAndBrowseEdit(

@@ -171,6 +171,7 @@ TEST_F(PropertyInPlaceEditAndBrowseTest, ColourIsChosenNotTyped) {
   auto * editor = new PropertyInPlaceBrowseForColor(host->owner, kCell, RGB(200, 100, 50));
   EXPECT_EQ(editor->GetEdit()->GetValue(), "R: 200 G: 100 B: 50");
   FocusEdit(*editor);
+  gui_test::Snapshot(*host, "property-colour-editor");
   FakeKey(XK_End);
   FakeKey(XK_7);
   FakeKey(XK_BackSpace);
