@@ -24,7 +24,8 @@ std::vector<std::wstring> Split(std::wstring const & text) {
 }
 
 // The rules written out on a list of columns.
-void ModelWrite(std::vector<std::wstring> & columns, std::size_t column, std::wstring const & value) {
+void ModelWrite(std::vector<std::wstring> & columns, std::size_t column,
+                std::wstring const & value) {
   if (columns.size() <= column) {
     while (columns.size() < column) columns.emplace_back();
     // Padding: the value goes after `column` dividers, into a new column.

@@ -3,7 +3,8 @@
 // first, the rest splits into records at NUL (a record's first byte gives
 // its priority and whether it has children, the rest its text, 0x01 the
 // divider). The order may contradict itself; the sort must still give a
-// permutation of the records and never leave its range.
+// permutation of the records and never leave its range, and the keys a
+// sort takes once must answer as the records do.
 #include <algorithm>
 #include <cstdint>
 #include <vector>
@@ -44,6 +45,14 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
     std::sort(sorted.begin(), sorted.end());
     for (std::size_t k = 0; k < sorted.size(); ++k)
       if (sorted[k] != k) __builtin_trap();
+    // The keys taken once answer as the records do.
+    for (std::size_t k = 1; k < records.size(); ++k) {
+      ItemData const & a = records[k - 1];
+      ItemData const & b = records[k];
+      if (CompareSortKeys(MakeSortKey(a, info.column), MakeSortKey(b, info.column), info) !=
+          CompareItemData(a, b, info))
+        __builtin_trap();
+    }
     // Groups first holds whatever the texts answer.
     if (info.groupsFirst)
       for (std::size_t k = 1; k < order.size(); ++k)

@@ -6,14 +6,14 @@
 
 #include "lists/TreeListHost.h"
 #include "platform/SysColor.h"
+#include "platform/commctrl/MergeSortBy.h"
 #include "utl/Exception.h"
 
 namespace {
 
 void RefuseSeparator(wchar_t const * text) {
   if (text != nullptr && ItemData::HoldsSeparator(text))
-    throw Exception(
-        ExceptionMessage::translate("A column text cannot hold the character \u00B6."));
+    throw Exception(ExceptionMessage::translate("A column text cannot hold the character \u00B6."));
 }
 
 bool IsRealItem(HTREEITEM item) {
@@ -47,7 +47,8 @@ void VxTreeCtrlEx::OnNotifyReflect(NotifyEvent & event) {
   event.Skip();
   if (event.GetCode() != TVN_DELETEITEMW) return;
   auto * const info = event.GetNotification<NMTREEVIEWW>();
-  delete reinterpret_cast<ItemData *>(info->itemOld.lParam);  // NOLINT(cppcoreguidelines-owning-memory)
+  delete reinterpret_cast<ItemData *>(
+      info->itemOld.lParam);  // NOLINT(cppcoreguidelines-owning-memory)
   info->itemOld.lParam = 0;
   if (info->itemOld.hItem == mLastClickItem) mLastClickItem = TVI_NULL;
 }
@@ -193,7 +194,8 @@ HTREEITEM VxTreeCtrlEx::InsertItem(UINT mask, wchar_t const * text, int image, i
   insert.item.state = state;
   insert.item.stateMask = stateMask;
   HTREEITEM const item = InsertRecord(text, insert);
-  if (ItemData * const record = GetItemRecord(item)) record->userData = static_cast<uint64_t>(userData);
+  if (ItemData * const record = GetItemRecord(item))
+    record->userData = static_cast<uint64_t>(userData);
   return item;
 }
 
@@ -435,15 +437,30 @@ BOOL VxTreeCtrlEx::Expand(HTREEITEM item, UINT code) {
 }
 
 BOOL VxTreeCtrlEx::SortItems(int column, bool ascending, HTREEITEM parent) {
+  if (!parent) parent = TVI_ROOT;
+  if (parent != TVI_ROOT && !IsValidItem(parent)) return 0;
   TreeSortInfo info;
   info.column = column;
   info.ascending = ascending;
   info.groupsFirst = mGroupsFirst;
-  TVSORTCB sort;
-  sort.hParent = parent ? parent : TVI_ROOT;
-  sort.lpfnCompare = &VxTreeCtrlEx::CompareFunc;
-  sort.lParam = reinterpret_cast<LPARAM>(&info);
-  return SortChildrenCB(&sort);
+  // The order of CompareFunc, with what it reads of each record taken once
+  // instead of at every comparison.
+  std::vector<HTREEITEM> children;
+  std::vector<TreeSortKey> keys;
+  for (HTREEITEM child = GetChildItem(parent); child; child = GetNextSiblingItem(child)) {
+    ItemData const * const record = GetItemRecord(child);
+    children.push_back(child);
+    keys.push_back(record != nullptr ? MakeSortKey(*record, column) : TreeSortKey{});
+  }
+  std::vector<uint32_t> order(children.size());
+  for (std::size_t k = 0; k < order.size(); ++k) order[k] = static_cast<uint32_t>(k);
+  MergeSortBy(order, [&keys, &info](uint32_t a, uint32_t b) {
+    return CompareSortKeys(keys[a], keys[b], info);
+  });
+  std::vector<HTREEITEM> sorted;
+  sorted.reserve(order.size());
+  for (uint32_t const k : order) sorted.push_back(children[k]);
+  return SetChildOrder(parent, sorted);
 }
 
 int VxTreeCtrlEx::CompareFunc(LPARAM item1, LPARAM item2, LPARAM info) {
