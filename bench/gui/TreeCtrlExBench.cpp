@@ -79,6 +79,7 @@ void HeaderSort_baseline(benchmark::State & state) {
   for (int row = 0; row < 20000; ++row)
     for (int c = 0; c < 5; ++c) records[static_cast<size_t>(row)].SetColumnText(c, Cell(row, c));
   std::vector<ItemData const *> order;
+  order.reserve(records.size());
   for (ItemData const & record : records) order.push_back(&record);
   TreeSortInfo info;
   for (auto _ : state) {

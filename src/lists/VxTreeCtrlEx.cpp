@@ -312,7 +312,7 @@ HTREEITEM VxTreeCtrlEx::FindParentItem(wxString const & text, int column, HTREEI
                                        int64_t data) const {
   HTREEITEM item = start ? start : GetRootItem();
   if (!GetItemRecord(item)) return TVI_NULL;
-  std::wstring const wanted = text.ToStdWstring();
+  std::wstring const & wanted = text.ToStdWstring();
   for (; item; item = GetNextSiblingItem(item)) {
     ItemData const * const record = GetItemRecord(item);
     if (record == nullptr || record->ColumnView(column) != wanted) continue;

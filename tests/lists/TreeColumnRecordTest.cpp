@@ -39,13 +39,13 @@ TEST(TreeColumnRecord, WritesAndReadsColumnsOfOneString) {
     wchar_t const * after;
   };
   Case const cases[] = {
-      {L"", 3, L"t", L"|||t"},          // a new item: three dividers ahead
-      {L"a", 2, L"c", L"a||c"},         // padding up to the column
-      {L"a|b|c", 1, L"X", L"a|X|c"},    // replaced, both sides kept
-      {L"a|b|c", 2, L"", L"a|b|"},      // emptied at the end
-      {L"a|b", 2, L"c", L"a|b|c"},      // just enough dividers
+      {L"", 3, L"t", L"|||t"},        // a new item: three dividers ahead
+      {L"a", 2, L"c", L"a||c"},       // padding up to the column
+      {L"a|b|c", 1, L"X", L"a|X|c"},  // replaced, both sides kept
+      {L"a|b|c", 2, L"", L"a|b|"},    // emptied at the end
+      {L"a|b", 2, L"c", L"a|b|c"},    // just enough dividers
       {L"a|b|c", 0, L"Z", L"Z|b|c"},
-      {L"|b|c", 1, L"X", L"X|c"},       // empty column 0: the write merges
+      {L"|b|c", 1, L"X", L"X|c"},  // empty column 0: the write merges
       {L"|b", 1, L"X", L"X"},
       {L"", 1, L"x", L"|x"},
   };
@@ -78,13 +78,13 @@ TEST(TreeRowOrder, ComparesAsTheTreeSorts) {
       {L"Sample 2", L"Sample 10", true, -1},  // numbers as numbers
       {L"Sample 2", L"Sample 10", false, 1},
       {L"Run 9", L"Run 10", true, -1},
-      {L"a2", L"b1", true, 'a' - 'b'},       // prefixes differ: text
+      {L"a2", L"b1", true, 'a' - 'b'},        // prefixes differ: text
       {L"Run 5", L"run 4", true, '5' - '4'},  // prefixes differ in case: text
       {L"B1", L"b1", true, 0},                // case only, equal numbers
       {L"abc", L"ABD", true, -1},
-      {L"abc", L"ABD", false, 1},             // -1 and +1 flip...
-      {L"abc", L"abz", false, 'c' - 'z'},     // ...other differences stand
-      {L"", L"a", false, -'a'},               // the shorter text ends in 0
+      {L"abc", L"ABD", false, 1},          // -1 and +1 flip...
+      {L"abc", L"abz", false, 'c' - 'z'},  // ...other differences stand
+      {L"", L"a", false, -'a'},            // the shorter text ends in 0
       // Numbers are held at the largest int, so these two fall to text.
       {L"x10000000000", L"x9000000000", true, '1' - '9'},
   };
@@ -127,6 +127,7 @@ TEST(TreeRowOrder, MergeGivesAPermutationWhateverTheOrderAnswers) {
   }
   // A consistent order is sorted and stable.
   std::vector<std::pair<int, int>> pairs;
+  pairs.reserve(100);
   for (int k = 0; k < 100; ++k) pairs.emplace_back(k % 7, k);
   MergeSortBy(pairs, [](auto const & a, auto const & b) { return a.first - b.first; });
   EXPECT_TRUE(std::is_sorted(pairs.begin(), pairs.end()));

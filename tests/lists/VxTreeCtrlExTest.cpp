@@ -89,7 +89,8 @@ protected:
     return rect;
   }
   // Pixels of `colour` in the row of `item` between x0 and x1.
-  static int Count(wxImage const & image, RECT const & row, int x0, int x1, wxColour colour) {
+  static int Count(wxImage const & image, RECT const & row, int x0, int x1,
+                   wxColour const & colour) {
     int found = 0;
     for (int y = row.top; y < row.bottom; ++y)
       for (int x = std::max(0, x0); x < std::min(x1, image.GetWidth()); ++x)
@@ -115,8 +116,8 @@ TEST_F(TreeExTest, ItemsAnswerByRootIndexAndRefuseBadHandles) {
   HTREEITEM const a = tree->InsertItem(L"a");
   HTREEITEM const b = tree->InsertItem(L"b");
   HTREEITEM const child = tree->InsertItem(L"a1", a);
-  tree->InsertItem(0, L"last");        // index 0 appends
-  tree->InsertItem(1, L"after a");     // after root 1
+  tree->InsertItem(0, L"last");     // index 0 appends
+  tree->InsertItem(1, L"after a");  // after root 1
   EXPECT_EQ(Roots(), (std::vector<std::wstring>{L"a", L"b", L"after a", L"last"}));
   EXPECT_EQ(tree->GetListItem(b), 1);
   EXPECT_EQ(tree->GetListItem(child), 4);  // no root: the number of roots
