@@ -372,6 +372,13 @@ void VxTreeCtrlEx::DeleteItemData(HTREEITEM item) {
   delete record;  // NOLINT(cppcoreguidelines-owning-memory)
 }
 
+void VxTreeCtrlEx::OnItemCopied(HTREEITEM source, HTREEITEM copy) {
+  ItemData const * const record = GetItemRecord(source);
+  auto clone = record != nullptr ? std::make_unique<ItemData>(*record) : nullptr;
+  CTreeCtrl::SetItemData(copy, reinterpret_cast<LPARAM>(clone.release()));
+  UpdateHasChildren(GetParentItem(copy));
+}
+
 void VxTreeCtrlEx::UpdateHasChildren(HTREEITEM parent) {
   if (ItemData * const record = GetItemRecord(parent))
     record->hasChildren = GetChildItem(parent) ? 1 : 0;

@@ -177,7 +177,11 @@ TEST_F(TreeExTest, CopiesAndMovesOnlyLeaves) {
   EXPECT_EQ(tree->GetParentItem(moved), copy);
   EXPECT_EQ(tree->GetItemRecord(group)->hasChildren, 0);
   EXPECT_EQ(tree->GetItemRecord(copy)->hasChildren, 1);
-  EXPECT_EQ(tree->DeleteSubItems(copy), 0);
+  // The family tree's branch copy gives the copies records of their own.
+  HTREEITEM const twin = tree->CopyBranch(copy, TVI_ROOT);
+  ASSERT_TRUE(tree->DeleteItem(copy));
+  EXPECT_EQ(tree->GetItemText(tree->GetChildItem(twin), 2), L"mg");
+  EXPECT_EQ(tree->DeleteSubItems(twin), 0);
   EXPECT_EQ(tree->GetItemCount(), 2);
   tree->DeleteAllItems();
   EXPECT_EQ(tree->GetItemCount(), 0);
