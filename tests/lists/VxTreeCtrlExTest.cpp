@@ -291,6 +291,7 @@ TEST_F(TreeExTest, ClicksCountAnywhereInTheRowAndCtrlAddsInMultiSelection) {
   HTREEITEM const a = tree->InsertItem(L"a");
   HTREEITEM const b = tree->InsertItem(L"b");
   HTREEITEM const c = tree->InsertItem(L"c");
+  tree->InsertItem(L"a1", a);
   Show();
   auto middle = [this](HTREEITEM item, int x) {
     RECT const row = Row(item);
@@ -312,6 +313,10 @@ TEST_F(TreeExTest, ClicksCountAnywhereInTheRowAndCtrlAddsInMultiSelection) {
   EXPECT_NE(tree->GetItemState(c, TVIS_SELECTED), 0U);
   ASSERT_FALSE(host->selectionIds.empty());
   EXPECT_EQ(host->selectionIds.back(), UINT_PTR(373));
+  // A click on a button expands and keeps the selection.
+  FakeClickAt(*tree, middle(a, static_cast<int>(tree->GetIndent()) / 2));
+  EXPECT_TRUE(gui_test::WaitUntil([&] { return tree->GetItemState(a, TVIS_EXPANDED) != 0; }));
+  EXPECT_EQ(tree->GetSelectedItemCount(), 2);
 }
 
 TEST_F(TreeExTest, DoubleClickExpandsOnlyInTheFirstColumn) {
