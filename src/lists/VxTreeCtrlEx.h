@@ -178,6 +178,7 @@ private:
   wxFont mPaintFont;
   wxFont mPaintBoldFont;
   COLORREF mPaintWindowText = 0;
+  wxRect mPaintClip;
   // ResetVertScrollBar: whether the tree had its vertical bar, and the
   // sideways bar's last limit.
   bool mHadVerticalBar = false;

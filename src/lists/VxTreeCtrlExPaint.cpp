@@ -70,6 +70,7 @@ void VxTreeCtrlEx::OnPaint(wxDC & dc, wxRect const & clip) {
   mPaintFont = GetFont();
   mPaintBoldFont = mPaintFont.Bold();
   mPaintWindowText = GetSysColor(COLOR_WINDOWTEXT);
+  mPaintClip = clip;
   // The plain tree paints lines, buttons and icons (its labels are empty;
   // the family tree's own label texts and picture have no place here), then
   // PaintRow the cells of each row over them.
@@ -107,16 +108,20 @@ void VxTreeCtrlEx::PaintRow(wxDC & dc, HTREEITEM item, RECT const & label) {
   dc.SetFont(record->bold ? mPaintBoldFont : mPaintFont);
 
   if (mPaintWidths.empty()) return;
-  std::wstring_view const first = record->ColumnView(0);
-  RECT const cell0{rowLeft - 2 + offset, label.top, firstWidth + offset, label.bottom};
-  DrawItemText(dc, wxString(first.data(), first.size()), cell0, firstWidth - rowLeft + 2,
-               record->group ? 1 : GetColumnAlign(0));
+  // Only the cells under the paint's clip: a sideways step paints a strip.
+  int const clipLeft = mPaintClip.GetLeft();
+  int const clipRight = mPaintClip.GetRight() + 1;
+  if (firstWidth + offset > clipLeft && rowLeft - 2 + offset < clipRight) {
+    std::wstring_view const first = record->ColumnView(0);
+    RECT const cell0{rowLeft - 2 + offset, label.top, firstWidth + offset, label.bottom};
+    DrawItemText(dc, wxString(first.data(), first.size()), cell0, firstWidth - rowLeft + 2,
+                 record->group ? 1 : GetColumnAlign(0));
+  }
   int left = firstWidth;
-  wxCoord const clientWidth = GetClientSize().x;
   for (int column = 1; column < mColumnCount; ++column) {
     int const width = mPaintWidths[static_cast<std::size_t>(column)];
-    if (left + offset >= clientWidth) break;
-    if (left + width + offset > 0) {
+    if (left + offset >= clipRight) break;
+    if (left + width + offset > clipLeft) {
       std::wstring_view const text = record->ColumnView(column);
       RECT const cell{left + offset, label.top, left + width + offset, label.bottom};
       DrawItemText(dc, wxString(text.data(), text.size()), cell, width, GetColumnAlign(column));
