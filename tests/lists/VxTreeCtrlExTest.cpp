@@ -199,6 +199,12 @@ TEST_F(TreeExTest, SortsGroupsFirstThenByPriorityAndNumbers) {
   // and keeps its place.
   tree->SortItems(0, false, TVI_NULL);
   EXPECT_EQ(Roots(), (std::vector<std::wstring>{L"group", L"b", L"A", L"Sample 10", L"Sample 2"}));
+  // An order that is no permutation of the children moves nothing.
+  HTREEITEM const first = tree->GetRootItem();
+  HTREEITEM const child = tree->GetChildItem(group);
+  std::vector<HTREEITEM> const bad[] = {{first, first, first, first, first}, {child}, {}};
+  for (auto const & order : bad) EXPECT_EQ(tree->SetChildOrder(TVI_ROOT, order), 0);
+  EXPECT_EQ(Roots(), (std::vector<std::wstring>{L"group", L"b", L"A", L"Sample 10", L"Sample 2"}));
 }
 
 TEST_F(TreeExTest, PaintsRowsCellsAndGroups) {
@@ -254,7 +260,14 @@ TEST_F(TreeExTest, SidewaysBarFollowsTheColumnsWidth) {
   tree->ResetVertScrollBar();
   EXPECT_TRUE(host->bar->IsShown());
   EXPECT_EQ(host->bar->GetRange(), tree->GetColumnsWidth());
-  tree->SetHorizontalOffset(-50);
+  // The offset moves the rows, and their hits with them.
+  HTREEITEM const item = tree->InsertItem(L"row");
+  int const left = Row(item).left;
+  tree->SetHorizontalOffset(-10);
+  EXPECT_EQ(Row(item).left, left - 10);
+  UINT hit = 0;
+  EXPECT_EQ(tree->HitTest(POINT{left - 10 + 2, Row(item).top + 2}, &hit), item);
+  EXPECT_EQ(hit, TVHT_ONITEMLABEL);
   tree->SetColumnWidth(2, 40);
   tree->ResetVertScrollBar();
   EXPECT_FALSE(host->bar->IsShown());
