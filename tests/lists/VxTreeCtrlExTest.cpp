@@ -183,6 +183,12 @@ TEST_F(TreeExTest, CopiesAndMovesOnlyLeaves) {
   EXPECT_EQ(tree->GetItemText(tree->GetChildItem(twin), 2), L"mg");
   EXPECT_EQ(tree->DeleteSubItems(twin), 0);
   EXPECT_EQ(tree->GetItemCount(), 2);
+  // Deleting the selection keeps the parent's flag too.
+  tree->EnableMultiSelect(true);
+  HTREEITEM const only = tree->InsertItem(L"only", twin);
+  tree->SetItemState(only, TVIS_SELECTED, TVIS_SELECTED);
+  tree->DeleteSelectedItems(false);
+  EXPECT_EQ(tree->GetItemRecord(twin)->hasChildren, 0);
   tree->DeleteAllItems();
   EXPECT_EQ(tree->GetItemCount(), 0);
 }
