@@ -217,6 +217,9 @@ TEST_F(TreeExTest, PaintsRowsCellsAndGroups) {
   HTREEITEM const group = tree->InsertItem(L"Series");
   HTREEITEM const run = tree->InsertItem(L"Run", group);
   HTREEITEM const plain = tree->InsertItem(L"plain");
+  HTREEITEM const red = tree->InsertItem(L"Red and bold");
+  tree->SetItemColor(red, 0x0000C8, false);
+  tree->SetItemBold(red, true, false);
   tree->SetItemText(plain, 1, std::wstring(1'000'000, L'W').c_str());  // a megabyte cell
   tree->SetItemState(plain, TVIS_SELECTED, TVIS_SELECTED);
   Show();
@@ -241,6 +244,7 @@ TEST_F(TreeExTest, PaintsRowsCellsAndGroups) {
   RECT const groupRow = Row(group);
   EXPECT_GT(Count(image, groupRow, 80, 120, windowText), 0);
   EXPECT_EQ(Count(image, groupRow, Row(group).left, 60, windowText), 0);
+  EXPECT_GT(Count(image, Row(red), 0, 120, wxColour(0xC8, 0, 0)), 0);
 }
 
 TEST_F(TreeExTest, ManyOrNoColumnsPaint) {
