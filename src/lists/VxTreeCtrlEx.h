@@ -21,6 +21,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "lists/CNewHeaderCtrl.h"
@@ -161,7 +164,10 @@ protected:
   void PaintRow(wxDC & dc, HTREEITEM item, RECT const & label) override;
 
 private:
-  void Init();
+  // Text sizes by text, for one font.
+  using TextExtents = std::unordered_map<std::wstring, std::pair<int, int>>;
+  static void DrawCellText(wxDC & dc, wxString const & text, RECT rect, int width, int align,
+                           TextExtents * kept);
   TreeListHost * GetHost() const;
   void ResetHostScrollBar();
   HTREEITEM InsertRecord(wchar_t const * text, TVINSERTSTRUCTW insert);
@@ -182,6 +188,7 @@ private:
   wxFont mPaintBoldFont;
   COLORREF mPaintWindowText = 0;
   wxRect mPaintClip;
+  TextExtents mKeptExtents[2];  // plain and bold
   // ResetVertScrollBar: whether the tree had its vertical bar, and the
   // sideways bar's last limit.
   bool mHadVerticalBar = false;
