@@ -256,7 +256,7 @@ TEST_F(TreeExTest, ManyOrNoColumnsPaint) {
   EXPECT_EQ(tree->GetItemText(item, 999), L"999");
   auto const start = std::chrono::steady_clock::now();
   Paint();
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
   tree->ClearColumns();
   EXPECT_EQ(tree->GetColumnsWidth(), 0);
   Paint();
