@@ -53,11 +53,10 @@ VxPropertySheet::VxPropertySheet(wchar_t const * caption, wxWindow * parent, uns
 }
 
 VxPropertySheet::~VxPropertySheet() {
-  // The pages belong to the application and outlive the window.
-  for (VxPropertyPage * page : mPages) {
-    page->DestroyPageWindow();
-    page->Attach(nullptr);
-  }
+  // The pages belong to the application and outlive the window; their
+  // windows leave the book first, which would delete them again.
+  ReleasePageWindows();
+  for (VxPropertyPage * page : mPages) page->Attach(nullptr);
   mPages.clear();
 }
 
