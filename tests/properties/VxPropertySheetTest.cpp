@@ -44,6 +44,7 @@ wxNotebook * BookOf(wxWindow & sheet) {
 
 // A real click on the tab of page `index`.
 void ClickTab(wxNotebook & book, int index) {
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return IsClickable(book); }));
   for (int x = 2; x < book.GetClientSize().x; x += 4) {
     for (int y = 4; y < 40; y += 6) {
       if (book.HitTest(wxPoint(x, y)) != index) continue;
