@@ -16,10 +16,13 @@
 #include "MessagesMenu.h"
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
+#include "PropertiesCommand.h"
 #include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
+#include "RunList.h"
 #include "RunListPanel.h"
 #include "RunPicker.h"
+#include "RunSettingsSheet.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
 #include "TimeGridDialog.h"
@@ -62,6 +65,9 @@ MainFrame::MainFrame()
               wxDefaultPosition, wxSize(720, 480)) {
   BuildMenus();
   BuildPage();
+  auto * view = new wxMenu;
+  AddPropertiesCommand(*view, *this, mRuns->List());
+  GetMenuBar()->Insert(1, view, Tr("Menu", "&View"));
   SetStatusBar(new VxStatusBar(this));
   SetStatusText(mRuns->Summary());
 }
@@ -85,6 +91,7 @@ void MainFrame::BuildMenus() {
   AddOpenFavouritesCommand(*tools, *this);
   AddEditsCommand(*tools, *this);
   AddNotesCommand(*tools, *this);
+  AddRunSettingsCommands(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

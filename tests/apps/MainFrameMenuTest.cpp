@@ -41,6 +41,8 @@
 #include "lists/FilterListCtrlPopupBar.h"
 #include "platform/WinUser.h"
 #include "platform/commctrl/CListCtrl.h"
+#include "properties/VxModelessPropertySheet.h"
+#include "properties/VxPropertySheet.h"
 #include "utl/Utf.h"
 #include "work/Progress.h"
 
@@ -70,6 +72,9 @@ enum class Opens {
   kProjectTree,      // the runs by project window
   kEdits,            // the edits dialog
   kNotes,            // the notes pad
+  kSheet,            // a property sheet
+  kWizard,           // a property sheet as a wizard
+  kProperties,       // the modeless Properties window
   kReleaseNotes,     // the release notes
 };
 
@@ -99,6 +104,9 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Open favourites", {Opens::kDetails}},
     {"Tools/Edits...", {Opens::kEdits}},
     {"Tools/Notes", {Opens::kNotes}},
+    {"Tools/Run settings...", {Opens::kSheet}},
+    {"Tools/New run...", {Opens::kWizard}},
+    {"View/Properties", {Opens::kProperties}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -141,6 +149,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kEdits;
+  } else if (auto * sheet = dynamic_cast<VxPropertySheet *>(&dialog)) {
+    seen.opens = sheet->IsWizard() ? Opens::kWizard : Opens::kSheet;
   } else if (dynamic_cast<NotesDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kNotes;
   } else if (dynamic_cast<ReleaseNotesDialog *>(&dialog) != nullptr) {
@@ -259,7 +269,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
         Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
         Opens::kInfo,         Opens::kScrollBox,        Opens::kEdits,
-        Opens::kNotes,        Opens::kReleaseNotes,
+        Opens::kNotes,        Opens::kReleaseNotes,     Opens::kSheet,
+        Opens::kWizard,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -310,8 +321,16 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kEdits:
       case Opens::kNotes:
       case Opens::kReleaseNotes:
+      case Opens::kSheet:
+      case Opens::kWizard:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
+        break;
+      case Opens::kProperties:
+        ASSERT_TRUE(VxModelessPropertySheet::Exists());
+        EXPECT_TRUE(VxModelessPropertySheet::Instance()->IsShown());
+        EXPECT_GT(VxModelessPropertySheet::Instance()->GetPageCount(), 0);
+        VxModelessPropertySheet::Release();
         break;
       case Opens::kCalculation:
         EXPECT_TRUE(calculated);
