@@ -43,8 +43,7 @@ void SetText(VxPropertyPage const & page, int id, wxString const & text) {
 
 class RunPage : public VxPropertyPage {
 public:
-  explicit RunPage(Selection const & selection)
-      : VxPropertyPage(kRunPage), mSelection(selection) {}
+  explicit RunPage(Selection const & selection) : VxPropertyPage(kRunPage), mSelection(selection) {}
   bool OnSetActive() override {
     SetText(*this, kRunNameEdit, mSelection.Name());
     SetText(*this, kRunStateEdit, Tr("In use"));
@@ -112,9 +111,7 @@ class RunHandler : public VxPropertiesHandler {
 public:
   RunHandler(VxPropertyPage & own, VxPropertyPage & shared, bool sharedFirst,
              BasePropertyPageHelper & helper)
-      : mFirst(sharedFirst ? shared : own),
-        mSecond(sharedFirst ? own : shared),
-        mHelper(helper) {}
+      : mFirst(sharedFirst ? shared : own), mSecond(sharedFirst ? own : shared), mHelper(helper) {}
   void AddPropertyPages(VxModelessPropertySheet & sheet) override {
     sheet.AddRefCountedPage(&mFirst);
     sheet.AddRefCountedPage(&mSecond);

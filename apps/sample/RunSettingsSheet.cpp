@@ -107,8 +107,7 @@ public:
   // Refuses limits the wrong way round: the sheet stays open on them.
   bool OnApply() override {
     if (mLower >= mUpper) {
-      if (wxWindow * note = GetDlgItem(kLimitsNote))
-        note->SetForegroundColour(*wxRED);
+      if (wxWindow * note = GetDlgItem(kLimitsNote)) note->SetForegroundColour(*wxRED);
       GetSheet()->SetActivePage(this);
       return false;
     }
@@ -151,7 +150,9 @@ public:
     gSettings.strikeOut = mStrikeOut;
   }
   // A wizard applies at Finish.
-  bool OnWizardFinish() override { return VxPropertyPage::OnWizardFinish() && GetSheet()->ApplyAllNow(); }
+  bool OnWizardFinish() override {
+    return VxPropertyPage::OnWizardFinish() && GetSheet()->ApplyAllNow();
+  }
   bool mShowRetired = gSettings.showRetired;
   bool mStrikeOut = gSettings.strikeOut;
 };
