@@ -42,6 +42,7 @@ void PropertySheetOpen_candidate(benchmark::State & state) {
   ModalUntil hook(ModalUntil::FirstPaint());
   for (auto _ : state) {
     std::vector<std::unique_ptr<VxPropertyPage>> pages;
+    pages.reserve(kPages);
     VxPropertySheet sheet(L"Settings");
     for (int i = 0; i < kPages; ++i) {
       pages.push_back(std::make_unique<VxPropertyPage>(kPageTemplate));
@@ -59,8 +60,8 @@ void PropertySheetOpen_baseline(benchmark::State & state) {
   if (!Started(state)) return;
   ModalUntil hook(ModalUntil::FirstPaint());
   for (auto _ : state) {
-    wxPropertySheetDialog sheet(nullptr, wxID_ANY, "Settings", wxDefaultPosition,
-                                wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
+    wxPropertySheetDialog sheet(nullptr, wxID_ANY, "Settings", wxDefaultPosition, wxDefaultSize,
+                                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
     sheet.CreateButtons(wxOK | wxCANCEL | wxHELP);
     for (int i = 0; i < kPages; ++i) {
       auto * page = new wxPanel(sheet.GetBookCtrl());
@@ -115,6 +116,7 @@ void Switch(benchmark::State & state, PagesHandler & first, PagesHandler & secon
 std::vector<VxPropertyPage *> Pointers(std::vector<std::unique_ptr<VxPropertyPage>> & pages,
                                        size_t from, size_t to) {
   std::vector<VxPropertyPage *> pointers;
+  pointers.reserve(to - from);
   for (size_t i = from; i < to; ++i) pointers.push_back(pages[i].get());
   return pointers;
 }
@@ -123,6 +125,7 @@ void PropertiesSwitch_candidate(benchmark::State & state) {
   if (!Started(state)) return;
   // 0-2 shared, 3-4 the first handler's, 5-6 the second's.
   std::vector<std::unique_ptr<VxPropertyPage>> pages;
+  pages.reserve(7);
   for (int i = 0; i < 7; ++i) pages.push_back(std::make_unique<VxPropertyPage>(kPageTemplate));
   PagesHandler first(Pointers(pages, 0, 5));
   std::vector<VxPropertyPage *> secondPages = Pointers(pages, 0, 3);
@@ -138,6 +141,7 @@ BENCHMARK(PropertiesSwitch_candidate)
 void PropertiesSwitch_baseline(benchmark::State & state) {
   if (!Started(state)) return;
   std::vector<std::unique_ptr<VxPropertyPage>> pages;
+  pages.reserve(10);
   for (int i = 0; i < 10; ++i) pages.push_back(std::make_unique<VxPropertyPage>(kPageTemplate));
   PagesHandler first(Pointers(pages, 0, 5));
   PagesHandler second(Pointers(pages, 5, 10));

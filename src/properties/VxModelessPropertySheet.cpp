@@ -15,6 +15,8 @@ VxModelessPropertySheet * gInstance = nullptr;
 }  // namespace
 
 VxModelessPropertySheet * VxModelessPropertySheet::Instance() {
+  // The check takes the guard's name in the bases for an exception type.
+  // NOLINTNEXTLINE(bugprone-throw-keyword-missing)
   if (gInstance == nullptr) gInstance = new VxModelessPropertySheet;
   return gInstance;
 }

@@ -82,7 +82,7 @@ private:
 
 // Runs `body` on the shown dialog; a dialog it left running (a failed
 // assertion returns early) is ended, so that no test hangs.
-inline std::function<void(wxDialog &)> Checked(std::function<void(wxDialog &)> body) {
+inline std::function<void(wxDialog &)> Checked(std::function<void(wxDialog &)> const & body) {
   return [body](wxDialog & dialog) {
     body(dialog);
     // A click the body made may still be on its way.
