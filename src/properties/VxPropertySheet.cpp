@@ -195,8 +195,20 @@ void VxPropertySheet::AddPage(VxPropertyPage * page) {
   page->Attach(this);
   if (mBook == nullptr) return;
   AddTab(page);
+  GrowToPages();
   if (mActive < 0 && !mSwitching) Activate(GetPageCount() - 1);
   UpdateApplyButton();
+}
+
+void VxPropertySheet::GrowToPages() {
+  // A page added to a shown sheet (the Properties window starts empty) may
+  // need more room than the window has; it never shrinks under the user.
+  if (GetSizer() == nullptr) return;
+  wxSize const least = GetSizer()->ComputeFittingWindowSize(this);
+  wxSize const now = GetSize();
+  SetMinSize(least);
+  if (now.x < least.x || now.y < least.y)
+    SetSize(wxSize(std::max(now.x, least.x), std::max(now.y, least.y)));
 }
 
 void VxPropertySheet::RemovePage(VxPropertyPage * page) {

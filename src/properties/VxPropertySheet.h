@@ -117,6 +117,7 @@ private:
   bool MakeWindow(wxWindow * parent);
   void AddButtons(wxBoxSizer & row);
   void AddTab(VxPropertyPage * page);
+  void GrowToPages();
   void Activate(int index);
   void WizardStep(int direction);
   void Finish();

@@ -68,6 +68,7 @@ TEST_F(ModelessTest, ASharedPageLivesOnAcrossHandlers) {
   EXPECT_EQ(sheet->GetPage(0), &limits);
   EXPECT_EQ(sheet->GetActivePage(), &limits) << "the page shown before stays shown";
   EXPECT_EQ(limits.GetSafeHwnd(), limitsWindow) << "not rebuilt";
+  gui_test::Snapshot(*sheet, "properties-window");
   EXPECT_EQ(Count(log, "init 4410"), 1);
   EXPECT_EQ(general.GetSafeHwnd(), nullptr);
   EXPECT_EQ(general.GetSheet(), nullptr);

@@ -108,6 +108,7 @@ TEST_F(SheetTest, PagesComeToLifeAtFirstActivationInOrder) {
     EXPECT_EQ(limits.GetDlgItem(EditOf(kLimits)), nullptr) << "not opened yet";
     ClickTab(*book, 1);
     ASSERT_TRUE(gui_test::WaitUntil([&] { return sheet.GetActiveIndex() == 1; }));
+    gui_test::Snapshot(dialog, "property-sheet");
     ClickTab(*book, 0);
     ASSERT_TRUE(gui_test::WaitUntil([&] { return sheet.GetActiveIndex() == 0; }));
     gui_test::Click(dialog, IDOK);

@@ -111,6 +111,7 @@ TEST(Wizard, StepsThroughItsPagesToFinish) {
       gtk_widget_get_allocation(finish.GetHandle(), &place);
       return IsClickable(finish) && place.x == finish.GetPosition().x && place.width > 1;
     }));
+    gui_test::Snapshot(dialog, "wizard-last-page");
     FakeClick(finish);
   }));
   EXPECT_EQ(wizard.DoModal(), ID_WIZFINISH);
