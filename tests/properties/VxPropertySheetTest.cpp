@@ -18,6 +18,8 @@
 #include "properties/BasePropertyPageHelper.h"
 #include "properties/SheetTestPages.h"
 #include "properties/VxPropertySheet.h"
+#include "properties/VxSubHandlerPropertyPage.h"
+#include "properties/VxSubPropertyPage.h"
 #include "work/XTestInput.h"
 
 using namespace sheet_test;
@@ -219,6 +221,48 @@ TEST_F(SheetTest, PagesOutOfRangeAndPagesThatGoFirst) {
       e->Delete();
     }
   }
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(SheetTest, AnInnerPageFillsItsFrameAndCountsAsTheOuterPage) {
+  VxPropertySheet sheet(L"Run settings");
+  VxSubHandlerPropertyPage outer(kOuter + 1, kOuter);
+  VxSubPropertyPage first(kGeneral);
+  VxSubPropertyPage second(kLimits);
+  outer.SetSubPage(&first);
+  sheet.AddPage(&outer);
+
+  ModalDialogScript script;
+  script.Act(Checked([&](wxDialog & dialog) {
+    ASSERT_TRUE(gui_test::WaitUntilPlaced(sheet));
+    wxWindow * frame = outer.GetDlgItem(static_cast<int>(kOuter + 1));
+    ASSERT_NE(first.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(first.GetSafeHwnd()->GetRect(), frame->GetRect());
+    EXPECT_TRUE(first.GetSafeHwnd()->IsShown());
+
+    // The frame grows with the window, the inner page with the frame.
+    dialog.SetSize(dialog.GetSize() + wxSize(80, 60));
+    ASSERT_TRUE(gui_test::WaitUntil([&] {
+      return frame->GetRect() == first.GetSafeHwnd()->GetRect() && frame->GetSize().x > 300;
+    }));
+
+    first.Changed();
+    EXPECT_TRUE(outer.IsChanged());
+    EXPECT_TRUE(ApplyEnabled(dialog));
+    first.Unchanged();
+    EXPECT_FALSE(outer.IsChanged());
+
+    outer.SetSubPage(&second);
+    EXPECT_EQ(first.GetSafeHwnd(), nullptr) << "the page shown before goes";
+    ASSERT_NE(second.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(second.GetSafeHwnd()->GetRect(), frame->GetRect());
+    second.OnOK();  // Enter in an inner page ends the sheet
+  }));
+  EXPECT_EQ(sheet.DoModal(), IDOK);
+  EXPECT_EQ(second.GetSafeHwnd(), nullptr);
 }
 
 }  // namespace
