@@ -179,7 +179,7 @@ void RunSheet(wxFrame & frame, bool wizard) {
 
 void AddRunSettingsCommands(wxMenu & menu, wxFrame & frame) {
   menu.Append(kRunSettingsCommand, Tr("Menu command", "Run &settings..."));
-  menu.Append(kNewRunWizardCommand, Tr("Menu command", "&New run..."));
+  menu.Append(kNewRunWizardCommand, Tr("Menu command", "New r&un..."));
   frame.Bind(
       wxEVT_MENU, [&frame](wxCommandEvent &) { RunSheet(frame, false); }, kRunSettingsCommand);
   frame.Bind(

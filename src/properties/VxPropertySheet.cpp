@@ -83,6 +83,7 @@ bool VxPropertySheet::MakeWindow(wxWindow * parent) {
   SetSizer(column);
   mSwitching = false;
   GetSizer()->SetSizeHints(this);
+  if (mWizard) SetWizardButtons(mWizardFlags);
   if (!mSaveName.empty()) RestoreWindowPlace();
   return true;
 }
@@ -100,8 +101,7 @@ void VxPropertySheet::AddButtons(wxBoxSizer & row) {
     add(ID_WIZFINISH, "Finish");
     add(IDCANCEL, "Cancel");
     add(IDHELP, "Help");
-    SetWizardButtons(mWizardFlags);
-    return;
+    return;  // the flags apply once the window has room for every button
   }
   bool const commit = !mModeless || mKeepModalLayout;
   wxButton * ok = add(IDOK, "OK");
@@ -201,8 +201,9 @@ void VxPropertySheet::AddPage(VxPropertyPage * page) {
 }
 
 void VxPropertySheet::GrowToPages() {
-  // A page added to a shown sheet (the Properties window starts empty) may
-  // need more room than the window has; it never shrinks under the user.
+  // A page added to a shown sheet (the Properties window starts empty), or
+  // a button shown, may need more room than the window has; it never
+  // shrinks under the user.
   if (GetSizer() == nullptr) return;
   wxSize const least = GetSizer()->ComputeFittingWindowSize(this);
   wxSize const now = GetSize();
@@ -307,6 +308,7 @@ void VxPropertySheet::SetWizardButtons(unsigned long flags) {
     finish->SetDefault();
   else if ((flags & PSWIZB_NEXT) != 0)
     next->SetDefault();
+  GrowToPages();
   if (wxSizer * sizer = GetSizer()) sizer->Layout();
 }
 

@@ -53,9 +53,8 @@ TEST(SampleProperties, TheWindowFollowsTheSelectionAndKeepsTheSharedPage) {
   list.SetItemState(retired, 0, LVIS_SELECTED);
   list.SetItemState(inUse, LVIS_SELECTED, LVIS_SELECTED);
   // The kept page keeps its tab; the run's own page comes beside it.
-  ASSERT_TRUE(gui_test::WaitUntil([&] {
-    return sheet->GetPageCount() == 2 && sheet->GetPage(1)->GetTemplateID() == 7150u;
-  }));
+  ASSERT_TRUE(gui_test::WaitUntil(
+      [&] { return sheet->GetPageCount() == 2 && sheet->GetPage(1)->GetTemplateID() == 7150u; }));
   EXPECT_EQ(sheet->GetPageIndex(comment), 0);
   EXPECT_EQ(comment->GetSafeHwnd(), commentWindow) << "the shared page is not rebuilt";
   EXPECT_EQ(sheet->GetActivePage(), comment) << "and stays shown";

@@ -73,6 +73,8 @@ TEST(Wizard, ButtonsStandSideBySideAsTheFlagsSay) {
       wxButton & after = ButtonOf(dialog, IDCANCEL);
       wxButton & neighbour = row.finishShown ? finish : next;
       EXPECT_EQ(after.GetPosition().x, neighbour.GetRect().GetRight() + 1 + 6);
+      EXPECT_LT(ButtonOf(dialog, IDHELP).GetRect().GetRight(), dialog.GetClientSize().x)
+          << "every button inside the window";
     }
     gui_test::Click(dialog, IDCANCEL);
   }));
