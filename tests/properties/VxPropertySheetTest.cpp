@@ -4,6 +4,7 @@
 // the sheet open with its changes.
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@
 
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "html/HelpEngine.h"
+#include "html/VxHtmlHelp.h"
 #include "platform/CException.h"
 #include "platform/InternalErrorReport.h"
 #include "platform/WinUser.h"
@@ -263,6 +266,50 @@ TEST_F(SheetTest, AnInnerPageFillsItsFrameAndCountsAsTheOuterPage) {
   }));
   EXPECT_EQ(sheet.DoModal(), IDOK);
   EXPECT_EQ(second.GetSafeHwnd(), nullptr);
+}
+
+}  // namespace
+
+namespace {
+
+struct AvailableEngine : HelpEngine {
+  explicit AvailableEngine(std::vector<HelpRequest> & requests) : requests(requests) {}
+  bool IsAvailable() const override { return true; }
+  bool Execute(HelpRequest const & request) override {
+    requests.push_back(request);
+    return true;
+  }
+  std::vector<HelpRequest> & requests;
+};
+
+TEST_F(SheetTest, HelpAndF1ShowTheActivePagesTopic) {
+  std::vector<HelpRequest> requests;
+  VxHtmlHelp::Instance()->SetHelpFile(L"/usr/share/doc/sample/Sample.chm");
+  VxSetHelpEngine(std::make_unique<AvailableEngine>(requests));
+  VxPropertySheet sheet(L"Run settings");
+  TestPage general(kGeneral, log);
+  TestPage limits(kLimits, log);
+  limits.SetHelpTopicID(77);
+  sheet.AddPage(&general);
+  sheet.AddPage(&limits);
+
+  std::vector<bool> enabled;
+  ModalDialogScript script;
+  script.Act(Checked([&](wxDialog & dialog) {
+    dialog.UpdateWindowUI(wxUPDATE_UI_RECURSE);
+    enabled.push_back(dialog.FindWindow(IDHELP)->IsEnabled());
+    ASSERT_TRUE(sheet.SetActivePage(1));
+    dialog.UpdateWindowUI(wxUPDATE_UI_RECURSE);
+    enabled.push_back(dialog.FindWindow(IDHELP)->IsEnabled());
+    gui_test::Click(dialog, IDHELP);
+    gui_test::PressKey(dialog, WXK_F1);
+    gui_test::Click(dialog, IDCANCEL);
+  }));
+  sheet.DoModal();
+  VxSetHelpEngine(nullptr);
+  EXPECT_EQ(enabled, (std::vector<bool>{false, true})) << "only a page with a topic";
+  ASSERT_EQ(requests.size(), 2u);
+  for (HelpRequest const & request : requests) EXPECT_EQ(std::get<int>(request.value), 77);
 }
 
 }  // namespace

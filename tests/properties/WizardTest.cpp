@@ -37,6 +37,17 @@ wxButton & ButtonOf(wxWindow & sheet, int id) {
   return *wxStaticCast(sheet.FindWindow(id), wxButton);
 }
 
+// Clicks `button` for real once GTK has given it the place wx laid it out
+// at: buttons move as Finish comes and goes.
+void ClickWhenPlaced(wxButton & button) {
+  ASSERT_TRUE(gui_test::WaitUntil([&] {
+    GtkAllocation place;
+    gtk_widget_get_allocation(button.GetHandle(), &place);
+    return IsClickable(button) && place.x == button.GetPosition().x && place.width > 1;
+  }));
+  FakeClick(button);
+}
+
 TEST(Wizard, ButtonsStandSideBySideAsTheFlagsSay) {
   std::vector<std::string> log;
   VxPropertySheet wizard(L"New run");
@@ -96,25 +107,16 @@ TEST(Wizard, StepsThroughItsPagesToFinish) {
     ASSERT_TRUE(gui_test::WaitUntilPlaced(wizard));
     wxButton & next = ButtonOf(dialog, ID_WIZNEXT);
     for (int step = 1; step <= 2; ++step) {
-      ASSERT_TRUE(gui_test::WaitUntil([&] { return IsClickable(next); }));
-      FakeClick(next);
+      ClickWhenPlaced(next);
       ASSERT_TRUE(gui_test::WaitUntil([&] { return wizard.GetActiveIndex() == step; }));
       titles.push_back(dialog.GetTitle());
     }
     EXPECT_FALSE(next.IsEnabled());
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return IsClickable(ButtonOf(dialog, ID_WIZBACK)); }));
-    FakeClick(ButtonOf(dialog, ID_WIZBACK));
+    ClickWhenPlaced(ButtonOf(dialog, ID_WIZBACK));
     ASSERT_TRUE(gui_test::WaitUntil([&] { return wizard.GetActiveIndex() == 1; }));
     ASSERT_TRUE(wizard.SetActivePage(2));
-    wxButton & finish = ButtonOf(dialog, ID_WIZFINISH);
-    // A button just shown takes clicks once GTK has given it its place.
-    ASSERT_TRUE(gui_test::WaitUntil([&] {
-      GtkAllocation place;
-      gtk_widget_get_allocation(finish.GetHandle(), &place);
-      return IsClickable(finish) && place.x == finish.GetPosition().x && place.width > 1;
-    }));
     gui_test::Snapshot(dialog, "wizard-last-page");
-    FakeClick(finish);
+    ClickWhenPlaced(ButtonOf(dialog, ID_WIZFINISH));
   }));
   EXPECT_EQ(wizard.DoModal(), ID_WIZFINISH);
   EXPECT_EQ(titles, (std::vector<wxString>{"Step 2", "Step 3"}));
