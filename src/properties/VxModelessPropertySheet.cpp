@@ -69,12 +69,22 @@ void VxModelessPropertySheet::ChangePropertiesHandler(VxPropertiesHandler * hand
     PropertyPageListener::Connect(nullptr);
   }
 
-  // Redraw is off while tabs come and go in a shown window.
-  bool frozen = false;
+  // Redraw is off while tabs come and go in a shown window, and comes back
+  // however this ends (a handler may throw).
+  struct Redraw {
+    VxModelessPropertySheet & sheet;
+    bool frozen = false;
+    ~Redraw() {
+      sheet.DeferActivation(false);
+      if (!frozen) return;
+      sheet.Thaw();
+      sheet.Refresh();
+    }
+  } redraw{*this};
   auto freeze = [&] {
-    if (!visible || frozen) return;
+    if (!visible || redraw.frozen) return;
     Freeze();
-    frozen = true;
+    redraw.frozen = true;
   };
   DeferActivation(true);
   std::vector<VxPropertyPage *> const queued = std::move(mQueued);
@@ -93,12 +103,8 @@ void VxModelessPropertySheet::ChangePropertiesHandler(VxPropertiesHandler * hand
   VxPropertyPage * chosen = handler != nullptr ? handler->ChooseActivePage(previous) : nullptr;
   if (GetPageIndex(chosen) < 0) chosen = GetActivePage();
   if (chosen == nullptr && GetPageCount() > 0) chosen = GetPage(0);
-  if (chosen != nullptr && chosen != GetActivePage()) SetActivePage(chosen);
-  if (frozen) {
-    Thaw();
-    Refresh();
-  }
   mHandler = handler;
+  if (chosen != nullptr && chosen != GetActivePage()) SetActivePage(chosen);
 }
 
 void VxModelessPropertySheet::ListenerUpdate() { ChangePropertiesHandler(mHandler); }

@@ -86,6 +86,32 @@ TEST_F(ModelessTest, ASharedPageLivesOnAcrossHandlers) {
   EXPECT_EQ(limits.CountRefs(), 0u);
 }
 
+// Fails where it is asked for the page to show.
+class FailingHandler : public TestHandler {
+public:
+  using TestHandler::TestHandler;
+  VxPropertyPage * ChooseActivePage(VxPropertyPage *) override {
+    throw Exception(ExceptionMessage::translate("The selection is gone."));
+  }
+};
+
+TEST_F(ModelessTest, AFailingHandlerLeavesTheWindowUsable) {
+  std::vector<std::string> log;
+  TestPage general(kGeneral, log);
+  TestPage limits(kLimits, log);
+  TestHandler runs({&general});
+  FailingHandler failing({&limits});
+  VxModelessPropertySheet * sheet = VxModelessPropertySheet::Instance();
+  sheet->Create();
+  sheet->ChangePropertiesHandler(&runs);
+  EXPECT_THROW(sheet->ChangePropertiesHandler(&failing), Exception);
+  EXPECT_FALSE(sheet->IsFrozen()) << "redraw is back on";
+  sheet->ChangePropertiesHandler(&runs);
+  ASSERT_EQ(sheet->GetPageCount(), 1);
+  EXPECT_EQ(sheet->GetActivePage(), &general);
+  EXPECT_NE(general.GetDlgItem(EditOf(kGeneral)), nullptr);
+}
+
 TEST_F(ModelessTest, KeysAndClosingHideItAndHandThePagesBack) {
   std::vector<std::string> log;
   TestPage general(kGeneral, log);

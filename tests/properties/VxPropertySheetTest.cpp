@@ -116,6 +116,8 @@ TEST_F(SheetTest, PagesComeToLifeAtFirstActivationInOrder) {
     gui_test::Snapshot(dialog, "property-sheet");
     ClickTab(*book, 0);
     ASSERT_TRUE(gui_test::WaitUntil([&] { return sheet.GetActiveIndex() == 0; }));
+    notes.SetPageTitle(L"Remarks");  // while it runs
+    EXPECT_EQ(book->GetPageText(2), "Remarks");
     gui_test::Click(dialog, IDOK);
   }));
   EXPECT_EQ(sheet.DoModal(), IDOK);
