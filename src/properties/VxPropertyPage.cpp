@@ -117,8 +117,8 @@ CResizableLayout * VxPropertyPage::Layout() const {
 void VxPropertyPage::PopupMenu(wxMenu & menu, wxPoint const & position) {
   if (!mWindow) return;
   if (mUpdateMenuItems) EnableMenuItems(menu, mCommands);
-  // wx runs the update-UI handlers (they reach this page) before it shows
-  // the menu.
+  // Update-UI handlers of the page and its window have the last word.
+  menu.UpdateUI(this);
   mWindow->PopupMenu(&menu, position);
 }
 

@@ -8,7 +8,9 @@
 #include <string>
 #include <vector>
 
+#include <wx/app.h>
 #include <wx/button.h>
+#include <wx/menu.h>
 #include <wx/notebook.h>
 
 #include "harness/GuiTestUtilities.h"
@@ -312,6 +314,49 @@ TEST_F(SheetTest, HelpAndF1ShowTheActivePagesTopic) {
   EXPECT_EQ(enabled, (std::vector<bool>{false, true})) << "only a page with a topic";
   ASSERT_EQ(requests.size(), 2u);
   for (HelpRequest const & request : requests) EXPECT_EQ(std::get<int>(request.value), 77);
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(SheetTest, APagesPopupMenuOffersOnlyWhatThePageHandles) {
+  VxPropertySheet sheet(L"Run settings");
+  TestPage general(kGeneral, log);
+  sheet.AddPage(&general);
+  general.RegisterCommand(100);
+  general.RegisterCommand(103);
+  general.Bind(
+      wxEVT_UPDATE_UI, [](wxUpdateUIEvent & event) { event.Enable(true); }, 102);
+
+  wxMenu menu;
+  menu.Append(100, "Copy");
+  menu.Append(101, "Paste");
+  menu.Append(102, "Select all");
+  menu.AppendSeparator();
+  auto * more = new wxMenu;
+  more->Append(103, "Export");
+  more->Append(104, "Print");
+  menu.AppendSubMenu(more, "More");
+
+  ModalDialogScript script;
+  script.Act(Checked([&](wxDialog & dialog) {
+    ASSERT_TRUE(gui_test::WaitUntilPlaced(sheet));
+    // The menu is dismissed as soon as it is up.
+    general.GetSafeHwnd()->Bind(wxEVT_MENU_OPEN, [](wxMenuEvent & event) {
+      event.Skip();
+      if (event.GetMenu() != nullptr && event.GetMenu()->GetParent() == nullptr)
+        wxTheApp->CallAfter([] { FakeKey(XK_Escape); });
+    });
+    general.PopupMenu(menu);
+    gui_test::Click(dialog, IDCANCEL);
+  }));
+  sheet.DoModal();
+  EXPECT_TRUE(menu.IsEnabled(100));
+  EXPECT_FALSE(menu.IsEnabled(101)) << "no handler";
+  EXPECT_TRUE(menu.IsEnabled(102)) << "its update handler enables it";
+  EXPECT_TRUE(more->IsEnabled(103));
+  EXPECT_FALSE(more->IsEnabled(104));
 }
 
 }  // namespace
