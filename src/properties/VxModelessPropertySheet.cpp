@@ -99,6 +99,7 @@ void VxModelessPropertySheet::ChangePropertiesHandler(VxPropertiesHandler * hand
     RemovePage(index);
   }
   DeferActivation(false);
+  if (!queued.empty()) GrowToPages();
 
   VxPropertyPage * chosen = handler != nullptr ? handler->ChooseActivePage(previous) : nullptr;
   if (GetPageIndex(chosen) < 0) chosen = GetActivePage();

@@ -195,9 +195,10 @@ void VxPropertySheet::AddPage(VxPropertyPage * page) {
   page->Attach(this);
   if (mBook == nullptr) return;
   AddTab(page);
-  GrowToPages();
-  if (mActive < 0 && !mSwitching) Activate(GetPageCount() - 1);
   UpdateApplyButton();
+  if (mSwitching) return;  // the caller grows the window and activates once
+  GrowToPages();
+  if (mActive < 0) Activate(GetPageCount() - 1);
 }
 
 void VxPropertySheet::GrowToPages() {

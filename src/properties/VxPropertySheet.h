@@ -112,12 +112,14 @@ protected:
   // While on, adding or removing pages activates none: the caller chooses
   // the active page afterwards (SetActivePage).
   void DeferActivation(bool defer) { mSwitching = defer; }
+  // Gives the window the room its pages and buttons need (never less than
+  // it has).
+  void GrowToPages();
 
 private:
   bool MakeWindow(wxWindow * parent);
   void AddButtons(wxBoxSizer & row);
   void AddTab(VxPropertyPage * page);
-  void GrowToPages();
   void Activate(int index);
   void WizardStep(int direction);
   void Finish();
