@@ -17,11 +17,14 @@
 #include "NotesDialog.h"
 #include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
+#include "PropertiesCommand.h"
 #include "PropertyEditorsDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
+#include "RunList.h"
 #include "RunListPanel.h"
 #include "RunPicker.h"
+#include "RunSettingsSheet.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
 #include "TimeGridDialog.h"
@@ -67,6 +70,9 @@ MainFrame::MainFrame()
   auto * statusBar = new VxStatusBar(this);
   SetStatusBar(statusBar);
   AddProcessorLoadPane(*statusBar);
+  auto * view = new wxMenu;
+  AddPropertiesCommand(*view, *this, mRuns->List());
+  GetMenuBar()->Insert(1, view, Tr("Menu", "&View"));
   SetStatusText(mRuns->Summary());
 }
 
@@ -90,6 +96,7 @@ void MainFrame::BuildMenus() {
   AddEditsCommand(*tools, *this);
   AddNotesCommand(*tools, *this);
   AddPropertyEditorsCommand(*tools, *this);
+  AddRunSettingsCommands(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

@@ -27,6 +27,10 @@ enum SampleCommand : int {
   kEditsCommand,
   kNotesCommand,
   kPropertyEditorsCommand,
+  kRunSettingsCommand,
+  kNewRunWizardCommand,
+  // View
+  kPropertiesCommand,
   // Runs by project (its own window)
   kLoadTreeCommand,
   kSaveTreeCommand,

@@ -45,6 +45,8 @@
 #include "lists/SelectItemDialog.h"
 #include "platform/WinUser.h"
 #include "platform/commctrl/CListCtrl.h"
+#include "properties/VxModelessPropertySheet.h"
+#include "properties/VxPropertySheet.h"
 #include "utl/Utf.h"
 #include "work/Progress.h"
 
@@ -74,6 +76,9 @@ enum class Opens {
   kProjectTree,      // the runs by project window
   kEdits,            // the edits dialog
   kNotes,            // the notes pad
+  kSheet,            // a property sheet
+  kWizard,           // a property sheet as a wizard
+  kProperties,       // the modeless Properties window
   kReleaseNotes,     // the release notes
   kInput,            // an input dialog
   kSelectItem,       // the item selection
@@ -108,6 +113,9 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Edits...", {Opens::kEdits}},
     {"Tools/Notes", {Opens::kNotes}},
     {"Tools/Property editors...", {Opens::kPropertyEditors}},
+    {"Tools/Run settings...", {Opens::kSheet}},
+    {"Tools/New run...", {Opens::kWizard}},
+    {"View/Properties", {Opens::kProperties}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -167,6 +175,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kEdits;
+  } else if (auto * sheet = dynamic_cast<VxPropertySheet *>(&dialog)) {
+    seen.opens = sheet->IsWizard() ? Opens::kWizard : Opens::kSheet;
   } else if (dynamic_cast<NotesDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kNotes;
   } else if (dynamic_cast<ReleaseNotesDialog *>(&dialog) != nullptr) {
@@ -300,6 +310,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kSelectItem,
         Opens::kSelectClass,
         Opens::kPropertyEditors,
+        Opens::kSheet,
+        Opens::kWizard,
     };
     // clang-format on
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
@@ -355,8 +367,16 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kSelectItem:
       case Opens::kSelectClass:
       case Opens::kPropertyEditors:
+      case Opens::kSheet:
+      case Opens::kWizard:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
+        break;
+      case Opens::kProperties:
+        ASSERT_TRUE(VxModelessPropertySheet::Exists());
+        EXPECT_TRUE(VxModelessPropertySheet::Instance()->IsShown());
+        EXPECT_GT(VxModelessPropertySheet::Instance()->GetPageCount(), 0);
+        VxModelessPropertySheet::Release();
         break;
       case Opens::kCalculation:
         EXPECT_TRUE(calculated);
