@@ -48,8 +48,7 @@ bool IsKeyName(wchar_t const * name) {
 
 }  // namespace
 
-EventLog::EventLog(wchar_t const * source)
-    : EventLog(source, std::make_shared<JournalWriter>()) {}
+EventLog::EventLog(wchar_t const * source) : EventLog(source, std::make_shared<JournalWriter>()) {}
 
 EventLog::EventLog(wchar_t const * source, std::shared_ptr<JournalWriter> writer)
     : mSid(nullptr), mSidText(mSid.ToString()), mWriter(std::move(writer)) {
@@ -107,9 +106,8 @@ void EventLog::WriteEntry(std::string const & text, unsigned long id, EventType 
   InternalWriteEntry({text}, id, type, category, size, data);
 }
 
-void EventLog::WriteEntry(std::vector<std::string> const & texts, unsigned long id,
-                          EventType type, unsigned short category, unsigned long size,
-                          void const * data) {
+void EventLog::WriteEntry(std::vector<std::string> const & texts, unsigned long id, EventType type,
+                          unsigned short category, unsigned long size, void const * data) {
   InternalWriteEntry(texts, id, type, category, size, data);
 }
 

@@ -47,17 +47,16 @@ public:
   void WriteEntry(unsigned long id, EventType type = Information, unsigned short category = 0,
                   unsigned long size = 0, void const * data = nullptr);
   void WriteEntry(std::string const & text, unsigned long id, EventType type = Information,
-                  unsigned short category = 0, unsigned long size = 0,
-                  void const * data = nullptr);
+                  unsigned short category = 0, unsigned long size = 0, void const * data = nullptr);
   void WriteEntry(std::vector<std::string> const & texts, unsigned long id,
-                  EventType type = Information, unsigned short category = 0,
-                  unsigned long size = 0, void const * data = nullptr);
+                  EventType type = Information, unsigned short category = 0, unsigned long size = 0,
+                  void const * data = nullptr);
 
 private:
   // Every WriteEntry ends here. The strings are cut at NUL as the wide
   // strings of the platform call were.
   void InternalWriteEntry(std::vector<std::string> const & texts, unsigned long id, EventType type,
-                  unsigned short category, unsigned long size, void const * data);
+                          unsigned short category, unsigned long size, void const * data);
 
   VxSid mSid;
   std::string mSidText;

@@ -31,7 +31,8 @@ constexpr unsigned long kErrorNotConnected = 1063;
 constexpr unsigned long kPendingWaitHint = 10000;
 
 void Write(char const * function, std::string const & text, int importance, bool flush = false) {
-  Log::WriteMessage("NTServiceApp", function, text, static_cast<Log::Importance>(importance), flush);
+  Log::WriteMessage("NTServiceApp", function, text, static_cast<Log::Importance>(importance),
+                    flush);
 }
 
 std::string ErrorLine(char const * call, unsigned long code, std::string const & text) {
@@ -179,8 +180,7 @@ void NTServiceApp::Start() {
   }
   Write("Start", "Service stopped.", 1);
   if (error == 0) LogEvent(mStopEventId);
-  ReportStatus(VxService::Stopped, 0, 0, error != 0 ? VxService::kServiceSpecificError : 0,
-               error);
+  ReportStatus(VxService::Stopped, 0, 0, error != 0 ? VxService::kServiceSpecificError : 0, error);
 }
 
 void NTServiceApp::Handler(unsigned long control) {
@@ -222,10 +222,10 @@ bool NTServiceApp::OnInterrogate() {
 bool NTServiceApp::ReportStatus(unsigned long state, unsigned long checkPoint,
                                 unsigned long waitHint, unsigned long win32ExitCode,
                                 unsigned long specificExitCode) {
-  StatusRecord const record = VxService::MakeRecord(
-      static_cast<uint32_t>(state), static_cast<uint32_t>(checkPoint),
-      static_cast<uint32_t>(waitHint), static_cast<uint32_t>(win32ExitCode),
-      static_cast<uint32_t>(specificExitCode));
+  StatusRecord const record =
+      VxService::MakeRecord(static_cast<uint32_t>(state), static_cast<uint32_t>(checkPoint),
+                            static_cast<uint32_t>(waitHint), static_cast<uint32_t>(win32ExitCode),
+                            static_cast<uint32_t>(specificExitCode));
   mStatus.Store(record);
   int sent = 0;
   if (mStatusHandle) sent = ::sd_notify(0, VxService::NotifyText(record).c_str());

@@ -146,8 +146,7 @@ void ServiceDispatcher::ControlLoop(int signals) {
         else if (info.ssi_signo == SIGUSR1)
           control = ControlInterrogate;
         uint32_t const needs = AcceptBitOf(control);
-        if (needs != 0 && HasStopped(mStatus))
-          continue;  // the service has ended: nothing to stop
+        if (needs != 0 && HasStopped(mStatus)) continue;  // the service has ended: nothing to stop
         if (needs != 0 && (!held.empty() || (mStatus.ControlsAccepted() & needs) == 0))
           held.push_back(control);
         else

@@ -17,14 +17,21 @@ char const * ServiceCodeText(unsigned long code) {
     case 31: return "A device attached to the system is not functioning.";
     case 50: return "The request is not supported.";
     case 123: return "The filename, directory name, or volume label syntax is incorrect.";
-    case 1051: return "A stop control has been sent to a service that other running services are dependent on.";
+    case 1051:
+      return "A stop control has been sent to a service that other running services are dependent "
+             "on.";
     case 1052: return "The requested control is not valid for this service.";
-    case 1053: return "The service did not respond to the start or control request in a timely fashion.";
+    case 1053:
+      return "The service did not respond to the start or control request in a timely fashion.";
     case 1054: return "A thread could not be created for the service.";
     case 1055: return "The service database is locked.";
     case 1056: return "An instance of the service is already running.";
-    case 1057: return "The account name is invalid or does not exist, or the password is invalid for the account name specified.";
-    case 1058: return "The service cannot be started, either because it is disabled or because it has no enabled devices associated with it.";
+    case 1057:
+      return "The account name is invalid or does not exist, or the password is invalid for the "
+             "account name specified.";
+    case 1058:
+      return "The service cannot be started, either because it is disabled or because it has no "
+             "enabled devices associated with it.";
     case 1060: return "The specified service does not exist as an installed service.";
     case 1061: return "The service cannot accept control messages at this time.";
     case 1062: return "The service has not been started.";

@@ -105,8 +105,7 @@ ManagerState::ManagerState() : mBus(new Bus) {
   char * unit = nullptr;
   bool const userUnit = ::sd_pid_get_user_unit(0, &unit) >= 0;
   std::free(unit);
-  int const opened =
-      userUnit ? ::sd_bus_open_user(&mBus->bus) : ::sd_bus_open_system(&mBus->bus);
+  int const opened = userUnit ? ::sd_bus_open_user(&mBus->bus) : ::sd_bus_open_system(&mBus->bus);
   if (opened < 0) mBus->bus = nullptr;
 }
 
