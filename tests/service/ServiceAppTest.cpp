@@ -126,11 +126,10 @@ TEST_F(ServiceRun, StartsRunsAndStopsCleanlyOnSigterm) {
   EXPECT_EQ(stopped.count("EXTEND_TIMEOUT_USEC"), 0u);
   EXPECT_EQ(mChild.Wait(), 0);
   std::string const log = LogText();
-  for (char const * line :
-       {"1 NTServiceApp::StartDispatcher: Service dispatcher launched.",
-        "1 NTServiceApp::Start: Service started.",
-        "1 NTServiceApp::Handler: Stop message arrived at service handler.",
-        "1 NTServiceApp::Start: Service stopped."})
+  for (char const * line : {"1 NTServiceApp::StartDispatcher: Service dispatcher launched.",
+                            "1 NTServiceApp::Start: Service started.",
+                            "1 NTServiceApp::Handler: Stop message arrived at service handler.",
+                            "1 NTServiceApp::Start: Service stopped."})
     EXPECT_NE(log.find(line), std::string::npos) << line << "\nin\n" << log;
 }
 
@@ -226,7 +225,9 @@ TEST_F(ServiceRun, ProcessesThatCannotRunAsThisServiceEndWithTheirCode) {
       {{{"TALVO_SERVICE_NAME", "a/b"}}, true, "returned error 123: The specified service name"},
       {{{"TALVO_SERVICE_NAME", "tab\there"}}, true, "returned error 123"},
       {{{"TALVO_SERVICE_NAME", std::string(300, 'x')}}, true, "returned error 123"},
-      {{{"TALVO_SERVICE_UNIT", "other.service"}}, true, "returned error 1060: The specified service"},
+      {{{"TALVO_SERVICE_UNIT", "other.service"}},
+       true,
+       "returned error 1060: The specified service"},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.logged);
