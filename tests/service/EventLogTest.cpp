@@ -61,7 +61,8 @@ std::wstring SourceKey(std::wstring const & log, std::wstring const & source) {
 class EventSources : public ::testing::Test {
 protected:
   void TearDown() override {
-    for (wchar_t const * source : {L"Sampler", L"Straße Monitor"}) EventLog::DeleteEventSource(source);
+    for (wchar_t const * source : {L"Sampler", L"Straße Monitor"})
+      EventLog::DeleteEventSource(source);
   }
 };
 
@@ -76,10 +77,10 @@ TEST_F(EventSources, ASourceIsFoundWithoutRegardToCaseInAnyLog) {
   EventLog::CreateEventSource(L"Straße Monitor", L"Application");
 
   std::map<std::wstring, std::string> const found = {{L"SAMPLER", "System"},
-                                                      {L"sampler", "System"},
-                                                      {L"STRASSE MONITOR", "Application"},
-                                                      {L"Sample", ""},
-                                                      {L"", ""}};
+                                                     {L"sampler", "System"},
+                                                     {L"STRASSE MONITOR", "Application"},
+                                                     {L"Sample", ""},
+                                                     {L"", ""}};
   for (auto const & [name, log] : found) {
     EXPECT_EQ(EventLog::LogNameFromSourceName(name.c_str()), log);
     EXPECT_EQ(EventLog::SourceExists(name.c_str()), !log.empty());
@@ -104,9 +105,13 @@ TEST_F(EventSources, ASourceIsFoundWithoutRegardToCaseInAnyLog) {
 TEST_F(EventSources, HostileNamesAreRefusedAndWriteNothing) {
   std::wstring const surrogate(1, static_cast<wchar_t>(0xD800));
   std::vector<std::pair<std::wstring, std::wstring>> const names = {
-      {L"", L"Application"},       {L"a\\b", L"Application"}, {L"tab\there", L"Application"},
-      {std::wstring(300, L'x'), L"Application"}, {L"bad" + surrogate, L"Application"},
-      {L"Fine", L""},             {L"Fine", L"App\\lication"}};
+      {L"", L"Application"},
+      {L"a\\b", L"Application"},
+      {L"tab\there", L"Application"},
+      {std::wstring(300, L'x'), L"Application"},
+      {L"bad" + surrogate, L"Application"},
+      {L"Fine", L""},
+      {L"Fine", L"App\\lication"}};
   for (auto const & [source, log] : names) {
     EXPECT_THROW(EventLog::CreateEventSource(source.c_str(), log.c_str()), Exception);
   }
@@ -172,9 +177,9 @@ TEST(EventSourceRights, RegisteringASourceNeedsTheRightToWriteTheSystemHive) {
 
   // A UID without an account (as in containers) has no SID.
   ChildProcess unknown;
-  ASSERT_TRUE(unknown.Start({"/usr/bin/setpriv", "--reuid=54321", "--regid=54321",
-                             "--clear-groups", "--", child, "sid"},
-                            ownUserHive));
+  ASSERT_TRUE(unknown.Start(
+      {"/usr/bin/setpriv", "--reuid=54321", "--regid=54321", "--clear-groups", "--", child, "sid"},
+      ownUserHive));
   EXPECT_EQ(unknown.ReadAll(), "-\n");
   unknown.Wait();
 }
@@ -220,7 +225,8 @@ protected:
       } else {  // binary: name, newline, 64-bit little-endian size, value, newline
         name = line;
         uint64_t size = 0;
-        for (int i = 7; i >= 0; --i) size = (size << 8) | static_cast<unsigned char>(datagram[end + 1 + i]);
+        for (int i = 7; i >= 0; --i)
+          size = (size << 8) | static_cast<unsigned char>(datagram[end + 1 + i]);
         value = datagram.substr(end + 9, size);
         EXPECT_EQ(datagram[end + 9 + size], '\n');
         at = end + 10 + size;
@@ -240,8 +246,8 @@ TEST_F(JournalEntries, AnEntryCarriesItsPartsAsFields) {
   EventLog::CreateEventSource(L"Sampler", L"System");
   EventLog log(L"Sampler", std::make_shared<JournalWriter>(mPath));
   unsigned char const data[] = {0x00, 0x7F, 0xAB, 0xFF};
-  log.WriteEntry(std::vector<std::string>{"pump 3", "pressure over limit"}, 7, EventLog::Warning,
-                 2, sizeof data, data);
+  log.WriteEntry(std::vector<std::string>{"pump 3", "pressure over limit"}, 7, EventLog::Warning, 2,
+                 sizeof data, data);
   std::vector<std::string> order;
   auto fields = Receive(&order);
   EventLog::DeleteEventSource(L"Sampler");
