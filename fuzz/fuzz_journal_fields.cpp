@@ -58,10 +58,12 @@ bool IsFieldName(std::string const & name) {
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   if (size < 7) return 0;
   VxJournal::Entry entry;
-  entry.id = data[0] | (data[1] << 8) | (data[2] << 16) | (static_cast<unsigned long>(data[3]) << 24);
+  entry.id =
+      data[0] | (data[1] << 8) | (data[2] << 16) | (static_cast<unsigned long>(data[3]) << 24);
   entry.type = data[4];
   entry.category = static_cast<unsigned short>(data[5] | (data[6] << 8));
-  std::vector<std::string> parts = Split(std::string(reinterpret_cast<char const *>(data) + 7, size - 7));
+  std::vector<std::string> parts =
+      Split(std::string(reinterpret_cast<char const *>(data) + 7, size - 7));
   entry.source = parts.front();
   entry.log = "Application";
   std::string const binary = parts.size() > 2 ? parts.back() : std::string();
@@ -75,8 +77,10 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
     size_t const equals = field.find('=');
     if (equals == std::string::npos || !IsFieldName(field.substr(0, equals))) __builtin_trap();
     std::string const value = field.substr(equals + 1);
-    if (value.find('\0') != std::string::npos || vx3::SanitizeUtf8(value) != value) __builtin_trap();
-    if (field.rfind("SYSLOG_IDENTIFIER=", 0) == 0 && value.find_first_of("\n\r") != std::string::npos)
+    if (value.find('\0') != std::string::npos || vx3::SanitizeUtf8(value) != value)
+      __builtin_trap();
+    if (field.rfind("SYSLOG_IDENTIFIER=", 0) == 0 &&
+        value.find_first_of("\n\r") != std::string::npos)
       __builtin_trap();
   }
   std::vector<std::string> parsed;

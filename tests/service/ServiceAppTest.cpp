@@ -11,15 +11,17 @@
 #include <cstdlib>
 #include <fstream>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <string>
 
+#include "NotifySocket.h"
 #include "platform/ChildProcess.h"
 #include "utl/Paths.h"
 
 namespace {
 
-using Record = std::map<std::string, std::string>;
+using Record = NotifySocket::Record;
 using Environment = std::map<std::string, std::string>;
 
 std::string TempPath(std::string const & name) {
@@ -39,13 +41,8 @@ std::string LogText() {
 class ServiceRun : public ::testing::Test {
 protected:
   void SetUp() override {
-    mPath = TempPath("notify-" + std::to_string(mNext++));
-    ::unlink(mPath.c_str());
-    mSocket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::snprintf(address.sun_path, sizeof address.sun_path, "%s", mPath.c_str());
-    ASSERT_EQ(::bind(mSocket, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+    mNotify = std::make_unique<NotifySocket>("notify-" + std::to_string(mNext++));
+    ASSERT_TRUE(mNotify->IsBound());
     ::truncate(LogPath().c_str(), 0);
   }
   void TearDown() override {
@@ -53,8 +50,7 @@ protected:
       ::kill(mChild.pid, SIGKILL);
       mChild.Wait();
     }
-    ::close(mSocket);
-    ::unlink(mPath.c_str());
+    mNotify.reset();
   }
 
   static std::string LogPath() {
@@ -64,30 +60,12 @@ protected:
   }
 
   void Start(Environment environment, bool notifySocket = true) {
-    if (notifySocket) environment["NOTIFY_SOCKET"] = mPath;
+    if (notifySocket) environment["NOTIFY_SOCKET"] = mNotify->Path();
     ASSERT_TRUE(mChild.Start({VxGetExecutableDirectory() + "/service_test_child"}, environment));
   }
 
-  // The next status record, or an empty one when none comes within 10 s.
-  Record Next() {
-    pollfd wait{mSocket, POLLIN, 0};
-    Record record;
-    if (::poll(&wait, 1, 10000) != 1) return record;
-    char buffer[4096];
-    ssize_t const got = ::recv(mSocket, buffer, sizeof buffer, 0);
-    std::istringstream lines(std::string(buffer, got > 0 ? static_cast<size_t>(got) : 0));
-    for (std::string line; std::getline(lines, line);) {
-      size_t const equals = line.find('=');
-      record[line.substr(0, equals)] = line.substr(equals + 1);
-    }
-    return record;
-  }
-
-  // True when no record is waiting.
-  bool NothingSent() {
-    pollfd wait{mSocket, POLLIN, 0};
-    return ::poll(&wait, 1, 0) == 0;
-  }
+  Record Next() { return mNotify->Next(); }
+  bool NothingSent() { return mNotify->NothingSent(); }
 
   static void ExpectRecord(Record const & record, std::string const & state,
                            std::string const & controls, std::string const & win32 = "0",
@@ -109,8 +87,7 @@ protected:
     EXPECT_EQ(record.at("EXTEND_TIMEOUT_USEC"), "10000000");
   }
 
-  std::string mPath;
-  int mSocket = -1;
+  std::unique_ptr<NotifySocket> mNotify;
   ChildProcess mChild;
   static inline int mNext = 0;
 };
