@@ -12,7 +12,9 @@
 //   wxIMPLEMENT_APP_CONSOLE(Sampler);
 //
 // One object a process: the manager's callbacks find it through a
-// class-wide pointer. Its unit runs it with Type=notify; the process exits
+// class-wide pointer. A second object logs and stays idle; it must live as
+// long as the first, as wx forgets its application object when any
+// application object is destroyed. Its unit runs it with Type=notify; the process exits
 // with 0 after a clean stop, with a service-specific code e when e is 1 to
 // 125 (else 1), and with 1 when it could not run as a service.
 //
