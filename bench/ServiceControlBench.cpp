@@ -41,7 +41,8 @@ void ServiceQueryStatus_baseline(benchmark::State & state) {
     sd_bus_open_user(&bus);
     sd_bus_error error = SD_BUS_ERROR_NULL;
     sd_bus_message * reply = nullptr;
-    sd_bus_call_method(bus, "org.freedesktop.systemd1", "/org/freedesktop/systemd1/unit/bench_2eservice",
+    sd_bus_call_method(bus, "org.freedesktop.systemd1",
+                       "/org/freedesktop/systemd1/unit/bench_2eservice",
                        "org.freedesktop.DBus.Properties", "GetAll", &error, &reply, "s", "");
     sd_bus_message_unref(reply);
     sd_bus_error_free(&error);

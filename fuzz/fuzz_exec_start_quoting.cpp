@@ -40,10 +40,14 @@ bool ReadWords(std::string const & line, std::vector<std::string> & words) {
       if (c == '\\') {
         if (at >= line.size()) return false;
         char const e = line[at++];
-        if (e == 'n') word += '\n';
-        else if (e == 't') word += '\t';
-        else if (e == '\\' || e == '"') word += e;
-        else if (e == 'x' && at + 1 < line.size() && HexValue(line[at]) >= 0 && HexValue(line[at + 1]) >= 0) {
+        if (e == 'n')
+          word += '\n';
+        else if (e == 't')
+          word += '\t';
+        else if (e == '\\' || e == '"')
+          word += e;
+        else if (e == 'x' && at + 1 < line.size() && HexValue(line[at]) >= 0 &&
+                 HexValue(line[at + 1]) >= 0) {
           word += static_cast<char>(HexValue(line[at]) * 16 + HexValue(line[at + 1]));
           at += 2;
         } else {
@@ -85,7 +89,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
   if (VxService::IsUsableProgramPath(program)) {
     for (unsigned char c : program)
       if (c < 0x20 || c == 0x7F || c == '"' || c == '\\' || c == '\'') std::abort();
-    if (program.empty() || program[0] != '/' || program.find("//") != std::string::npos) std::abort();
+    if (program.empty() || program[0] != '/' || program.find("//") != std::string::npos)
+      std::abort();
   }
   return 0;
 }

@@ -80,7 +80,8 @@ private:
   static int Register() {
     try {
       EventSource source = EventLog::CreateEventSource(kServiceName, L"Application");
-      source.SetMessageFile(vx3::Utf8ToWide(VxGetExecutableDirectory() + "/talvo-sample-service").c_str());
+      source.SetMessageFile(
+          vx3::Utf8ToWide(VxGetExecutableDirectory() + "/talvo-sample-service").c_str());
       std::printf("The event source %s is registered.\n", vx3::WideToUtf8(kServiceName).c_str());
       return 0;
     } catch (Exception & e) {

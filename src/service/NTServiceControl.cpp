@@ -26,7 +26,7 @@
 
 namespace {
 
-constexpr DWORD kQueryConfig = 1;     // SERVICE_QUERY_CONFIG
+constexpr DWORD kQueryConfig = 1;      // SERVICE_QUERY_CONFIG
 constexpr DWORD kAllAccess = 0xF01FF;  // SERVICE_ALL_ACCESS
 constexpr std::size_t kFormatBuffer = 500;
 
@@ -183,7 +183,8 @@ NTServiceControl::HandlePtr NTServiceControl::CreateServiceW(std::wstring const 
         handle = fail(5);
       } else {
         try {
-          vx3::WriteFileAtomically(file, VxService::UnitFileText(Narrow(name), program, user), 0644);
+          vx3::WriteFileAtomically(file, VxService::UnitFileText(Narrow(name), program, user),
+                                   0644);
           if (unsigned long const reloaded = m_scm->Reload()) {
             ::unlink(file.c_str());
             handle = fail(reloaded);
@@ -232,8 +233,10 @@ bool NTServiceControl::StopService(ServiceHandle & handle) {
 
 bool NTServiceControl::ControlService(ServiceHandle & handle, DWORD control) {
   unsigned long code = 87;
-  if (control == VxService::ControlStop) code = handle.bus.StopUnit(handle.unit);
-  else if (control == VxService::ControlInterrogate) code = handle.bus.KillUnit(handle.unit, SIGUSR1);
+  if (control == VxService::ControlStop)
+    code = handle.bus.StopUnit(handle.unit);
+  else if (control == VxService::ControlInterrogate)
+    code = handle.bus.KillUnit(handle.unit, SIGUSR1);
   if (code != 0) {
     // A unit that is not there fails where the handle was made, as a
     // handle to a missing service could not be had.
@@ -302,8 +305,8 @@ bool NTServiceControl::Install(wchar_t const * path, wchar_t const * messageFile
   if (!CloseService(created)) LogMessage("Install", L"CloseServiceHandle failed.", Log::Error);
   try {
     EventSource source = EventLog::CreateEventSource(
-        m_serviceName, vx3::Utf8ToWide(applicationLog ? EventLog::APPLICATION_LOG
-                                                      : EventLog::SYSTEM_LOG).c_str());
+        m_serviceName,
+        vx3::Utf8ToWide(applicationLog ? EventLog::APPLICATION_LOG : EventLog::SYSTEM_LOG).c_str());
     source.SetMessageFile(message.c_str());
     LogMessage("Install", WithName("Creation of event source for service %ls succeeded."),
                Log::Normal);
@@ -392,8 +395,8 @@ bool NTServiceControl::QueryStatus(SERVICE_STATUS & status) {
 
 std::wstring NTServiceControl::CurrentStateToString(unsigned long state) {
   static char const * const kTexts[] = {
-      "The service is stopped",  "The service is starting",   "The service is stopping",
-      "The service is running",  "The service is continuing", "The service is pausing",
+      "The service is stopped", "The service is starting",   "The service is stopping",
+      "The service is running", "The service is continuing", "The service is pausing",
       "The service is paused",
   };
   if (state >= 1 && state <= 7) return vx3::Tr(kTexts[state - 1]).ToStdWstring();

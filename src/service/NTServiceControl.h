@@ -24,7 +24,7 @@ struct SERVICE_STATUS {
 };
 
 class NTServiceControl {
- public:
+public:
   static constexpr DWORD SERVICE_DEMAND_START = 3;
 
   // Neither text is copied: both must outlive the object. A null machine is
@@ -52,7 +52,7 @@ class NTServiceControl {
   static std::wstring CurrentStateToString(unsigned long state);
   unsigned long GetLastError() const { return m_lastError; }
 
- private:
+private:
   // What OpenServiceW gives: the unit and its own share of the connection,
   // which outlives the control manager's closing.
   struct ServiceHandle {

@@ -58,11 +58,13 @@ Entry const kEntries[] = {
     {"StartService", 1072, "The service has been marked for deletion"},
     {"StartService", 1075,
      "The service depends on a service that does not exist or has been marked for deletion"},
-    {"QueryServiceStatus", 5, "The specified handle was not opened with SERVICE_QUERY_STATUS access"},
+    {"QueryServiceStatus", 5,
+     "The specified handle was not opened with SERVICE_QUERY_STATUS access"},
     {"QueryServiceStatus", 6, "The specified handle is invalid"},
     {"ControlService", 5, "The specified handle was not opened with the necessary access"},
     {"ControlService", 6,
-     "The specified handle was not obtained using CreateService or OpenService, or the handle is no "
+     "The specified handle was not obtained using CreateService or OpenService, or the handle is "
+     "no "
      "longer valid"},
     {"ControlService", 87, "The requested control code is undefined"},
     {"ControlService", 1051,
@@ -84,11 +86,11 @@ Entry const kEntries[] = {
 
 char const * SystemFunctionOf(char const * operation) {
   static char const * const kFunctions[][2] = {
-      {"OpenSCM", "OpenSCManager"},        {"CloseSCM", "CloseServiceHandle"},
+      {"OpenSCM", "OpenSCManager"},           {"CloseSCM", "CloseServiceHandle"},
       {"CloseService", "CloseServiceHandle"}, {"CreateServiceW", "CreateService"},
-      {"DeleteService", "DeleteService"},  {"OpenServiceW", "OpenService"},
-      {"StartServiceW", "StartService"},   {"QueryService", "QueryServiceStatus"},
-      {"ControlService", "ControlService"}, {"StopService", "ControlService"},
+      {"DeleteService", "DeleteService"},     {"OpenServiceW", "OpenService"},
+      {"StartServiceW", "StartService"},      {"QueryService", "QueryServiceStatus"},
+      {"ControlService", "ControlService"},   {"StopService", "ControlService"},
       {"GetFileName", "GetModuleFileName"},
   };
   for (auto const & pair : kFunctions)

@@ -28,7 +28,8 @@ struct Reply {
 };
 
 unsigned long CodeOf(BusError const & error, int result) {
-  return Win32CodeOfBusError(sd_bus_error_is_set(&error.error) ? error.error.name : nullptr, result);
+  return Win32CodeOfBusError(sd_bus_error_is_set(&error.error) ? error.error.name : nullptr,
+                             result);
 }
 
 bool IsOneOf(std::string const & value, std::initializer_list<char const *> states) {
@@ -45,10 +46,14 @@ int ReadUnitProperties(sd_bus_message * reply, UnitState & state) {
     char const * name = nullptr;
     if ((r = sd_bus_message_read(reply, "s", &name)) < 0) return r;
     std::string * text = nullptr;
-    if (std::strcmp(name, "LoadState") == 0) text = &state.loadState;
-    else if (std::strcmp(name, "ActiveState") == 0) text = &state.activeState;
-    else if (std::strcmp(name, "FreezerState") == 0) text = &state.freezerState;
-    else if (std::strcmp(name, "Result") == 0) text = &state.result;
+    if (std::strcmp(name, "LoadState") == 0)
+      text = &state.loadState;
+    else if (std::strcmp(name, "ActiveState") == 0)
+      text = &state.activeState;
+    else if (std::strcmp(name, "FreezerState") == 0)
+      text = &state.freezerState;
+    else if (std::strcmp(name, "Result") == 0)
+      text = &state.result;
     if (text != nullptr) {
       char const * value = nullptr;
       if ((r = sd_bus_message_read(reply, "v", "s", &value)) < 0) return r;
@@ -167,8 +172,8 @@ unsigned long ServiceManagerBus::GetUnitState(std::string const & unit, UnitStat
   // Every interface at once: one round trip for the unit's and the
   // service's properties. The manager loads a unit when its path is asked.
   int r = sd_bus_call_method(mBus.get(), kManagerName, UnitObjectPath(unit).c_str(),
-                             "org.freedesktop.DBus.Properties", "GetAll", &error.error, &reply.message,
-                             "s", "");
+                             "org.freedesktop.DBus.Properties", "GetAll", &error.error,
+                             &reply.message, "s", "");
   if (r < 0) return CodeOf(error, r);
   state = UnitState{};
   r = ReadUnitProperties(reply.message, state);
@@ -188,7 +193,7 @@ unsigned long ServiceManagerBus::StartUnit(std::string const & unit, int timeout
   int r = sd_bus_match_signal(mBus.get(), &slot, kManagerName, kManagerPath, kManagerInterface,
                               "JobRemoved", OnJobRemoved, &watch);
   if (r < 0) return Win32CodeOfBusError(nullptr, r);
-  std::unique_ptr<sd_bus_slot, sd_bus_slot *(*)(sd_bus_slot *)> slotGuard(slot, sd_bus_slot_unref);
+  std::unique_ptr<sd_bus_slot, sd_bus_slot * (*)(sd_bus_slot *)> slotGuard(slot, sd_bus_slot_unref);
   {
     BusError error;
     r = sd_bus_call_method(mBus.get(), kManagerName, kManagerPath, kManagerInterface, "Subscribe",
@@ -203,7 +208,8 @@ unsigned long ServiceManagerBus::StartUnit(std::string const & unit, int timeout
                            &error.error, &reply.message, "ss", unit.c_str(), "replace");
     if (r < 0) return CodeOf(error, r);
     char const * path = nullptr;
-    if ((r = sd_bus_message_read(reply.message, "o", &path)) < 0) return Win32CodeOfBusError(nullptr, r);
+    if ((r = sd_bus_message_read(reply.message, "o", &path)) < 0)
+      return Win32CodeOfBusError(nullptr, r);
     job = path;
   }
   auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(timeoutSeconds);
@@ -233,8 +239,9 @@ unsigned long ServiceManagerBus::StopUnit(std::string const & unit) {
   if (IsOneOf(state.activeState, {"inactive", "failed"})) return 1062;
   if (IsOneOf(state.activeState, {"activating", "deactivating"})) return 1061;
   BusError error;
-  int const r = sd_bus_call_method(mBus.get(), kManagerName, kManagerPath, kManagerInterface,
-                                   "StopUnit", &error.error, nullptr, "ss", unit.c_str(), "replace");
+  int const r =
+      sd_bus_call_method(mBus.get(), kManagerName, kManagerPath, kManagerInterface, "StopUnit",
+                         &error.error, nullptr, "ss", unit.c_str(), "replace");
   return r < 0 ? CodeOf(error, r) : 0;
 }
 
@@ -244,16 +251,17 @@ unsigned long ServiceManagerBus::KillUnit(std::string const & unit, int signal) 
   if (IsOneOf(state.activeState, {"inactive", "failed"})) return 1062;
   if (IsOneOf(state.activeState, {"activating", "deactivating"})) return 1061;
   BusError error;
-  int const r = sd_bus_call_method(mBus.get(), kManagerName, kManagerPath, kManagerInterface,
-                                   "KillUnit", &error.error, nullptr, "ssi", unit.c_str(), "main", signal);
+  int const r =
+      sd_bus_call_method(mBus.get(), kManagerName, kManagerPath, kManagerInterface, "KillUnit",
+                         &error.error, nullptr, "ssi", unit.c_str(), "main", signal);
   return r < 0 ? CodeOf(error, r) : 0;
 }
 
 unsigned long ServiceManagerBus::Reload() {
   if (!mBus) return 6;
   BusError error;
-  int const r = sd_bus_call_method(mBus.get(), kManagerName, kManagerPath, kManagerInterface, "Reload",
-                                   &error.error, nullptr, "");
+  int const r = sd_bus_call_method(mBus.get(), kManagerName, kManagerPath, kManagerInterface,
+                                   "Reload", &error.error, nullptr, "");
   return r < 0 ? CodeOf(error, r) : 0;
 }
 

@@ -20,13 +20,13 @@ struct UnitState {
   std::string loadState;    // "loaded", "not-found", "masked", ...
   std::string activeState;  // "active", "inactive", "failed", "activating", ...
   std::string freezerState;
-  std::string result;       // the service's last result: "success", "exit-code", ...
-  int execMainStatus = 0;   // the main process's exit status
+  std::string result;      // the service's last result: "success", "exit-code", ...
+  int execMainStatus = 0;  // the main process's exit status
   bool canStop = true;
 };
 
 class ServiceManagerBus {
- public:
+public:
   // Opens the connection; 0 or the code of why not (5 no right, 1065 no
   // such manager to talk to).
   unsigned long Open(wchar_t const * machine);
@@ -46,7 +46,7 @@ class ServiceManagerBus {
   // The manager's object path of a unit, as systemd encodes it.
   static std::string UnitObjectPath(std::string const & unit);
 
- private:
+private:
   std::shared_ptr<sd_bus> mBus;
   bool mRemote = false;
   bool mUser = false;

@@ -52,7 +52,8 @@ bool IsUsableProgramPath(std::string const & path) {
   std::size_t start = 1;
   while (start <= path.size()) {
     std::size_t const end = path.find('/', start);
-    std::string const part = path.substr(start, end == std::string::npos ? std::string::npos : end - start);
+    std::string const part =
+        path.substr(start, end == std::string::npos ? std::string::npos : end - start);
     if (part.empty() || part == "." || part == "..") return false;
     if (end == std::string::npos) break;
     start = end + 1;

@@ -24,6 +24,7 @@
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
 #include "ReleaseNotesDialog.h"
+#include "ServiceDialog.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
@@ -71,6 +72,7 @@ enum class Opens {
   kEdits,            // the edits dialog
   kNotes,            // the notes pad
   kReleaseNotes,     // the release notes
+  kService,          // the service dialog
 };
 
 struct Expected {
@@ -92,6 +94,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Pick a run...", {Opens::kRunPicker}},
     {"Tools/Instruments...", {Opens::kInstruments}},
     {"Tools/Calibration list...", {Opens::kCalibrationList}},
+    {"Tools/Service...", {Opens::kService}},
     {"Tools/Copy runs", {Opens::kNothing}},
     {"Tools/Report", {Opens::kReportWindow}},
     {"Tools/Runs by project...", {Opens::kProjectTree}},
@@ -137,6 +140,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderCollection;
   } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kCalibrationList;
+  } else if (dynamic_cast<ServiceDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kService;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
@@ -259,7 +264,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
         Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
         Opens::kInfo,         Opens::kScrollBox,        Opens::kEdits,
-        Opens::kNotes,        Opens::kReleaseNotes,
+        Opens::kNotes,        Opens::kReleaseNotes,     Opens::kService,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -310,6 +315,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kEdits:
       case Opens::kNotes:
       case Opens::kReleaseNotes:
+      case Opens::kService:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

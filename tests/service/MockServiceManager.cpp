@@ -31,7 +31,9 @@ std::string UnitFromPath(char const * path) {
 
 // The vtable callbacks, with access to the mock's state.
 struct MockServiceManagerCalls {
-  static MockServiceManager & Of(void * userdata) { return *static_cast<MockServiceManager *>(userdata); }
+  static MockServiceManager & Of(void * userdata) {
+    return *static_cast<MockServiceManager *>(userdata);
+  }
 
   static int StartUnit(sd_bus_message * m, void * userdata, sd_bus_error * error) {
     auto & mock = Of(userdata);
@@ -45,9 +47,11 @@ struct MockServiceManagerCalls {
       std::lock_guard<std::mutex> lock(mock.m_mutex);
       auto found = mock.m_units.find(name);
       if (found == mock.m_units.end() || found->second.loadState == "not-found")
-        return sd_bus_error_setf(error, "org.freedesktop.systemd1.NoSuchUnit", "Unit %s not found.", name);
+        return sd_bus_error_setf(error, "org.freedesktop.systemd1.NoSuchUnit", "Unit %s not found.",
+                                 name);
       MockServiceManager::Unit & unit = found->second;
-      if (!unit.startError.empty()) return sd_bus_error_set(error, unit.startError.c_str(), "refused");
+      if (!unit.startError.empty())
+        return sd_bus_error_set(error, unit.startError.c_str(), "refused");
       id = mock.m_nextJob++;
       job = std::string(kPath) + "/job/" + std::to_string(id);
       result = unit.startResult;
@@ -66,7 +70,8 @@ struct MockServiceManagerCalls {
     std::lock_guard<std::mutex> lock(mock.m_mutex);
     auto found = mock.m_units.find(name);
     if (found == mock.m_units.end())
-      return sd_bus_error_setf(error, "org.freedesktop.systemd1.NoSuchUnit", "Unit %s not loaded.", name);
+      return sd_bus_error_setf(error, "org.freedesktop.systemd1.NoSuchUnit", "Unit %s not loaded.",
+                               name);
     found->second.activeState = "inactive";
     ++found->second.stops;
     return sd_bus_reply_method_return(m, "o", "/org/freedesktop/systemd1/job/0");
@@ -81,7 +86,8 @@ struct MockServiceManagerCalls {
     std::lock_guard<std::mutex> lock(mock.m_mutex);
     auto found = mock.m_units.find(name);
     if (found == mock.m_units.end())
-      return sd_bus_error_setf(error, "org.freedesktop.systemd1.NoSuchUnit", "Unit %s not loaded.", name);
+      return sd_bus_error_setf(error, "org.freedesktop.systemd1.NoSuchUnit", "Unit %s not loaded.",
+                               name);
     found->second.signals.push_back(signal);
     return sd_bus_reply_method_return(m, "");
   }
@@ -121,7 +127,8 @@ struct MockServiceManagerCalls {
     auto & mock = Of(userdata);
     std::lock_guard<std::mutex> lock(mock.m_mutex);
     auto found = mock.m_units.find(UnitFromPath(path));
-    return sd_bus_message_append(reply, "i", found != mock.m_units.end() ? found->second.execMainStatus : 0);
+    return sd_bus_message_append(reply, "i",
+                                 found != mock.m_units.end() ? found->second.execMainStatus : 0);
   }
 };
 
@@ -141,9 +148,12 @@ sd_bus_vtable const kManagerVtable[] = {
 using Unit = MockServiceManager::Unit;
 sd_bus_vtable const kUnitVtable[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_PROPERTY("LoadState", "s", MockServiceManagerCalls::TextProperty<&Unit::loadState>, 0, 0),
-    SD_BUS_PROPERTY("ActiveState", "s", MockServiceManagerCalls::TextProperty<&Unit::activeState>, 0, 0),
-    SD_BUS_PROPERTY("FreezerState", "s", MockServiceManagerCalls::TextProperty<&Unit::freezerState>, 0, 0),
+    SD_BUS_PROPERTY("LoadState", "s", MockServiceManagerCalls::TextProperty<&Unit::loadState>, 0,
+                    0),
+    SD_BUS_PROPERTY("ActiveState", "s", MockServiceManagerCalls::TextProperty<&Unit::activeState>,
+                    0, 0),
+    SD_BUS_PROPERTY("FreezerState", "s", MockServiceManagerCalls::TextProperty<&Unit::freezerState>,
+                    0, 0),
     SD_BUS_VTABLE_END,
 };
 sd_bus_vtable const kServiceVtable[] = {
@@ -157,7 +167,8 @@ sd_bus_vtable const kServiceVtable[] = {
 
 MockServiceManager::MockServiceManager(bool withManager) : m_withManager(withManager) {
   char const * tmp = std::getenv("TMPDIR");
-  std::string const socket = std::string(tmp != nullptr ? tmp : "/tmp") + "/mock-bus-" + std::to_string(::getpid());
+  std::string const socket =
+      std::string(tmp != nullptr ? tmp : "/tmp") + "/mock-bus-" + std::to_string(::getpid());
   ::unlink(socket.c_str());
   m_address = "unix:path=" + socket;
   int pipeFds[2];
@@ -189,14 +200,15 @@ MockServiceManager::MockServiceManager(bool withManager) : m_withManager(withMan
   std::promise<bool> started;
   auto ready = started.get_future();
   m_thread = std::thread([this, &started] {
-    bool ok = sd_bus_open_user(&m_bus) >= 0 &&
-              sd_bus_add_object_vtable(m_bus, nullptr, kPath, "org.freedesktop.systemd1.Manager",
-                                       kManagerVtable, this) >= 0 &&
-              sd_bus_add_fallback_vtable(m_bus, nullptr, kUnitPrefix, "org.freedesktop.systemd1.Unit",
-                                         kUnitVtable, MockServiceManagerCalls::FindUnit, this) >= 0 &&
-              sd_bus_add_fallback_vtable(m_bus, nullptr, kUnitPrefix, "org.freedesktop.systemd1.Service",
-                                         kServiceVtable, MockServiceManagerCalls::FindUnit, this) >= 0 &&
-              sd_bus_request_name(m_bus, "org.freedesktop.systemd1", 0) >= 0;
+    bool ok =
+        sd_bus_open_user(&m_bus) >= 0 &&
+        sd_bus_add_object_vtable(m_bus, nullptr, kPath, "org.freedesktop.systemd1.Manager",
+                                 kManagerVtable, this) >= 0 &&
+        sd_bus_add_fallback_vtable(m_bus, nullptr, kUnitPrefix, "org.freedesktop.systemd1.Unit",
+                                   kUnitVtable, MockServiceManagerCalls::FindUnit, this) >= 0 &&
+        sd_bus_add_fallback_vtable(m_bus, nullptr, kUnitPrefix, "org.freedesktop.systemd1.Service",
+                                   kServiceVtable, MockServiceManagerCalls::FindUnit, this) >= 0 &&
+        sd_bus_request_name(m_bus, "org.freedesktop.systemd1", 0) >= 0;
     started.set_value(ok);
     if (ok) Serve();
   });
@@ -235,7 +247,8 @@ void MockServiceManager::ReloadFromFolder() {
   for (auto const & entry : fs::directory_iterator(UnitFolder(), error))
     if (entry.path().extension() == ".service") present.push_back(entry.path().filename().string());
   for (auto const & name : m_fileUnits)
-    if (std::find(present.begin(), present.end(), name) == present.end()) m_units[name].loadState = "not-found";
+    if (std::find(present.begin(), present.end(), name) == present.end())
+      m_units[name].loadState = "not-found";
   for (auto const & name : present) {
     auto & unit = m_units[name];
     if (unit.loadState == "not-found") unit = Unit{};

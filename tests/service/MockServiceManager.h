@@ -15,7 +15,7 @@
 struct sd_bus;
 
 class MockServiceManager {
- public:
+public:
   struct Unit {
     std::string loadState = "loaded";
     std::string activeState = "inactive";
@@ -44,7 +44,7 @@ class MockServiceManager {
   Unit GetUnit(std::string const & name);
   int Reloads();
 
- private:
+private:
   friend struct MockServiceManagerCalls;
   void Serve();
   void ReloadFromFolder();

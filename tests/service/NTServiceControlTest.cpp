@@ -38,14 +38,14 @@ std::string OwnProgram() {
 
 // An executable file of the given name in the test's temporary folder.
 std::string MakeProgram(std::string const & name) {
-  std::string const path = std::string(std::getenv("TMPDIR")) + "/" + name;
+  std::string path = std::string(std::getenv("TMPDIR")) + "/" + name;
   std::ofstream(path) << "#!/bin/sh\n";
   ::chmod(path.c_str(), 0755);
   return path;
 }
 
 class ServiceControlTest : public testing::Test {
- protected:
+protected:
   void SetUp() override { ASSERT_TRUE(manager.IsReady()) << "no private dbus-daemon"; }
 
   std::string UnitFile(wchar_t const * service) const {
@@ -93,12 +93,8 @@ TEST_F(ServiceControlTest, InstallQuotesWhatSystemdReadsAndRefusesWhatItCannotRu
     unsigned long error;
   };
   Case const cases[] = {
-      {"with space", true, 0},
-      {"per%cent", true, 0},
-      {"dollar$sign", true, 0},
-      {"quote\"mark", false, 87},
-      {"back\\slash", false, 87},
-      {"new\nline", false, 87},
+      {"with space", true, 0},    {"per%cent", true, 0},      {"dollar$sign", true, 0},
+      {"quote\"mark", false, 87}, {"back\\slash", false, 87}, {"new\nline", false, 87},
   };
   int index = 0;
   for (auto const & c : cases) {
@@ -107,21 +103,22 @@ TEST_F(ServiceControlTest, InstallQuotesWhatSystemdReadsAndRefusesWhatItCannotRu
         c.runs ? MakeProgram(c.program) : std::string(std::getenv("TMPDIR")) + "/" + c.program;
     NTServiceControl control(name.c_str(), nullptr);
     std::wstring const wide = vx3::Utf8ToWide(program);
-    EXPECT_EQ(control.Install(wide.c_str(), nullptr, false, nullptr, nullptr), c.error == 0) << c.program;
+    EXPECT_EQ(control.Install(wide.c_str(), nullptr, false, nullptr, nullptr), c.error == 0)
+        << c.program;
     if (c.error != 0) {
       EXPECT_EQ(control.GetLastError(), c.error) << c.program;
       EXPECT_NE(::access(UnitFile(name.c_str()).c_str(), F_OK), 0) << "nothing written";
       continue;
     }
-    std::string const verify = "systemd-analyze verify --man=no '" + UnitFile(name.c_str()) + "' 2>&1";
+    std::string const verify =
+        "systemd-analyze verify --man=no '" + UnitFile(name.c_str()) + "' 2>&1";
     EXPECT_EQ(std::system(verify.c_str()), 0) << c.program;
   }
 }
 
 TEST_F(ServiceControlTest, AnAccountNamesTheUserAndAnUnknownOneIsRefused) {
   NTServiceControl known(L"as-nobody", nullptr);
-  ASSERT_TRUE(known.Install(L"/bin/true", nullptr, false,
-                            L"nobody", nullptr));
+  ASSERT_TRUE(known.Install(L"/bin/true", nullptr, false, L"nobody", nullptr));
   EXPECT_NE(ReadFile(UnitFile(L"as-nobody")).find("User=nobody\n"), std::string::npos);
 
   NTServiceControl unknown(L"as-ghost", nullptr);
