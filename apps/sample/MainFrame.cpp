@@ -27,6 +27,7 @@
 #include "RunSettingsSheet.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "ServiceDialog.h"
 #include "TimeGridDialog.h"
 #include "TreeViewWindow.h"
 
@@ -91,6 +92,7 @@ void MainFrame::BuildMenus() {
   AddProjectTreeCommand(*tools, *this);
   AddTreeViewCommand(*tools, *this);
   AddCalibrationListCommand(*tools, *this);
+  AddServiceCommand(*tools, *this);
   tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
   AddOpenFavouritesCommand(*tools, *this);
   AddEditsCommand(*tools, *this);

@@ -31,6 +31,7 @@ enum SampleCommand : int {
   kNewRunWizardCommand,
   // View
   kPropertiesCommand,
+  kServiceCommand,
   // Runs by project (its own window)
   kLoadTreeCommand,
   kSaveTreeCommand,

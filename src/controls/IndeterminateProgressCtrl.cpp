@@ -18,8 +18,9 @@ struct Line {
   int offset;
   Shade shade;
 };
-constexpr Line kStripe[] = {{-8, kDark2}, {-7, kDark1}, {-6, kBase},  {-5, kLight1}, {-4, kLight2},
-                            {-3, kNone},  {-2, kLight2}, {-1, kLight1}, {0, kBase},    {1, kDark1}};
+constexpr Line kStripe[] = {{-8, kDark2},  {-7, kDark1}, {-6, kBase},   {-5, kLight1},
+                            {-4, kLight2}, {-3, kNone},  {-2, kLight2}, {-1, kLight1},
+                            {0, kBase},    {1, kDark1}};
 
 }  // namespace
 
@@ -29,9 +30,10 @@ wxColour IndeterminateProgressCtrl::Shift(wxColour const & colour, int shift) {
                   static_cast<unsigned char>(Clamp(colour.Blue() + shift)));
 }
 
-IndeterminateProgressCtrl::IndeterminateProgressCtrl(wxWindow * parent, wxWindowID id, wxPoint const & pos,
-                                                     wxSize const & size)
-    : wxWindow(parent, id, pos, size, wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE), mTimer(this, kTimerId) {
+IndeterminateProgressCtrl::IndeterminateProgressCtrl(wxWindow * parent, wxWindowID id,
+                                                     wxPoint const & pos, wxSize const & size)
+    : wxWindow(parent, id, pos, size, wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE),
+      mTimer(this, kTimerId) {
   SetBackgroundStyle(wxBG_STYLE_PAINT);  // the paint covers everything: no erasing
   wxColour const base = GetSysColour(COLOR_HIGHLIGHT);
   // Each shade is taken from the clamped one before it, 51 apart.
@@ -63,7 +65,8 @@ void IndeterminateProgressCtrl::Draw(wxDC & dc, wxSize const & size) const {
   dc.SetBrush(wxBrush(mBackground));
   dc.DrawRectangle(0, 0, size.x, size.y);
   // Diagonals as the platform's line drawing makes them: no smoothing.
-  if (wxGraphicsContext * context = dc.GetGraphicsContext()) context->SetAntialiasMode(wxANTIALIAS_NONE);
+  if (wxGraphicsContext * context = dc.GetGraphicsContext())
+    context->SetAntialiasMode(wxANTIALIAS_NONE);
   int const h = size.y + 1;
   int const count = size.x / kPeriod + 2;
   int const x0 = mPosition - kPeriod + h + 9;

@@ -8,12 +8,13 @@
 #include <wx/window.h>
 
 class IndeterminateProgressCtrl : public wxWindow {
- public:
+public:
   static constexpr int kTimerId = 13;
   static constexpr int kIntervalMs = 50;
   static constexpr int kPeriod = 25;  // pixels until the pattern repeats
 
-  IndeterminateProgressCtrl(wxWindow * parent, wxWindowID id, wxPoint const & pos = wxDefaultPosition,
+  IndeterminateProgressCtrl(wxWindow * parent, wxWindowID id,
+                            wxPoint const & pos = wxDefaultPosition,
                             wxSize const & size = wxDefaultSize);
 
   // The timer's step: the stripes move one pixel and the bar repaints now.
@@ -25,7 +26,7 @@ class IndeterminateProgressCtrl : public wxWindow {
   // A colour with every channel moved by `shift`, clamped to 0..255.
   static wxColour Shift(wxColour const & colour, int shift);
 
- private:
+private:
   void OnPaint(wxPaintEvent & event);
 
   int mPosition = 0;

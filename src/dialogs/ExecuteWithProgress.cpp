@@ -44,11 +44,13 @@ void Execute(boost::function<void()> const & work, boost::function<void()> const
 
 }  // namespace
 
-void ExecuteWithProgress(boost::function<void()> const & work, char const * title, wxWindow * parent) {
+void ExecuteWithProgress(boost::function<void()> const & work, char const * title,
+                         wxWindow * parent) {
   Execute(work, nullptr, title, parent);
 }
 
-void ExecuteWithProgress(boost::function<void()> const & work, boost::function<void()> const & cancel,
-                         char const * title, wxWindow * parent) {
+void ExecuteWithProgress(boost::function<void()> const & work,
+                         boost::function<void()> const & cancel, char const * title,
+                         wxWindow * parent) {
   Execute(work, &cancel, title, parent);
 }

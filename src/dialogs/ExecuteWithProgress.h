@@ -16,6 +16,8 @@ class wxWindow;
 // `title` is UTF-8; null or empty keeps the dialog's own caption. A title
 // that is not UTF-8 throws boost::locale::conv::conversion_error before
 // anything runs. An empty `work` throws boost::bad_function_call.
-void ExecuteWithProgress(boost::function<void()> const & work, char const * title, wxWindow * parent);
-void ExecuteWithProgress(boost::function<void()> const & work, boost::function<void()> const & cancel,
-                         char const * title, wxWindow * parent);
+void ExecuteWithProgress(boost::function<void()> const & work, char const * title,
+                         wxWindow * parent);
+void ExecuteWithProgress(boost::function<void()> const & work,
+                         boost::function<void()> const & cancel, char const * title,
+                         wxWindow * parent);

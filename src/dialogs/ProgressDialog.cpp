@@ -44,9 +44,12 @@ bool ProgressDialog::OnInitDialog() {
       // client size: the frame's decorations may not be known yet.
       wxSize const client = GetClientSize();
       SetClientSize(client.x, client.y + button->GetClientSize().y);
-      Bind(wxEVT_BUTTON, [this](wxCommandEvent &) {
-        if (mCancel != nullptr && *mCancel) (*mCancel)();
-      }, kCancelButton);
+      Bind(
+          wxEVT_BUTTON,
+          [this](wxCommandEvent &) {
+            if (mCancel != nullptr && *mCancel) (*mCancel)();
+          },
+          kCancelButton);
       Refresh();
     }
   }

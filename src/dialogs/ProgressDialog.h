@@ -16,18 +16,18 @@ class WindowMessageEvent;
 
 // Set once, waited for once: the dialog is up.
 class ReadySignal {
- public:
+public:
   void Set();
   void Wait();
 
- private:
+private:
   std::mutex mMutex;
   std::condition_variable mCondition;
   bool mSet = false;
 };
 
 class ProgressDialog : public VxDialog {
- public:
+public:
   static constexpr unsigned kTemplate = 13365;
   static constexpr int kBar = 13366;
   static constexpr int kCancelButton = 13048;
@@ -40,12 +40,12 @@ class ProgressDialog : public VxDialog {
   void SetMayClose() { mMayClose = true; }
   IndeterminateProgressCtrl * GetBar() const { return mBar; }
 
- protected:
+protected:
   bool OnInitDialog() override;
   void OnOK() override {}  // Enter does nothing
   void OnCancel() override;
 
- private:
+private:
   void OnWindowMessage(WindowMessageEvent & event);
 
   IndeterminateProgressCtrl * mBar = nullptr;

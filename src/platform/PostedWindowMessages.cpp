@@ -55,7 +55,8 @@ void Drain() {
 
 }  // namespace
 
-bool PostWindowMessage(wxWindow * window, UINT message, std::uintptr_t wParam, std::intptr_t lParam) {
+bool PostWindowMessage(wxWindow * window, UINT message, std::uintptr_t wParam,
+                       std::intptr_t lParam) {
   wxAppConsole * app = wxAppConsole::GetInstance();
   if (app == nullptr) return false;
   bool wake = false;

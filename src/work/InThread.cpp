@@ -5,7 +5,8 @@
 
 #include "platform/PostedWindowMessages.h"
 
-InThread::InThread(Work work, wxWindow * window, unsigned long message) : mData(std::make_shared<Data>()) {
+InThread::InThread(Work work, wxWindow * window, unsigned long message)
+    : mData(std::make_shared<Data>()) {
   mData->work = std::move(work);
   mData->window = window;
   mData->message = message;

@@ -17,7 +17,7 @@
 class wxWindow;
 
 class InThread {
- public:
+public:
   using Work = boost::function<float(bool &)>;
 
   // `message` 0: nothing is posted at the end of a run.
@@ -40,7 +40,7 @@ class InThread {
   // user interface cannot starve.
   static constexpr int kNiceness = 10;
 
- private:
+private:
   struct Data {
     wxWindow * window = nullptr;
     bool stop = true;  // polled by the work through its reference

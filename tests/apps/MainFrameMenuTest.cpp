@@ -25,6 +25,7 @@
 #include "ProjectTreeWindow.h"
 #include "PropertyEditorsDialog.h"
 #include "ReleaseNotesDialog.h"
+#include "ServiceDialog.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
@@ -84,6 +85,7 @@ enum class Opens {
   kSelectItem,       // the item selection
   kSelectClass,      // the class or phase choice
   kPropertyEditors,  // the property editors
+  kService,          // the service dialog
 };
 
 struct Expected {
@@ -105,6 +107,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Pick a run...", {Opens::kRunPicker}},
     {"Tools/Instruments...", {Opens::kInstruments}},
     {"Tools/Calibration list...", {Opens::kCalibrationList}},
+    {"Tools/Service...", {Opens::kService}},
     {"Tools/Copy runs", {Opens::kNothing}},
     {"Tools/Report", {Opens::kReportWindow}},
     {"Tools/Runs by project...", {Opens::kProjectTree}},
@@ -171,6 +174,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kCalibrationList;
   } else if (dynamic_cast<PropertyEditorsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kPropertyEditors;
+  } else if (dynamic_cast<ServiceDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kService;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
@@ -312,6 +317,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kPropertyEditors,
         Opens::kSheet,
         Opens::kWizard,
+        Opens::kService,
     };
     // clang-format on
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
@@ -369,6 +375,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kPropertyEditors:
       case Opens::kSheet:
       case Opens::kWizard:
+      case Opens::kService:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

@@ -28,7 +28,7 @@
 namespace {
 
 class CalibrationFailed : public Exception {
- public:
+public:
   using Exception::Exception;
 };
 
@@ -66,8 +66,11 @@ TEST(ExecuteWithProgress, TheWorksExceptionReachesTheCallerInItsOwnClass) {
   ModalDialogScript script;
   script.Act([](wxDialog &) {});
   try {
-    ExecuteWithProgress([] { throw CalibrationFailed(ExceptionMessage::translate("The reference run is missing.")); }, "Fit",
-                        nullptr);
+    ExecuteWithProgress(
+        [] {
+          throw CalibrationFailed(ExceptionMessage::translate("The reference run is missing."));
+        },
+        "Fit", nullptr);
     ADD_FAILURE() << "nothing thrown";
   } catch (CalibrationFailed const & failure) {
     EXPECT_EQ(failure.Why(), "The reference run is missing.");
@@ -80,7 +83,8 @@ TEST(ExecuteWithProgress, TheWorksExceptionReachesTheCallerInItsOwnClass) {
     EXPECT_STREQ(failure.what(), "call to empty boost::function");
   }
   // A title that is no UTF-8 stops before any dialog or thread.
-  EXPECT_THROW(ExecuteWithProgress([] {}, "bad \xFF title", nullptr), boost::locale::conv::conversion_error);
+  EXPECT_THROW(ExecuteWithProgress([] {}, "bad \xFF title", nullptr),
+               boost::locale::conv::conversion_error);
   EXPECT_EQ(script.Shown().size(), 2U);
 }
 
@@ -101,8 +105,11 @@ TEST(ExecuteWithProgress, CancelCallsItsFunctionEachTimeAndTheWorkEndsTheDialog)
     EXPECT_TRUE(d.IsModal()) << "Cancel only asks the work to stop";
     gui_test::Click(d, ProgressDialog::kCancelButton);
   });
-  ExecuteWithProgress([&cancels] { while (cancels < 2) std::this_thread::yield(); }, [&cancels] { ++cancels; },
-                      "Fit", nullptr);
+  ExecuteWithProgress(
+      [&cancels] {
+        while (cancels < 2) std::this_thread::yield();
+      },
+      [&cancels] { ++cancels; }, "Fit", nullptr);
   EXPECT_EQ(cancels, 2);
   EXPECT_EQ(heightWith, heightWithout + 30) << "taller by the button";
 }
@@ -123,11 +130,14 @@ TEST(IndeterminateProgressCtrl, ShadesStepBy51AndStripesLeanRightEvery25Pixels) 
   wxColour const base = GetSysColour(COLOR_HIGHLIGHT);
   auto shade = [&base](int steps) {
     wxColour colour = base;
-    for (int i = 0; i < std::abs(steps); ++i) colour = IndeterminateProgressCtrl::Shift(colour, steps < 0 ? -51 : 51);
+    for (int i = 0; i < std::abs(steps); ++i)
+      colour = IndeterminateProgressCtrl::Shift(colour, steps < 0 ? -51 : 51);
     return colour;
   };
   wxImage image = draw();
-  auto at = [&image](int x, int y) { return wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)); };
+  auto at = [&image](int x, int y) {
+    return wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y));
+  };
   // Position 0: the second stripe starts at x 9 on the top row.
   int const expected[] = {-2, -1, 0, 1, 2, 3, 2, 1, 0, -1};
   for (int i = 0; i < 10; ++i) EXPECT_EQ(at(1 + i, 0), shade(expected[i])) << "x " << 1 + i;

@@ -54,7 +54,8 @@ TEST(PostedWindowMessages, ComeInOrderFromAnyThreadAndCanBeTakenOut) {
   EXPECT_EQ(message.message, 1026U);
   EXPECT_TRUE(PeekWindowMessage(&message, nullptr, 1027, 1028, PM_REMOVE));
   EXPECT_EQ(message.message, 1027U);
-  EXPECT_FALSE(PeekWindowMessage(&message, first.frame, 1028, 1028, PM_REMOVE)) << "1028 is the other's";
+  EXPECT_FALSE(PeekWindowMessage(&message, first.frame, 1028, 1028, PM_REMOVE))
+      << "1028 is the other's";
   EXPECT_TRUE(PeekWindowMessage(&message, nullptr, 0, 0, PM_REMOVE)) << "0 to 0 takes any";
   EXPECT_EQ(message.message, 1025U);
   Deliver();
@@ -82,7 +83,8 @@ TEST(InThread, RunsAtLowPriorityAndPostsItsCompletion) {
   EXPECT_EQ(thread.get(), 2.5F);
   EXPECT_EQ(thread.get(), 2.5F);
   EXPECT_EQ(niceness, InThread::kNiceness);
-  EXPECT_TRUE(PeekWindowMessage(nullptr, owner.frame, kDone, kDone, PM_NOREMOVE)) << "get leaves it";
+  EXPECT_TRUE(PeekWindowMessage(nullptr, owner.frame, kDone, kDone, PM_NOREMOVE))
+      << "get leaves it";
   Deliver();
   EXPECT_EQ(owner.got, std::vector<UINT>{kDone});
 }
@@ -135,7 +137,8 @@ TEST(InThread, WithoutAMessageStopTakesAnyOneMessage) {
   PostWindowMessage(owner.frame, 1101);
   silent.Stop();
   Deliver();
-  EXPECT_EQ(owner.got, std::vector<UINT>{1101}) << "the filter 0 to 0 took the first message there was";
+  EXPECT_EQ(owner.got, std::vector<UINT>{1101})
+      << "the filter 0 to 0 took the first message there was";
 }
 
 }  // namespace
