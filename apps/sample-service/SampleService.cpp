@@ -57,8 +57,8 @@ protected:
   DWORD OnServiceInitialize() override { return mFailInit ? kInitFailure : 0; }
 
   bool OnServiceRun() override {
+    EventLog log(kServiceName);  // before it reports running: it reads the registry
     ReportStatus(VxService::Running, 0, 0, 0, 0);
-    EventLog log(kServiceName);
     std::unique_lock<std::mutex> lock(mMutex);
     for (unsigned long minute = 1; !mStop; ++minute) {
       log.WriteEntry("The sample service has run for " + std::to_string(minute) + " minute(s).",
@@ -80,7 +80,8 @@ private:
   static int Register() {
     try {
       EventSource source = EventLog::CreateEventSource(kServiceName, L"Application");
-      source.SetMessageFile(vx3::Utf8ToWide(VxGetExecutableDirectory() + "/talvo-sample-service").c_str());
+      source.SetMessageFile(
+          vx3::Utf8ToWide(VxGetExecutableDirectory() + "/talvo-sample-service").c_str());
       std::printf("The event source %s is registered.\n", vx3::WideToUtf8(kServiceName).c_str());
       return 0;
     } catch (Exception & e) {
