@@ -11,11 +11,11 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/signalfd.h>
 #include <sys/socket.h>
 #include <sys/uio.h>
 #include <sys/un.h>
 #include <sys/wait.h>
-#include <sys/signalfd.h>
 #include <systemd/sd-daemon.h>
 #include <systemd/sd-journal.h>
 #include <unistd.h>
@@ -52,7 +52,10 @@ int BindDatagram(std::string const & path) {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   std::snprintf(address.sun_path, sizeof address.sun_path, "%s", path.c_str());
-  ::bind(fd, reinterpret_cast<sockaddr *>(&address), sizeof address);
+  if (::bind(fd, reinterpret_cast<sockaddr *>(&address), sizeof address) != 0) {
+    ::close(fd);
+    return -1;
+  }
   return fd;
 }
 
@@ -64,7 +67,8 @@ public:
       char buffer[65536];
       pollfd wait{mSocket, POLLIN, 0};
       while (!mStop)
-        if (::poll(&wait, 1, 20) == 1) benchmark::DoNotOptimize(::recv(mSocket, buffer, sizeof buffer, 0));
+        if (::poll(&wait, 1, 20) == 1)
+          benchmark::DoNotOptimize(::recv(mSocket, buffer, sizeof buffer, 0));
     });
   }
   ~JournalStandIn() {
@@ -89,21 +93,30 @@ std::vector<std::string> const kStrings = {"pump 3", "pressure over limit"};
 void WriteEntry_candidate(benchmark::State & state) {
   std::unique_ptr<JournalStandIn> standIn;
   if (!RealJournal()) standIn = std::make_unique<JournalStandIn>();
-  EventLog log(L"Bench", std::make_shared<JournalWriter>(
-                             standIn ? standIn->Path() : JournalWriter::DefaultSocket()));
+  EventLog log(L"Bench", std::make_shared<JournalWriter>(standIn ? standIn->Path()
+                                                                 : JournalWriter::DefaultSocket()));
   for (auto _ : state) log.WriteEntry(kStrings, 7, EventLog::Warning);
 }
 BENCHMARK(WriteEntry_candidate)->Name("WriteEntry/candidate");
 
 void WriteEntry_baseline(benchmark::State & state) {
-  std::vector<std::string> const fields = {
-      "MESSAGE=Event 7: pump 3; pressure over limit", "PRIORITY=4", "SYSLOG_IDENTIFIER=Bench",
-      "EVENT_ID=7", "EVENT_TYPE=2", "EVENT_CATEGORY=0", "EVENT_LOG=Application",
-      "EVENT_STRING_1=pump 3", "EVENT_STRING_2=pressure over limit", "USER_SID=S-1-22-1-0"};
+  std::vector<std::string> const fields = {"MESSAGE=Event 7: pump 3; pressure over limit",
+                                           "PRIORITY=4",
+                                           "SYSLOG_IDENTIFIER=Bench",
+                                           "EVENT_ID=7",
+                                           "EVENT_TYPE=2",
+                                           "EVENT_CATEGORY=0",
+                                           "EVENT_LOG=Application",
+                                           "EVENT_STRING_1=pump 3",
+                                           "EVENT_STRING_2=pressure over limit",
+                                           "USER_SID=S-1-22-1-0"};
   if (RealJournal()) {
     std::vector<iovec> vector;
-    for (auto const & field : fields) vector.push_back({const_cast<char *>(field.data()), field.size()});
-    for (auto _ : state) benchmark::DoNotOptimize(::sd_journal_sendv(vector.data(), static_cast<int>(vector.size())));
+    vector.reserve(fields.size());
+    for (auto const & field : fields)
+      vector.push_back({const_cast<char *>(field.data()), field.size()});
+    for (auto _ : state)
+      benchmark::DoNotOptimize(::sd_journal_sendv(vector.data(), static_cast<int>(vector.size())));
     return;
   }
   JournalStandIn standIn;
@@ -170,8 +183,7 @@ void ServiceStopSignal_candidate(benchmark::State & state) {
     while (!record.empty() && record.find("STOPPING=1") == std::string::npos);
     auto const arrived = std::chrono::steady_clock::now();
     state.SetIterationTime(std::chrono::duration<double>(arrived - sent).count());
-    while (!receive().empty() && ::waitpid(pid, nullptr, WNOHANG) == 0) {
-    }
+    while (!receive().empty() && ::waitpid(pid, nullptr, WNOHANG) == 0) {}
     ::waitpid(pid, nullptr, 0);
     if (record.empty()) {
       state.SkipWithError("no STOPPING=1 came");
@@ -181,7 +193,10 @@ void ServiceStopSignal_candidate(benchmark::State & state) {
   ::close(notify);
   ::unlink(socketPath.c_str());
 }
-BENCHMARK(ServiceStopSignal_candidate)->Name("ServiceStopSignal/candidate")->UseManualTime()->Iterations(50);
+BENCHMARK(ServiceStopSignal_candidate)
+    ->Name("ServiceStopSignal/candidate")
+    ->UseManualTime()
+    ->Iterations(50);
 
 // The bare round trip: a forked process that reads SIGTERM from a signalfd
 // and sends STOPPING=1 at once, timed the same way (it shows what the
@@ -220,6 +235,9 @@ void ServiceStopSignal_baseline(benchmark::State & state) {
   ::close(notify);
   ::unlink(socketPath.c_str());
 }
-BENCHMARK(ServiceStopSignal_baseline)->Name("ServiceStopSignal/baseline")->UseManualTime()->Iterations(50);
+BENCHMARK(ServiceStopSignal_baseline)
+    ->Name("ServiceStopSignal/baseline")
+    ->UseManualTime()
+    ->Iterations(50);
 
 }  // namespace
