@@ -57,8 +57,8 @@ protected:
   DWORD OnServiceInitialize() override { return mFailInit ? kInitFailure : 0; }
 
   bool OnServiceRun() override {
+    EventLog log(kServiceName);  // before it reports running: it reads the registry
     ReportStatus(VxService::Running, 0, 0, 0, 0);
-    EventLog log(kServiceName);
     std::unique_lock<std::mutex> lock(mMutex);
     for (unsigned long minute = 1; !mStop; ++minute) {
       log.WriteEntry("The sample service has run for " + std::to_string(minute) + " minute(s).",

@@ -54,6 +54,7 @@ EventLog::EventLog(wchar_t const * source, std::shared_ptr<JournalWriter> writer
     : mSid(nullptr), mSidText(mSid.ToString()), mWriter(std::move(writer)) {
   if (source == nullptr) return;
   mSource = Narrow(source);
+  mIdentifier = VxJournal::CleanIdentifier(mSource);
   mLog = LogNameFromSourceName(source);
   // An unregistered source writes to the application log, as it always did.
   if (mLog.empty()) mLog = APPLICATION_LOG;
@@ -127,9 +128,7 @@ void EventLog::InternalWriteEntry(std::vector<std::string> const & texts, unsign
     entry.dataSize = data != nullptr ? size : 0;
     std::vector<std::string> const fields = VxJournal::EncodeFields(entry, texts);
     // The system log names the program, not the source: the source leads.
-    std::string const text =
-        VxJournal::CleanIdentifier(mSource) + ": " + fields.front().substr(sizeof "MESSAGE=" - 1);
-    mWriter->Write(fields, VxJournal::Priority(entry.type), text);
+    mWriter->Write(fields, VxJournal::Priority(entry.type), mIdentifier);
   } catch (std::exception &) {
     // Writing to the log never throws (only memory can run out here).
   }

@@ -61,6 +61,7 @@ private:
   VxSid mSid;
   std::string mSidText;
   std::string mSource;  // empty: no handle
+  std::string mIdentifier;
   std::string mLog;
   std::shared_ptr<JournalWriter> mWriter;
 };

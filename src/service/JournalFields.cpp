@@ -15,6 +15,10 @@ int Priority(unsigned int eventType) {
 }
 
 std::string CleanString(std::string const & text) {
+  // Most strings are short ASCII: nothing to cut or check.
+  if (text.size() <= kMaxStringCharacters &&
+      std::all_of(text.begin(), text.end(), [](char c) { return c > 0; }))
+    return text;
   std::string const valid = vx3::SanitizeUtf8(std::string_view(text.c_str()));
   size_t characters = 0;
   size_t at = 0;

@@ -12,6 +12,9 @@
 
 namespace {
 
+// What one sendmsg takes (UIO_MAXIOV).
+constexpr size_t kMaxParts = 1024;
+
 bool SocketExists(std::string const & path) { return ::access(path.c_str(), F_OK) == 0; }
 
 // One field in the native protocol, appended to `out`.
@@ -58,27 +61,51 @@ bool JournalWriter::SendDatagram(std::vector<std::string> const & fields) {
   std::memcpy(address.sun_path, mSocketPath.c_str(), mSocketPath.size() + 1);
   if (mSocket < 0) mSocket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
   if (mSocket < 0) return false;
-  std::string const datagram = EncodeDatagram(fields);
+  // The fields go out in place, as sd_journal_sendv sends them: a field
+  // with a newline in its value, or a vector longer than the kernel takes,
+  // is written into one buffer first.
+  static char newline = '\n';
+  std::string joined;
+  std::vector<iovec> parts;
+  bool inPlace = fields.size() * 2 <= kMaxParts;
+  for (auto const & field : fields)
+    if (field.find('\n') != std::string::npos) inPlace = false;
+  if (inPlace) {
+    parts.reserve(fields.size() * 2);
+    for (auto const & field : fields) {
+      parts.push_back({const_cast<char *>(field.data()), field.size()});
+      parts.push_back({&newline, 1});
+    }
+  } else {
+    joined = EncodeDatagram(fields);
+    parts.push_back({joined.data(), joined.size()});
+  }
+  msghdr message{};
+  message.msg_name = &address;
+  message.msg_namelen = sizeof address;
+  message.msg_iov = parts.data();
+  message.msg_iovlen = parts.size();
   ssize_t sent = 0;
   do {
-    sent = ::sendto(mSocket, datagram.data(), datagram.size(), MSG_NOSIGNAL,
-                    reinterpret_cast<sockaddr const *>(&address), sizeof address);
+    sent = ::sendmsg(mSocket, &message, MSG_NOSIGNAL);
   } while (sent < 0 && errno == EINTR);
-  return sent == static_cast<ssize_t>(datagram.size());
+  return sent > 0;
 }
 
 bool JournalWriter::Write(std::vector<std::string> const & fields, int priority,
-                          std::string const & text) {
-  if (SocketExists(mSocketPath)) {
-    if (mSocketPath != DefaultSocket()) {
-      if (SendDatagram(fields)) return true;
-    } else {
-      std::vector<iovec> vector(fields.size());
-      for (size_t i = 0; i < fields.size(); ++i)
-        vector[i] = {const_cast<char *>(fields[i].data()), fields[i].size()};
-      if (::sd_journal_sendv(vector.data(), static_cast<int>(vector.size())) >= 0) return true;
-    }
+                          std::string const & source) {
+  if (mSocketPath != DefaultSocket()) {
+    // A send to a socket that is not there fails by itself.
+    if (SendDatagram(fields)) return true;
+  } else if (SocketExists(mSocketPath)) {
+    std::vector<iovec> vector(fields.size());
+    for (size_t i = 0; i < fields.size(); ++i)
+      vector[i] = {const_cast<char *>(fields[i].data()), fields[i].size()};
+    if (::sd_journal_sendv(vector.data(), static_cast<int>(vector.size())) >= 0) return true;
   }
+  std::string text = source + ": ";
+  if (!fields.empty() && fields.front().rfind("MESSAGE=", 0) == 0)
+    text.append(fields.front(), sizeof "MESSAGE=" - 1, std::string::npos);
   mSyslog(priority, text.c_str());
   return false;
 }

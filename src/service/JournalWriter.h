@@ -26,10 +26,10 @@ public:
   JournalWriter(JournalWriter const &) = delete;
   JournalWriter & operator=(JournalWriter const &) = delete;
 
-  // Sends the fields ("NAME=value"); `priority` and `text` are what the
-  // system log gets instead. True when the journal took the entry, false
-  // when it went to the system log.
-  bool Write(std::vector<std::string> const & fields, int priority, std::string const & text);
+  // Sends the fields ("NAME=value", MESSAGE first). Without a journal the
+  // system log gets "<source>: <message>" at `priority`. True when the
+  // journal took the entry, false when it went to the system log.
+  bool Write(std::vector<std::string> const & fields, int priority, std::string const & source);
 
   // The datagram of the native protocol for `fields`, as sent.
   static std::string EncodeDatagram(std::vector<std::string> const & fields);

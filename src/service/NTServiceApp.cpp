@@ -185,7 +185,10 @@ void NTServiceApp::Start() {
 
 void NTServiceApp::Handler(unsigned long control) {
   switch (control) {
+    // The manager hears of a stop before its log line is flushed: a flush
+    // takes milliseconds, and the manager's stop timeout runs meanwhile.
     case VxService::ControlStop:
+      AnnounceStop();
       Write("Handler", "Stop message arrived at service handler.", 1, true);
       Stop();
       break;
@@ -194,6 +197,7 @@ void NTServiceApp::Handler(unsigned long control) {
       Interrogate();
       break;
     case VxService::ControlShutdown:
+      AnnounceStop();
       Write("Handler", "Shutdown message arrived at service handler.", 1, true);
       Shutdown();
       break;
@@ -201,14 +205,21 @@ void NTServiceApp::Handler(unsigned long control) {
   }
 }
 
-void NTServiceApp::Stop() {
+void NTServiceApp::AnnounceStop() {
   ReportStatus(VxService::StopPending, 1, kPendingWaitHint, 0, 0);
+  mStopAnnounced = true;
+}
+
+void NTServiceApp::Stop() {
+  if (!mStopAnnounced.exchange(false))
+    ReportStatus(VxService::StopPending, 1, kPendingWaitHint, 0, 0);
   if (!OnServiceStop()) Write("Stop", "Service failed during stopping.", 4);
 }
 
 void NTServiceApp::Shutdown() {
   LogEvent(mShutdownEventId);
-  ReportStatus(VxService::StopPending, 1, kPendingWaitHint, 0, 0);
+  if (!mStopAnnounced.exchange(false))
+    ReportStatus(VxService::StopPending, 1, kPendingWaitHint, 0, 0);
   if (!OnServiceStop()) Write("Shutdown", "Service failed during stop", 4);
 }
 

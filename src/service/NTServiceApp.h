@@ -85,6 +85,8 @@ protected:
   unsigned long mShutdownEventId = 0;
 
 private:
+  // Reports stop pending at once, for Stop or Shutdown to follow.
+  void AnnounceStop();
   static void ServiceMain();
   static void ServiceHandler(unsigned long control);
 
@@ -92,6 +94,7 @@ private:
 
   wchar_t const * mServiceName = nullptr;
   bool mStatusHandle = false;  // the handler is registered
+  std::atomic<bool> mStopAnnounced{false};
   VxService::AtomicStatus mStatus;
   unsigned long mReservedEventIds[2] = {0, 0};
   unsigned long mStartEventId = 0;

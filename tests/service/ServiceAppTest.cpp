@@ -17,6 +17,7 @@
 
 #include "NotifySocket.h"
 #include "platform/ChildProcess.h"
+#include "service/ServiceDispatcher.h"
 #include "utl/Paths.h"
 
 namespace {
@@ -241,6 +242,36 @@ TEST_F(ServiceRun, ASecondServiceObjectLeavesTheFirstInCharge) {
   EXPECT_EQ(mChild.Wait(), 0);
   EXPECT_NE(LogText().find("4 NTServiceApp::NTServiceApp: Application object already exist."),
             std::string::npos);
+}
+
+}  // namespace
+
+namespace {
+
+// One dispatcher a process: a second one, started while the first runs,
+// gets 1056 and runs nothing.
+TEST(ServiceDispatcherRules, ASecondDispatcherIsRefused) {
+  NotifySocket notify("notify-dispatcher");
+  ::setenv("NOTIFY_SOCKET", notify.Path().c_str(), 1);
+  VxService::AtomicStatus status;
+  uint32_t inner = 0;
+  bool innerRan = false;
+  VxService::ServiceDispatcher outer(
+      status,
+      [&] {
+        VxService::ServiceDispatcher second(
+            status, [&] { innerRan = true; }, [](uint32_t) {});
+        inner = second.Run();
+      },
+      [](uint32_t) {});
+  EXPECT_EQ(outer.Run(), 0u);
+  EXPECT_EQ(inner, 1056u);
+  EXPECT_FALSE(innerRan);
+  ::unsetenv("NOTIFY_SOCKET");
+  VxService::ServiceDispatcher unmanaged(
+      status, [&] { innerRan = true; }, [](uint32_t) {});
+  EXPECT_EQ(unmanaged.Run(), 1063u);
+  EXPECT_FALSE(innerRan);
 }
 
 }  // namespace
