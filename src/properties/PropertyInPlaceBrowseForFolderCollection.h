@@ -11,9 +11,10 @@ public:
                                            wxString const & title, wxString const & prompt,
                                            wxString const & data = wxString());
   // The parent owns the result.
-  static PropertyInPlaceBrowseForFolderCollection *
-  CreateInPlaceControl(wxWindow * parent, RECT rect, wxString const & title,
-                       wxString const & prompt);
+  static PropertyInPlaceBrowseForFolderCollection * CreateInPlaceControl(wxWindow * parent,
+                                                                         RECT rect,
+                                                                         wxString const & title,
+                                                                         wxString const & prompt);
 
   wxString const & GetTitle() const { return mTitle; }
   wxString const & GetPrompt() const { return mPrompt; }
