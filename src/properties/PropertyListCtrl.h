@@ -15,11 +15,12 @@
 #include <memory>
 #include <vector>
 
-#include <wx/font.h>
 #include <wx/vlbox.h>
 
+#include "controls/ExceptionGuarded.h"
 #include "platform/WinTypes.h"
 #include "properties/PropertyInPlaceMessages.h"
+#include "properties/PropertyListGeometry.h"
 
 class PropertyItem;
 class PropertyItemCategory;
@@ -28,7 +29,10 @@ class PropertyDetailsPane;
 class PropertyRowMeasure;
 class WindowMessageEvent;
 
-class PropertyListCtrl : public wxVListBox {
+// The list stops an exception of its own handlers, of an item or of the
+// manager at its edge (controls/ExceptionGuarded.h): the failure is reported
+// and the list stays usable.
+class PropertyListCtrl : public ExceptionGuarded<wxVListBox> {
 public:
   PropertyListCtrl() = default;
   PropertyListCtrl(wxWindow * parent, wxWindowID id, wxPoint const & pos = wxDefaultPosition,
@@ -73,11 +77,13 @@ public:
   bool GetShowDetails() const { return mShowDetails; }
 
   // Selects the row of the item with this property identifier, expanding a
-  // collapsed category that holds it. False when nothing matches.
+  // collapsed category that holds it, and runs the selection-change steps
+  // (so the editor follows). False when nothing matches.
   bool SetCurSelByID(unsigned id);
 
   int GetCurSel() const { return GetSelection(); }
-  // Selects a row without the selection-change steps (-1: none).
+  // Selects a row without the selection-change steps (-1: none); callers
+  // follow with ShowInPlaceControl(true) for its editor.
   void SetCurSel(int index);
 
   // Hands the editor to the selected item and tells the manager. False
@@ -132,14 +138,19 @@ private:
   // The selection-change steps: a new editor for the selected row (the old
   // one dropped without taking its value), then the details.
   void SelectionChanged();
+  // Keys on a selected category row; true when consumed.
+  bool CategoryKey(int keyCode);
   void CreateInPlaceControl();
   // Puts the editor back over its row after a scroll, or hides it while the
   // row is out of view.
   void PlaceInPlaceControl();
   void RefreshDetails();
   void SyncItemCount();
-  bool IsRowVisible(int index) const;
+  // Takes an editor out of the list at once; it is deleted now, or later
+  // when its own message is being handled (its handler is on the stack).
+  void RetireInPlaceControl(wxWindow * control);
   wxRect GetRowRect(int index) const;
+  PropertyListGeometry::NameSpan SpanOf(PropertyItem const & item) const;
 
   std::vector<PropertyItem *> mRows;
   mutable std::vector<int> mHeights;  // 0: not measured yet
@@ -147,8 +158,9 @@ private:
   PropertyItemManager * mManager = nullptr;
   wxWindow * mInPlaceControl = nullptr;
   PropertyDetailsPane * mDetails = nullptr;
+  wxWindow * mRetired = nullptr;  // hidden holder of editors waiting to be deleted
   bool mShowDetails = true;
-  int mBatch = 0;            // inserts held back from the window's row count
-  int mInEditorMessage = 0;  // an editor's message is being handled
-  int mMeasuredWidth = -1;   // the width the cached heights were wrapped for
+  int mBatch = 0;                   // inserts held back from the window's row count
+  int mInEditorMessage = 0;         // an editor's message is being handled
+  mutable int mMeasuredWidth = -1;  // the width the cached heights were wrapped for
 };

@@ -3,17 +3,15 @@
 #include <algorithm>
 #include <string>
 
-#include <wx/bitmap.h>
-
 #include "dialogs/LimitLineLength.h"
 
 namespace {
 wchar_t const kMeasuringText[] = L"DummyText";
 }
 
-PropertyRowMeasure::PropertyRowMeasure(wxFont const & font) {
+PropertyRowMeasure::PropertyRowMeasure(wxFont const & font) : mBitmap(1, 1) {
   // A memory context needs a bitmap before it measures on GTK.
-  mDc.SelectObject(wxBitmap(1, 1));
+  mDc.SelectObject(mBitmap);
   SetFont(font);
 }
 

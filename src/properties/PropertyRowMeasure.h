@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+#include <wx/bitmap.h>
 #include <wx/dcmemory.h>
 #include <wx/font.h>
 #include <wx/string.h>
@@ -36,6 +37,7 @@ public:
   static std::int64_t CountLines(wxString const & text);
 
 private:
+  wxBitmap mBitmap;
   wxMemoryDC mDc;
   wxFont mNormal;
   wxFont mBold;
