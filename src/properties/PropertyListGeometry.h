@@ -10,12 +10,12 @@
 
 namespace PropertyListGeometry {
 
-constexpr int kGutterWidth = 16;    // the expander's column; the grid line stands at it
-constexpr int kExpanderSize = 9;    // the expander box, square
-constexpr int kExpanderLeft = 3;    // from the row's left
-constexpr int kDetailsHeight = 64;  // the details pane under the rows
-constexpr int kTextInset = 3;       // text from a cell's edges
-constexpr int kRowPadding = 4;      // added to the lines' height of a row
+constexpr int kGutterWidth = 16;       // the expander's column; the grid line stands at it
+constexpr int kExpanderSize = 9;       // the expander box, square
+constexpr int kExpanderLeft = 3;       // from the row's left
+constexpr int kDetailsHeight = 64;     // the details pane under the rows
+constexpr int kTextInset = 3;          // text from a cell's edges
+constexpr int kRowPadding = 4;         // added to the lines' height of a row
 constexpr int kMaxRowHeight = 0x7FFF;  // a row never grows past what a coordinate holds
 constexpr std::uint32_t kGridColour = 0xC6C6C6;  // COLORREF, 0x00BBGGRR
 // A press left of this x flips the category it selects.
