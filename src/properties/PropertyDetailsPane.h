@@ -14,6 +14,10 @@ public:
   // Lays the pane over the bottom of the list's window.
   void Place();
 
+  // Only shows: the focus stays with the rows and their editor.
+  bool AcceptsFocus() const override { return false; }
+  bool AcceptsFocusFromKeyboard() const override { return false; }
+
 private:
   void OnPaint(wxPaintEvent & event);
 

@@ -62,6 +62,7 @@ void PropertyListCtrl::Init() {
   mDetails = new PropertyDetailsPane(this);
   mRetired = new wxWindow(this, wxID_ANY, wxDefaultPosition, wxSize(1, 1));
   mRetired->Hide();
+  mRetired->Disable();  // takes no focus
 
   Bind(wxEVT_PAINT, &PropertyListCtrl::OnPaintRows, this);
   Bind(wxEVT_LISTBOX, &PropertyListCtrl::OnSelectionChange, this, GetId());
@@ -165,14 +166,20 @@ wxCoord PropertyListCtrl::OnMeasureItem(size_t n) const {
   return row.height;
 }
 
+wxCoord PropertyListCtrl::EstimateTotalHeight() const {
+  auto const oneLine =
+      static_cast<long long>(mMeasure->LineHeight(false) + PropertyListGeometry::kRowPadding);
+  return static_cast<wxCoord>(
+      std::min<long long>(oneLine * static_cast<long long>(mRows.size()), 0x3FFFFFFF));
+}
+
 void PropertyListCtrl::OnDrawBackground(wxDC &, wxRect const &, size_t) const {
   // Rows draw their own cells; the selection colours the name only and no
   // focus rectangle is drawn.
 }
 
 wxRect PropertyListCtrl::GetRowRect(int index) const {
-  if (index < 0 || index >= GetCount() || static_cast<size_t>(index) >= GetItemCount())
-    return {};
+  if (index < 0 || index >= GetCount() || static_cast<size_t>(index) >= GetItemCount()) return {};
   if (!IsVisible(static_cast<size_t>(index))) return {};
   return GetItemRect(static_cast<size_t>(index));
 }
@@ -332,7 +339,8 @@ void PropertyListCtrl::DoCollapse(PropertyItemCategory * category, int index) {
   }
   int const selected = GetSelection();
   auto const removed = static_cast<int>(last - first);
-  bool const selectionGone = selected >= static_cast<int>(first) && selected < static_cast<int>(last);
+  bool const selectionGone =
+      selected >= static_cast<int>(first) && selected < static_cast<int>(last);
   if (selectionGone) {
     DestroyInPlaceControl();
     SetSelection(wxNOT_FOUND);
@@ -411,9 +419,7 @@ bool PropertyListCtrl::CategoryKey(int keyCode) {
   if (category == nullptr) return false;
   switch (keyCode) {
     case WXK_RETURN:
-    case WXK_NUMPAD_ENTER:
-      DoCollapseExpand(selected, category);
-      return true;
+    case WXK_NUMPAD_ENTER: DoCollapseExpand(selected, category); return true;
     case WXK_LEFT:
     case WXK_NUMPAD_LEFT:
     case WXK_NUMPAD_SUBTRACT:
@@ -426,8 +432,7 @@ bool PropertyListCtrl::CategoryKey(int keyCode) {
     case '+':
       if (!category->GetChildrenVisible()) DoCollapseExpand(selected, category);
       return true;
-    default:
-      return false;
+    default: return false;
   }
 }
 
@@ -451,8 +456,7 @@ void PropertyListCtrl::OnKeyDown(wxKeyEvent & event) {
         // As in an editor: these commit, never end the dialog.
         SetCurrentData();
         return;
-      default:
-        wxVListBox::OnKeyDown(event);
+      default: wxVListBox::OnKeyDown(event);
     }
   });
 }

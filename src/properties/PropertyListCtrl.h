@@ -112,6 +112,14 @@ public:
   // Draws the details pane into `dc` over `pane` (the pane's own rectangle).
   void DrawDetails(wxDC & dc, wxRect const & pane) const;
 
+  // The focus goes to the list itself, never on to a child: an editor
+  // commits as it hands the focus back here.
+  void SetFocus() override { SetFocusIgnoringChildren(); }
+  bool AcceptsFocus() const override { return true; }
+  // A container of focusable children (the editor) would stop taking the
+  // focus itself; the list always takes it.
+  void SetCanFocus(bool) override { wxVListBox::SetCanFocus(true); }
+
   // The rows' wrapping and heights are measured again at the next paint
   // (after a font change, say).
   void InvalidateRowHeights();
@@ -120,6 +128,9 @@ protected:
   void OnDrawItem(wxDC & dc, wxRect const & rect, size_t n) const override;
   wxCoord OnMeasureItem(size_t n) const override;
   void OnDrawBackground(wxDC & dc, wxRect const & rect, size_t n) const override;
+  // The scroll range from the row count alone: the window would otherwise
+  // measure rows across the whole list to guess it.
+  wxCoord EstimateTotalHeight() const override;
   // The rows' area: the window's client area less the details pane.
   void DoGetClientSize(int * width, int * height) const override;
 
