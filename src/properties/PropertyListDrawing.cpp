@@ -164,7 +164,8 @@ void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {
   // costs no more than a few lines.
   size_t const room = static_cast<size_t>(std::max(1, text.width)) *
                       static_cast<size_t>(std::max(1, text.height / std::max(1, lineHeight) + 1));
-  std::wstring shown = description.Left(std::min<size_t>(description.length(), room)).ToStdWstring();
+  std::wstring shown =
+      description.Left(std::min<size_t>(description.length(), room)).ToStdWstring();
   shown = LimitLineLength::ByPixels(shown, dc, static_cast<size_t>(text.width));
   DrawLines(dc, wxString(shown), text.x, text.y, lineHeight, text);
 }
