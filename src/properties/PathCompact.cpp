@@ -14,18 +14,18 @@ wchar_t const * const kEllipsis = L"...";
 // The end of the last component: trailing separators belong to it.
 size_t LastComponentStart(wxString const & path) {
   size_t end = path.length();
-  while (end > 0 && path[end - 1] == L'/')
-    --end;
-  if (end == 0)
-    return 0;
+  while (end > 0 && path[end - 1] == L'/') --end;
+  if (end == 0) return 0;
   size_t const separator = path.rfind(L'/', end - 1);
   return separator == wxString::npos ? 0 : separator + 1;
 }
 
-// The longest start of `name` followed by "..." that fits, or "...".
+// The longest start of `name` followed by "..." that fits, or "...". At
+// least one character goes, so that "..." always marks a cut (the name may
+// fit alone when ".../name" does not).
 wxString CutEnd(wxString const & name, int width, TextWidthFunction const & measure) {
   size_t low = 0;  // fits (the empty start: "..." alone, taken as fitting)
-  size_t high = name.length();
+  size_t high = name.empty() ? 0 : name.length() - 1;
   while (low < high) {
     size_t const mid = low + (high - low + 1) / 2;
     if (measure(name.Left(mid) + kEllipsis) <= width)
@@ -42,13 +42,11 @@ public:
   int Width(wxDC const & dc, wchar_t c) {
     if (static_cast<unsigned>(c) < mLow.size()) {
       int & known = mLow[static_cast<unsigned>(c)];
-      if (known < 0)
-        known = Measure(dc, c);
+      if (known < 0) known = Measure(dc, c);
       return known;
     }
     auto const found = mHigh.find(c);
-    if (found != mHigh.end())
-      return found->second;
+    if (found != mHigh.end()) return found->second;
     int const width = Measure(dc, c);
     mHigh.emplace(c, width);
     return width;
@@ -72,19 +70,17 @@ private:
 // device. GUI thread only, as all drawing.
 CharWidths & WidthsOf(wxDC const & dc) {
   static std::unordered_map<wxString, std::unique_ptr<CharWidths>> byFont;
-  wxString const key = dc.GetFont().GetNativeFontInfoDesc() +
-                       wxString::Format(L"@%g", dc.GetContentScaleFactor());
+  wxString const key =
+      dc.GetFont().GetNativeFontInfoDesc() + wxString::Format(L"@%g", dc.GetContentScaleFactor());
   std::unique_ptr<CharWidths> & widths = byFont[key];
-  if (!widths)
-    widths = std::make_unique<CharWidths>();
+  if (!widths) widths = std::make_unique<CharWidths>();
   return *widths;
 }
 
 }  // namespace
 
 wxString CompactPath(wxString const & path, int width, TextWidthFunction const & measure) {
-  if (path.empty() || measure(path) <= width)
-    return path;
+  if (path.empty() || measure(path) <= width) return path;
   size_t const nameStart = LastComponentStart(path);
   if (nameStart > 0) {
     // Components before the last one give way from the middle: keep the
@@ -92,8 +88,7 @@ wxString CompactPath(wxString const & path, int width, TextWidthFunction const &
     // The candidates are nested, so their widths grow: search by halves.
     std::vector<size_t> heads{0};  // lengths of the starts, shortest first
     for (size_t i = 0; i + 1 < nameStart; ++i)
-      if (path[i] == L'/')
-        heads.push_back(i + 1);
+      if (path[i] == L'/') heads.push_back(i + 1);
     wxString const tail = path.Mid(nameStart - 1);  // "/name"
     auto candidate = [&](size_t k) { return path.Left(heads[k]) + kEllipsis + tail; };
     if (measure(candidate(0)) <= width) {
@@ -116,8 +111,7 @@ wxString CompactPath(wxDC const & dc, wxString const & path, int width) {
   CharWidths & widths = WidthsOf(dc);
   auto const sum = [&](wxString const & text) {
     int total = 0;
-    for (wchar_t const c : text)
-      total += widths.Width(dc, c);
+    for (wchar_t const c : text) total += widths.Width(dc, c);
     return total;
   };
   // Characters drawn together may take more room than alone (rarely: most
@@ -129,8 +123,7 @@ wxString CompactPath(wxDC const & dc, wxString const & path, int width) {
     wxCoord drawn = 0;
     wxCoord height = 0;
     dc.GetTextExtent(result, &drawn, &height);
-    if (drawn <= width)
-      break;
+    if (drawn <= width) break;
     room -= drawn - width;
     result = CompactPath(path, room, sum);
   }
@@ -138,12 +131,10 @@ wxString CompactPath(wxDC const & dc, wxString const & path, int width) {
 }
 
 bool PathCompactPathW(wxDC const & dc, wchar_t * path, unsigned width) {
-  if (path == nullptr)
-    return true;
+  if (path == nullptr) return true;
   size_t const length = std::wcslen(path);
   int const room = width > unsigned(INT_MAX) ? INT_MAX : static_cast<int>(width);
   wxString const result = CompactPath(dc, wxString(path, length), room);
-  if (result.length() <= length)
-    std::wcscpy(path, result.wc_str());
+  if (result.length() <= length) std::wcscpy(path, result.wc_str());
   return true;
 }

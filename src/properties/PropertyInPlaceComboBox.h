@@ -84,4 +84,5 @@ private:
   PropertyInPlaceComboBoxButton * mButton = nullptr;
   PropertyInPlaceComboBoxListBox * mList = nullptr;
   wxWindow * mOwner = nullptr;
+  int mChosen = -1;  // the list's highlight moves apart from it while open
 };

@@ -15,7 +15,9 @@ PropertyItem::PropertyItem(wchar_t const * name, unsigned id, wchar_t const * de
     : mName(TextOrEmpty(name)), mShowName(mName), mId(id), mDescription(TextOrEmpty(description)) {}
 
 PropertyItem::PropertyItem(unsigned nameId, unsigned id, unsigned descriptionId)
-    : mName(LoadResourceString(nameId)), mShowName(mName), mId(id),
+    : mName(LoadResourceString(nameId)),
+      mShowName(mName),
+      mId(id),
       mDescription(LoadResourceString(descriptionId)) {}
 
 void PropertyItem::DrawValue(wxDC & /*dc*/, RECT /*rect*/) {}
@@ -31,10 +33,9 @@ PropertyItem * PropertyItem::Clone() const { return new PropertyItem(*this); }
 void PropertyItem::DrawValueText(wxDC & dc, RECT rect, wxString const & text) {
   rect.left += 3;
   rect.right -= 3;
-  if (text.empty() || rect.right <= rect.left || rect.bottom <= rect.top)
-    return;
-  wxDCClipper const clip(dc, wxRect(rect.left, rect.top, rect.right - rect.left,
-                                    rect.bottom - rect.top));
+  if (text.empty() || rect.right <= rect.left || rect.bottom <= rect.top) return;
+  wxDCClipper const clip(
+      dc, wxRect(rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top));
   int const y = rect.top + (rect.bottom - rect.top - dc.GetCharHeight()) / 2;
   DrawTextUnmeasured(dc, SingleLine(text), rect.left, y);
 }
@@ -42,7 +43,6 @@ void PropertyItem::DrawValueText(wxDC & dc, RECT rect, wxString const & text) {
 wxString PropertyItem::SingleLine(wxString const & text) {
   wxString line = text;
   for (auto it = line.begin(); it != line.end(); ++it)
-    if (*it < 0x20 || *it == 0x7F)
-      *it = L' ';
+    if (*it < 0x20 || *it == 0x7F) *it = L' ';
   return line;
 }

@@ -10,13 +10,11 @@ PropertyItemCategory::PropertyItemCategory(unsigned nameId, unsigned id, unsigne
 PropertyItemCategory::PropertyItemCategory(PropertyItemCategory const & other)
     : PropertyItem(other), mChildrenVisible(other.mChildrenVisible) {
   mItems.reserve(other.mItems.size());
-  for (PropertyItem const * item : other.mItems)
-    mItems.push_back(item->Clone());
+  for (PropertyItem const * item : other.mItems) mItems.push_back(item->Clone());
 }
 
 PropertyItemCategory & PropertyItemCategory::operator=(PropertyItemCategory const & other) {
-  if (this == &other)
-    return *this;
+  if (this == &other) return *this;
   PropertyItemCategory copy(other);
   PropertyItem::operator=(other);
   mItems.swap(copy.mItems);
@@ -25,12 +23,10 @@ PropertyItemCategory & PropertyItemCategory::operator=(PropertyItemCategory cons
 }
 
 PropertyItemCategory::~PropertyItemCategory() {
-  for (PropertyItem * item : mItems)
-    delete item;
+  for (PropertyItem * item : mItems) delete item;
 }
 
 PropertyItem * PropertyItemCategory::AddPropertyItem(PropertyItem * item) {
-  if (item != nullptr)
-    mItems.push_back(item);
+  if (item != nullptr) mItems.push_back(item);
   return item;
 }

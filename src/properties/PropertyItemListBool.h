@@ -25,8 +25,8 @@ public:
 protected:
   PropertyItemListBool(wchar_t const * name, unsigned id, wchar_t const * description,
                        wxString const & off, wxString const & on);
-  PropertyItemListBool(unsigned nameId, unsigned id, unsigned descriptionId,
-                       wxString const & off, wxString const & on);
+  PropertyItemListBool(unsigned nameId, unsigned id, unsigned descriptionId, wxString const & off,
+                       wxString const & on);
 
 private:
   wxString mTexts[2];

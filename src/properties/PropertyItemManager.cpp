@@ -28,7 +28,6 @@ PropertyItemCategory * PropertyItemManager::AddPropertyCategory(unsigned nameId,
 }
 
 PropertyItemCategory * PropertyItemManager::GetPropertyCategory(int index) const {
-  if (index < 0 || static_cast<size_t>(index) >= mCategories.size())
-    return nullptr;
+  if (index < 0 || static_cast<size_t>(index) >= mCategories.size()) return nullptr;
   return mCategories[static_cast<size_t>(index)].get();
 }

@@ -1,0 +1,44 @@
+#include "properties/PropertyInPlaceEditAndBrowseEdit.h"
+
+#include <wx/weakref.h>
+
+#include "properties/PropertyInPlaceEditAndBrowse.h"
+#include "properties/PropertyInPlaceKeys.h"
+
+PropertyInPlaceEditAndBrowseEdit::PropertyInPlaceEditAndBrowseEdit(
+    PropertyInPlaceEditAndBrowse * frame, int id)
+    : wxTextCtrl(frame, id, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+                 wxBORDER_NONE | wxTE_PROCESS_ENTER | wxTE_PROCESS_TAB),
+      mFrame(frame) {
+  Bind(wxEVT_CHAR_HOOK, &PropertyInPlaceEditAndBrowseEdit::OnCharHook, this);
+  Bind(wxEVT_TEXT, &PropertyInPlaceEditAndBrowseEdit::OnText, this);
+  Bind(wxEVT_KILL_FOCUS, &PropertyInPlaceEditAndBrowseEdit::OnKillFocus, this);
+}
+
+void PropertyInPlaceEditAndBrowseEdit::ShowText(wxString const & text) {
+  ChangeValue(text);
+  SetInsertionPointEnd();
+  mChanged = false;
+}
+
+void PropertyInPlaceEditAndBrowseEdit::OnCharHook(wxKeyEvent & event) {
+  InPlaceKeyAction const action = InPlaceKeyActionFor(event.GetKeyCode());
+  wxWindow * const list = mFrame->GetParent();
+  if (action == InPlaceKeyAction::None || list == nullptr) {
+    event.Skip();
+    return;
+  }
+  wxWeakRef<wxWindow> const listAlive(list);
+  mFrame->Commit();
+  if (listAlive) HandKeyToList(*list, event, action);
+}
+
+void PropertyInPlaceEditAndBrowseEdit::OnText(wxCommandEvent & event) {
+  mChanged = true;
+  event.Skip();
+}
+
+void PropertyInPlaceEditAndBrowseEdit::OnKillFocus(wxFocusEvent & event) {
+  event.Skip();
+  mFrame->Commit();
+}
