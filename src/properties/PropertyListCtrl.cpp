@@ -69,6 +69,20 @@ void PropertyListCtrl::Init() {
   Bind(wxEVT_LEFT_DOWN, &PropertyListCtrl::OnLeftDown, this);
   Bind(wxEVT_LEFT_DCLICK, &PropertyListCtrl::OnLeftDoubleClick, this);
   Bind(wxEVT_KEY_DOWN, &PropertyListCtrl::OnKeyDown, this);
+  // Escape and Return in the list or its editor commit; the dialog around
+  // must not take them as Cancel or OK. They go to the focused window as
+  // its key press at once, and no further.
+  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent & event) {
+    int const key = event.GetKeyCode();
+    if (key != WXK_ESCAPE && key != WXK_RETURN && key != WXK_NUMPAD_ENTER) {
+      event.Skip();
+      return;
+    }
+    auto * target = dynamic_cast<wxWindow *>(event.GetEventObject());
+    wxKeyEvent press(event);
+    press.SetEventType(wxEVT_KEY_DOWN);
+    (target != nullptr ? target : this)->GetEventHandler()->ProcessEvent(press);
+  });
   Bind(wxEVT_SIZE, &PropertyListCtrl::OnSize, this);
   Bind(wxEVT_MOUSEWHEEL, &PropertyListCtrl::OnMouseWheel, this);
   for (auto type : {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP,

@@ -121,11 +121,20 @@ void PropertyListCtrl::OnDrawItem(wxDC & dc, wxRect const & rect, size_t n) cons
   dc.SetFont(GetFont());
   dc.SetTextForeground(GetSysColour(COLOR_WINDOWTEXT));
 
+  wxRect const value = ValueRect(rect);
+  RECT const cell{value.x, value.y, value.x + value.width, value.y + value.height};
   if (!selected) {
-    wxRect const value = ValueRect(rect);
-    RECT const cell{value.x, value.y, value.x + value.width, value.y + value.height};
     item.DrawValue(dc, cell);
+    return;
   }
+  // A selected row's value is its editor. What the editor leaves of the cell
+  // (a colour's swatch) is drawn here: on GTK a paint outside the paint
+  // handler does not last.
+  if (mInPlaceControl == nullptr || !mInPlaceControl->IsShown()) return;
+  int const uncovered = mInPlaceControl->GetPosition().x - value.x;
+  if (uncovered <= 0) return;
+  wxDCClipper clip(dc, wxRect(value.x, value.y, std::min(uncovered, value.width), value.height));
+  item.DrawValue(dc, cell);
 }
 
 void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {

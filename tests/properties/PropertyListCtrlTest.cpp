@@ -10,7 +10,10 @@
 #include <vector>
 
 #include <gdk/gdk.h>
+#include <wx/button.h>
+#include <wx/dialog.h>
 #include <wx/frame.h>
+#include <wx/sizer.h>
 #include <wx/textctrl.h>
 #include <wx/weakref.h>
 
@@ -19,7 +22,10 @@
 #include "platform/InternalErrorReport.h"
 #include "platform/WindowMessage.h"
 #include "properties/PropertyItemCategory.h"
+#include "properties/PropertyItemColorPopup.h"
+#include "properties/PropertyItemListBool.h"
 #include "properties/PropertyItemManager.h"
+#include "properties/PropertyItemString.h"
 #include "properties/PropertyListCtrl.h"
 #include "properties/PropertyListGeometry.h"
 #include "properties/PropertyRowMeasure.h"
@@ -83,6 +89,36 @@ public:
   }
   std::vector<int> changed;
   bool fail = false;
+};
+
+// What the X server shows of a window's whole client area (rows and pane),
+// as 0xRRGGBB values.
+class Screen {
+public:
+  explicit Screen(wxWindow & window) {
+    GdkWindow * drawing = window.GTKGetDrawingWindow();
+    gdk_display_sync(gdk_window_get_display(drawing));
+    width = gdk_window_get_width(drawing);
+    height = gdk_window_get_height(drawing);
+    mPixbuf = gdk_pixbuf_get_from_window(drawing, 0, 0, width, height);
+  }
+  ~Screen() {
+    if (mPixbuf != nullptr) g_object_unref(mPixbuf);
+  }
+  Screen(Screen const &) = delete;
+  Screen & operator=(Screen const &) = delete;
+  unsigned operator()(int x, int y) const {
+    if (mPixbuf == nullptr || x < 0 || y < 0 || x >= width || y >= height) return 0xDEAD;
+    guchar const * p = gdk_pixbuf_get_pixels(mPixbuf) + y * gdk_pixbuf_get_rowstride(mPixbuf) +
+                       x * gdk_pixbuf_get_n_channels(mPixbuf);
+    return (unsigned(p[0]) << 16) | (unsigned(p[1]) << 8) | p[2];
+  }
+  bool Ok() const { return mPixbuf != nullptr; }
+  int width = 0;
+  int height = 0;
+
+private:
+  GdkPixbuf * mPixbuf = nullptr;
 };
 
 std::vector<std::string> gReported;
@@ -156,7 +192,7 @@ TEST_F(PropertyListTest, InsertRefusesNullItemsAndIndexesPastTheEnd) {
     PropertyItem * item;
     int index;
     int expected;
-  } const cases[] = {{nullptr, -1, -1}, {nullptr, 0, -1}, {note.get(), 9, -1},
+  } const cases[] = {{nullptr, -1, -1},    {nullptr, 0, -1},   {note.get(), 9, -1},
                      {note.get(), -2, -1}, {note.get(), 5, 5}, {note.get(), 0, 0}};
   for (Case const & c : cases) {
     int const before = list->GetCount();
@@ -203,7 +239,8 @@ TEST_F(PropertyListTest, SetCurSelByIdOpensACollapsedCategoryAndMakesTheEditor) 
   EXPECT_EQ(list->GetPropertyItem(list->GetCurSel()), cherry);
   EXPECT_EQ(cherry->created, 1);
   ASSERT_NE(list->GetInPlaceControl(), nullptr);
-  EXPECT_EQ(list->GetInPlaceControl()->GetPosition(), list->GetItemValueRect(list->GetCurSel()).GetPosition());
+  EXPECT_EQ(list->GetInPlaceControl()->GetPosition(),
+            list->GetItemValueRect(list->GetCurSel()).GetPosition());
   list->ResetContent();
   EXPECT_FALSE(list->SetCurSelByID(8));
 }
@@ -274,7 +311,6 @@ TEST_F(PropertyListTest, AnItemRebuildingItsEditorInsideTheEditorsMessageDeletes
 }
 
 TEST_F(PropertyListTest, OnlyRowsNearTheViewAreMeasuredAndNamesWrapToTheNameCell) {
-
   std::vector<PropertyItem *> items;
   for (int c = 0; c < 100; ++c) {
     PropertyItemCategory * category = manager.AddPropertyCategory(L"Runs", L"", true);
@@ -358,24 +394,26 @@ TEST_F(PropertyListTest, KeysFlipCategoriesAndLettersSearchNames) {
   Show();
   wxRect const betaRow = Row(3);  // Beta, collapsed
   ClickAt(wxPoint(betaRow.x + 200, betaRow.y + betaRow.height / 2));
-  ASSERT_TRUE(gui_test::WaitUntil(
-      [&] { return list->GetCurSel() == 3 && wxWindow::FindFocus() == list; }));
+  ASSERT_TRUE(
+      gui_test::WaitUntil([&] { return list->GetCurSel() == 3 && wxWindow::FindFocus() == list; }));
   struct Case {
     KeySym key;
     bool betaVisible;
     char const * selected;
   } const cases[] = {
-      {XK_Left, false, "Beta"},    {XK_Right, true, "Beta"},  {XK_Right, true, "Beta"},
+      {XK_Left, false, "Beta"},        {XK_Right, true, "Beta"},  {XK_Right, true, "Beta"},
       {XK_KP_Subtract, false, "Beta"}, {XK_Return, true, "Beta"}, {XK_c, true, "cherry"},
-      {XK_a, true, "Alpha"},       {XK_a, true, "apple"},     {XK_A, true, "avocado"},
-      {XK_q, true, "avocado"},     {XK_z, true, "Zeta note"},
+      {XK_a, true, "Alpha"},           {XK_a, true, "apple"},     {XK_A, true, "avocado"},
+      {XK_q, true, "avocado"},         {XK_z, true, "Zeta note"},
   };
   for (Case const & c : cases) {
     FakeKey(c.key);
     EXPECT_TRUE(gui_test::WaitUntil([&] {
-      return list->GetCurSel() >= 0 && list->GetPropertyItem(list->GetCurSel())->GetName() == c.selected &&
+      return list->GetCurSel() >= 0 &&
+             list->GetPropertyItem(list->GetCurSel())->GetName() == c.selected &&
              beta->GetChildrenVisible() == c.betaVisible;
-    })) << XKeysymToString(c.key) << " gave "
+    })) << XKeysymToString(c.key)
+        << " gave "
         << (list->GetCurSel() >= 0 ? list->GetPropertyItem(list->GetCurSel())->GetName() : "none");
   }
   // Escape and Return stay in the list: the frame is still up and the list
@@ -391,18 +429,10 @@ TEST_F(PropertyListTest, PaintsTheGridTheExpanderAndTheDetailsPane) {
   list->SetBackgroundColour(*wxWHITE);
   Show();
   list->Update();
-  GdkWindow * window = list->GTKGetDrawingWindow();
-  ASSERT_NE(window, nullptr);
-  gdk_display_sync(gdk_window_get_display(window));
-  int const width = gdk_window_get_width(window);
-  int const height = gdk_window_get_height(window);
-  GdkPixbuf * pixbuf = gdk_pixbuf_get_from_window(window, 0, 0, width, height);
-  ASSERT_NE(pixbuf, nullptr);
-  auto pixel = [&](int x, int y) {
-    guchar const * p = gdk_pixbuf_get_pixels(pixbuf) + y * gdk_pixbuf_get_rowstride(pixbuf) +
-                       x * gdk_pixbuf_get_n_channels(pixbuf);
-    return (unsigned(p[0]) << 16) | (unsigned(p[1]) << 8) | p[2];
-  };
+  Screen const pixel(*list);
+  ASSERT_TRUE(pixel.Ok());
+  int const width = pixel.width;
+  int const height = pixel.height;
   wxRect const category = Row(0);
   wxRect const box = PropertyListGeometry::ExpanderRect(category);
   EXPECT_EQ(pixel(16, category.y + 1), 0xC6C6C6U);
@@ -417,12 +447,66 @@ TEST_F(PropertyListTest, PaintsTheGridTheExpanderAndTheDetailsPane) {
   // The pane: the last 64 pixels, framed, outside the rows.
   EXPECT_EQ(list->GetClientSize().y, height - PropertyListGeometry::kDetailsHeight);
   EXPECT_NE(pixel(30, height - 30), pixel(30, height - PropertyListGeometry::kDetailsHeight - 10));
-  g_object_unref(pixbuf);
   gui_test::Snapshot(*frame, "property-list");
 
   list->ShowDetails(false);
   gui_test::Flush();
   EXPECT_EQ(list->GetClientSize().y, height);
+}
+
+// The library's own items and editors in a dialog, driven by real keys.
+TEST_F(PropertyListTest, TypedTextCommitsAndTabEscapeReturnLeaveTheDialogUp) {
+  auto * dialog = new wxDialog(frame, wxID_ANY, "Run settings", wxPoint(80, 80), wxSize(420, 360));
+  auto * rows = new PropertyListCtrl(dialog, wxID_ANY);
+  auto * sizer = new wxBoxSizer(wxVERTICAL);
+  sizer->Add(rows, 1, wxEXPAND);
+  sizer->Add(dialog->CreateButtonSizer(wxOK | wxCANCEL), 0, wxEXPAND);
+  dialog->SetSizer(sizer);
+  PropertyItemCategory * run = manager.AddPropertyCategory(L"Run", L"How the run goes", true);
+  auto * title = static_cast<PropertyItemString *>(
+      run->AddPropertyItem(new PropertyItemString(L"Title", 1, L"Shown on reports")));
+  run->AddPropertyItem(new PropertyItemListYesNo(L"Archive", 2, L""));
+  auto * colour = static_cast<PropertyItemColorPopup *>(
+      run->AddPropertyItem(new PropertyItemColorPopup(L"Trace colour", 3, L"")));
+  colour->SetData(COLORREF(0x0000FF));  // red
+  rows->SetPropertyItemManager(&manager);
+  ASSERT_TRUE(gui_test::ShowAndWait(*dialog));
+  gui_test::WaitUntilPlaced(*dialog);
+  dialog->Layout();
+  gui_test::Flush();
+
+  wxRect const titleRow = rows->GetItemRect(1);
+  FakeClickAt(*rows,
+              wxPoint(titleRow.x + titleRow.width * 3 / 4, titleRow.y + titleRow.height / 2));
+  ASSERT_TRUE(gui_test::WaitUntil([&] {
+    wxWindow * focus = wxWindow::FindFocus();
+    return rows->GetCurSel() == 1 && focus != nullptr && focus != rows &&
+           focus->GetParent() == rows;
+  }));
+  FakeType("abc");
+  for (KeySym key : {XK_Tab, XK_Escape, XK_Return}) FakeKey(key);
+  wxString text;
+  EXPECT_TRUE(gui_test::WaitUntil([&] {
+    title->GetData(text);
+    return text == "abc";
+  })) << text;
+  gui_test::Flush();
+  EXPECT_TRUE(dialog->IsShown());
+
+  // The colour row selected: its swatch stays beside its editor.
+  rows->SetCurSelByID(3);
+  rows->Update();
+  gui_test::Flush();
+  ASSERT_NE(rows->GetInPlaceControl(), nullptr);
+  wxRect const swatch = rows->GetItemValueRect(3);
+  unsigned seen = 0;
+  EXPECT_TRUE(gui_test::WaitUntil([&] {
+    rows->Update();
+    seen = Screen(*rows)(swatch.x + 10, swatch.y + swatch.height / 2);
+    return seen == 0xFF0000U;
+  })) << std::hex
+      << seen;
+  dialog->Destroy();
 }
 
 }  // namespace
