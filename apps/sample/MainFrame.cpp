@@ -16,6 +16,7 @@
 #include "MessagesMenu.h"
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
+#include "PropertyEditorsDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
 #include "RunListPanel.h"
@@ -85,6 +86,7 @@ void MainFrame::BuildMenus() {
   AddOpenFavouritesCommand(*tools, *this);
   AddEditsCommand(*tools, *this);
   AddNotesCommand(*tools, *this);
+  AddPropertyEditorsCommand(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

@@ -7,8 +7,7 @@ namespace {
 constexpr size_t kMaxStartPath = 259;  // the longest path the original's chooser started at
 }
 
-PropertyInPlaceBrowseForFolder::PropertyInPlaceBrowseForFolder(wxWindow * parent,
-                                                               RECT const & rect,
+PropertyInPlaceBrowseForFolder::PropertyInPlaceBrowseForFolder(wxWindow * parent, RECT const & rect,
                                                                wxString const & data)
     : PropertyInPlaceEditAndBrowse(parent, rect, data) {}
 

@@ -138,8 +138,7 @@ void PropertyInPlaceComboBox::OnWindowMessage(WindowMessageEvent & event) {
     }
     case kInPlaceListHide: HideList(); break;
     case kInPlaceListStep: {
-      int const next =
-          PropertyInPlaceLayout::StepIndex(current, count, event.GetWParam() == VK_UP);
+      int const next = PropertyInPlaceLayout::StepIndex(current, count, event.GetWParam() == VK_UP);
       if (next != current) SetCurSel(next, true);
       break;
     }

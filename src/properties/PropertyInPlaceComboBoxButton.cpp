@@ -31,8 +31,8 @@ void PropertyInPlaceComboBoxButton::OnPaint(wxPaintEvent &) {
   int const half = std::max(2, std::min(size.x, size.y) / 4);
   int const cx = size.x / 2 + shift;
   int const cy = size.y / 2 + shift;
-  wxPoint const arrow[] = {{cx - half, cy - half / 2}, {cx + half, cy - half / 2},
-                           {cx, cy + half / 2 + 1}};
+  wxPoint const arrow[] = {
+      {cx - half, cy - half / 2}, {cx + half, cy - half / 2}, {cx, cy + half / 2 + 1}};
   dc.SetPen(*wxTRANSPARENT_PEN);
   dc.SetBrush(wxBrush(GetSysColour(COLOR_BTNTEXT)));
   dc.DrawPolygon(3, arrow);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <gtk/gtk.h>
 #include <wx/dcbuffer.h>
 #include <wx/weakref.h>
 
@@ -13,8 +14,26 @@
 #include "properties/PropertyInPlaceMessages.h"
 
 namespace {
+
 constexpr int kBorder = 1;
+
+// wx's own capture took the keys from the dialog under GTK as well; this
+// takes the pointer alone, every event reported to the list's own window.
+bool GrabPointer(wxWindow & window) {
+  GdkWindow * const gdkWindow = window.GTKGetDrawingWindow();
+  if (gdkWindow == nullptr) return false;
+  GdkSeat * const seat = gdk_display_get_default_seat(gdk_window_get_display(gdkWindow));
+  return gdk_seat_grab(seat, gdkWindow, GDK_SEAT_CAPABILITY_ALL_POINTING, FALSE, nullptr, nullptr,
+                       nullptr, nullptr) == GDK_GRAB_SUCCESS;
 }
+
+void UngrabPointer(wxWindow & window) {
+  GdkWindow * const gdkWindow = window.GTKGetDrawingWindow();
+  if (gdkWindow == nullptr) return;
+  gdk_seat_ungrab(gdk_display_get_default_seat(gdk_window_get_display(gdkWindow)));
+}
+
+}  // namespace
 
 PropertyInPlaceComboBoxListBox::PropertyInPlaceComboBoxListBox(PropertyInPlaceComboBox * combo,
                                                                int id)
@@ -29,7 +48,6 @@ PropertyInPlaceComboBoxListBox::PropertyInPlaceComboBoxListBox(PropertyInPlaceCo
   Bind(wxEVT_LEFT_UP, &PropertyInPlaceComboBoxListBox::OnLeftUp, this);
   Bind(wxEVT_MOTION, &PropertyInPlaceComboBoxListBox::OnMotion, this);
   Bind(wxEVT_MOUSEWHEEL, &PropertyInPlaceComboBoxListBox::OnWheel, this);
-  Bind(wxEVT_MOUSE_CAPTURE_LOST, &PropertyInPlaceComboBoxListBox::OnCaptureLost, this);
 }
 
 PropertyInPlaceComboBoxListBox::~PropertyInPlaceComboBoxListBox() { ReleaseMouse(); }
@@ -71,7 +89,7 @@ void PropertyInPlaceComboBoxListBox::Drop(wxRect const & screenRect) {
   Show();
   Raise();
   mDropped = true;
-  if (!HasCapture()) CaptureMouse();
+  mHoldsPointer = GrabPointer(*this);
 }
 
 void PropertyInPlaceComboBoxListBox::CloseUp() {
@@ -81,7 +99,9 @@ void PropertyInPlaceComboBoxListBox::CloseUp() {
 }
 
 void PropertyInPlaceComboBoxListBox::ReleaseMouse() {
-  if (HasCapture()) wxWindow::ReleaseMouse();
+  if (!mHoldsPointer) return;
+  mHoldsPointer = false;
+  UngrabPointer(*this);
 }
 
 bool PropertyInPlaceComboBoxListBox::HandleKey(int keyCode) {
@@ -100,7 +120,9 @@ bool PropertyInPlaceComboBoxListBox::HandleKey(int keyCode) {
     case WXK_PAGEUP:
     case WXK_NUMPAD_PAGEUP: SetSelection(std::max(0, current - page)); return true;
     case WXK_PAGEDOWN:
-    case WXK_NUMPAD_PAGEDOWN: SetSelection(std::min(last, std::max(0, current) + page)); return true;
+    case WXK_NUMPAD_PAGEDOWN:
+      SetSelection(std::min(last, std::max(0, current) + page));
+      return true;
     case WXK_HOME:
     case WXK_NUMPAD_HOME: SetSelection(0); return true;
     case WXK_END:
@@ -221,8 +243,4 @@ void PropertyInPlaceComboBoxListBox::OnMotion(wxMouseEvent & event) {
 void PropertyInPlaceComboBoxListBox::OnWheel(wxMouseEvent & event) {
   int const delta = std::max(1, event.GetWheelDelta());
   ScrollTo(mTop - event.GetWheelRotation() / delta * event.GetLinesPerAction());
-}
-
-void PropertyInPlaceComboBoxListBox::OnCaptureLost(wxMouseCaptureLostEvent &) {
-  if (mDropped) SendWindowMessage(mCombo, kInPlaceListHide, 0, 0);
 }

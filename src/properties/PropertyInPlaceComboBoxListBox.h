@@ -3,7 +3,7 @@
 // popup window, so that the property list does not clip it, holding the
 // mouse capture while shown. It tells the combo (its parent) what the user
 // did: kInPlaceListChoose for an outside press, a release inside and
-// Return; kInPlaceListHide for Tab, Escape and a lost capture. A drag with
+// Return; kInPlaceListHide for Tab and Escape. A drag with
 // the button down moves the highlight; the wheel and the strip at the right
 // scroll a list longer than its window.
 
@@ -36,6 +36,8 @@ public:
   void Drop(wxRect const & screenRect);
   void CloseUp();
   bool IsDropped() const { return mDropped; }
+  // Whether the list holds the pointer now.
+  bool HoldsPointer() const { return mHoldsPointer; }
 
   // A key while the list is open; false when the list does not use it.
   bool HandleKey(int keyCode);
@@ -46,7 +48,6 @@ private:
   void OnLeftUp(wxMouseEvent & event);
   void OnMotion(wxMouseEvent & event);
   void OnWheel(wxMouseEvent & event);
-  void OnCaptureLost(wxMouseCaptureLostEvent & event);
   void Tell(unsigned message);
   int VisibleRows() const;
   int RowAt(int y) const;
@@ -62,5 +63,6 @@ private:
   int mTop = 0;
   int mItemHeight;
   bool mDropped = false;
+  bool mHoldsPointer = false;
   bool mInStrip = false;  // the press began on the scroll strip
 };

@@ -3,6 +3,7 @@
 #include <wx/weakref.h>
 
 #include "platform/WindowMessage.h"
+#include "properties/PropertyInPlaceCaret.h"
 #include "properties/PropertyInPlaceKeys.h"
 #include "properties/PropertyInPlaceLayout.h"
 #include "properties/PropertyInPlaceMessages.h"
@@ -25,7 +26,6 @@ PropertyInPlaceEdit::PropertyInPlaceEdit(wxWindow * parent, RECT const & rect,
                                          wxString const & text, unsigned long style,
                                          ValidateFunction validate, void * context)
     : mValidate(validate), mContext(context), mStyle(style) {
-  SetFont(parent->GetFont());
   wxRect const place = ToWxRect(EditRectIn(*parent, rect));
   // No frame: GTK's entry then draws no border or padding and fits the
   // text's height, as the cell wants.
@@ -36,6 +36,7 @@ PropertyInPlaceEdit::PropertyInPlaceEdit(wxWindow * parent, RECT const & rect,
   SetSize(place);
   if ((style & kReadOnlyStyle) != 0) SetEditable(false);
   SetText(text.wc_str());
+  KeepCaretOnFocus(*this);
   Bind(wxEVT_CHAR_HOOK, &PropertyInPlaceEdit::OnCharHook, this);
   Bind(wxEVT_CHAR, &PropertyInPlaceEdit::OnChar, this);
   Bind(wxEVT_TEXT, &PropertyInPlaceEdit::OnText, this);

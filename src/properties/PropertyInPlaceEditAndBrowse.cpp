@@ -20,8 +20,7 @@ wxRect ToWxRect(RECT const & r) {
 
 PropertyInPlaceEditAndBrowse::PropertyInPlaceEditAndBrowse(wxWindow * parent, RECT const & rect,
                                                            wxString const & data)
-    : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE),
-      mData(data) {
+    : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE), mData(data) {
   SetFont(parent->GetFont());
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   mButton = new wxButton(this, wxID_ANY, "...", wxDefaultPosition, wxDefaultSize,

@@ -2,6 +2,7 @@
 
 #include <wx/weakref.h>
 
+#include "properties/PropertyInPlaceCaret.h"
 #include "properties/PropertyInPlaceEditAndBrowse.h"
 #include "properties/PropertyInPlaceKeys.h"
 
@@ -10,6 +11,7 @@ PropertyInPlaceEditAndBrowseEdit::PropertyInPlaceEditAndBrowseEdit(
     : wxTextCtrl(frame, id, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                  wxBORDER_NONE | wxTE_PROCESS_ENTER | wxTE_PROCESS_TAB),
       mFrame(frame) {
+  KeepCaretOnFocus(*this);
   Bind(wxEVT_CHAR_HOOK, &PropertyInPlaceEditAndBrowseEdit::OnCharHook, this);
   Bind(wxEVT_TEXT, &PropertyInPlaceEditAndBrowseEdit::OnText, this);
   Bind(wxEVT_KILL_FOCUS, &PropertyInPlaceEditAndBrowseEdit::OnKillFocus, this);

@@ -23,6 +23,7 @@
 #include "MainFrame.h"
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
+#include "PropertyEditorsDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
@@ -71,6 +72,7 @@ enum class Opens {
   kEdits,            // the edits dialog
   kNotes,            // the notes pad
   kReleaseNotes,     // the release notes
+  kPropertyEditors,  // the property editors
 };
 
 struct Expected {
@@ -99,6 +101,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Open favourites", {Opens::kDetails}},
     {"Tools/Edits...", {Opens::kEdits}},
     {"Tools/Notes", {Opens::kNotes}},
+    {"Tools/Property editors...", {Opens::kPropertyEditors}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -137,6 +140,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderCollection;
   } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kCalibrationList;
+  } else if (dynamic_cast<PropertyEditorsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kPropertyEditors;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
@@ -259,7 +264,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
         Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
         Opens::kInfo,         Opens::kScrollBox,        Opens::kEdits,
-        Opens::kNotes,        Opens::kReleaseNotes,
+        Opens::kNotes,        Opens::kReleaseNotes,     Opens::kPropertyEditors,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -310,6 +315,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kEdits:
       case Opens::kNotes:
       case Opens::kReleaseNotes:
+      case Opens::kPropertyEditors:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

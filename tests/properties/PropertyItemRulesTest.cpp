@@ -159,6 +159,15 @@ TEST(PropertyItemCustomList, SelectsByTextAndKeepsAMissAsNone) {
   EXPECT_EQ(list.GetItemData(static_cast<std::uint64_t>(index)), L"");
 }
 
+TEST(PropertyItem, NumbersNameStringResources) {
+  // 61443 is one of the library's own strings; 1 names none.
+  PropertyItemString const item(61443U, 12U, 1U);
+  EXPECT_EQ(item.GetName(), L"Page");
+  EXPECT_EQ(item.GetShowName(), L"Page");
+  EXPECT_EQ(item.GetPropertyID(), 12U);
+  EXPECT_EQ(item.GetDescription(), L"");
+}
+
 class Manager : public PropertyItemManager {
 public:
   void LoadProperties() override {}
@@ -176,6 +185,9 @@ TEST(PropertyItemManager, GivesItsCategoriesByIndexAndNullOutside) {
   EXPECT_TRUE(first->GetChildrenVisible());
   EXPECT_FALSE(second->GetChildrenVisible());
   EXPECT_EQ(second->GetPropertyID(), 0U);
+  PropertyItemCategory * third = manager.AddPropertyCategory(61443U, 1U, true);
+  EXPECT_EQ(third->GetName(), L"Page");
+  EXPECT_EQ(manager.GetPropertyCategory(2), third);
 }
 
 }  // namespace
