@@ -17,6 +17,7 @@
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
 #include "PropertyEditorsDialog.h"
+#include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
 #include "RunListPanel.h"
@@ -87,6 +88,7 @@ void MainFrame::BuildMenus() {
   AddEditsCommand(*tools, *this);
   AddNotesCommand(*tools, *this);
   AddPropertyEditorsCommand(*tools, *this);
+  AddPropertyListCommand(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

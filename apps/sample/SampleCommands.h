@@ -27,6 +27,7 @@ enum SampleCommand : int {
   kEditsCommand,
   kNotesCommand,
   kPropertyEditorsCommand,
+  kPropertyListCommand,
   // Runs by project (its own window)
   kLoadTreeCommand,
   kSaveTreeCommand,

@@ -24,6 +24,7 @@
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
 #include "PropertyEditorsDialog.h"
+#include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
@@ -73,6 +74,7 @@ enum class Opens {
   kNotes,            // the notes pad
   kReleaseNotes,     // the release notes
   kPropertyEditors,  // the property editors
+  kPropertyList,     // the run settings in a property list
 };
 
 struct Expected {
@@ -102,6 +104,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Edits...", {Opens::kEdits}},
     {"Tools/Notes", {Opens::kNotes}},
     {"Tools/Property editors...", {Opens::kPropertyEditors}},
+    {"Tools/Property list...", {Opens::kPropertyList}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -142,6 +145,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kCalibrationList;
   } else if (dynamic_cast<PropertyEditorsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kPropertyEditors;
+  } else if (dynamic_cast<PropertyListDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kPropertyList;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
@@ -265,6 +270,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
         Opens::kInfo,         Opens::kScrollBox,        Opens::kEdits,
         Opens::kNotes,        Opens::kReleaseNotes,     Opens::kPropertyEditors,
+        Opens::kPropertyList,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -316,6 +322,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kNotes:
       case Opens::kReleaseNotes:
       case Opens::kPropertyEditors:
+      case Opens::kPropertyList:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
