@@ -58,6 +58,9 @@ PropertyListCtrl::~PropertyListCtrl() {
 void PropertyListCtrl::Init() {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   SetBackgroundColour(GetSysColour(COLOR_WINDOW));
+  // A font of its own: without one, every GetFont asks the theme (a list
+  // box's defaults build a GTK tree view each time).
+  SetFont(GetFont());
   mMeasure = std::make_unique<PropertyRowMeasure>(GetFont());
   mDetails = new PropertyDetailsPane(this);
   mRetired = new wxWindow(this, wxID_ANY, wxDefaultPosition, wxSize(1, 1));

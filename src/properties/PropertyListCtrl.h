@@ -15,6 +15,9 @@
 #include <memory>
 #include <vector>
 
+#include <wx/brush.h>
+#include <wx/geometry.h>
+#include <wx/pen.h>
 #include <wx/vlbox.h>
 
 #include "controls/ExceptionGuarded.h"
@@ -163,6 +166,20 @@ private:
   wxRect GetRowRect(int index) const;
   PropertyListGeometry::NameSpan SpanOf(PropertyItem const & item) const;
 
+  // Pens, brushes and colours of one paint, made once for all its rows.
+  struct PaintTools {
+    wxPen grid;
+    wxBrush window, highlight;
+    wxColour text, highlightText;
+  };
+  static PaintTools MakePaintTools();
+  // Adds a one-pixel grid line from (x1, y1) to (x2, y2), horizontal or
+  // vertical, the end left out.
+  void AddLine(int x1, int y1, int x2, int y2) const;
+  PaintTools mTools = MakePaintTools();
+  // The grid lines of one paint, stroked together once its rows are drawn.
+  mutable std::vector<wxPoint2DDouble> mLineStarts, mLineEnds;
+
   std::vector<PropertyItem *> mRows;
   mutable std::vector<int> mHeights;  // 0: not measured yet
   std::unique_ptr<PropertyRowMeasure> mMeasure;
@@ -170,6 +187,10 @@ private:
   wxWindow * mInPlaceControl = nullptr;
   PropertyDetailsPane * mDetails = nullptr;
   wxWindow * mRetired = nullptr;  // hidden holder of editors waiting to be deleted
+  // The details pane's description as last wrapped, and for which width.
+  mutable wxString mWrappedFor;
+  mutable int mWrappedWidth = -1;
+  mutable wxString mWrapped;
   bool mShowDetails = true;
   int mBatch = 0;                   // inserts held back from the window's row count
   int mInEditorMessage = 0;         // an editor's message is being handled
