@@ -185,7 +185,7 @@ wxCoord PropertyListCtrl::OnMeasureItem(size_t n) const {
 
 wxCoord PropertyListCtrl::EstimateTotalHeight() const {
   auto const oneLine =
-      static_cast<long long>(mMeasure->LineHeight(false) + PropertyListGeometry::kRowPadding);
+      static_cast<long long>(mMeasure->LineHeight(false)) + PropertyListGeometry::kRowPadding;
   return static_cast<wxCoord>(
       std::min<long long>(oneLine * static_cast<long long>(mRows.size()), 0x3FFFFFFF));
 }

@@ -71,9 +71,11 @@ public:
   wxWindow * GetInPlaceControl() const { return mInPlaceControl; }
 
   // Redraws every value from the top row down and makes the editor anew.
-  // The window's own Refresh overloads stay as they are.
   void Refresh();
-  using wxVListBox::Refresh;
+  // The window's own invalidation, as wx calls it.
+  void Refresh(bool eraseBackground, wxRect const * rect = nullptr) override {
+    wxVListBox::Refresh(eraseBackground, rect);
+  }
 
   // Shows or hides the details pane; the rows take its room when hidden.
   void ShowDetails(bool show);

@@ -39,9 +39,9 @@ PropertyRowMeasure::Row PropertyRowMeasure::Measure(wxString const & name,
     // the text's end; that is no line of its own.
     if (!text.empty() && text.back() == L'\n') text.pop_back();
   }
-  wxString showName(text);
-  int const height = PropertyListGeometry::RowHeight(CountLines(showName), LineHeight(bold));
-  return {std::move(showName), height};
+  Row row{wxString(text), 0};
+  row.height = PropertyListGeometry::RowHeight(CountLines(row.showName), LineHeight(bold));
+  return row;
 }
 
 std::int64_t PropertyRowMeasure::CountLines(wxString const & text) {
