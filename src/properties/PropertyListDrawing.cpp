@@ -117,8 +117,11 @@ void PropertyListCtrl::OnDrawItem(wxDC & dc, wxRect const & rect, size_t n) cons
     dc.DrawRectangle(box);
     int const cx = box.x + kExpanderSize / 2;
     int const cy = box.y + kExpanderSize / 2;
-    dc.DrawLine(cx - 2, cy, cx + 3, cy);
-    if (!category->GetChildrenVisible()) dc.DrawLine(cx, cy - 2, cx, cy + 3);
+    // The bars as one-pixel boxes: crisp, where a line's ends would blend.
+    dc.SetPen(*wxTRANSPARENT_PEN);
+    dc.SetBrush(*wxBLACK_BRUSH);
+    dc.DrawRectangle(cx - 2, cy, 5, 1);
+    if (!category->GetChildrenVisible()) dc.DrawRectangle(cx, cy - 2, 1, 5);
   }
 
   AddLine(kGutterWidth, bottom - 1, rect.x + rect.width, bottom - 1);
