@@ -23,9 +23,7 @@ wxRect ToWxRect(RECT const & r) {
 
 PropertyInPlaceComboBox::PropertyInPlaceComboBox(wxWindow * parent, RECT const & rect)
     : wxWindow(parent, kFrameId, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE) {
-  SetFont(parent->GetFont());
   SetBackgroundStyle(wxBG_STYLE_PAINT);
-  mList = new PropertyInPlaceComboBoxListBox(this, kListId);
   mButton = new PropertyInPlaceComboBoxButton(this, kButtonId);
   mEdit = new PropertyInPlaceComboBoxEdit(this, kEditId);
   SetSize(ToWxRect(rect));
@@ -52,15 +50,30 @@ PropertyInPlaceComboBox * PropertyInPlaceComboBox::CreateInPlaceControl(wxWindow
 }
 
 int PropertyInPlaceComboBox::AddString(wchar_t const * text, unsigned long data) {
-  return mList->Append(text == nullptr ? L"" : text, data);
+  mEntries.emplace_back(text == nullptr ? L"" : text, data);
+  if (mList != nullptr && mList->IsShown()) mList->Refresh(false);
+  return GetCount() - 1;
 }
 
-int PropertyInPlaceComboBox::GetCount() const { return mList->GetCount(); }
+int PropertyInPlaceComboBox::GetCount() const { return static_cast<int>(mEntries.size()); }
 
-wxString PropertyInPlaceComboBox::GetString(int index) const { return mList->GetString(index); }
+wxString PropertyInPlaceComboBox::GetString(int index) const {
+  return index >= 0 && index < GetCount() ? mEntries[size_t(index)].first : wxString();
+}
 
 unsigned long PropertyInPlaceComboBox::GetItemData(int index) const {
-  return mList->GetItemData(index);
+  return index >= 0 && index < GetCount() ? mEntries[size_t(index)].second : 0;
+}
+
+PropertyInPlaceComboBoxListBox * PropertyInPlaceComboBox::GetList() const {
+  if (mList == nullptr)
+    mList =
+        new PropertyInPlaceComboBoxListBox(const_cast<PropertyInPlaceComboBox *>(this), kListId);
+  return mList;
+}
+
+int PropertyInPlaceComboBox::GetItemHeight() const {
+  return PropertyInPlaceLayout::TextHeight(*this) + 2;
 }
 
 int PropertyInPlaceComboBox::GetCurSel() const { return mChosen; }
@@ -68,23 +81,25 @@ int PropertyInPlaceComboBox::GetCurSel() const { return mChosen; }
 int PropertyInPlaceComboBox::SetCurSel(int index, bool notify) {
   if (index < 0 || index >= GetCount()) return -1;
   mChosen = index;
-  mList->SetSelection(index);
-  mEdit->SetText(mList->GetString(index));
+  if (mList != nullptr) mList->SetSelection(index);
+  mEdit->SetText(GetString(index));
   if (notify) Notify();
   return index;
 }
 
 void PropertyInPlaceComboBox::ResetContent() {
-  mList->Clear();
+  mEntries.clear();
+  if (mList != nullptr) mList->Reset();
   mChosen = -1;
   mEdit->SetText(wxString());
 }
 
 int PropertyInPlaceComboBox::DropListHeight() const {
-  return PropertyInPlaceLayout::DropListHeight(GetCount(), mList->GetItemHeight());
+  return PropertyInPlaceLayout::DropListHeight(GetCount(), GetItemHeight());
 }
 
 void PropertyInPlaceComboBox::ResetListBoxHeight() {
+  if (mList == nullptr) return;  // a drop gives it its height
   wxRect place = mList->GetRect();
   if (place.width <= 0) place.width = GetSize().x;
   place.height = DropListHeight();
@@ -100,7 +115,7 @@ void PropertyInPlaceComboBox::MoveControl(RECT const & rect) {
   }
 }
 
-bool PropertyInPlaceComboBox::IsDropped() const { return mList->IsDropped(); }
+bool PropertyInPlaceComboBox::IsDropped() const { return mList != nullptr && mList->IsDropped(); }
 
 void PropertyInPlaceComboBox::OnBnClicked() {
   if (IsDropped()) {
@@ -111,7 +126,7 @@ void PropertyInPlaceComboBox::OnBnClicked() {
   wxPoint const below = ClientToScreen(wxPoint(0, size.y));
   // The list takes the mouse, the edit the keys, which it hands to the list.
   mEdit->SetFocus();
-  mList->SetSelection(mChosen);
+  GetList()->SetSelection(mChosen);
   mList->Drop(wxRect(below.x, below.y, size.x, DropListHeight()));
   mButton->Refresh(false);
 }

@@ -14,7 +14,7 @@
 // A choice goes to the edit and kInPlaceDataChanged to the owner, else the
 // parent. kInPlaceListStep steps the choice, kInPlaceDoubleClick cycles it.
 
-#include <memory>
+#include <utility>
 #include <vector>
 
 #include <wx/window.h>
@@ -71,7 +71,10 @@ public:
 
   PropertyInPlaceComboBoxButton * GetButton() const { return mButton; }
   PropertyInPlaceComboBoxEdit * GetEdit() const { return mEdit; }
-  PropertyInPlaceComboBoxListBox * GetList() const { return mList; }
+  // The drop list, made on first use.
+  PropertyInPlaceComboBoxListBox * GetList() const;
+  // The height of a row of the drop list.
+  int GetItemHeight() const;
 
 private:
   void OnWindowMessage(WindowMessageEvent & event);
@@ -82,7 +85,9 @@ private:
 
   PropertyInPlaceComboBoxEdit * mEdit = nullptr;
   PropertyInPlaceComboBoxButton * mButton = nullptr;
-  PropertyInPlaceComboBoxListBox * mList = nullptr;
+  std::vector<std::pair<wxString, unsigned long>> mEntries;
+  // A popup is a top-level window, costly to make: it waits for a drop.
+  mutable PropertyInPlaceComboBoxListBox * mList = nullptr;
   wxWindow * mOwner = nullptr;
   int mChosen = -1;  // the list's highlight moves apart from it while open
 };

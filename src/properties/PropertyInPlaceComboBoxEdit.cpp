@@ -13,7 +13,6 @@ PropertyInPlaceComboBoxEdit::PropertyInPlaceComboBoxEdit(PropertyInPlaceComboBox
     : wxWindow(combo, id, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxWANTS_CHARS),
       mCombo(combo) {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
-  SetFont(combo->GetFont());
   Bind(wxEVT_PAINT, &PropertyInPlaceComboBoxEdit::OnPaint, this);
   Bind(wxEVT_LEFT_DOWN, &PropertyInPlaceComboBoxEdit::OnLeftDown, this);
   Bind(wxEVT_CHAR_HOOK, &PropertyInPlaceComboBoxEdit::OnCharHook, this);

@@ -39,9 +39,10 @@ PropertyInPlaceComboBoxListBox::PropertyInPlaceComboBoxListBox(PropertyInPlaceCo
                                                                int id)
     : wxPopupWindow(combo, wxBORDER_NONE), mCombo(combo) {
   SetId(id);
-  SetFont(combo->GetFont());
+  // A popup is a top-level window: it inherits no font of its own.
+  if (combo->GetFont() != GetFont()) SetFont(combo->GetFont());
   SetBackgroundStyle(wxBG_STYLE_PAINT);
-  mItemHeight = PropertyInPlaceLayout::TextHeight(*combo) + 2;
+  mItemHeight = combo->GetItemHeight();
   Bind(wxEVT_PAINT, &PropertyInPlaceComboBoxListBox::OnPaint, this);
   Bind(wxEVT_LEFT_DOWN, &PropertyInPlaceComboBoxListBox::OnLeftDown, this);
   Bind(wxEVT_LEFT_DCLICK, &PropertyInPlaceComboBoxListBox::OnLeftDown, this);
@@ -52,25 +53,20 @@ PropertyInPlaceComboBoxListBox::PropertyInPlaceComboBoxListBox(PropertyInPlaceCo
 
 PropertyInPlaceComboBoxListBox::~PropertyInPlaceComboBoxListBox() { ReleaseMouse(); }
 
-int PropertyInPlaceComboBoxListBox::Append(wxString const & text, unsigned long data) {
-  mEntries.emplace_back(text, data);
-  if (IsShown()) Refresh(false);
-  return GetCount() - 1;
-}
-
-void PropertyInPlaceComboBoxListBox::Clear() {
-  mEntries.clear();
-  mSelection = -1;
-  mTop = 0;
-  if (IsShown()) Refresh(false);
-}
+int PropertyInPlaceComboBoxListBox::GetCount() const { return mCombo->GetCount(); }
 
 wxString PropertyInPlaceComboBoxListBox::GetString(int index) const {
-  return index >= 0 && index < GetCount() ? mEntries[size_t(index)].first : wxString();
+  return mCombo->GetString(index);
 }
 
 unsigned long PropertyInPlaceComboBoxListBox::GetItemData(int index) const {
-  return index >= 0 && index < GetCount() ? mEntries[size_t(index)].second : 0;
+  return mCombo->GetItemData(index);
+}
+
+void PropertyInPlaceComboBoxListBox::Reset() {
+  mSelection = -1;
+  mTop = 0;
+  if (IsShown()) Refresh(false);
 }
 
 void PropertyInPlaceComboBoxListBox::SetSelection(int index) {
@@ -187,7 +183,7 @@ void PropertyInPlaceComboBoxListBox::OnPaint(wxPaintEvent &) {
     dc.SetTextForeground(GetSysColour(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     wxRect const text(cell.x + inset, cell.y, cell.width - 2 * inset, cell.height);
     dc.SetClippingRegion(text);
-    dc.DrawLabel(mEntries[size_t(index)].first, text, wxALIGN_LEFT | wxALIGN_CENTER_VERTICAL);
+    dc.DrawLabel(GetString(index), text, wxALIGN_LEFT | wxALIGN_CENTER_VERTICAL);
     dc.DestroyClippingRegion();
   }
   if (HasScrollStrip()) {

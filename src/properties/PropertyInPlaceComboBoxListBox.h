@@ -7,9 +7,6 @@
 // the button down moves the highlight; the wheel and the strip at the right
 // scroll a list longer than its window.
 
-#include <utility>
-#include <vector>
-
 #include <wx/popupwin.h>
 
 class PropertyInPlaceComboBox;
@@ -19,11 +16,12 @@ public:
   PropertyInPlaceComboBoxListBox(PropertyInPlaceComboBox * combo, int id);
   ~PropertyInPlaceComboBoxListBox() override;
 
-  int Append(wxString const & text, unsigned long data);
-  void Clear();
-  int GetCount() const { return static_cast<int>(mEntries.size()); }
+  // The entries are the combo's; the list shows them.
+  int GetCount() const;
   wxString GetString(int index) const;
   unsigned long GetItemData(int index) const;
+  // The entries changed: nothing highlighted, the top shown.
+  void Reset();
   // The highlighted entry, -1 for none.
   int GetSelection() const { return mSelection; }
   // Highlights `index` (-1: none) and scrolls it into view.
@@ -58,7 +56,6 @@ private:
   void ReleaseMouse();
 
   PropertyInPlaceComboBox * mCombo;
-  std::vector<std::pair<wxString, unsigned long>> mEntries;
   int mSelection = -1;
   int mTop = 0;
   int mItemHeight;

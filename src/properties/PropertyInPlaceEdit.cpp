@@ -29,13 +29,11 @@ PropertyInPlaceEdit::PropertyInPlaceEdit(wxWindow * parent, RECT const & rect,
   wxRect const place = ToWxRect(EditRectIn(*parent, rect));
   // No frame: GTK's entry then draws no border or padding and fits the
   // text's height, as the cell wants.
-  Create(parent, kEditId, wxEmptyString, place.GetPosition(), place.GetSize(),
+  Create(parent, kEditId, text, place.GetPosition(), place.GetSize(),
          wxBORDER_NONE | wxTE_PROCESS_ENTER | wxTE_PROCESS_TAB);
-  SetFont(parent->GetFont());
-  SetMinSize(wxSize(-1, place.height));
-  SetSize(place);
   if ((style & kReadOnlyStyle) != 0) SetEditable(false);
-  SetText(text.wc_str());
+  mStartText = text;
+  SetInsertionPointEnd();
   KeepCaretOnFocus(*this);
   Bind(wxEVT_CHAR_HOOK, &PropertyInPlaceEdit::OnCharHook, this);
   Bind(wxEVT_CHAR, &PropertyInPlaceEdit::OnChar, this);

@@ -1,11 +1,11 @@
 #include "properties/PropertyInPlaceEditAndBrowse.h"
 
-#include <wx/button.h>
 #include <wx/dcclient.h>
 #include <wx/weakref.h>
 
 #include "platform/SysColor.h"
 #include "platform/WindowMessage.h"
+#include "properties/PropertyInPlaceBrowseButton.h"
 #include "properties/PropertyInPlaceEditAndBrowseEdit.h"
 #include "properties/PropertyInPlaceLayout.h"
 #include "properties/PropertyInPlaceMessages.h"
@@ -21,22 +21,18 @@ wxRect ToWxRect(RECT const & r) {
 PropertyInPlaceEditAndBrowse::PropertyInPlaceEditAndBrowse(wxWindow * parent, RECT const & rect,
                                                            wxString const & data)
     : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE), mData(data) {
-  SetFont(parent->GetFont());
   SetBackgroundStyle(wxBG_STYLE_PAINT);
-  mButton = new wxButton(this, wxID_ANY, "...", wxDefaultPosition, wxDefaultSize,
-                         wxBORDER_NONE | wxBU_EXACTFIT);
-  mButton->SetFont(GetFont());
-  mEdit = new PropertyInPlaceEditAndBrowseEdit(this, kEditId);
-  mEdit->SetFont(GetFont());
-  mEdit->ShowText(mData);
   SetSize(ToWxRect(rect));
+  mButton = new PropertyInPlaceBrowseButton(this);
+  mEdit = new PropertyInPlaceEditAndBrowseEdit(this, kEditId, mData, ToWxRect(EditPlace()));
   LayoutChildren();
-  mButton->Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Browse(); });
   Bind(wxEVT_PAINT, &PropertyInPlaceEditAndBrowse::OnPaint, this);
   Bind(wxEVT_SIZE, &PropertyInPlaceEditAndBrowse::OnSize, this);
   // A double click the list passes on means nothing here.
   Bind(wxEVT_LEFT_DCLICK, [](wxMouseEvent &) {});
 }
+
+wxWindow * PropertyInPlaceEditAndBrowse::GetButton() const { return mButton; }
 
 void PropertyInPlaceEditAndBrowse::SetData(wxString const & data) {
   mData = data;
@@ -83,9 +79,12 @@ void PropertyInPlaceEditAndBrowse::LayoutChildren() {
   if (mEdit == nullptr || mButton == nullptr) return;
   wxSize const size = GetClientSize();
   mButton->SetSize(size.x - kButtonWidth, 0, kButtonWidth, size.y);
+  mEdit->SetSize(ToWxRect(EditPlace()));
+}
+
+RECT PropertyInPlaceEditAndBrowse::EditPlace() const {
+  wxSize const size = GetClientSize();
   RECT const cell{0, 0, size.x, size.y};
-  RECT const edit =
-      PropertyInPlaceLayout::EditRect(cell, PropertyInPlaceLayout::TextHeight(*this), kButtonWidth);
-  mEdit->SetMinSize(wxSize(-1, edit.bottom - edit.top));
-  mEdit->SetSize(ToWxRect(edit));
+  return PropertyInPlaceLayout::EditRect(cell, PropertyInPlaceLayout::TextHeight(*this),
+                                         kButtonWidth);
 }

@@ -14,12 +14,12 @@
 #include "platform/WinGeometry.h"
 
 class PropertyInPlaceEditAndBrowseEdit;
-class wxButton;
+class PropertyInPlaceBrowseButton;
 
 class PropertyInPlaceEditAndBrowse : public wxWindow {
 public:
   static constexpr int kEditId = 2;
-  static constexpr int kButtonWidth = 15;  // a borderless button shows "..." at this width
+  static constexpr int kButtonWidth = 15;  // "..." and its margins
 
   // `rect` is the value cell in the parent's client coordinates.
   PropertyInPlaceEditAndBrowse(wxWindow * parent, RECT const & rect,
@@ -42,7 +42,7 @@ public:
   void SetOwner(wxWindow * owner) { mOwner = owner; }
   wxWindow * GetOwner() const { return mOwner; }
 
-  wxButton * GetButton() const { return mButton; }
+  wxWindow * GetButton() const;
   PropertyInPlaceEditAndBrowseEdit * GetEdit() const { return mEdit; }
 
 protected:
@@ -56,9 +56,10 @@ private:
   void OnPaint(wxPaintEvent & event);
   void OnSize(wxSizeEvent & event);
   void LayoutChildren();
+  RECT EditPlace() const;
 
   wxString mData;
   PropertyInPlaceEditAndBrowseEdit * mEdit = nullptr;
-  wxButton * mButton = nullptr;
+  PropertyInPlaceBrowseButton * mButton = nullptr;
   wxWindow * mOwner = nullptr;
 };

@@ -7,10 +7,11 @@
 #include "properties/PropertyInPlaceKeys.h"
 
 PropertyInPlaceEditAndBrowseEdit::PropertyInPlaceEditAndBrowseEdit(
-    PropertyInPlaceEditAndBrowse * frame, int id)
-    : wxTextCtrl(frame, id, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+    PropertyInPlaceEditAndBrowse * frame, int id, wxString const & text, wxRect const & place)
+    : wxTextCtrl(frame, id, text, place.GetPosition(), place.GetSize(),
                  wxBORDER_NONE | wxTE_PROCESS_ENTER | wxTE_PROCESS_TAB),
       mFrame(frame) {
+  SetInsertionPointEnd();
   KeepCaretOnFocus(*this);
   Bind(wxEVT_CHAR_HOOK, &PropertyInPlaceEditAndBrowseEdit::OnCharHook, this);
   Bind(wxEVT_TEXT, &PropertyInPlaceEditAndBrowseEdit::OnText, this);

@@ -9,7 +9,8 @@ class PropertyInPlaceEditAndBrowse;
 
 class PropertyInPlaceEditAndBrowseEdit : public wxTextCtrl {
 public:
-  PropertyInPlaceEditAndBrowseEdit(PropertyInPlaceEditAndBrowse * frame, int id);
+  PropertyInPlaceEditAndBrowseEdit(PropertyInPlaceEditAndBrowse * frame, int id,
+                                   wxString const & text, wxRect const & place);
 
   // Shows `text` with the caret at its end, as no change of the user's.
   void ShowText(wxString const & text);

@@ -8,9 +8,17 @@
 namespace PropertyInPlaceLayout {
 
 int TextHeight(wxWindow const & window) {
-  wxClientDC dc(const_cast<wxWindow *>(&window));
-  dc.SetFont(window.GetFont());
-  return dc.GetTextExtent("DummyText").y;
+  // Measured once a font: an editor is made on every selection change.
+  static wxFont measured;
+  static int height = 0;
+  wxFont const font = window.GetFont();
+  if (!measured.IsOk() || font != measured) {
+    wxClientDC dc(const_cast<wxWindow *>(&window));
+    dc.SetFont(font);
+    height = dc.GetTextExtent("DummyText").y;
+    measured = font;
+  }
+  return height;
 }
 
 RECT EditRect(RECT const & cell, int textHeight, int reservedRight) {

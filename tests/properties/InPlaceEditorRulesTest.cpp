@@ -44,7 +44,7 @@ TEST(InPlaceEditorRules, SteppingStopsAtTheEndsAndDoubleClickWraps) {
     int current, count;
     int up, down, cycle;
   } const cases[] = {
-      {0, 3, 0, 1, 1},  {2, 3, 1, 2, 0},   {1, 3, 0, 2, 2},
+      {0, 3, 0, 1, 1},     {2, 3, 1, 2, 0}, {1, 3, 0, 2, 2},
       {-1, 3, -1, 0, 0},  // nothing chosen: down and a double click take the first
       {0, 1, 0, 0, 0},    // one entry: a double click leaves it
       {-1, 0, -1, -1, -1},

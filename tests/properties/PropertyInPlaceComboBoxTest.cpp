@@ -68,7 +68,7 @@ TEST_F(PropertyInPlaceComboBoxTest, SetCurSelRefusesWhatLiesOutsideTheEntries) {
     int result, chosen, changes;
   } const cases[] = {
       {3, true, -1, 0, 0},  // at the end
-      {9, true, -1, 0, 0},  {-1, true, -1, 0, 0}, {2, false, 2, 2, 0}, {1, true, 1, 1, 1},
+      {9, true, -1, 0, 0}, {-1, true, -1, 0, 0}, {2, false, 2, 2, 0}, {1, true, 1, 1, 1},
   };
   for (Case const & c : cases) {
     combo->SetCurSel(0, false);
@@ -171,7 +171,7 @@ TEST_F(PropertyInPlaceComboBoxTest, StepsStopAtTheEndsAndADoubleClickCycles) {
     int chosen;
     int changes;
   } const cases[] = {
-      {kInPlaceListStep, VK_UP, 0, 0},   // already at the top
+      {kInPlaceListStep, VK_UP, 0, 0},  // already at the top
       {kInPlaceListStep, VK_DOWN, 1, 1}, {kInPlaceListStep, VK_RIGHT, 2, 2},
       {kInPlaceListStep, VK_DOWN, 2, 2},  // no next entry
       {kInPlaceDoubleClick, 1, 0, 3},     // wraps

@@ -61,8 +61,8 @@ TEST_F(PropertyInPlaceEditTest, HandingKeysCommitOnceAndNeverReachTheDialog) {
     KeySym key;
     std::vector<int> passedOn;
   } const cases[] = {
-      {XK_Tab, {}},        {XK_Return, {}},          {XK_KP_Enter, {}},
-      {XK_Escape, {}},  // commits like Return: no cancelling
+      {XK_Tab, {}},      {XK_Return, {}},
+      {XK_KP_Enter, {}}, {XK_Escape, {}},        // commits like Return: no cancelling
       {XK_Up, {WXK_UP}}, {XK_Down, {WXK_DOWN}},  // and the list moves a row
   };
   for (Case const & c : cases) {
