@@ -30,15 +30,16 @@ RECT const kCell{120, 40, 360, 60};
 
 wxWindow & Parent() {
   static wxFrame * const frame = [] {
-    auto * shown = new wxFrame(nullptr, wxID_ANY, "Property editors", wxDefaultPosition,
-                               wxSize(500, 300));
+    auto * shown =
+        new wxFrame(nullptr, wxID_ANY, "Property editors", wxDefaultPosition, wxSize(500, 300));
     shown->Show();
     return shown;
   }();
   return *frame;
 }
 
-void CreateAndDestroy(benchmark::State & state, std::function<wxWindow *(wxWindow &)> const & make) {
+void CreateAndDestroy(benchmark::State & state,
+                      std::function<wxWindow *(wxWindow &)> const & make) {
   if (!GuiStarted()) return state.SkipWithError("no display");
   wxWindow & parent = Parent();
   for (auto _ : state) delete make(parent);
@@ -51,9 +52,9 @@ void Baseline(benchmark::State & state) {
   });
 }
 
-#define PROPERTY_EDITOR_FIGURE(figure, make)                                                   \
-  void figure##_candidate(benchmark::State & state) { CreateAndDestroy(state, make); }          \
-  BENCHMARK(figure##_candidate)->Name(#figure "/candidate")->Unit(benchmark::kMicrosecond);    \
+#define PROPERTY_EDITOR_FIGURE(figure, make)                                                \
+  void figure##_candidate(benchmark::State & state) { CreateAndDestroy(state, make); }      \
+  BENCHMARK(figure##_candidate)->Name(#figure "/candidate")->Unit(benchmark::kMicrosecond); \
   BENCHMARK(Baseline)->Name(#figure "/baseline")->Unit(benchmark::kMicrosecond)
 
 PROPERTY_EDITOR_FIGURE(PropertyEditorEdit, [](wxWindow & parent) -> wxWindow * {
@@ -74,8 +75,8 @@ PROPERTY_EDITOR_FIGURE(PropertyEditorFolder, [](wxWindow & parent) -> wxWindow *
 });
 
 PROPERTY_EDITOR_FIGURE(PropertyEditorFolderCollection, [](wxWindow & parent) -> wxWindow * {
-  return new PropertyInPlaceBrowseForFolderCollection(&parent, kCell, "Folders", "Search in:",
-                                                      "/srv/a;/srv/b;");
+  return new PropertyInPlaceBrowseForFolderCollection(&parent, kCell, "Folders",
+                                                      "Search in:", "/srv/a;/srv/b;");
 });
 
 PROPERTY_EDITOR_FIGURE(PropertyEditorFile, [](wxWindow & parent) -> wxWindow * {

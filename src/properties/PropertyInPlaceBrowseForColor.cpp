@@ -6,9 +6,8 @@
 
 PropertyInPlaceBrowseForColor::PropertyInPlaceBrowseForColor(wxWindow * parent, RECT const & rect,
                                                              COLORREF colour)
-    : PropertyInPlaceEditAndBrowse(parent, rect), mColour(colour) {
+    : PropertyInPlaceEditAndBrowse(parent, rect, FormatEditString(colour)), mColour(colour) {
   GetEdit()->SetEditable(false);
-  SetData(colour);
 }
 
 PropertyInPlaceBrowseForColor * PropertyInPlaceBrowseForColor::CreateInPlaceControl(

@@ -1,11 +1,10 @@
 #include "properties/PropertyInPlaceEditAndBrowse.h"
 
-#include <wx/dcclient.h>
+#include <wx/dcbuffer.h>
 #include <wx/weakref.h>
 
 #include "platform/SysColor.h"
 #include "platform/WindowMessage.h"
-#include "properties/PropertyInPlaceBrowseButton.h"
 #include "properties/PropertyInPlaceEditAndBrowseEdit.h"
 #include "properties/PropertyInPlaceLayout.h"
 #include "properties/PropertyInPlaceMessages.h"
@@ -23,16 +22,20 @@ PropertyInPlaceEditAndBrowse::PropertyInPlaceEditAndBrowse(wxWindow * parent, RE
     : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE), mData(data) {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   SetSize(ToWxRect(rect));
-  mButton = new PropertyInPlaceBrowseButton(this);
   mEdit = new PropertyInPlaceEditAndBrowseEdit(this, kEditId, mData, ToWxRect(EditPlace()));
-  LayoutChildren();
   Bind(wxEVT_PAINT, &PropertyInPlaceEditAndBrowse::OnPaint, this);
   Bind(wxEVT_SIZE, &PropertyInPlaceEditAndBrowse::OnSize, this);
-  // A double click the list passes on means nothing here.
-  Bind(wxEVT_LEFT_DCLICK, [](wxMouseEvent &) {});
+  Bind(wxEVT_LEFT_DOWN, &PropertyInPlaceEditAndBrowse::OnLeftDown, this);
+  // A double click the list passes on means nothing here; on the button it
+  // is a second click.
+  Bind(wxEVT_LEFT_DCLICK, &PropertyInPlaceEditAndBrowse::OnLeftDown, this);
+  Bind(wxEVT_LEFT_UP, &PropertyInPlaceEditAndBrowse::OnLeftUp, this);
 }
 
-wxWindow * PropertyInPlaceEditAndBrowse::GetButton() const { return mButton; }
+wxRect PropertyInPlaceEditAndBrowse::GetButtonRect() const {
+  wxSize const size = GetClientSize();
+  return wxRect(size.x - kButtonWidth, 0, kButtonWidth, size.y);
+}
 
 void PropertyInPlaceEditAndBrowse::SetData(wxString const & data) {
   mData = data;
@@ -65,9 +68,36 @@ void PropertyInPlaceEditAndBrowse::SendDataChanged() {
 }
 
 void PropertyInPlaceEditAndBrowse::OnPaint(wxPaintEvent &) {
-  wxPaintDC dc(this);
+  wxAutoBufferedPaintDC dc(this);
   dc.SetBackground(wxBrush(GetSysColour(COLOR_WINDOW)));
   dc.Clear();
+  // The button: flat, a frame line of the shadow colour, "..." centred,
+  // darker and a pixel lower while pressed.
+  wxRect const button = GetButtonRect();
+  dc.SetPen(wxPen(GetSysColour(COLOR_BTNSHADOW)));
+  dc.SetBrush(wxBrush(GetSysColour(mPressed ? COLOR_BTNSHADOW : COLOR_BTNFACE)));
+  dc.DrawRectangle(button);
+  dc.SetFont(GetFont());
+  dc.SetTextForeground(GetSysColour(COLOR_BTNTEXT));
+  wxRect label = button;
+  if (mPressed) label.Offset(1, 1);
+  dc.DrawLabel("...", label, wxALIGN_CENTER);
+}
+
+void PropertyInPlaceEditAndBrowse::OnLeftDown(wxMouseEvent & event) {
+  if (!GetButtonRect().Contains(event.GetPosition())) return;
+  SetFocus();  // the edit's kill-focus commits what was typed
+  mPressed = true;
+  if (!HasCapture()) CaptureMouse();
+  Refresh(false);
+}
+
+void PropertyInPlaceEditAndBrowse::OnLeftUp(wxMouseEvent & event) {
+  if (!mPressed) return;
+  mPressed = false;
+  if (HasCapture()) ReleaseMouse();
+  Refresh(false);
+  if (GetButtonRect().Contains(event.GetPosition())) Browse();
 }
 
 void PropertyInPlaceEditAndBrowse::OnSize(wxSizeEvent & event) {
@@ -76,9 +106,8 @@ void PropertyInPlaceEditAndBrowse::OnSize(wxSizeEvent & event) {
 }
 
 void PropertyInPlaceEditAndBrowse::LayoutChildren() {
-  if (mEdit == nullptr || mButton == nullptr) return;
-  wxSize const size = GetClientSize();
-  mButton->SetSize(size.x - kButtonWidth, 0, kButtonWidth, size.y);
+  if (mEdit == nullptr) return;
+  Refresh(false);
   mEdit->SetSize(ToWxRect(EditPlace()));
 }
 

@@ -1,27 +1,29 @@
 #pragma once
 // The editor of a property row whose value is chosen in a dialog: a frame
 // over the value cell holding an edit (id 2) and a flat "..." button at the
-// right, as wide as a scroll bar. The edit commits like PropertyInPlaceEdit
-// (its keys go to the list, the frame's parent); on losing the focus, or
-// when the list calls Commit, its text becomes the data and
-// kInPlaceDataChanged goes to the owner, else the parent. The button runs
-// OnBrowse; when it returns true the data goes to the edit, then
+// right, 15 pixels wide. The frame draws the button itself and takes its
+// clicks: a toolkit button, or any child window, costs about as much to
+// make as the edit, and an editor is made on every selection change. The edit commits like
+// PropertyInPlaceEdit (its keys go to the list, the frame's parent); on losing the focus, or when
+// the list calls Commit, its text becomes the data and kInPlaceDataChanged goes to the owner, else
+// the parent. The button runs OnBrowse; when it returns true the data goes to the edit, then
 // kInPlaceDataChanged.
 
+#include <wx/gdicmn.h>
 #include <wx/string.h>
 #include <wx/window.h>
 
 #include "platform/WinGeometry.h"
 
 class PropertyInPlaceEditAndBrowseEdit;
-class PropertyInPlaceBrowseButton;
 
 class PropertyInPlaceEditAndBrowse : public wxWindow {
 public:
   static constexpr int kEditId = 2;
   static constexpr int kButtonWidth = 15;  // "..." and its margins
 
-  // `rect` is the value cell in the parent's client coordinates.
+  // `rect` is the value cell in the parent's client coordinates; `data` is
+  // shown with the caret where GTK puts it (SetData puts it at the end).
   PropertyInPlaceEditAndBrowse(wxWindow * parent, RECT const & rect,
                                wxString const & data = wxString());
 
@@ -42,7 +44,8 @@ public:
   void SetOwner(wxWindow * owner) { mOwner = owner; }
   wxWindow * GetOwner() const { return mOwner; }
 
-  wxWindow * GetButton() const;
+  // Where the "..." button lies, in the frame's client coordinates.
+  wxRect GetButtonRect() const;
   PropertyInPlaceEditAndBrowseEdit * GetEdit() const { return mEdit; }
 
 protected:
@@ -55,11 +58,13 @@ protected:
 private:
   void OnPaint(wxPaintEvent & event);
   void OnSize(wxSizeEvent & event);
+  void OnLeftDown(wxMouseEvent & event);
+  void OnLeftUp(wxMouseEvent & event);
   void LayoutChildren();
   RECT EditPlace() const;
 
   wxString mData;
   PropertyInPlaceEditAndBrowseEdit * mEdit = nullptr;
-  PropertyInPlaceBrowseButton * mButton = nullptr;
   wxWindow * mOwner = nullptr;
+  bool mPressed = false;  // the button, while the pointer holds it
 };

@@ -2,16 +2,15 @@
 
 #include <wx/weakref.h>
 
-#include "properties/PropertyInPlaceCaret.h"
 #include "properties/PropertyInPlaceEditAndBrowse.h"
+#include "properties/PropertyInPlaceEntry.h"
 #include "properties/PropertyInPlaceKeys.h"
 
 PropertyInPlaceEditAndBrowseEdit::PropertyInPlaceEditAndBrowseEdit(
     PropertyInPlaceEditAndBrowse * frame, int id, wxString const & text, wxRect const & place)
     : wxTextCtrl(frame, id, text, place.GetPosition(), place.GetSize(),
-                 wxBORDER_NONE | wxTE_PROCESS_ENTER | wxTE_PROCESS_TAB),
+                 wxBORDER_NONE),  // Tab and Return: the char hook takes them
       mFrame(frame) {
-  SetInsertionPointEnd();
   KeepCaretOnFocus(*this);
   Bind(wxEVT_CHAR_HOOK, &PropertyInPlaceEditAndBrowseEdit::OnCharHook, this);
   Bind(wxEVT_TEXT, &PropertyInPlaceEditAndBrowseEdit::OnText, this);

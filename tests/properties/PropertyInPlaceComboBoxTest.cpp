@@ -128,6 +128,7 @@ TEST_F(PropertyInPlaceComboBoxTest, TabAndEscapeOnlyHideAndReachNoDialog) {
 
 TEST_F(PropertyInPlaceComboBoxTest, AnOutsidePressConfirmsTheHighlightedEntry) {
   Fill(5);
+  gui_test::Snapshot(*host, "property-combo-closed");
   Drop();
   FakeKey(XK_Down);
   FakeKey(XK_Down);

@@ -13,6 +13,7 @@
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/WinUser.h"
+#include "platform/commctrl/ListInput.h"
 #include "properties/PropertyInPlaceBrowseForColor.h"
 #include "properties/PropertyInPlaceBrowseForFile.h"
 #include "properties/PropertyInPlaceBrowseForFolderCollection.h"
@@ -46,8 +47,9 @@ protected:
   }
 
   void ClickBrowse(PropertyInPlaceEditAndBrowse & editor) {
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return IsReady(*editor.GetButton()); }));
-    FakeClick(*editor.GetButton());
+    ASSERT_TRUE(gui_test::WaitUntil([&] { return IsReady(editor); }));
+    wxRect const button = editor.GetButtonRect();
+    list_input::ClickAt(editor, button.GetPosition() + button.GetSize() / 2);
   }
 
   EditorHost * host = nullptr;
@@ -84,7 +86,8 @@ TEST_F(PropertyInPlaceEditAndBrowseTest, ATypedChangeIsTakenBeforeBrowsingAndByI
     startedAt.push_back(request.initialFolder);
     return FolderChooserAnswer{};
   });
-  auto * editor = new PropertyInPlaceBrowseForFolder(host->owner, kCell, "/tmp");
+  auto * editor = PropertyInPlaceBrowseForFolder::CreateInPlaceControl(host->owner, kCell);
+  editor->SetData("/tmp");  // as the items do: the caret at the end
   std::vector<wxString> taken;
   host->owner->onDataChanged = [&] { taken.push_back(editor->GetData()); };
   FocusEdit(*editor);
@@ -103,6 +106,25 @@ TEST_F(PropertyInPlaceEditAndBrowseTest, ATypedChangeIsTakenBeforeBrowsingAndByI
   gui_test::Flush();
   EXPECT_EQ(taken, (std::vector<wxString>{"/tmp/x", "/tmp/xy"}));
   EXPECT_TRUE(host->buttons.empty()) << "Return pressed the default button";
+}
+
+// GTK's entry holds at most 65,535 characters: a longer path shown in it is
+// cut, and must not come back cut when the user did not edit it.
+TEST_F(PropertyInPlaceEditAndBrowseTest, PathsComeBackExactWhenNotEdited) {
+  wxString const paths[] = {"/srv/run\n7/data", "/srv/" + wxString('x', 70000) + "/end",
+                            "/srv/tab\there/\u00e9t\u00e9"};
+  for (wxString const & path : paths) {
+    host->owner->messages.clear();
+    auto * editor = PropertyInPlaceBrowseForFolder::CreateInPlaceControl(host->owner, kCell);
+    editor->SetData(path);
+    FocusEdit(*editor);
+    FakeKey(XK_Tab);
+    ASSERT_TRUE(gui_test::WaitUntil([&] { return host->owner->HasFocus(); }));
+    EXPECT_FALSE(editor->Commit());
+    EXPECT_TRUE(editor->GetData() == path) << "the path changed on its way through the edit";
+    EXPECT_EQ(host->owner->DataChanges(), 0);
+    editor->Destroy();
+  }
 }
 
 TEST_F(PropertyInPlaceEditAndBrowseTest, FileAsksToSelectWithoutAnOverwriteQuestion) {
@@ -149,6 +171,7 @@ TEST_F(PropertyInPlaceEditAndBrowseTest, ColourIsChosenNotTyped) {
   auto * editor = new PropertyInPlaceBrowseForColor(host->owner, kCell, RGB(200, 100, 50));
   EXPECT_EQ(editor->GetEdit()->GetValue(), "R: 200 G: 100 B: 50");
   FocusEdit(*editor);
+  gui_test::Snapshot(*host, "property-colour-editor");
   FakeKey(XK_End);
   FakeKey(XK_7);
   FakeKey(XK_BackSpace);

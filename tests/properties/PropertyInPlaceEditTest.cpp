@@ -44,6 +44,7 @@ protected:
                                  void * context = nullptr) {
     auto * edit = PropertyInPlaceEdit::CreateInPlaceControl(
         text.wc_str(), host->owner, RECT{100, 20, 300, 40}, style, validate, context);
+    edit->SetInsertionPointEnd();  // as the items do
     edit->SetFocus();
     // The caret stays at the end: nothing is selected for typing to replace.
     EXPECT_TRUE(gui_test::WaitUntil([&] {

@@ -1,4 +1,4 @@
-#include "properties/PropertyInPlaceCaret.h"
+#include "properties/PropertyInPlaceEntry.h"
 
 #include <wx/textctrl.h>
 
