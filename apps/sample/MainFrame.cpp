@@ -19,6 +19,7 @@
 #include "ProjectTreeWindow.h"
 #include "PropertiesCommand.h"
 #include "PropertyEditorsDialog.h"
+#include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
 #include "RunList.h"
@@ -99,6 +100,7 @@ void MainFrame::BuildMenus() {
   AddNotesCommand(*tools, *this);
   AddPropertyEditorsCommand(*tools, *this);
   AddRunSettingsCommands(*tools, *this);
+  AddPropertyListCommand(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

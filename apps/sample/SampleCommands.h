@@ -32,6 +32,7 @@ enum SampleCommand : int {
   // View
   kPropertiesCommand,
   kServiceCommand,
+  kPropertyListCommand,
   // Runs by project (its own window)
   kLoadTreeCommand,
   kSaveTreeCommand,

@@ -1,6 +1,7 @@
 #include "properties/PropertyItemManager.h"
 
 #include "properties/PropertyItemCategory.h"
+#include "properties/PropertyListCtrl.h"
 
 PropertyItemManager::PropertyItemManager() = default;
 
@@ -30,4 +31,18 @@ PropertyItemCategory * PropertyItemManager::AddPropertyCategory(unsigned nameId,
 PropertyItemCategory * PropertyItemManager::GetPropertyCategory(int index) const {
   if (index < 0 || static_cast<size_t>(index) >= mCategories.size()) return nullptr;
   return mCategories[static_cast<size_t>(index)].get();
+}
+
+void PropertyItemManager::InitControl(PropertyListCtrl * list) {
+  if (list == nullptr) return;
+  list->DestroyInPlaceControl();
+  list->ResetContent();
+  int index = 0;
+  for (auto const & category : mCategories) {
+    list->InsertPropertyItem(category.get(), index++);
+    if (!category->GetChildrenVisible()) continue;
+    for (PropertyItem * item : *category)
+      if (list->InsertPropertyItem(item, index) >= 0) ++index;
+    category->SetChildrenVisible(true);
+  }
 }

@@ -24,6 +24,7 @@
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
 #include "PropertyEditorsDialog.h"
+#include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
@@ -86,6 +87,7 @@ enum class Opens {
   kSelectClass,      // the class or phase choice
   kPropertyEditors,  // the property editors
   kService,          // the service dialog
+  kPropertyList,     // the run settings in a property list
 };
 
 struct Expected {
@@ -119,6 +121,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Run settings...", {Opens::kSheet}},
     {"Tools/New run...", {Opens::kWizard}},
     {"View/Properties", {Opens::kProperties}},
+    {"Tools/Property list...", {Opens::kPropertyList}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -176,6 +179,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kPropertyEditors;
   } else if (dynamic_cast<ServiceDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kService;
+  } else if (dynamic_cast<PropertyListDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kPropertyList;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
@@ -318,6 +323,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kSheet,
         Opens::kWizard,
         Opens::kService,
+        Opens::kPropertyList,
     };
     // clang-format on
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
@@ -376,6 +382,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kSheet:
       case Opens::kWizard:
       case Opens::kService:
+      case Opens::kPropertyList:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;

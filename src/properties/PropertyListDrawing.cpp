@@ -1,0 +1,214 @@
+// How a property list paints: its rows (gutter, expander, grid, name,
+// value) and its details pane.
+#include <algorithm>
+#include <string>
+
+#include <wx/dcclient.h>
+#include <wx/graphics.h>
+#include <wx/region.h>
+
+#include "dialogs/LimitLineLength.h"
+#include "platform/SysColor.h"
+#include "platform/UnmeasuredText.h"
+#include "properties/PropertyItem.h"
+#include "properties/PropertyItemCategory.h"
+#include "properties/PropertyListCtrl.h"
+#include "properties/PropertyRowMeasure.h"
+#include "utl/Translation.h"
+
+using namespace PropertyListGeometry;
+
+namespace {
+
+wchar_t const kMeasuringText[] = L"DummyText";
+
+wxColour GridColour() {
+  return {static_cast<unsigned char>(kGridColour & 0xFF),
+          static_cast<unsigned char>((kGridColour >> 8) & 0xFF),
+          static_cast<unsigned char>((kGridColour >> 16) & 0xFF)};
+}
+
+// GTK gives no border metrics (SM_CXBORDER is -1 there); the pane's frame
+// is one pixel.
+constexpr int kBorder = 1;
+
+// Draws the lines of `text` (at "\n") from `top`, one every `lineHeight`
+// pixels, leaving out those outside `clip`: a name of thousands of lines
+// costs only the lines in view.
+void DrawLines(wxDC & dc, wxString const & text, int left, int top, int lineHeight,
+               wxRect const & clip) {
+  if (text.find(L'\n') == wxString::npos) {
+    if (top + lineHeight > clip.y && top < clip.GetBottom() + 1)
+      DrawTextUnmeasured(dc, text, left, top);
+    return;
+  }
+  int const clipBottom = clip.y + clip.height;
+  size_t start = 0;
+  int y = top;
+  while (start <= text.length() && y < clipBottom) {
+    size_t end = text.find(L'\n', start);
+    if (end == wxString::npos) end = text.length();
+    if (y + lineHeight > clip.y) DrawTextUnmeasured(dc, text.substr(start, end - start), left, y);
+    start = end + 1;
+    y += lineHeight;
+  }
+}
+
+}  // namespace
+
+PropertyListCtrl::PaintTools PropertyListCtrl::MakePaintTools() {
+  return {wxPen(GridColour()), wxBrush(GetSysColour(COLOR_WINDOW)),
+          wxBrush(GetSysColour(COLOR_HIGHLIGHT)), GetSysColour(COLOR_WINDOWTEXT),
+          GetSysColour(COLOR_HIGHLIGHTTEXT)};
+}
+
+void PropertyListCtrl::OnPaintRows(wxPaintEvent &) {
+  wxPaintDC dc(this);
+  wxSize const size = GetClientSize();
+  mTools = MakePaintTools();
+  dc.SetBackground(mTools.window);
+  dc.Clear();
+  if (mRows.empty() || GetItemCount() == 0) return;
+  dc.SetFont(GetFont());
+  wxRegion const & update = GetUpdateRegion();
+  mLineStarts.clear();
+  mLineEnds.clear();
+  int y = 0;
+  for (size_t row = GetVisibleRowsBegin(); row < GetVisibleRowsEnd() && y < size.y; ++row) {
+    wxRect const rect(0, y, size.x, OnGetRowHeight(row));
+    if (update.Contains(rect) != wxOutRegion) OnDrawItem(dc, rect, row);
+    y += rect.height;
+  }
+  // The gutter's line and the right edge run over the whole rows' area.
+  AddLine(kGutterWidth, 0, kGutterWidth, size.y);
+  AddLine(size.x - 1, 0, size.x - 1, size.y);
+  // All grid lines in one stroke: one drawing request instead of two a row.
+  dc.SetPen(mTools.grid);
+  if (wxGraphicsContext * gc = dc.GetGraphicsContext()) {
+    gc->SetPen(mTools.grid);
+    gc->StrokeLines(mLineStarts.size(), mLineStarts.data(), mLineEnds.data());
+  } else {
+    for (size_t i = 0; i < mLineStarts.size(); ++i)
+      dc.DrawLine(wxRound(mLineStarts[i].m_x), wxRound(mLineStarts[i].m_y),
+                  wxRound(mLineEnds[i].m_x), wxRound(mLineEnds[i].m_y));
+  }
+}
+
+void PropertyListCtrl::AddLine(int x1, int y1, int x2, int y2) const {
+  // The coordinates wxDC::DrawLine hands the graphics context, which puts
+  // a one-pixel line on the pixels' centres itself.
+  mLineStarts.emplace_back(x1, y1);
+  mLineEnds.emplace_back(x2, y2);
+}
+
+void PropertyListCtrl::OnDrawItem(wxDC & dc, wxRect const & rect, size_t n) const {
+  if (n >= mRows.size()) return;
+  PaintTools const & tools = mTools;
+  PropertyItem & item = *mRows[n];
+  auto const * category = dynamic_cast<PropertyItemCategory const *>(&item);
+  NameSpan const span = SpanOf(item);
+  bool const selected = IsSelected(n);
+  int const bottom = rect.y + rect.height;
+
+  if (category != nullptr) {
+    wxRect const box = ExpanderRect(rect);
+    dc.SetPen(*wxBLACK_PEN);
+    dc.SetBrush(*wxWHITE_BRUSH);
+    dc.DrawRectangle(box);
+    int const cx = box.x + kExpanderSize / 2;
+    int const cy = box.y + kExpanderSize / 2;
+    // The bars as one-pixel boxes: crisp, where a line's ends would blend.
+    dc.SetPen(*wxTRANSPARENT_PEN);
+    dc.SetBrush(*wxBLACK_BRUSH);
+    dc.DrawRectangle(cx - 2, cy, 5, 1);
+    if (!category->GetChildrenVisible()) dc.DrawRectangle(cx, cy - 2, 1, 5);
+  }
+
+  AddLine(kGutterWidth, bottom - 1, rect.x + rect.width, bottom - 1);
+  int const divider = DividerX(rect, span);
+  AddLine(divider, rect.y, divider, bottom - 1);
+
+  wxRect const name = NameRect(rect, span);
+  if (selected) {  // the rest lies on the window colour already
+    dc.SetPen(*wxTRANSPARENT_PEN);
+    dc.SetBrush(tools.highlight);
+    dc.DrawRectangle(name);
+  }
+  dc.SetTextForeground(selected ? tools.highlightText : tools.text);
+  bool const bold = category != nullptr;
+  dc.SetFont(mMeasure->GetFont(bold));
+  int const lineHeight = mMeasure->LineHeight(bold);
+  wxString const & showName = item.GetShowName();
+  auto const lines = PropertyRowMeasure::CountLines(showName);
+  // Centred as a block; a block taller than the cell starts at its top.
+  auto const textHeight = static_cast<long long>(lines) * lineHeight;
+  int const top = name.y + static_cast<int>(std::max(0LL, (name.height - textHeight) / 2));
+  wxRect const text(name.x + kTextInset, name.y, std::max(0, name.width - 2 * kTextInset),
+                    name.height);
+  {
+    wxDCClipper clip(dc, text);
+    DrawLines(dc, showName, text.x, top, lineHeight, text);
+  }
+  dc.SetFont(mMeasure->GetFont(false));
+  dc.SetTextForeground(tools.text);
+
+  wxRect const value = ValueRect(rect);
+  RECT const cell{value.x, value.y, value.x + value.width, value.y + value.height};
+  if (!selected) {
+    item.DrawValue(dc, cell);
+    return;
+  }
+  // A selected row's value is its editor. What the editor leaves of the cell
+  // (a colour's swatch) is drawn here: on GTK a paint outside the paint
+  // handler does not last.
+  if (mInPlaceControl == nullptr || !mInPlaceControl->IsShown()) return;
+  int const uncovered = mInPlaceControl->GetPosition().x - value.x;
+  if (uncovered <= 0) return;
+  wxDCClipper clip(dc, wxRect(value.x, value.y, std::min(uncovered, value.width), value.height));
+  item.DrawValue(dc, cell);
+}
+
+void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {
+  if (!mShowDetails) return;
+  wxRect inner = pane;
+  inner.Deflate(kBorder + 3, 2);
+  dc.SetPen(*wxTRANSPARENT_PEN);
+  dc.SetBrush(wxBrush(GetSysColour(COLOR_WINDOW)));
+  dc.DrawRectangle(pane);  // holds the outer frame's own fill too
+  dc.SetBrush(wxBrush(GetSysColour(COLOR_BTNFACE)));
+  dc.SetPen(wxPen(GetSysColour(COLOR_INACTIVEBORDER)));
+  dc.DrawRectangle(inner);
+
+  PropertyItem const * item = GetPropertyItem(GetSelection());
+  wxString name = item != nullptr ? item->GetName() : wxString();
+  wxString description = item != nullptr ? item->GetDescription() : wxString();
+  if (name.empty()) name = vx3::Tr("No selection");
+  if (description.empty()) description = vx3::Tr("No description available.");
+
+  wxRect text = inner;
+  text.Deflate(2 * kBorder, kBorder);
+  if (text.width <= 0 || text.height <= 0) return;
+  wxDCClipper clip(dc, text);
+  dc.SetTextForeground(GetSysColour(COLOR_WINDOWTEXT));
+  dc.SetTextBackground(GetSysColour(COLOR_BTNFACE));
+  dc.SetFont(mMeasure->GetFont(true));
+  // The name stays on its first line; breaks in it are not the pane's.
+  wxString const firstLine = name.BeforeFirst(L'\n');
+  DrawTextUnmeasured(dc, firstLine, text.x, text.y);
+  text.y += dc.GetTextExtent(kMeasuringText).y + 2;
+  dc.SetFont(mMeasure->GetFont(false));
+  int const lineHeight = mMeasure->LineHeight(false);
+  // Only what the pane can show is wrapped, and only when the text or the
+  // width changed: a description of a megabyte costs no more than a few
+  // lines, and a repaint nothing.
+  if (description != mWrappedFor || text.width != mWrappedWidth) {
+    size_t const room = static_cast<size_t>(std::max(1, text.width)) *
+                        static_cast<size_t>(std::max(1, text.height / std::max(1, lineHeight) + 1));
+    std::wstring const shown =
+        description.Left(std::min<size_t>(description.length(), room)).ToStdWstring();
+    mWrapped = wxString(LimitLineLength::ByPixels(shown, dc, static_cast<size_t>(text.width)));
+    mWrappedFor = description;
+    mWrappedWidth = text.width;
+  }
+  DrawLines(dc, mWrapped, text.x, text.y, lineHeight, text);
+}
