@@ -18,6 +18,7 @@
 #include "platform/ResourceModuleData.h"
 
 class wxDialog;
+class wxXmlResourceHandler;
 class wxWindow;
 
 class ResourceModule;
@@ -63,6 +64,12 @@ wxBitmap LoadResourceBitmap(unsigned id);
 // anew. False when no module has the template or it cannot be built.
 bool LoadDialogTemplate(wxDialog & dialog, wxWindow * parent, unsigned templateId,
                         long extraStyle = 0);
+
+// Lets the templates of every module (present and later) build a window
+// class of a higher layer: `make` gives a new handler for each module's
+// templates. Called once a process per class, as a window class is
+// registered.
+void AddDialogTemplateHandler(wxXmlResourceHandler * (*make)());
 
 // --- In one module only ----------------------------------------------------
 
