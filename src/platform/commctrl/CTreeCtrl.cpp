@@ -10,6 +10,7 @@
 #include <map>
 
 #include "platform/commctrl/CTreeCtrlImpl.h"
+#include "platform/commctrl/MergeSortBy.h"
 
 namespace {
 
@@ -576,13 +577,15 @@ BOOL CTreeCtrl::Expand(HTREEITEM item, UINT code) {
 
 namespace {
 
-// Relinks the children of `parent` in the order of `order` (stable).
-template <class Less>
-void SortSiblings(TreeNodeStore & nodes, uint32_t parent, Less less) {
+// Relinks the children of `parent` in the order of `compare` (stable). An
+// application's comparison need not be consistent: the merge stays in its
+// range whatever it answers.
+template <class Compare>
+void SortSiblings(TreeNodeStore & nodes, uint32_t parent, Compare compare) {
   std::vector<uint32_t> order;
   for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next)
     order.push_back(child);
-  std::stable_sort(order.begin(), order.end(), less);
+  MergeSortBy(order, compare);
   uint32_t prev = 0;
   for (uint32_t const child : order) {
     nodes[child].prev = prev;
@@ -609,7 +612,7 @@ BOOL CTreeCtrl::SortChildren(HTREEITEM item) {
   for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next)
     texts[child] = ShownText(*this, *mImpl, child);
   SortSiblings(nodes, parent,
-               [&texts](uint32_t a, uint32_t b) { return texts[a].CmpNoCase(texts[b]) < 0; });
+               [&texts](uint32_t a, uint32_t b) { return texts[a].CmpNoCase(texts[b]); });
   ++mImpl->layoutVersion;
   Invalidate();
   return 1;
@@ -622,7 +625,7 @@ BOOL CTreeCtrl::SortChildrenCB(TVSORTCB const * sort) {
       sort->hParent == TVI_ROOT || !sort->hParent ? 0 : nodes.Slot(sort->hParent);
   if (parent == 0 && sort->hParent != TVI_ROOT && sort->hParent) return 0;
   SortSiblings(nodes, parent, [&nodes, sort](uint32_t a, uint32_t b) {
-    return sort->lpfnCompare(nodes[a].data, nodes[b].data, sort->lParam) < 0;
+    return sort->lpfnCompare(nodes[a].data, nodes[b].data, sort->lParam);
   });
   ++mImpl->layoutVersion;
   Invalidate();

@@ -114,6 +114,11 @@ public:
   // -1 returns to the height from the font and images.
   short SetItemHeight(short height);
   int GetScrollPos(int bar) const;
+  // The viewport origin in x, added to every row's place in painting, hit
+  // tests and rectangles: a frame that scrolls the rows sideways itself
+  // (0 or negative) keeps the tree's own horizontal range out of it.
+  void SetHorizontalOrigin(int x);
+  int GetHorizontalOrigin() const;
 
   // Images.
   wxImageList * GetImageList(int which) const;
@@ -189,6 +194,9 @@ protected:
   // the rows: the default label is then left out rather than drawn to be
   // wiped, which costs a text layout a row.
   virtual bool PaintsOwnLabel(HTREEITEM /*item*/) const { return false; }
+  // Called for each painted row after the lines and buttons, so that a
+  // derived tree paints over them; `label` is the label's rectangle.
+  virtual void PaintRow(wxDC & /*dc*/, HTREEITEM /*item*/, RECT const & /*label*/) {}
   // DragDetect: a captured loop until the button is released (false) or the
   // pointer leaves the drag rectangle around `point` (true).
   virtual bool DragDetect(POINT point);

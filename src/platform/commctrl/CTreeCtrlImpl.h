@@ -24,6 +24,7 @@ struct CTreeCtrl::Impl {
   // Scrolling: the first shown row and the horizontal offset in pixels.
   int topRow = 0;
   int scrollX = 0;
+  int originX = 0;  // SetHorizontalOrigin
   int widestRow = 0;
   short itemHeightSet = -1;
   int fontHeight = 16;

@@ -277,6 +277,14 @@ HTREEITEM CTreeCtrl::GetFirstVisibleItem() const {
   return impl.nodes.Handle(impl.topSlot);
 }
 
+void CTreeCtrl::SetHorizontalOrigin(int x) {
+  if (mImpl->originX == x) return;
+  mImpl->originX = x;
+  Invalidate();
+}
+
+int CTreeCtrl::GetHorizontalOrigin() const { return mImpl->originX; }
+
 int CTreeCtrl::GetScrollPos(int bar) const {
   if (bar == SB_HORZ) return mImpl->scrollX;
   SettleTop(const_cast<Impl &>(*mImpl), static_cast<int>(GetVisibleCount()));
@@ -299,8 +307,8 @@ static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl & impl, uint32_t
   RowLayout row;
   row.depth = depth;
   int const level = depth + (rootColumn ? 1 : 0);
-  row.buttonLeft = (level - 1) * indent - impl.scrollX;
-  int x = level * indent - impl.scrollX;
+  row.buttonLeft = (level - 1) * indent - impl.scrollX + impl.originX;
+  int x = level * indent - impl.scrollX + impl.originX;
   row.stateLeft = x;
   // The box column is there for every row once the tree has boxes, so that
   // labels stay in line whether an item shows its box or not.
@@ -340,7 +348,8 @@ static RowLayout LayOut(CTreeCtrl const & tree, CTreeCtrl::Impl & impl, uint32_t
   row.textWidth = textWidth + 2 * TextPadding;
   // The horizontal range grows with every row laid out (painted, hit or
   // measured); it never walks the whole tree for it.
-  impl.widestRow = std::max(impl.widestRow, row.textLeft + row.textWidth + impl.scrollX);
+  impl.widestRow =
+      std::max(impl.widestRow, row.textLeft + row.textWidth + impl.scrollX - impl.originX);
   return row;
 }
 
@@ -634,6 +643,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   // for all lines is far cheaper than a stroke a line.
   std::vector<std::pair<wxPoint, wxPoint>> segments;
   std::vector<std::pair<wxRect, bool>> buttons;
+  std::vector<std::pair<HTREEITEM, RECT>> painted;
   bool const fullRow = (mStyle & TVS_FULLROWSELECT) != 0;
   bool const lines = (mStyle & TVS_HASLINES) != 0 && !fullRow;
   bool const rootColumn =
@@ -738,6 +748,9 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
                            top + (height - textHeight) / 2);
       if (slot == impl.caret && focused) renderer.DrawFocusRect(this, dc, fill, 0);
       if (newFont || (node.state & TVIS_BOLD) != 0) dc.SetFont(controlFont);
+      painted.emplace_back(
+          nodes.Handle(slot),
+          RECT{layout.textLeft, top, layout.textLeft + layout.textWidth, top + height});
     }
     if ((answer & CDRF_NOTIFYPOSTPAINT) != 0) {
       draw.nmcd.dwDrawStage = CDDS_ITEMPOSTPAINT;
@@ -792,6 +805,7 @@ void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   for (auto const & button : buttons)
     renderer.DrawTreeItemButton(this, dc, button.first,
                                 button.second ? int(wxCONTROL_EXPANDED) : 0);
+  for (auto const & row : painted) PaintRow(dc, row.first, row.second);
   if ((whole & CDRF_NOTIFYPOSTPAINT) != 0) {
     draw.nmcd.dwDrawStage = CDDS_POSTPAINT;
     draw.nmcd.rc = RECT{0, 0, client.GetWidth(), client.GetHeight()};
