@@ -9,8 +9,7 @@ namespace {
 // Walks the cells of one record from column 0 on.
 class CellCutter {
 public:
-  CellCutter(std::wstring_view record, wchar_t separator)
-      : mRest(record), mSeparator(separator) {}
+  CellCutter(std::wstring_view record, wchar_t separator) : mRest(record), mSeparator(separator) {}
 
   std::wstring_view Next() {
     if (mDone) return {};

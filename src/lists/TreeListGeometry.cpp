@@ -17,41 +17,22 @@ int StretchWidth(int columnsWidth, int clientWidth) {
   return (columnsWidth / clientWidth + 1) * clientWidth;
 }
 
-void SidewaysScrollState::SetRange(int max, int page) {
-  mMax = std::max(max, 0);
-  mPage = std::max(page, 0);
-  SetPosition(mPosition);
-}
-
-int SidewaysScrollState::GetLimit() const { return std::max(mMax - std::max(mPage - 1, 0), 0); }
-
-int SidewaysScrollState::SetPosition(int position) {
-  mPosition = std::clamp(position, 0, GetLimit());
-  return mPosition;
-}
+int SidewaysScrollLimit(int max, int page) { return std::max(max - std::max(page - 1, 0), 0); }
 
 int SidewaysScrollTarget(UINT code, int position, int thumb, int limit, int pageWidth) {
   int const last = limit - 1;
   switch (code) {
-    case SB_LINELEFT:
-      return std::max(position - SidewaysScrollState::kLineStep, 0);
-    case SB_LINERIGHT:
-      return std::min(position + SidewaysScrollState::kLineStep, last);
-    case SB_PAGELEFT:
-      return std::max(position - pageWidth, 0);
-    case SB_PAGERIGHT:
-      return std::min(position + pageWidth, last);
+    case SB_LINELEFT: return std::max(position - kSidewaysLineStep, 0);
+    case SB_LINERIGHT: return std::min(position + kSidewaysLineStep, last);
+    case SB_PAGELEFT: return std::max(position - pageWidth, 0);
+    case SB_PAGERIGHT: return std::min(position + pageWidth, last);
     case SB_THUMBPOSITION:
     case SB_THUMBTRACK:
       if (thumb == 0) return 0;
-      return std::min((thumb / SidewaysScrollState::kLineStep + 1) * SidewaysScrollState::kLineStep,
-                      last);
-    case SB_LEFT:
-      return 0;
-    case SB_RIGHT:
-      return last;
-    default:
-      return position;
+      return std::min((thumb / kSidewaysLineStep + 1) * kSidewaysLineStep, last);
+    case SB_LEFT: return 0;
+    case SB_RIGHT: return last;
+    default: return position;
   }
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 // The arithmetic of the tree list's frame, without windows: the header's
-// stretched width, the sideways scroll bar's positions (kept with the
-// scroll bar semantics the tree list was designed on: positions 0 to
-// limit, where limit = max - (page - 1)), the right-edge rule while a
-// column narrows, and the automatic column sizing on a resize.
+// stretched width, the sideways scroll bar's positions (with the scroll
+// bar semantics the tree list was designed on: a limit of max - (page - 1),
+// of which the steps reach limit - 1), the right-edge rule while a column
+// narrows, and the automatic column sizing on a resize.
 
 #include <vector>
 
@@ -23,25 +23,12 @@ constexpr UINT SB_RIGHT = SB_BOTTOM;
 // client width of 0.
 int StretchWidth(int columnsWidth, int clientWidth);
 
-// The sideways scroll bar's state: range 0..max, a page, a position.
-class SidewaysScrollState {
-public:
-  static constexpr int kLineStep = 6;
+// The sideways bar's steps, in pixels.
+constexpr int kSidewaysLineStep = 6;
 
-  void SetRange(int max, int page);
-  int GetMax() const { return mMax; }
-  int GetPage() const { return mPage; }
-  // The highest position the bar takes: max - (page - 1), at least 0.
-  int GetLimit() const;
-  int GetPosition() const { return mPosition; }
-  // Clamped to 0..limit; returns the position taken.
-  int SetPosition(int position);
-
-private:
-  int mMax = 0;
-  int mPage = 0;
-  int mPosition = 0;
-};
+// The highest position of a bar with range 0..max and that page:
+// max - (page - 1), at least 0.
+int SidewaysScrollLimit(int max, int page);
 
 // The position a WM_HSCROLL code asks for, from the present position, the
 // thumb's (for SB_THUMBPOSITION and SB_THUMBTRACK), the limit and the

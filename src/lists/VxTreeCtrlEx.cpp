@@ -12,8 +12,7 @@ namespace {
 
 void RefuseSeparator(wchar_t const * text) {
   if (text != nullptr && ItemData::HoldsSeparator(text))
-    throw Exception(
-        ExceptionMessage::translate("A column text cannot hold the character \u00B6."));
+    throw Exception(ExceptionMessage::translate("A column text cannot hold the character \u00B6."));
 }
 
 bool IsRealItem(HTREEITEM item) {
@@ -47,7 +46,8 @@ void VxTreeCtrlEx::OnNotifyReflect(NotifyEvent & event) {
   event.Skip();
   if (event.GetCode() != TVN_DELETEITEMW) return;
   auto * const info = event.GetNotification<NMTREEVIEWW>();
-  delete reinterpret_cast<ItemData *>(info->itemOld.lParam);  // NOLINT(cppcoreguidelines-owning-memory)
+  delete reinterpret_cast<ItemData *>(
+      info->itemOld.lParam);  // NOLINT(cppcoreguidelines-owning-memory)
   info->itemOld.lParam = 0;
   if (info->itemOld.hItem == mLastClickItem) mLastClickItem = TVI_NULL;
 }
@@ -193,7 +193,8 @@ HTREEITEM VxTreeCtrlEx::InsertItem(UINT mask, wchar_t const * text, int image, i
   insert.item.state = state;
   insert.item.stateMask = stateMask;
   HTREEITEM const item = InsertRecord(text, insert);
-  if (ItemData * const record = GetItemRecord(item)) record->userData = static_cast<uint64_t>(userData);
+  if (ItemData * const record = GetItemRecord(item))
+    record->userData = static_cast<uint64_t>(userData);
   return item;
 }
 

@@ -7,8 +7,8 @@
 namespace {
 
 // Where a press anywhere in the row counts as one on the item.
-constexpr UINT kRowHits =
-    TVHT_ONITEMICON | TVHT_ONITEMLABEL | TVHT_ONITEMSTATEICON | TVHT_ONITEMINDENT | TVHT_ONITEMRIGHT;
+constexpr UINT kRowHits = TVHT_ONITEMICON | TVHT_ONITEMLABEL | TVHT_ONITEMSTATEICON |
+                          TVHT_ONITEMINDENT | TVHT_ONITEMRIGHT;
 
 // A press in the row's indent or right of its label, moved onto the label:
 // the tree's own handling then takes it as a press on the item.
@@ -81,7 +81,8 @@ void VxTreeCtrlEx::OnLButtonDblClk(UINT flags, POINT point) {
   } else {
     int const firstWidth = GetColumnWidth(0);
     if (mColumnCount == 0 || point.x - mHorizontalOffset < firstWidth) {
-      POINT const press = item && (hit & kRowHits) != 0 ? OntoLabel(*this, item, hit, point) : point;
+      POINT const press =
+          item && (hit & kRowHits) != 0 ? OntoLabel(*this, item, hit, point) : point;
       VxTreeCtrl::OnLButtonDblClk(flags, press);
       ResetVertScrollBar();
     }

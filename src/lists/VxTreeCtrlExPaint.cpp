@@ -27,8 +27,7 @@ wxString OneLine(wxString text) {
 
 }  // namespace
 
-void VxTreeCtrlEx::DrawItemText(wxDC & dc, wxString const & text, RECT rect, int width,
-                                int align) {
+void VxTreeCtrlEx::DrawItemText(wxDC & dc, wxString const & text, RECT rect, int width, int align) {
   if (text.empty()) return;
   int left = rect.left;
   int right = rect.left + width - 6;
@@ -163,8 +162,8 @@ void VxTreeCtrlEx::ResetVertScrollBar() {
       bar->Hide();
       mSideLimit = 0;
       SetHorizontalOffset(0);
-      if (headerWidth > 0) headerWidth = std::max((mColumnsWidth / headerWidth + 1) * headerWidth,
-                                                  headerWidth);
+      if (headerWidth > 0)
+        headerWidth = std::max((mColumnsWidth / headerWidth + 1) * headerWidth, headerWidth);
     }
   }
   mHadVerticalBar = vertical;

@@ -117,33 +117,31 @@ TEST(TreeListGeometry, StretchWidthCoversTheColumnsInWholeClientWidths) {
   struct Case {
     int columns, client, width;
   };
-  for (Case const & c : std::vector<Case>{{0, 100, 100}, {250, 100, 300}, {300, 100, 400}, {50, 0, 0}})
+  for (Case const & c :
+       std::vector<Case>{{0, 100, 100}, {250, 100, 300}, {300, 100, 400}, {50, 0, 0}})
     EXPECT_EQ(StretchWidth(c.columns, c.client), c.width) << c.columns << " " << c.client;
 }
 
 TEST(TreeListGeometry, SidewaysStepsFollowTheTable) {
   // Columns 500 wide over a client 200 wide: limit 301, right end 300.
-  SidewaysScrollState bar;
-  bar.SetRange(500, 200);
-  ASSERT_EQ(bar.GetLimit(), 301);
+  int const limit = SidewaysScrollLimit(500, 200);
+  ASSERT_EQ(limit, 301);
   struct Case {
     UINT code;
     int position, thumb, target;
   };
   std::vector<Case> const cases{
-      {SB_LINELEFT, 4, 0, 0},        {SB_LINELEFT, 20, 0, 14},      {SB_LINERIGHT, 20, 0, 26},
-      {SB_LINERIGHT, 298, 0, 300},   {SB_PAGELEFT, 150, 0, 0},      {SB_PAGERIGHT, 50, 0, 250},
-      {SB_PAGERIGHT, 150, 0, 300},   {SB_THUMBTRACK, 50, 0, 0},     {SB_THUMBTRACK, 50, 1, 6},
-      {SB_THUMBPOSITION, 0, 12, 18}, {SB_THUMBTRACK, 0, 299, 300},  {SB_LEFT, 120, 0, 0},
+      {SB_LINELEFT, 4, 0, 0},        {SB_LINELEFT, 20, 0, 14},     {SB_LINERIGHT, 20, 0, 26},
+      {SB_LINERIGHT, 298, 0, 300},   {SB_PAGELEFT, 150, 0, 0},     {SB_PAGERIGHT, 50, 0, 250},
+      {SB_PAGERIGHT, 150, 0, 300},   {SB_THUMBTRACK, 50, 0, 0},    {SB_THUMBTRACK, 50, 1, 6},
+      {SB_THUMBPOSITION, 0, 12, 18}, {SB_THUMBTRACK, 0, 299, 300}, {SB_LEFT, 120, 0, 0},
       {SB_RIGHT, 0, 0, 300},         {SB_ENDSCROLL, 42, 0, 42},
   };
   for (Case const & c : cases) {
-    EXPECT_EQ(SidewaysScrollTarget(c.code, c.position, c.thumb, bar.GetLimit(), 200), c.target)
+    EXPECT_EQ(SidewaysScrollTarget(c.code, c.position, c.thumb, limit, 200), c.target)
         << "code " << c.code << " from " << c.position;
   }
-  EXPECT_EQ(bar.SetPosition(900), 301);
-  bar.SetRange(150, 200);  // the columns fit: the bar cannot move
-  EXPECT_EQ(bar.GetPosition(), 0);
+  EXPECT_EQ(SidewaysScrollLimit(150, 200), 0);  // the columns fit: the bar cannot move
 }
 
 TEST(TreeListGeometry, NarrowedColumnsKeepTheRightEdgeOnlyAtTheRightEnd) {

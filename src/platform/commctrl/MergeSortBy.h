@@ -39,8 +39,8 @@ void MergeSortBy(std::vector<T> & items, Compare compare) {
       std::size_t j = middle;
       std::size_t k = left;
       while (i < middle && j < right)
-        (*to)[k++] = compare((*from)[i], (*from)[j]) > 0 ? std::move((*from)[j++])
-                                                         : std::move((*from)[i++]);
+        (*to)[k++] =
+            compare((*from)[i], (*from)[j]) > 0 ? std::move((*from)[j++]) : std::move((*from)[i++]);
       while (i < middle) (*to)[k++] = std::move((*from)[i++]);
       while (j < right) (*to)[k++] = std::move((*from)[j++]);
     }
