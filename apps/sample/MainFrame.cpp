@@ -23,6 +23,7 @@
 #include "RunPicker.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "SeriesDialog.h"
 #include "TimeGridDialog.h"
 #include "TreeViewWindow.h"
 
@@ -84,6 +85,7 @@ void MainFrame::BuildMenus() {
   AddProjectTreeCommand(*tools, *this);
   AddTreeViewCommand(*tools, *this);
   AddCalibrationListCommand(*tools, *this);
+  AddSeriesCommand(*tools, *this);
   tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
   AddOpenFavouritesCommand(*tools, *this);
   AddEditsCommand(*tools, *this);

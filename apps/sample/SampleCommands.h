@@ -26,6 +26,7 @@ enum SampleCommand : int {
   kRunsByProjectCommand,
   kEditsCommand,
   kNotesCommand,
+  kSeriesCommand,
   // Runs by project (its own window)
   kLoadTreeCommand,
   kSaveTreeCommand,

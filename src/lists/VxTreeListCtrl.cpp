@@ -47,8 +47,7 @@ bool VxTreeListCtrl::SubclassDlgItem(UINT id, wxWindow * parent) {
 bool VxTreeListCtrl::Create(wxWindow * parent, wxWindowID id, wxPoint const & pos,
                             wxSize const & size) {
   if (parent == nullptr || GetHandle() != nullptr) return false;
-  if (!wxWindow::Create(parent, id, pos, size, wxBORDER_NONE | wxWANTS_CHARS,
-                        kTreeListWindowClass))
+  if (!wxWindow::Create(parent, id, pos, size, wxBORDER_NONE | wxWANTS_CHARS, kTreeListWindowClass))
     return false;
   return Initialize();
 }
@@ -78,9 +77,9 @@ bool VxTreeListCtrl::Initialize() {
   mTree->SetFont(font);
   mTree->SetHeaderCtrl(mHeader);
 
-  mScrollBar = new wxScrollBar(this, kScrollBarId, wxPoint(0, treeBottom),
-                               wxSize(std::max(size.x - GetSystemMetrics(SM_CXVSCROLL), 1), barHeight),
-                               wxSB_HORIZONTAL);
+  mScrollBar = new wxScrollBar(
+      this, kScrollBarId, wxPoint(0, treeBottom),
+      wxSize(std::max(size.x - GetSystemMetrics(SM_CXVSCROLL), 1), barHeight), wxSB_HORIZONTAL);
   mScrollBar->SetScrollbar(0, mTree->GetClientSize().x, 0, mTree->GetClientSize().x);
   mScrollBar->Disable();
 
@@ -162,9 +161,9 @@ HTREEITEM VxTreeListCtrl::InsertItem(wchar_t const * text, HTREEITEM parent, HTR
   return mTree->InsertItem(text, parent, after);
 }
 
-HTREEITEM VxTreeListCtrl::InsertItem(UINT mask, wchar_t const * text, int image,
-                                     int selectedImage, UINT state, UINT stateMask,
-                                     int64_t userData, HTREEITEM parent, HTREEITEM after) {
+HTREEITEM VxTreeListCtrl::InsertItem(UINT mask, wchar_t const * text, int image, int selectedImage,
+                                     UINT state, UINT stateMask, int64_t userData, HTREEITEM parent,
+                                     HTREEITEM after) {
   return mTree->InsertItem(mask, text, image, selectedImage, state, stateMask, userData, parent,
                            after);
 }
@@ -190,8 +189,7 @@ BOOL VxTreeListCtrl::SetItemText(HTREEITEM item, int column, wchar_t const * tex
   return mTree->SetItemText(item, column, text);
 }
 
-BOOL VxTreeListCtrl::SetItemFloat(HTREEITEM item, int column, float value,
-                                  wchar_t const * text) {
+BOOL VxTreeListCtrl::SetItemFloat(HTREEITEM item, int column, float value, wchar_t const * text) {
   wxString const formatted = VxString::ToString(static_cast<double>(value), L"%g", text);
   return SetItemText(item, column, formatted.wc_str());
 }
@@ -305,19 +303,12 @@ void VxTreeListCtrl::OnNotify(NotifyEvent & event) {
   }
   switch (event.GetCode()) {
     case HDN_DIVIDERDBLCLICKW:
-    case HDN_DIVIDERDBLCLICKA:
-      break;
+    case HDN_DIVIDERDBLCLICKA: break;
     case HDN_ITEMCLICKW:
-    case HDN_ITEMCLICKA:
-      OnHeaderClick(event.GetNotification<NMHEADERW>()->iItem);
-      break;
+    case HDN_ITEMCLICKA: OnHeaderClick(event.GetNotification<NMHEADERW>()->iItem); break;
     case HDN_ITEMCHANGEDW:
-    case HDN_ITEMCHANGEDA:
-      OnColumnsChanged();
-      break;
-    default:
-      ForwardNotify(event);
-      return;
+    case HDN_ITEMCHANGEDA: OnColumnsChanged(); break;
+    default: ForwardNotify(event); return;
   }
   event.Skip();
 }

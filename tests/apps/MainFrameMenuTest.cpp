@@ -24,6 +24,7 @@
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
 #include "ReleaseNotesDialog.h"
+#include "SeriesDialog.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
@@ -60,6 +61,7 @@ enum class Opens {
   kInstruments,      // the instruments dialog
   kReportWindow,     // the report window opens over the frame
   kCalibrationList,  // the sample's report list
+  kSeries,           // the sample's tree list
   kMessageBox,       // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kDetails,          // a details dialog
   kInfo,             // an information dialog
@@ -92,6 +94,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Pick a run...", {Opens::kRunPicker}},
     {"Tools/Instruments...", {Opens::kInstruments}},
     {"Tools/Calibration list...", {Opens::kCalibrationList}},
+    {"Tools/Series...", {Opens::kSeries}},
     {"Tools/Copy runs", {Opens::kNothing}},
     {"Tools/Report", {Opens::kReportWindow}},
     {"Tools/Runs by project...", {Opens::kProjectTree}},
@@ -137,6 +140,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderCollection;
   } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kCalibrationList;
+  } else if (dynamic_cast<SeriesDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kSeries;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
@@ -255,11 +260,14 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     ModalDialogScript script;
     // The kinds that show a modal dialog, one a line.
     static std::set<Opens> const dialogKinds{
-        Opens::kFolderDialog, Opens::kFolderCollection, Opens::kBatchQuestion,
-        Opens::kMessageBox,   Opens::kDateFormat,       Opens::kTimeGrid,
-        Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
-        Opens::kInfo,         Opens::kScrollBox,        Opens::kEdits,
-        Opens::kNotes,        Opens::kReleaseNotes,
+        Opens::kFolderDialog,  Opens::kFolderCollection,
+        Opens::kBatchQuestion, Opens::kMessageBox,
+        Opens::kDateFormat,    Opens::kTimeGrid,
+        Opens::kInstruments,   Opens::kCalibrationList,
+        Opens::kSeries,        Opens::kDetails,
+        Opens::kInfo,          Opens::kScrollBox,
+        Opens::kEdits,         Opens::kNotes,
+        Opens::kReleaseNotes,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -300,6 +308,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
       case Opens::kCalibrationList:
+      case Opens::kSeries:
       case Opens::kDateFormat:
       case Opens::kMessageBox:
       case Opens::kTimeGrid:
