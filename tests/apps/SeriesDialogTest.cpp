@@ -111,7 +111,8 @@ TEST(SeriesDialog, SortsScrollsSidewaysAndCopiesTheSelectedRows) {
     HTREEITEM const seriesA = list.GetItem(1);
     HTREEITEM const run1 = list.GetChildItem(seriesA);
     HTREEITEM const run2 = list.GetNextSiblingItem(run1);
-    for (HTREEITEM item : {seriesA, run1, run2}) list.SetItemState(item, TVIS_SELECTED, TVIS_SELECTED);
+    for (HTREEITEM item : {seriesA, run1, run2})
+      list.SetItemState(item, TVIS_SELECTED, TVIS_SELECTED);
     list.GetTreeCtrl().SetFocus();
     gui_test::WaitUntil([&] { return list.GetTreeCtrl().HasFocus(); });
     if (wxTheClipboard->Open()) {
