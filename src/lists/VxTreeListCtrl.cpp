@@ -336,7 +336,6 @@ void VxTreeListCtrl::OnHeaderClick(int column) {
   mHeader->SetSortColumn(column);
   mHeader->SetAscending(mSortAscending);
   mHeader->Refresh();
-  wxBusyCursor const wait;
   if (mSortType == SortRoots) {
     mTree->SortItems(column, mSortAscending != 0, TVI_NULL);
   } else {

@@ -28,8 +28,13 @@ int VxTreeListCtrl::HeaderWidth() const {
 }
 
 void VxTreeListCtrl::MoveHeader(int offset) {
-  mHeader->SetSize(offset, 0, HeaderWidth(), mHeaderHeight);
-  mHeader->Refresh();
+  // A move alone shows the same headings elsewhere: the header repaints
+  // what the move exposes by itself.
+  wxRect const place(offset, 0, HeaderWidth(), mHeaderHeight);
+  if (mHeader->GetRect() == place) return;
+  bool const resized = mHeader->GetSize() != place.GetSize();
+  mHeader->SetSize(place);
+  if (resized) mHeader->Refresh();
 }
 
 void VxTreeListCtrl::FitChildren() {
