@@ -236,6 +236,7 @@ void TreeListHeaderSort_baseline(benchmark::State & state) {
   std::vector<ItemData> records(20000);
   for (int n = 0; n < 20000; ++n) records[static_cast<size_t>(n)].text = SortText(n).ToStdWstring();
   std::vector<ItemData const *> order;
+  order.reserve(records.size());
   for (ItemData const & record : records) order.push_back(&record);
   TreeSortInfo info;
   for (auto _ : state) {
