@@ -6,6 +6,7 @@
 
 #include "lists/TreeListHost.h"
 #include "platform/SysColor.h"
+#include "platform/commctrl/MergeSortBy.h"
 #include "utl/Exception.h"
 
 namespace {
@@ -311,7 +312,7 @@ HTREEITEM VxTreeCtrlEx::FindParentItem(wxString const & text, int column, HTREEI
                                        int64_t data) const {
   HTREEITEM item = start ? start : GetRootItem();
   if (!GetItemRecord(item)) return TVI_NULL;
-  std::wstring const wanted = text.ToStdWstring();
+  std::wstring const & wanted = text.ToStdWstring();
   for (; item; item = GetNextSiblingItem(item)) {
     ItemData const * const record = GetItemRecord(item);
     if (record == nullptr || record->ColumnView(column) != wanted) continue;
@@ -369,6 +370,13 @@ void VxTreeCtrlEx::DeleteItemData(HTREEITEM item) {
   if (record == nullptr) return;
   CTreeCtrl::SetItemData(item, 0);
   delete record;  // NOLINT(cppcoreguidelines-owning-memory)
+}
+
+void VxTreeCtrlEx::OnItemCopied(HTREEITEM source, HTREEITEM copy) {
+  ItemData const * const record = GetItemRecord(source);
+  auto clone = record != nullptr ? std::make_unique<ItemData>(*record) : nullptr;
+  CTreeCtrl::SetItemData(copy, reinterpret_cast<LPARAM>(clone.release()));
+  UpdateHasChildren(GetParentItem(copy));
 }
 
 void VxTreeCtrlEx::UpdateHasChildren(HTREEITEM parent) {
@@ -436,15 +444,30 @@ BOOL VxTreeCtrlEx::Expand(HTREEITEM item, UINT code) {
 }
 
 BOOL VxTreeCtrlEx::SortItems(int column, bool ascending, HTREEITEM parent) {
+  if (!parent) parent = TVI_ROOT;
+  if (parent != TVI_ROOT && !IsValidItem(parent)) return 0;
   TreeSortInfo info;
   info.column = column;
   info.ascending = ascending;
   info.groupsFirst = mGroupsFirst;
-  TVSORTCB sort;
-  sort.hParent = parent ? parent : TVI_ROOT;
-  sort.lpfnCompare = &VxTreeCtrlEx::CompareFunc;
-  sort.lParam = reinterpret_cast<LPARAM>(&info);
-  return SortChildrenCB(&sort);
+  // The order of CompareFunc, with what it reads of each record taken once
+  // instead of at every comparison.
+  std::vector<HTREEITEM> children;
+  std::vector<TreeSortKey> keys;
+  for (HTREEITEM child = GetChildItem(parent); child; child = GetNextSiblingItem(child)) {
+    ItemData const * const record = GetItemRecord(child);
+    children.push_back(child);
+    keys.push_back(record != nullptr ? MakeSortKey(*record, column) : TreeSortKey{});
+  }
+  std::vector<uint32_t> order(children.size());
+  for (std::size_t k = 0; k < order.size(); ++k) order[k] = static_cast<uint32_t>(k);
+  MergeSortBy(order, [&keys, &info](uint32_t a, uint32_t b) {
+    return CompareSortKeys(keys[a], keys[b], info);
+  });
+  std::vector<HTREEITEM> sorted;
+  sorted.reserve(order.size());
+  for (uint32_t const k : order) sorted.push_back(children[k]);
+  return SetChildOrder(parent, sorted);
 }
 
 int VxTreeCtrlEx::CompareFunc(LPARAM item1, LPARAM item2, LPARAM info) {

@@ -126,6 +126,9 @@ public:
   // children, and deletes the nodes.
   void MemDeleteAllItems(HTREEITEM item);
   void DeleteItemData(HTREEITEM item) override;
+  // A branch copied by the family tree (a drop, CopyBranch) gets records
+  // of its own; a tree built on this one calls it first.
+  void OnItemCopied(HTREEITEM source, HTREEITEM copy) override;
 
   BOOL Expand(HTREEITEM item, UINT code);
   // Sorts the children of `parent` (TVI_ROOT or null: the roots).

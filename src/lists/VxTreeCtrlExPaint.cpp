@@ -70,9 +70,10 @@ void VxTreeCtrlEx::OnPaint(wxDC & dc, wxRect const & clip) {
   mPaintFont = GetFont();
   mPaintBoldFont = mPaintFont.Bold();
   mPaintWindowText = GetSysColor(COLOR_WINDOWTEXT);
-  // The tree paints lines, buttons and icons (its labels are empty), then
+  // The plain tree paints lines, buttons and icons (its labels are empty;
+  // the family tree's own label texts and picture have no place here), then
   // PaintRow the cells of each row over them.
-  CTreeCtrl::OnPaint(dc, clip);
+  PaintTo(dc, clip);
 }
 
 void VxTreeCtrlEx::PaintRow(wxDC & dc, HTREEITEM item, RECT const & label) {

@@ -40,6 +40,32 @@ int CompareNoCaseDifference(std::wstring_view a, std::wstring_view b) {
   return 0;
 }
 
+TreeSortKey MakeSortKey(ItemData const & record, int column) {
+  TreeSortKey key;
+  key.hasChildren = record.hasChildren;
+  key.priority = record.priority;
+  key.text = record.ColumnView(column);
+  while (key.digit < key.text.size() && !IsDigit(key.text[key.digit])) ++key.digit;
+  key.number = DigitRunValue(key.text.substr(key.digit));
+  return key;
+}
+
+int CompareSortKeys(TreeSortKey const & a, TreeSortKey const & b, TreeSortInfo const & info) {
+  if (info.groupsFirst && (a.hasChildren != 0) != (b.hasChildren != 0))
+    return a.hasChildren != 0 ? -1 : 1;
+  if (a.priority != b.priority) return a.priority > b.priority ? -1 : 1;
+  int result = 0;
+  if ((a.digit == a.text.size() && b.digit == b.text.size()) ||
+      a.text.substr(0, a.digit) != b.text.substr(0, b.digit))
+    result = CompareNoCaseDifference(a.text, b.text);
+  else
+    result = a.number > b.number   ? 1
+             : a.number < b.number ? -1
+                                   : CompareNoCaseDifference(a.text, b.text);
+  if (!info.ascending && (result == 1 || result == -1)) result = -result;
+  return result;
+}
+
 int CompareItemData(ItemData const & a, ItemData const & b, TreeSortInfo const & info) {
   if (info.groupsFirst && (a.hasChildren != 0) != (b.hasChildren != 0))
     return a.hasChildren != 0 ? -1 : 1;

@@ -25,3 +25,16 @@ int CompareNoCaseDifference(std::wstring_view a, std::wstring_view b);
 
 // Negative when `a` comes first, positive when `b` does.
 int CompareItemData(ItemData const & a, ItemData const & b, TreeSortInfo const & info);
+
+// What the order reads of one record, taken once before a sort of many:
+// CompareSortKeys on two keys answers what CompareItemData answers on their
+// records.
+struct TreeSortKey {
+  int hasChildren = 0;
+  int priority = 0;
+  std::wstring_view text;  // the sort column's text
+  std::size_t digit = 0;   // where its first digit stands; text.size() for none
+  int number = 0;          // the digit run's value, held at INT_MAX
+};
+TreeSortKey MakeSortKey(ItemData const & record, int column);
+int CompareSortKeys(TreeSortKey const & a, TreeSortKey const & b, TreeSortInfo const & info);

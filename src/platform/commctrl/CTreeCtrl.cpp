@@ -577,17 +577,11 @@ BOOL CTreeCtrl::Expand(HTREEITEM item, UINT code) {
 
 namespace {
 
-// Relinks the children of `parent` in the order of `compare` (stable). An
-// application's comparison need not be consistent: the merge stays in its
-// range whatever it answers.
-template <class Compare>
-void SortSiblings(TreeNodeStore & nodes, uint32_t parent, Compare compare) {
-  std::vector<uint32_t> order;
-  for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next)
-    order.push_back(child);
-  MergeSortBy(order, compare);
+// Links the children of `parent` in the order of `slots`, which holds each
+// of them once.
+void Relink(TreeNodeStore & nodes, uint32_t parent, std::vector<uint32_t> const & slots) {
   uint32_t prev = 0;
-  for (uint32_t const child : order) {
+  for (uint32_t const child : slots) {
     nodes[child].prev = prev;
     if (prev != 0)
       nodes[prev].next = child;
@@ -601,6 +595,31 @@ void SortSiblings(TreeNodeStore & nodes, uint32_t parent, Compare compare) {
   }
 }
 
+// A child and what it is sorted by, side by side: the comparisons then
+// read no node.
+template <class Key>
+struct SortEntry {
+  Key key;
+  uint32_t slot;
+};
+
+// Relinks the children of `parent` in the order of `compare` over their
+// keys (stable). An application's comparison need not be consistent: the
+// merge stays in its range whatever it answers.
+template <class Key, class KeyOf, class Compare>
+void SortSiblings(TreeNodeStore & nodes, uint32_t parent, KeyOf keyOf, Compare compare) {
+  std::vector<SortEntry<Key>> order;
+  for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next)
+    order.push_back(SortEntry<Key>{keyOf(child), child});
+  MergeSortBy(order, [&compare](SortEntry<Key> const & a, SortEntry<Key> const & b) {
+    return compare(a.key, b.key);
+  });
+  std::vector<uint32_t> slots;
+  slots.reserve(order.size());
+  for (auto const & entry : order) slots.push_back(entry.slot);
+  Relink(nodes, parent, slots);
+}
+
 }  // namespace
 
 BOOL CTreeCtrl::SortChildren(HTREEITEM item) {
@@ -608,11 +627,32 @@ BOOL CTreeCtrl::SortChildren(HTREEITEM item) {
   uint32_t const parent = item == TVI_ROOT || !item ? 0 : nodes.Slot(item);
   if (parent == 0 && item != TVI_ROOT && item) return 0;
   // The shown texts, asked once each (callback items ask their parent).
-  std::map<uint32_t, wxString> texts;
-  for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next)
-    texts[child] = ShownText(*this, *mImpl, child);
-  SortSiblings(nodes, parent,
-               [&texts](uint32_t a, uint32_t b) { return texts[a].CmpNoCase(texts[b]); });
+  SortSiblings<wxString>(
+      nodes, parent, [this](uint32_t child) { return ShownText(*this, *mImpl, child); },
+      [](wxString const & a, wxString const & b) { return a.CmpNoCase(b); });
+  ++mImpl->layoutVersion;
+  Invalidate();
+  return 1;
+}
+
+BOOL CTreeCtrl::SetChildOrder(HTREEITEM item, std::vector<HTREEITEM> const & order) {
+  TreeNodeStore & nodes = mImpl->nodes;
+  uint32_t const parent = item == TVI_ROOT || !item ? 0 : nodes.Slot(item);
+  if (parent == 0 && item != TVI_ROOT) return 0;
+  std::vector<uint32_t> slots;
+  slots.reserve(order.size());
+  for (HTREEITEM const child : order) {
+    uint32_t const slot = nodes.Slot(child);
+    if (slot == 0 || nodes[slot].parent != parent) return 0;
+    slots.push_back(slot);
+  }
+  std::vector<uint32_t> sorted = slots;
+  std::sort(sorted.begin(), sorted.end());
+  std::size_t count = 0;
+  for (uint32_t child = nodes[parent].firstChild; child != 0; child = nodes[child].next) ++count;
+  if (count != slots.size() || std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end())
+    return 0;
+  Relink(nodes, parent, slots);
   ++mImpl->layoutVersion;
   Invalidate();
   return 1;
@@ -624,9 +664,9 @@ BOOL CTreeCtrl::SortChildrenCB(TVSORTCB const * sort) {
   uint32_t const parent =
       sort->hParent == TVI_ROOT || !sort->hParent ? 0 : nodes.Slot(sort->hParent);
   if (parent == 0 && sort->hParent != TVI_ROOT && sort->hParent) return 0;
-  SortSiblings(nodes, parent, [&nodes, sort](uint32_t a, uint32_t b) {
-    return sort->lpfnCompare(nodes[a].data, nodes[b].data, sort->lParam);
-  });
+  SortSiblings<LPARAM>(
+      nodes, parent, [&nodes](uint32_t child) { return nodes[child].data; },
+      [sort](LPARAM a, LPARAM b) { return sort->lpfnCompare(a, b, sort->lParam); });
   ++mImpl->layoutVersion;
   Invalidate();
   return 1;

@@ -150,6 +150,10 @@ public:
   // sort is stable.
   BOOL SortChildren(HTREEITEM item);
   BOOL SortChildrenCB(TVSORTCB const * sort);
+  // Puts the children of `item` (TVI_ROOT for the roots) in the order
+  // given, for a tree that sorts them itself; 0, and nothing moves, unless
+  // `order` holds every child once.
+  BOOL SetChildOrder(HTREEITEM item, std::vector<HTREEITEM> const & order);
 
   // WM_SETREDRAW: off, changes do not repaint until it is on again.
   void SetRedraw(BOOL redraw);
