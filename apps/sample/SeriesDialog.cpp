@@ -49,7 +49,8 @@ SeriesDialog::SeriesDialog(wxWindow * parent) : mTreeList(new VxTreeListCtrl) {
   sizer->Add(close, 0, wxALIGN_RIGHT | wxRIGHT | wxBOTTOM, 8);
   SetSizer(sizer);
   SetEscapeId(IDCANCEL);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { EndModal(wxID_CANCEL); }, IDCANCEL);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { EndModal(wxID_CANCEL); }, IDCANCEL);
 
   Fill();
   Layout();
@@ -80,9 +81,9 @@ void SeriesDialog::Fill() {
       HTREEITEM const item =
           list.InsertItem(wxString::Format(L"Run %d", run).wc_str(), root, TVI_LAST);
       list.SetItemText(item, 1, series.instrument);
-      list.SetItemText(item, 2,
-                       wxString::Format(L"2026-11-%02d %02d:%02d", day, 8 + run % 9, run * 7 % 60)
-                           .wc_str());
+      list.SetItemText(
+          item, 2,
+          wxString::Format(L"2026-11-%02d %02d:%02d", day, 8 + run % 9, run * 7 % 60).wc_str());
       list.SetItemText(item, 3, wxString::Format(L"%d min", 12 + run * 3 % 17).wc_str());
       bool const failed = !series.calibration && run % 5 == 4;
       list.SetItemText(item, 5, failed ? vx3::Tr("Failed").wc_str() : vx3::Tr("Passed").wc_str());

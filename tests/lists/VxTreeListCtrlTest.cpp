@@ -260,9 +260,8 @@ TEST_F(TreeListTest, HugeCellsManyColumnsAndNoColumnsPaintAndExport) {
     int columns;
     size_t cellLength;
   };
-  for (Case const & c : std::vector<Case>{{"1 MB cells", 2, 1u << 20},
-                                          {"1,000 columns", 1000, 3},
-                                          {"no columns", 0, 5}}) {
+  for (Case const & c : std::vector<Case>{
+           {"1 MB cells", 2, 1u << 20}, {"1,000 columns", 1000, 3}, {"no columns", 0, 5}}) {
     list->DeleteAllItems();
     list->ClearColumns();
     std::vector<int> widths(static_cast<size_t>(c.columns), 40);
@@ -278,9 +277,9 @@ TEST_F(TreeListTest, HugeCellsManyColumnsAndNoColumnsPaintAndExport) {
     EXPECT_EQ(list->MakeClipString({item}, c.columns).value_or("").length(),
               cells * c.cellLength + (cells > 0 ? cells - 1 : 0))
         << c.name;
-    EXPECT_EQ(list->ToHTML({item}, c.columns).size(),
-              std::string("<table><tbody><tr></tr></tbody></table>").size() +
-                  cells * (c.cellLength + 9))
+    EXPECT_EQ(
+        list->ToHTML({item}, c.columns).size(),
+        std::string("<table><tbody><tr></tr></tbody></table>").size() + cells * (c.cellLength + 9))
         << c.name;
   }
 }
