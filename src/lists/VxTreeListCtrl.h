@@ -129,6 +129,8 @@ public:
   // down; the siblings themselves keep their order.
   void SortTree(int column, bool ascending, HTREEITEM item);
   void ResetScrollBar() override;
+  // Where the headings stand: the rows' horizontal offset once fitted.
+  int GetHeaderOffset() const;
 
   // --- Text and HTML --------------------------------------------------------
   // Headings and every row in walking order, cells by tabs, rows by

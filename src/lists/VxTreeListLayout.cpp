@@ -28,21 +28,22 @@ int VxTreeListCtrl::HeaderWidth() const {
 }
 
 void VxTreeListCtrl::MoveHeader(int offset) {
-  // A move alone shows the same headings elsewhere: the header repaints
-  // what the move exposes by itself.
-  wxRect const place(offset, 0, HeaderWidth(), mHeaderHeight);
-  if (mHeader->GetRect() == place) return;
-  bool const resized = mHeader->GetSize() != place.GetSize();
-  mHeader->SetSize(place);
-  if (resized) mHeader->Refresh();
+  // GTK draws a child moved to a negative x where it was: the header window
+  // keeps its place and its headings move by the header's scroll offset.
+  wxRect const place(0, 0, HeaderWidth(), mHeaderHeight);
+  if (mHeader->GetRect() != place) mHeader->SetSize(place);
+  mHeader->SetScrollOffset(-offset);
+}
+
+int VxTreeListCtrl::GetHeaderOffset() const {
+  return mHeader != nullptr ? -mHeader->GetScrollOffset() : 0;
 }
 
 void VxTreeListCtrl::FitChildren() {
   if (mHeader == nullptr) return;
   wxSize const client = GetClientSize();
   int const barHeight = mScrollBar->GetSize().y;
-  int const x = mHeader->GetPosition().x;
-  mHeader->SetSize(x, 0, client.x - x, mHeaderHeight);
+  mHeader->SetSize(0, 0, std::max(client.x, mHeader->GetSize().x), mHeaderHeight);
   mTree->SetSize(0, mHeaderHeight, client.x, std::max(client.y - mHeaderHeight - barHeight, 0));
   mScrollBar->SetSize(0, client.y - barHeight, client.x, barHeight);
   mScrollBar->Show();
@@ -97,9 +98,9 @@ void VxTreeListCtrl::ResetScrollBar() {
   int const vertical = HasVerticalBar(*mTree) ? GetSystemMetrics(SM_CXVSCROLL) : 0;
   mScrollBar->SetSize(0, client.y - barHeight, std::max(client.x - vertical, 0), barHeight);
   int const page = mTree->GetClientSize().x;
-  // The header's place is the scroll position; a position beyond the new
+  // The header's offset is the scroll position; a position beyond the new
   // limit comes back to it.
-  int const position = std::min(-mHeader->GetPosition().x, std::max(columns - page, 0));
+  int const position = std::min(-GetHeaderOffset(), std::max(columns - page, 0));
   mScrollBar->SetScrollbar(position, page, columns, page);
   if (-position != mTree->GetHorizontalOffset()) {
     mTree->SetHorizontalOffset(-position);

@@ -103,7 +103,7 @@ TEST(SeriesDialog, SortsScrollsSidewaysAndCopiesTheSelectedRows) {
 
     seen.barShown = list.GetSideScrollBar()->IsShown();
     list.OnHScroll(SB_LINERIGHT, 0);
-    seen.headerAfterStep = header.GetPosition().x;
+    seen.headerAfterStep = list.GetHeaderOffset();
     seen.offsetAfterStep = list.GetTreeCtrl().GetHorizontalOffset();
     gui_test::Snapshot(dialog, "series");
 

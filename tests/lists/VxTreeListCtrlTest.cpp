@@ -92,7 +92,8 @@ TEST(TreeListSubclass, TakesThePlaceholdersIdPlaceAndSizerSlot) {
 
 TEST_F(TreeListTest, SidewaysBarHeaderAndRowsMoveTogether) {
   Columns({100, 100});
-  list->InsertItem(L"row");
+  HTREEITEM const row = list->InsertItem(L"row");
+  list->SetItemText(row, 1, L"the last cell's text, right to its end");
   wxScrollBar & bar = *list->GetSideScrollBar();
   EXPECT_FALSE(bar.IsShown());
   EXPECT_FALSE(bar.IsEnabled());
@@ -102,7 +103,7 @@ TEST_F(TreeListTest, SidewaysBarHeaderAndRowsMoveTogether) {
   EXPECT_TRUE(bar.IsEnabled());
   list->OnHScroll(SB_LINERIGHT, 0);
   EXPECT_EQ(Offset(), -kSidewaysLineStep);
-  EXPECT_EQ(list->GetHeaderCtrl()->GetPosition().x, -kSidewaysLineStep);
+  EXPECT_EQ(list->GetHeaderOffset(), -kSidewaysLineStep);
   list->OnHScroll(SB_THUMBTRACK, 1);
   EXPECT_EQ(Offset(), -6) << "a thumb at 1 snaps to 6";
 
@@ -112,12 +113,13 @@ TEST_F(TreeListTest, SidewaysBarHeaderAndRowsMoveTogether) {
   EXPECT_EQ(ColumnsRightEdge(), treeRight);
   SetWidth(1, 560);
   EXPECT_EQ(ColumnsRightEdge(), treeRight);
-  EXPECT_EQ(list->GetHeaderCtrl()->GetPosition().x, Offset());
+  EXPECT_EQ(list->GetHeaderOffset(), Offset());
+  gui_test::Snapshot(*frame, "tree-list-far-right");
 
   SetWidth(1, 100);  // fits again
   EXPECT_FALSE(bar.IsShown());
   EXPECT_EQ(Offset(), 0);
-  EXPECT_EQ(list->GetHeaderCtrl()->GetPosition().x, 0);
+  EXPECT_EQ(list->GetHeaderOffset(), 0);
 }
 
 TEST_F(TreeListTest, RedrawOffLeavesTheBarAloneUntilItIsOn) {
