@@ -88,10 +88,12 @@ wxString FormatTreeListText(std::vector<wxString> const * headings, int columns,
       text += cells.Next();
     }
   }
+  // Trimmed in place: the text of a large tree is not copied once more.
   size_t const begin = text.find_first_not_of(L"\r\n\t");
   if (begin == std::wstring::npos) return {};
-  size_t const end = text.find_last_not_of(L"\r\n\t");
-  return wxString(text.substr(begin, end + 1 - begin));
+  text.erase(text.find_last_not_of(L"\r\n\t") + 1);
+  text.erase(0, begin);
+  return wxString(text);
 }
 
 std::string FormatTreeListHtml(char const * title, std::vector<wxString> const & headings,
