@@ -7,6 +7,7 @@
 #include <wx/app.h>
 #include <wx/frame.h>
 #include <wx/grid.h>
+#include <wx/utils.h>
 
 #include <memory>
 #include <string>
@@ -95,13 +96,20 @@ BENCHMARK(HeaderSort_baseline)->Name("TreeExHeaderSort/baseline")->Unit(benchmar
 // --- A full repaint of 50 rows x 8 columns ----------------------------------------
 
 void PaintPages(benchmark::State & state, wxWindow & window) {
-  for (int i = 0; i < 500 && !window.IsShownOnScreen(); ++i) wxTheApp->Yield();
-  for (int i = 0; i < 20; ++i) wxTheApp->Yield();
   int64_t paints = 0;
   window.Bind(wxEVT_PAINT, [&paints](wxPaintEvent & event) {
     ++paints;
     event.Skip();
   });
+  // Until the window paints at all: on a loaded machine the window manager
+  // can take seconds to map it.
+  for (int i = 0; i < 5000 && paints == 0; ++i) {
+    wxTheApp->Yield();
+    window.Refresh();
+    window.Update();
+    if (paints == 0) wxMilliSleep(1);
+  }
+  paints = 0;
   for (auto _ : state) {
     window.Refresh();
     window.Update();

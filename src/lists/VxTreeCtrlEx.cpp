@@ -379,6 +379,15 @@ void VxTreeCtrlEx::OnItemCopied(HTREEITEM source, HTREEITEM copy) {
   UpdateHasChildren(GetParentItem(copy));
 }
 
+void VxTreeCtrlEx::DeleteSelectedItems(bool ask) {
+  std::vector<HTREEITEM> parents;
+  for (HTREEITEM item = GetFirstSelectedItem(); item; item = GetNextSelectedItem(item))
+    if (HTREEITEM const parent = GetParentItem(item)) parents.push_back(parent);
+  VxTreeCtrl::DeleteSelectedItems(ask);
+  for (HTREEITEM const parent : parents) UpdateHasChildren(parent);
+  ResetHostScrollBar();
+}
+
 void VxTreeCtrlEx::UpdateHasChildren(HTREEITEM parent) {
   if (ItemData * const record = GetItemRecord(parent))
     record->hasChildren = GetChildItem(parent) ? 1 : 0;

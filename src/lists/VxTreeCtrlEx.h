@@ -21,6 +21,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "lists/CNewHeaderCtrl.h"
@@ -126,6 +129,9 @@ public:
   // children, and deletes the nodes.
   void MemDeleteAllItems(HTREEITEM item);
   void DeleteItemData(HTREEITEM item) override;
+  // The family tree's delete of the selection, keeping the parents'
+  // has-children flags.
+  void DeleteSelectedItems(bool ask) override;
   // A branch copied by the family tree (a drop, CopyBranch) gets records
   // of its own; a tree built on this one calls it first.
   void OnItemCopied(HTREEITEM source, HTREEITEM copy) override;
@@ -158,7 +164,10 @@ protected:
   void PaintRow(wxDC & dc, HTREEITEM item, RECT const & label) override;
 
 private:
-  void Init();
+  // Text sizes by text, for one font.
+  using TextExtents = std::unordered_map<std::wstring, std::pair<int, int>>;
+  static void DrawCellText(wxDC & dc, wxString const & text, RECT rect, int width, int align,
+                           TextExtents * kept);
   TreeListHost * GetHost() const;
   void ResetHostScrollBar();
   HTREEITEM InsertRecord(wchar_t const * text, TVINSERTSTRUCTW insert);
@@ -178,6 +187,8 @@ private:
   wxFont mPaintFont;
   wxFont mPaintBoldFont;
   COLORREF mPaintWindowText = 0;
+  wxRect mPaintClip;
+  TextExtents mKeptExtents[2];  // plain and bold
   // ResetVertScrollBar: whether the tree had its vertical bar, and the
   // sideways bar's last limit.
   bool mHadVerticalBar = false;

@@ -17,6 +17,8 @@ namespace {
 // text is cut before it is measured, so that a megabyte cell costs no more
 // than a short one.
 constexpr int kCharactersPerPixel = 4;
+// Text sizes kept for repaints, per font, before the store starts anew.
+constexpr std::size_t kKeptExtents = 20000;
 
 // One line: line ends and tabs would break the row.
 wxString OneLine(wxString text) {
@@ -28,6 +30,11 @@ wxString OneLine(wxString text) {
 }  // namespace
 
 void VxTreeCtrlEx::DrawItemText(wxDC & dc, wxString const & text, RECT rect, int width, int align) {
+  DrawCellText(dc, text, rect, width, align, nullptr);
+}
+
+void VxTreeCtrlEx::DrawCellText(wxDC & dc, wxString const & text, RECT rect, int width, int align,
+                                TextExtents * kept) {
   if (text.empty()) return;
   int left = rect.left;
   int right = rect.left + width - 6;
@@ -41,7 +48,19 @@ void VxTreeCtrlEx::DrawItemText(wxDC & dc, wxString const & text, RECT rect, int
   wxString shown = OneLine(text.length() > most ? text.Left(most) : text);
   wxCoord textWidth = 0;
   wxCoord textHeight = 0;
-  dc.GetTextExtent(shown, &textWidth, &textHeight);
+  // A page repaints the same texts again and again: their sizes are kept,
+  // which halves the text layouts of a repaint.
+  auto const found = kept != nullptr ? kept->find(shown.ToStdWstring()) : TextExtents::iterator();
+  if (kept != nullptr && found != kept->end()) {
+    textWidth = found->second.first;
+    textHeight = found->second.second;
+  } else {
+    dc.GetTextExtent(shown, &textWidth, &textHeight);
+    if (kept != nullptr) {
+      if (kept->size() >= kKeptExtents) kept->clear();
+      kept->emplace(shown.ToStdWstring(), std::make_pair(textWidth, textHeight));
+    }
+  }
   if (textWidth > room) {
     wxString const dots(L"...");
     wxCoord const dotsWidth = dc.GetTextExtent(dots).x;
@@ -67,9 +86,14 @@ void VxTreeCtrlEx::OnPaint(wxDC & dc, wxRect const & clip) {
   mPaintWidths.clear();
   for (int column = 0; column < mColumnCount; ++column)
     mPaintWidths.push_back(GetColumnWidth(column));
-  mPaintFont = GetFont();
-  mPaintBoldFont = mPaintFont.Bold();
+  if (!(mPaintFont == GetFont())) {
+    mPaintFont = GetFont();
+    mPaintBoldFont = mPaintFont.Bold();
+    mKeptExtents[0].clear();
+    mKeptExtents[1].clear();
+  }
   mPaintWindowText = GetSysColor(COLOR_WINDOWTEXT);
+  mPaintClip = clip;
   // The plain tree paints lines, buttons and icons (its labels are empty;
   // the family tree's own label texts and picture have no place here), then
   // PaintRow the cells of each row over them.
@@ -107,19 +131,24 @@ void VxTreeCtrlEx::PaintRow(wxDC & dc, HTREEITEM item, RECT const & label) {
   dc.SetFont(record->bold ? mPaintBoldFont : mPaintFont);
 
   if (mPaintWidths.empty()) return;
-  std::wstring_view const first = record->ColumnView(0);
-  RECT const cell0{rowLeft - 2 + offset, label.top, firstWidth + offset, label.bottom};
-  DrawItemText(dc, wxString(first.data(), first.size()), cell0, firstWidth - rowLeft + 2,
-               record->group ? 1 : GetColumnAlign(0));
+  // Only the cells under the paint's clip: a sideways step paints a strip.
+  int const clipLeft = mPaintClip.GetLeft();
+  int const clipRight = mPaintClip.GetRight() + 1;
+  if (firstWidth + offset > clipLeft && rowLeft - 2 + offset < clipRight) {
+    std::wstring_view const first = record->ColumnView(0);
+    RECT const cell0{rowLeft - 2 + offset, label.top, firstWidth + offset, label.bottom};
+    DrawCellText(dc, wxString(first.data(), first.size()), cell0, firstWidth - rowLeft + 2,
+                 record->group ? 1 : GetColumnAlign(0), &mKeptExtents[record->bold ? 1 : 0]);
+  }
   int left = firstWidth;
-  wxCoord const clientWidth = GetClientSize().x;
   for (int column = 1; column < mColumnCount; ++column) {
     int const width = mPaintWidths[static_cast<std::size_t>(column)];
-    if (left + offset >= clientWidth) break;
-    if (left + width + offset > 0) {
+    if (left + offset >= clipRight) break;
+    if (left + width + offset > clipLeft) {
       std::wstring_view const text = record->ColumnView(column);
       RECT const cell{left + offset, label.top, left + width + offset, label.bottom};
-      DrawItemText(dc, wxString(text.data(), text.size()), cell, width, GetColumnAlign(column));
+      DrawCellText(dc, wxString(text.data(), text.size()), cell, width, GetColumnAlign(column),
+                   &mKeptExtents[record->bold ? 1 : 0]);
     }
     left += width;
   }
