@@ -17,6 +17,7 @@
 #include "NotesDialog.h"
 #include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
+#include "PropertyEditorsDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
 #include "RunListPanel.h"
@@ -90,6 +91,7 @@ void MainFrame::BuildMenus() {
   AddOpenFavouritesCommand(*tools, *this);
   AddEditsCommand(*tools, *this);
   AddNotesCommand(*tools, *this);
+  AddPropertyEditorsCommand(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

@@ -8,6 +8,7 @@
 #include <wx/frame.h>
 #include <wx/menu.h>
 
+#include "AskCommands.h"
 #include "DetailsCommands.h"
 #include "SampleCommands.h"
 #include "dialogs/CheckBoxMessageBox.h"
@@ -84,6 +85,7 @@ wxMenu * CreateMessagesMenu(wxFrame & frame) {
   menu->AppendSeparator();
   menu->Append(kFailingHandlerCommand, Tr("Menu command", "&Failure in a dialog handler"));
   AppendDetailsCommands(*menu, frame);
+  AppendAskCommands(*menu, frame);
 
   auto on = [&frame](int command, auto action) {
     frame.Bind(

@@ -27,6 +27,7 @@ enum SampleCommand : int {
   kEditsCommand,
   kNotesCommand,
   kSeriesCommand,
+  kPropertyEditorsCommand,
   // Runs by project (its own window)
   kLoadTreeCommand,
   kSaveTreeCommand,
@@ -52,6 +53,15 @@ enum SampleCommand : int {
   kMuteDetailsCommand,
   kScrollBoxCommand,
   kInfoRtfCommand,
+  kAskNumberCommand,
+  kAskNameAndModelCommand,
+  kAskModelCommand,
+  kAskFilterCommand,
+  kAskOneRunCommand,
+  kAskSeveralRunsCommand,
+  kAskRunsAndFormatCommand,
+  kAskClassCommand,
+  kAskPhaseCommand,
   // Help
   kReleaseNotesCommand,
   kEndOfSampleCommands

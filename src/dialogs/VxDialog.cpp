@@ -110,7 +110,13 @@ bool VxDialog::UpdateData(bool saveAndValidate) { return DoDataExchange(saveAndV
 
 bool VxDialog::DoDataExchange(bool) { return true; }
 
-wxWindow * VxDialog::GetDlgItem(int id) const { return FindWindow(id); }
+wxWindow * VxDialog::GetDlgItem(int id) const {
+  // Among the controls only: a template may give a control the dialog's own
+  // number, and FindWindow would answer with the dialog.
+  for (wxWindow * child : GetChildren())
+    if (wxWindow * found = child->FindWindow(id)) return found;
+  return nullptr;
+}
 
 int VxDialog::FromDlgX(int units) const { return FromDlgY(units); }
 

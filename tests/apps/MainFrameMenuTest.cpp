@@ -23,6 +23,7 @@
 #include "MainFrame.h"
 #include "NotesDialog.h"
 #include "ProjectTreeWindow.h"
+#include "PropertyEditorsDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "SeriesDialog.h"
 #include "TimeGridDialog.h"
@@ -35,11 +36,14 @@
 #include "dialogs/InfoDialog.h"
 #include "dialogs/NativeChoosers.h"
 #include "dialogs/ScrollMessageBox.h"
+#include "dialogs/SelectNewClassDialog.h"
+#include "dialogs/VxInputDialog.h"
 #include "dialogs/YesNoCancelAll.h"
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "lists/FilterListCtrlPopupBar.h"
+#include "lists/SelectItemDialog.h"
 #include "platform/WinUser.h"
 #include "platform/commctrl/CListCtrl.h"
 #include "utl/Utf.h"
@@ -73,6 +77,10 @@ enum class Opens {
   kEdits,            // the edits dialog
   kNotes,            // the notes pad
   kReleaseNotes,     // the release notes
+  kInput,            // an input dialog
+  kSelectItem,       // the item selection
+  kSelectClass,      // the class or phase choice
+  kPropertyEditors,  // the property editors
 };
 
 struct Expected {
@@ -102,6 +110,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Open favourites", {Opens::kDetails}},
     {"Tools/Edits...", {Opens::kEdits}},
     {"Tools/Notes", {Opens::kNotes}},
+    {"Tools/Property editors...", {Opens::kPropertyEditors}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -120,6 +129,15 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Information, rich text", {Opens::kInfo}},
     {"Messages/Scroll box", {Opens::kScrollBox}},
     {"Messages/Mute details dialogs", {Opens::kNothing}},
+    {"Messages/Ask/Number of repeats...", {Opens::kInput}},
+    {"Messages/Ask/Name and model...", {Opens::kInput}},
+    {"Messages/Ask/Fit model...", {Opens::kInput}},
+    {"Messages/Ask/Filter...", {Opens::kInput}},
+    {"Messages/Ask/One run...", {Opens::kSelectItem}},
+    {"Messages/Ask/Several runs...", {Opens::kSelectItem}},
+    {"Messages/Ask/Runs and export format...", {Opens::kSelectItem}},
+    {"Messages/Ask/New class...", {Opens::kSelectClass}},
+    {"Messages/Ask/Phase...", {Opens::kSelectClass}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/About...", {Opens::kAboutBox}},
 };
@@ -138,10 +156,18 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kFolderDialog;
   } else if (dynamic_cast<FolderCollectionDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kFolderCollection;
+  } else if (dynamic_cast<VxInputDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kInput;
+  } else if (dynamic_cast<SelectItemDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kSelectItem;
+  } else if (dynamic_cast<SelectNewClassDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kSelectClass;
   } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kCalibrationList;
   } else if (dynamic_cast<SeriesDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kSeries;
+  } else if (dynamic_cast<PropertyEditorsDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kPropertyEditors;
   } else if (dynamic_cast<InstrumentsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
@@ -259,16 +285,29 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     std::vector<Seen> seen;
     ModalDialogScript script;
     // The kinds that show a modal dialog, one a line.
+    // clang-format off
     static std::set<Opens> const dialogKinds{
-        Opens::kFolderDialog,  Opens::kFolderCollection,
-        Opens::kBatchQuestion, Opens::kMessageBox,
-        Opens::kDateFormat,    Opens::kTimeGrid,
-        Opens::kInstruments,   Opens::kCalibrationList,
-        Opens::kSeries,        Opens::kDetails,
-        Opens::kInfo,          Opens::kScrollBox,
-        Opens::kEdits,         Opens::kNotes,
+        Opens::kFolderDialog,
+        Opens::kFolderCollection,
+        Opens::kBatchQuestion,
+        Opens::kMessageBox,
+        Opens::kDateFormat,
+        Opens::kTimeGrid,
+        Opens::kInstruments,
+        Opens::kCalibrationList,
+        Opens::kSeries,
+        Opens::kDetails,
+        Opens::kInfo,
+        Opens::kScrollBox,
+        Opens::kEdits,
+        Opens::kNotes,
         Opens::kReleaseNotes,
+        Opens::kInput,
+        Opens::kSelectItem,
+        Opens::kSelectClass,
+        Opens::kPropertyEditors,
     };
+    // clang-format on
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
@@ -319,6 +358,10 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kEdits:
       case Opens::kNotes:
       case Opens::kReleaseNotes:
+      case Opens::kInput:
+      case Opens::kSelectItem:
+      case Opens::kSelectClass:
+      case Opens::kPropertyEditors:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
