@@ -69,11 +69,14 @@ std::wstring_view TreeListCell(std::wstring_view record, wchar_t separator, int 
 
 wxString FormatTreeListText(std::vector<wxString> const * headings, int columns,
                             TreeListClipRows & rows) {
-  std::wstring text;
+  // Built in the result itself and trimmed in place: the text of a large
+  // tree is never copied whole.
+  wxString text;
+  auto const append = [&text](std::wstring_view part) { text.append(part.data(), part.size()); };
   if (headings != nullptr) {
     for (size_t column = 0; column < headings->size(); ++column) {
       if (column > 0) text += L'\t';
-      text += View((*headings)[column]).substr(0, kTreeListHeadingLimit);
+      append(View((*headings)[column]).substr(0, kTreeListHeadingLimit));
     }
     text += L"\r\n";
   }
@@ -85,15 +88,14 @@ wxString FormatTreeListText(std::vector<wxString> const * headings, int columns,
     CellCutter cells(row.record, row.separator);
     for (int column = 0; column < columns; ++column) {
       if (column > 0) text += L'\t';
-      text += cells.Next();
+      append(cells.Next());
     }
   }
-  // Trimmed in place: the text of a large tree is not copied once more.
   size_t const begin = text.find_first_not_of(L"\r\n\t");
-  if (begin == std::wstring::npos) return {};
+  if (begin == wxString::npos) return {};
   text.erase(text.find_last_not_of(L"\r\n\t") + 1);
   text.erase(0, begin);
-  return wxString(text);
+  return text;
 }
 
 std::string FormatTreeListHtml(char const * title, std::vector<wxString> const & headings,
