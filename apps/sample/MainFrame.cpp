@@ -28,6 +28,7 @@
 #include "RunSettingsSheet.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
 #include "TreeViewWindow.h"
@@ -94,6 +95,7 @@ void MainFrame::BuildMenus() {
   AddTreeViewCommand(*tools, *this);
   AddCalibrationListCommand(*tools, *this);
   AddServiceCommand(*tools, *this);
+  AddSeriesCommand(*tools, *this);
   tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
   AddOpenFavouritesCommand(*tools, *this);
   AddEditsCommand(*tools, *this);

@@ -26,6 +26,7 @@ enum SampleCommand : int {
   kRunsByProjectCommand,
   kEditsCommand,
   kNotesCommand,
+  kSeriesCommand,
   kPropertyEditorsCommand,
   kRunSettingsCommand,
   kNewRunWizardCommand,

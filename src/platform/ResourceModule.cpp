@@ -62,8 +62,19 @@ public:
 
 }  // namespace
 
+// The makers of AddDialogTemplateHandler; GUI thread only, as templates are.
+static std::vector<wxXmlResourceHandler * (*)()> & TemplateHandlerMakers() {
+  static std::vector<wxXmlResourceHandler * (*)()> makers;
+  return makers;
+}
+
 class ResourceModule {
 public:
+  // Gives templates made already the handler of `make` too.
+  void AddTemplateHandler(wxXmlResourceHandler * (*make)()) const {
+    if (mTemplates) mTemplates->AddHandler(make());
+  }
+
   ResourceModule(ResourceModuleData const & data, ResourceModuleRole role)
       : mData(data), mRole(role) {}
 
@@ -98,6 +109,7 @@ public:
       mTemplates->InitAllHandlers();
       mTemplates->InsertHandler(new TemplateDialogHandler);
       mTemplates->AddHandler(new ListCtrlXmlHandler);
+      for (auto * make : TemplateHandlerMakers()) mTemplates->AddHandler(make());
     }
     if (mLoadedTemplates.insert(item.id).second) {
       wxMemoryInputStream stream(item.data, item.size);
@@ -322,4 +334,9 @@ bool ReadDialogTemplateFrame(unsigned templateId, wxString & title, wxSize & siz
     }
   }
   return true;
-}
+  void AddDialogTemplateHandler(wxXmlResourceHandler * (*make)()) {
+    TemplateHandlerMakers().push_back(make);
+    ResourceChain & chain = Chain();
+    std::lock_guard<std::mutex> const lock(chain.mutex);
+    for (auto const & module : chain.modules) module->AddTemplateHandler(make);
+  }

@@ -19,6 +19,7 @@
 
 class wxDialog;
 class wxPanel;
+class wxXmlResourceHandler;
 class wxWindow;
 
 class ResourceModule;
@@ -74,6 +75,11 @@ bool LoadPageTemplate(wxPanel & page, unsigned templateId);
 // without one) of template `templateId`, without building it. False when no
 // module has the template.
 bool ReadDialogTemplateFrame(unsigned templateId, wxString & title, wxSize & size);
+// Lets the templates of every module (present and later) build a window
+// class of a higher layer: `make` gives a new handler for each module's
+// templates. Called once a process per class, as a window class is
+// registered.
+void AddDialogTemplateHandler(wxXmlResourceHandler * (*make)());
 
 // --- In one module only ----------------------------------------------------
 

@@ -26,6 +26,7 @@
 #include "PropertyEditorsDialog.h"
 #include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
+#include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
 #include "datetime/SpecifyDateFormat.h"
@@ -68,6 +69,7 @@ enum class Opens {
   kInstruments,      // the instruments dialog
   kReportWindow,     // the report window opens over the frame
   kCalibrationList,  // the sample's report list
+  kSeries,           // the sample's tree list
   kMessageBox,       // a CustomMessageBoxDlg of `boxType` (buttons and icon)
   kDetails,          // a details dialog
   kInfo,             // an information dialog
@@ -110,6 +112,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Instruments...", {Opens::kInstruments}},
     {"Tools/Calibration list...", {Opens::kCalibrationList}},
     {"Tools/Service...", {Opens::kService}},
+    {"Tools/Series...", {Opens::kSeries}},
     {"Tools/Copy runs", {Opens::kNothing}},
     {"Tools/Report", {Opens::kReportWindow}},
     {"Tools/Runs by project...", {Opens::kProjectTree}},
@@ -175,6 +178,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kSelectClass;
   } else if (dynamic_cast<CalibrationListDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kCalibrationList;
+  } else if (dynamic_cast<SeriesDialog *>(&dialog) != nullptr) {
+    seen.opens = Opens::kSeries;
   } else if (dynamic_cast<PropertyEditorsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kPropertyEditors;
   } else if (dynamic_cast<ServiceDialog *>(&dialog) != nullptr) {
@@ -310,6 +315,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kTimeGrid,
         Opens::kInstruments,
         Opens::kCalibrationList,
+        Opens::kSeries,
         Opens::kDetails,
         Opens::kInfo,
         Opens::kScrollBox,
@@ -365,6 +371,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kFolderCollection:
       case Opens::kBatchQuestion:
       case Opens::kCalibrationList:
+      case Opens::kSeries:
       case Opens::kDateFormat:
       case Opens::kMessageBox:
       case Opens::kTimeGrid:
