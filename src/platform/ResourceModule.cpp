@@ -334,9 +334,11 @@ bool ReadDialogTemplateFrame(unsigned templateId, wxString & title, wxSize & siz
     }
   }
   return true;
-  void AddDialogTemplateHandler(wxXmlResourceHandler * (*make)()) {
-    TemplateHandlerMakers().push_back(make);
-    ResourceChain & chain = Chain();
-    std::lock_guard<std::mutex> const lock(chain.mutex);
-    for (auto const & module : chain.modules) module->AddTemplateHandler(make);
-  }
+}
+
+void AddDialogTemplateHandler(wxXmlResourceHandler * (*make)()) {
+  TemplateHandlerMakers().push_back(make);
+  ResourceChain & chain = Chain();
+  std::lock_guard<std::mutex> const lock(chain.mutex);
+  for (auto const & module : chain.modules) module->AddTemplateHandler(make);
+}
