@@ -55,5 +55,6 @@ std::size_t DibPaletteSize(void const * header) {
 }
 
 std::size_t DibStride(long long width, unsigned bitCount) {
-  return static_cast<std::size_t>((static_cast<unsigned long long>(width) * bitCount + 31) / 32 * 4);
+  return static_cast<std::size_t>((static_cast<unsigned long long>(width) * bitCount + 31) / 32 *
+                                  4);
 }

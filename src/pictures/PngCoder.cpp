@@ -119,8 +119,12 @@ struct WritePlan {
   std::FILE * file = nullptr;
 };
 
-unsigned char Replicate5(unsigned field) { return static_cast<unsigned char>((field << 3) | (field >> 2)); }
-unsigned char Replicate6(unsigned field) { return static_cast<unsigned char>((field << 2) | (field >> 4)); }
+unsigned char Replicate5(unsigned field) {
+  return static_cast<unsigned char>((field << 3) | (field >> 2));
+}
+unsigned char Replicate6(unsigned field) {
+  return static_cast<unsigned char>((field << 2) | (field >> 4));
+}
 
 // One row of 16- or 32-bit pixels as blue, green, red bytes.
 void ExpandRow(WritePlan const & plan, unsigned char const * source, unsigned char * target) {
@@ -155,8 +159,9 @@ int WriteSteps(VxPngInfo * info, WritePlan * plan) {
   else if (plan->bitCount <= 8)
     colorType = PNG_COLOR_TYPE_PALETTE;
   png_set_IHDR(plan->png, plan->pngInfo, static_cast<png_uint_32>(plan->width),
-               static_cast<png_uint_32>(plan->height), static_cast<int>(std::min(plan->bitCount, 8u)),
-               colorType, info->write.interlaced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE,
+               static_cast<png_uint_32>(plan->height),
+               static_cast<int>(std::min(plan->bitCount, 8u)), colorType,
+               info->write.interlaced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE,
                PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
   if (info->write.gamma) {
     double const gamma = info->write.fileGamma;
@@ -268,27 +273,25 @@ int PlanWrite(VxPngInfo * info, WritePlan & plan) {
 
   unsigned const bits = plan.bitCount;
   switch (compression) {
-  case BI_RGB:
-    if (bits != 1 && bits != 2 && bits != 4 && bits != 8 && bits != 16 && bits != 24 &&
-        bits != 32) {
-      SetText(info, L"Unsupported bit depth (%d)", static_cast<int>(bits));
-      return VX_PNG_UNSUPPORTED;
+    case BI_RGB:
+      if (bits != 1 && bits != 2 && bits != 4 && bits != 8 && bits != 16 && bits != 24 &&
+          bits != 32) {
+        SetText(info, L"Unsupported bit depth (%d)", static_cast<int>(bits));
+        return VX_PNG_UNSUPPORTED;
+      }
+      break;
+    case BI_RLE8:
+    case BI_RLE4:
+    case BI_BITFIELDS: {
+      unsigned const wanted = compression == BI_RLE8 ? 8 : 4;
+      bool const fits = compression == BI_BITFIELDS ? (bits == 16 || bits == 32) : bits == wanted;
+      if (!fits) {
+        SetText(info, L"Unsupported bit depth (%d)", static_cast<int>(bits));
+        return VX_PNG_UNSUPPORTED;
+      }
+      break;
     }
-    break;
-  case BI_RLE8:
-  case BI_RLE4:
-  case BI_BITFIELDS: {
-    unsigned const wanted = compression == BI_RLE8 ? 8 : 4;
-    bool const fits = compression == BI_BITFIELDS ? (bits == 16 || bits == 32) : bits == wanted;
-    if (!fits) {
-      SetText(info, L"Unsupported bit depth (%d)", static_cast<int>(bits));
-      return VX_PNG_UNSUPPORTED;
-    }
-    break;
-  }
-  default:
-    SetText(info, L"Unsupported compression scheme");
-    return VX_PNG_UNSUPPORTED;
+    default: SetText(info, L"Unsupported compression scheme"); return VX_PNG_UNSUPPORTED;
   }
   plan.stride = DibStride(plan.width, bits);
   unsigned long long entries = used;
@@ -298,7 +301,8 @@ int PlanWrite(VxPngInfo * info, WritePlan & plan) {
   unsigned long long const pixelBytes = static_cast<unsigned long long>(plan.stride) * plan.height;
   bool const compressed = compression == BI_RLE8 || compression == BI_RLE4;
   if (known != 0) {
-    unsigned long long const needed = tableEnd + (in.bits == nullptr && !compressed ? pixelBytes : 0);
+    unsigned long long const needed =
+        tableEnd + (in.bits == nullptr && !compressed ? pixelBytes : 0);
     if (needed > known) return Fail(info, VX_PNG_BAD_BMP);
   }
   if (in.bits != nullptr && in.bitsSize != 0 && !compressed && pixelBytes > in.bitsSize)
@@ -370,8 +374,8 @@ void AdjustGamma(unsigned char * values, std::size_t count, double fileGamma, do
   if (std::fabs(fileGamma * screenGamma - 1.0) <= 0.05) return;
   double const exponent = screenGamma > 1e-6 ? 1.0 / (screenGamma * fileGamma) : 1.0;
   for (std::size_t i = 0; i < count; ++i)
-    values[i] = static_cast<unsigned char>(
-        std::floor(std::pow(values[i] / 255.0, exponent) * 255.0 + 0.5));
+    values[i] =
+        static_cast<unsigned char>(std::floor(std::pow(values[i] / 255.0, exponent) * 255.0 + 0.5));
 }
 
 void * Allocate(VxPngPngToDibFields const & in, std::size_t bytes) {
@@ -516,25 +520,20 @@ int ReadSteps(VxPngInfo * info, ReadPlan * plan) {
   png_colorp fileColors = nullptr;
   int fileColorCount = 0;
   switch (outType) {
-  case PNG_COLOR_TYPE_GRAY:
-  case PNG_COLOR_TYPE_GRAY_ALPHA:
-    bitCount = static_cast<unsigned>(outDepth);
-    entries = 1u << std::min(outDepth, 8);
-    break;
-  case PNG_COLOR_TYPE_RGB:
-    bitCount = 24;
-    break;
-  case PNG_COLOR_TYPE_PALETTE:
-    bitCount = static_cast<unsigned>(outDepth);
-    if (png_get_PLTE(plan->png, plan->pngInfo, &fileColors, &fileColorCount) == 0)
-      fileColorCount = 0;
-    entries = static_cast<unsigned>(fileColorCount);
-    break;
-  case PNG_COLOR_TYPE_RGB_ALPHA:
-    bitCount = 32;
-    break;
-  default:
-    return VX_PNG_BAD_PNG;
+    case PNG_COLOR_TYPE_GRAY:
+    case PNG_COLOR_TYPE_GRAY_ALPHA:
+      bitCount = static_cast<unsigned>(outDepth);
+      entries = 1u << std::min(outDepth, 8);
+      break;
+    case PNG_COLOR_TYPE_RGB: bitCount = 24; break;
+    case PNG_COLOR_TYPE_PALETTE:
+      bitCount = static_cast<unsigned>(outDepth);
+      if (png_get_PLTE(plan->png, plan->pngInfo, &fileColors, &fileColorCount) == 0)
+        fileColorCount = 0;
+      entries = static_cast<unsigned>(fileColorCount);
+      break;
+    case PNG_COLOR_TYPE_RGB_ALPHA: bitCount = 32; break;
+    default: return VX_PNG_BAD_PNG;
   }
   if (outType == PNG_COLOR_TYPE_GRAY_ALPHA) return VX_PNG_BAD_PNG;  // no DIB carries it
   bool const twoBit = bitCount == 2;
@@ -553,7 +552,8 @@ int ReadSteps(VxPngInfo * info, ReadPlan * plan) {
 
   // Sizes in 64 bits: a huge IHDR is refused here, before anything is allocated.
   bool const masks = outType == PNG_COLOR_TYPE_RGB_ALPHA && withMasks;
-  unsigned long long const stride = (static_cast<unsigned long long>(bitCount) * width + 31) / 32 * 4;
+  unsigned long long const stride =
+      (static_cast<unsigned long long>(bitCount) * width + 31) / 32 * 4;
   unsigned long long const tableSize = (entries + 10ull) * 4 + (masks ? 12 : 0);
   unsigned long long const total = tableSize + stride * height;
   if (total > in.maxDibBytes) return VX_PNG_MEMORY;
@@ -609,8 +609,7 @@ int ReadSteps(VxPngInfo * info, ReadPlan * plan) {
   }
   auto * const bits = static_cast<unsigned char *>(in.bits);
   for (png_uint_32 i = 0; i < height; ++i)
-    plan->rows[i] = twoBit ? plan->twoBitRows + sideStride * i
-                           : bits + stride * (height - 1 - i);
+    plan->rows[i] = twoBit ? plan->twoBitRows + sideStride * i : bits + stride * (height - 1 - i);
   png_read_image(plan->png, plan->rows);
   if (twoBit) {
     for (png_uint_32 i = 0; i < height; ++i) {

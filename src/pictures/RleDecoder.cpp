@@ -61,27 +61,24 @@ bool DecodeRle(unsigned char const * data, std::size_t size, unsigned bitCount, 
       continue;
     }
     switch (value) {
-    case 0:
-      target.NextLine();
-      break;
-    case 1:
-      return true;
-    case 2:
-      if (at + 2 > size) return false;
-      target.Move(data[at], data[at + 1]);
-      at += 2;
-      break;
-    default: {
-      // Absolute mode: `value` literal indices, padded to a 16-bit boundary.
-      std::size_t const bytes = bitCount == 8 ? value : (value + 1) / 2;
-      if (at + bytes > size) return false;
-      for (unsigned i = 0; i < value; ++i) {
-        unsigned const byte = data[at + (bitCount == 8 ? i : i / 2)];
-        target.Put(bitCount == 8 ? byte : (i % 2 == 0 ? byte >> 4 : byte & 0x0F));
+      case 0: target.NextLine(); break;
+      case 1: return true;
+      case 2:
+        if (at + 2 > size) return false;
+        target.Move(data[at], data[at + 1]);
+        at += 2;
+        break;
+      default: {
+        // Absolute mode: `value` literal indices, padded to a 16-bit boundary.
+        std::size_t const bytes = bitCount == 8 ? value : (value + 1) / 2;
+        if (at + bytes > size) return false;
+        for (unsigned i = 0; i < value; ++i) {
+          unsigned const byte = data[at + (bitCount == 8 ? i : i / 2)];
+          target.Put(bitCount == 8 ? byte : (i % 2 == 0 ? byte >> 4 : byte & 0x0F));
+        }
+        at += (bytes + 1) / 2 * 2;
+        break;
       }
-      at += (bytes + 1) / 2 * 2;
-      break;
-    }
     }
     if (target.Done()) return true;
   }

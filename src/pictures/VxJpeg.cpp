@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <csetjmp>
 #include <cstddef>
-#include <cstdlib>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <istream>
 #include <sstream>
@@ -146,7 +146,8 @@ bool DecodeSteps(DecodeState * state) {
   }
   // libjpeg gives red first; a DIB holds blue first.
   for (std::size_t i = 0; i < height; ++i)
-    for (std::size_t x = 0; x < width; ++x) std::swap(state->rows[i][3 * x], state->rows[i][3 * x + 2]);
+    for (std::size_t x = 0; x < width; ++x)
+      std::swap(state->rows[i][3 * x], state->rows[i][3 * x + 2]);
   BITMAPINFOHEADER header{};
   header.biSize = sizeof header;
   header.biWidth = static_cast<std::int32_t>(width);
