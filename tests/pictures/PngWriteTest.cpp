@@ -319,3 +319,30 @@ TEST(PngWrite, AFailedRunLeavesTheOldFileAndNoTemporary) {
                           std::filesystem::directory_iterator()),
             1);
 }
+
+// Another reader's view of a written file: every chunk well formed.
+TEST(PngWrite, PngcheckFindsTheChunksValid) {
+  if (std::system("command -v pngcheck > /dev/null") != 0) GTEST_SKIP() << "pngcheck missing";
+  Bytes pixels(3 * 4 * 4);
+  for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i] = static_cast<unsigned char>(i * 11);
+  BITMAPINFOHEADER header = Header(3, 4, 32);
+  header.biXPelsPerMeter = header.biYPelsPerMeter = 3780;
+  Bytes const dib = Dib(header, {}, pixels);
+  for (bool const interlaced : {false, true}) {
+    std::string const path = Temp("checked.png");
+    Record info = Writer(dib, path);
+    info->write.interlaced = interlaced;
+    VxPngSetSoftware(info.get(), L"Analyzer");
+    ASSERT_EQ(VxDibToPng(info.get()), VX_PNG_OK);
+    std::string const report = Temp("pngcheck.txt");
+    EXPECT_EQ(std::system(("pngcheck -v '" + path + "' > '" + report + "'").c_str()), 0);
+    Bytes const text = ReadAll(report);
+    std::string const out(text.begin(), text.end());
+    for (char const * chunk : {"chunk IHDR", "chunk sRGB", "chunk gAMA", "chunk pHYs", "chunk IDAT",
+                               "chunk tEXt", "chunk IEND", "No errors"})
+      EXPECT_NE(out.find(chunk), std::string::npos) << chunk << "\n" << out;
+    EXPECT_NE(out.find(interlaced ? "24-bit RGB, interlaced" : "24-bit RGB, non-interlaced"),
+              std::string::npos)
+        << out;
+  }
+}
