@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdarg>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -329,7 +330,7 @@ int PlanWrite(VxPngInfo * info, WritePlan & plan) {
   if (compressed) {
     // Run-length data ends with the block, or with its own size when it lies
     // apart; with neither known, the header's image size is trusted.
-    std::size_t size = static_cast<BITMAPINFOHEADER const *>(in.dib)->biSizeImage;
+    std::size_t size = Read32(dib + offsetof(BITMAPINFOHEADER, biSizeImage));
     if (in.bits != nullptr && in.bitsSize != 0)
       size = in.bitsSize;
     else if (in.bits == nullptr && known != 0)
