@@ -129,7 +129,7 @@ void DibToPngBaseline(benchmark::State & state) {
 // An RGBA file, so that the coder gives a 32-bit DIB with masks.
 std::string const & RgbaFile() {
   static std::string const path = [] {
-    std::string const file = BenchFile("rgba.png");
+    std::string file = BenchFile("rgba.png");
     WritePng(PhotoDib(32), file, true);
     return file;
   }();
