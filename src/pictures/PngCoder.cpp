@@ -32,6 +32,10 @@ constexpr long kMaxDimension = 1000000;
 // make the reader allocate without bound.
 constexpr png_alloc_size_t kMaxChunkBytes = 8u << 20;
 constexpr double kSrgbGamma = 0.45455;
+// The writer's own buffers (unpacked run-length rows, expanded 16- and 32-bit
+// rows) stay below this: a small DIB claiming a huge picture is refused
+// before anything is allocated.
+constexpr unsigned long long kMaxWriteBufferBytes = 1ull << 30;
 
 void SetText(VxPngInfo * info, wchar_t const * format, ...) {
   std::va_list arguments;
@@ -308,6 +312,10 @@ int PlanWrite(VxPngInfo * info, WritePlan & plan) {
   }
   if (in.bits != nullptr && in.bitsSize != 0 && !compressed && pixelBytes > in.bitsSize)
     return Fail(info, VX_PNG_BAD_BMP);
+  bool const expands = (bits == 16 || bits == 32) && !plan.alpha;
+  if ((compressed && pixelBytes > kMaxWriteBufferBytes) ||
+      (expands && 3ull * plan.width * plan.height > kMaxWriteBufferBytes))
+    return Fail(info, VX_PNG_MEMORY);
   plan.palette = dib + headerSize + masks;
   // A PLTE chunk holds no more entries than the bit depth can index.
   plan.paletteEntries =
