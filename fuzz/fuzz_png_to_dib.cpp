@@ -10,7 +10,9 @@
 #include "pictures/PngCoder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {
-  if (size < 1) return 0;
+  // A memory source of size 0 means "size unknown": the reader then trusts
+  // the buffer, so the file must have at least one byte.
+  if (size < 2) return 0;
   VxPngInfo * const info = VxPngCreate(VX_PNG_PNG_TO_DIB);
   std::uint8_t const options = data[0];
   info->read.useAlpha = (options & 1) != 0;

@@ -475,10 +475,12 @@ int ReadSteps(VxPngInfo * info, ReadPlan * plan) {
       composed = true;
     } else if (transparent && in.useCustomBackground && !fileBackground) {
       png_color_16 custom{};
-      unsigned const scale = depth > 8 ? 257 : 1;
-      custom.red = static_cast<png_uint_16>(background[0] * scale);
-      custom.green = static_cast<png_uint_16>(background[1] * scale);
-      custom.blue = static_cast<png_uint_16>(background[2] * scale);
+      // In the output's format: 16-bit files are stripped to 8 bits, and
+      // libpng 1.6 then widens an 8-bit background to 16 bits itself (a
+      // background given in 16 bits would be widened twice).
+      custom.red = background[0];
+      custom.green = background[1];
+      custom.blue = background[2];
       if (isGrey) {
         png_set_gray_to_rgb(plan->png);
         if (hasTrns) png_set_tRNS_to_alpha(plan->png);
