@@ -13,6 +13,7 @@
 #include <string>
 
 #include <png.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <boost/locale/encoding_utf.hpp>
@@ -356,6 +357,16 @@ std::string Latin1(wchar_t const * text) {
   std::string result;
   for (; *text != 0; ++text) result += *text < 256 ? static_cast<char>(*text) : '?';
   return result;
+}
+
+// mkstemp makes the temporary file private; the picture gets the mode of
+// the file it replaces, or that of any new file.
+mode_t NewFileMode(std::string const & path) {
+  struct stat existing {};
+  if (::stat(path.c_str(), &existing) == 0) return existing.st_mode & 07777;
+  mode_t const mask = ::umask(0);
+  ::umask(mask);
+  return 0666 & ~mask;
 }
 
 // ---- PNG to DIB --------------------------------------------------------
@@ -704,6 +715,7 @@ int VxDibToPng(VxPngInfo * info) {
   std::string temporary = target + ".XXXXXX";
   if (code == VX_PNG_OK) {
     int const descriptor = ::mkstemp(temporary.data());
+    if (descriptor >= 0) ::fchmod(descriptor, NewFileMode(target));
     plan.file = descriptor >= 0 ? ::fdopen(descriptor, "wb") : nullptr;
     if (plan.file == nullptr) {
       if (descriptor >= 0) {

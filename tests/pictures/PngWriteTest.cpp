@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <png.h>
+#include <sys/stat.h>
 
 #include <cstdio>
 #include <cstring>
@@ -318,6 +319,11 @@ TEST(PngWrite, AFailedRunLeavesTheOldFileAndNoTemporary) {
   EXPECT_EQ(VxDibToPng(bad.get()), VX_PNG_LIBPNG);
   EXPECT_EQ(std::wstring(bad->errorText).rfind(L"[libpng] ", 0), 0u);
   EXPECT_EQ(ReadAll(path), before);
+  // The file is readable as any new one, not private like a temporary.
+  mode_t const mask = ::umask(0);
+  ::umask(mask);
+  EXPECT_EQ(std::filesystem::status(path).permissions(),
+            static_cast<std::filesystem::perms>(0666 & ~mask));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Temp("kept")),
                           std::filesystem::directory_iterator()),
             1);
