@@ -26,7 +26,9 @@ std::wstring const & ScratchFile() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {
-  if (size < 1) return 0;
+  // A DIB size of 0 means "size unknown", which trusts the block: the
+  // block must have at least one byte.
+  if (size < 2) return 0;
   // A small picture is enough to reach every step; huge ones only take time.
   if (size >= 13) {
     std::int32_t width = 0;

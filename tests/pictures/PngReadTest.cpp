@@ -66,7 +66,7 @@ Bytes Rgb16(unsigned red, unsigned green, unsigned blue) {
 
 Bytes GammaChunk(double gamma) {
   Bytes data;
-  Put32(data, static_cast<std::uint32_t>(gamma * 100000 + 0.5));
+  Put32(data, static_cast<std::uint32_t>(std::lround(gamma * 100000)));
   return data;
 }
 
