@@ -261,6 +261,32 @@ TEST(PngRead, ScreenGammaCorrectsTheGreyRampByTheTable) {
   }
 }
 
+TEST(PngRead, ScreenGammaCorrectsColourThroughLibpng) {
+  // File gamma 1.0 on a 2.2 screen: v becomes 255 * (v / 255)^(1 / 2.2),
+  // within libpng's table rounding; without a gAMA the file counts as sRGB.
+  struct Case {
+    Bytes chunk;
+    double fileGamma;
+  } const cases[] = {{GammaChunk(1.0), 1.0}, {{}, 0.45455}};
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.fileGamma);
+    PngBuilder builder(3, 1, 8, 2);
+    if (!c.chunk.empty()) builder.Chunk("gAMA", c.chunk);
+    Bytes const png = builder.Finish({{64, 128, 192, 10, 20, 30, 255, 0, 100}});
+    Record info = Reader(png);
+    info->read.screenGammaFlag = true;
+    info->read.screenGamma = 2.2;
+    ASSERT_EQ(VxPngToDib(info.get()), VX_PNG_OK) << Text(*info);
+    Bytes const bits = Bits(*info);
+    unsigned const file[] = {192, 128, 64, 30, 20, 10, 100, 0, 255};  // blue first
+    for (std::size_t i = 0; i < 9; ++i) {
+      double const expected = 255.0 * std::pow(file[i] / 255.0, 1.0 / (2.2 * c.fileGamma));
+      EXPECT_NEAR(bits[i], expected, 1.0) << i;
+    }
+    VxPngFreeDib(info.get());
+  }
+}
+
 TEST(PngRead, FileFactsComeFromTheChunks) {
   Bytes phys;
   Put32(phys, 3780);
