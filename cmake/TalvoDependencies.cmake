@@ -5,6 +5,7 @@ find_package(Threads REQUIRED)
 find_package(Boost 1.74 REQUIRED COMPONENTS locale filesystem system thread date_time
                                             serialization iostreams)
 find_package(JPEG REQUIRED)
+find_package(PNG 1.6 REQUIRED)
 find_package(XercesC 3.2 REQUIRED)
 find_package(OpenSSL 3.0 REQUIRED COMPONENTS Crypto)
 find_package(SQLite3 3.35 REQUIRED)
