@@ -75,8 +75,7 @@ std::string AuditTrailSettingsUI::GetLoginName() {
   std::vector<char> buffer(bufferSize > 0 ? static_cast<size_t>(bufferSize) : 16384);
   passwd entry{};
   passwd * found = nullptr;
-  if (getpwuid_r(geteuid(), &entry, buffer.data(), buffer.size(), &found) != 0 ||
-      found == nullptr)
+  if (getpwuid_r(geteuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || found == nullptr)
     return std::to_string(geteuid());  // an account without a name: its number
   std::string name = found->pw_name;
   if (name.size() > kMaxUserInfo) name.resize(kMaxUserInfo);

@@ -85,8 +85,8 @@ DocPtr Parse(std::string const & text, char const * what, std::string & problem)
     problem = std::string("The ") + what + " is too large.";
     return nullptr;
   }
-  DocPtr doc(xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr,
-                           kParseOptions));
+  DocPtr doc(
+      xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr, kParseOptions));
   if (!doc) {
     xmlError const * error = xmlGetLastError();
     problem = std::string("The ") + what + " is no well-formed XML";
@@ -176,8 +176,8 @@ AuditTrailHtml TransformAuditTrail(std::string const & trailXml, std::string con
   if (!context || !prefs || xsltSetCtxtSecurityPrefs(prefs.get(), context.get()) != 0)
     return Problem("The page could not be prepared.");
   xsltSetTransformErrorFunc(context.get(), nullptr, Collect);
-  DocPtr page(xsltApplyStylesheetUser(sheet.get(), trail.get(), nullptr, nullptr, nullptr,
-                                      context.get()));
+  DocPtr page(
+      xsltApplyStylesheetUser(sheet.get(), trail.get(), nullptr, nullptr, nullptr, context.get()));
   if (!page || context->state != XSLT_STATE_OK)
     return Problem("The stylesheet failed on the audit trail: " + FirstLine(messages));
 

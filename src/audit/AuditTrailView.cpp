@@ -426,8 +426,9 @@ void AuditTrailView::ShowContextMenu(bool keyboard, wxPoint screenPoint) {
   if (keyboard || screenPoint == wxDefaultPosition)
     screenPoint = ClientToScreen(GetClientRect().GetTopLeft()) + wxPoint(5, 5);
   std::unique_ptr<wxMenu> menu = MakeContextMenu();
-  if (menu) VxMenu::TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, screenPoint.x, screenPoint.y, this,
-                                   nullptr);
+  if (menu)
+    VxMenu::TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, screenPoint.x, screenPoint.y, this,
+                           nullptr);
 }
 
 void AuditTrailView::OnContextMenu(wxContextMenuEvent & event) {
