@@ -54,9 +54,16 @@ TEST_F(AuditSettingsTest, TheAdministratorsLevelTurnsOnButOnlyTwoOrMoreImposesIt
     std::optional<int> expected;
   };
   Case const cases[] = {
-      {1, 3, 3},  {2, 3, 2},  {1, 0, 1},  {1, std::nullopt, 1}, {0, 3, 3},
-      {5, 1, 5},  {std::nullopt, 3, 3}, {std::nullopt, std::nullopt, std::nullopt},
-      {-1, 2, 2}, {1, -4, -4},  // only an off of exactly 0 is turned on
+      {1, 3, 3},
+      {2, 3, 2},
+      {1, 0, 1},
+      {1, std::nullopt, 1},
+      {0, 3, 3},
+      {5, 1, 5},
+      {std::nullopt, 3, 3},
+      {std::nullopt, std::nullopt, std::nullopt},
+      {-1, 2, 2},
+      {1, -4, -4},  // only an off of exactly 0 is turned on
   };
   for (Case const & c : cases) {
     SetUp();
@@ -78,7 +85,7 @@ TEST_F(AuditSettingsTest, TheAdministratorsFlagsOnlyTurnOn) {
     std::optional<bool> expected;
   };
   Case const cases[] = {
-      {true, false, true},   {false, true, true},  {false, std::nullopt, false},
+      {true, false, true},        {false, true, true},          {false, std::nullopt, false},
       {true, std::nullopt, true}, {std::nullopt, false, false}, {false, false, false},
   };
   for (char const * name : {"PromptForExtendedUserInfo", "LockedUI"}) {
@@ -100,9 +107,10 @@ TEST_F(AuditSettingsTest, ValuesOfAnotherTypeCountAsAbsent) {
   Machine().WriteKey("LogEvents", "3");
   Machine().WriteKey("LockedUI", "1");
   HKEY key = nullptr;
-  ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, Wide(AuditTrailSettingsUI::GetRegistryKeyPath()).c_str(),
-                          0, KEY_ALL_ACCESS, &key),
-            ERROR_SUCCESS);
+  ASSERT_EQ(
+      RegOpenKeyExW(HKEY_LOCAL_MACHINE, Wide(AuditTrailSettingsUI::GetRegistryKeyPath()).c_str(), 0,
+                    KEY_ALL_ACCESS, &key),
+      ERROR_SUCCESS);
   uint64_t const wide = 1;
   RegSetValueExW(key, L"PromptForExtendedUserInfo", 0, REG_QWORD,
                  reinterpret_cast<BYTE const *>(&wide), sizeof wide);
@@ -157,8 +165,11 @@ TEST_F(AuditSettingsTest, ThePromptFlagReadsTheAdministratorsTrueFirst) {
     std::optional<bool> user;
     bool expected;
   };
-  Case const cases[] = {{true, false, true},  {false, true, true}, {std::nullopt, true, true},
-                        {false, false, false}, {std::nullopt, std::nullopt, false}};
+  Case const cases[] = {{true, false, true},
+                        {false, true, true},
+                        {std::nullopt, true, true},
+                        {false, false, false},
+                        {std::nullopt, std::nullopt, false}};
   for (Case const & c : cases) {
     SetUp();
     if (c.admin) Machine().WriteBool("PromptForExtendedUserInfo", *c.admin);

@@ -48,9 +48,10 @@ TEST(AuditTrailTransform, HostileOrBrokenInputNamesTheProblem) {
   std::string const external =
       "<?xml version=\"1.0\"?><!DOCTYPE AuditTrail SYSTEM \"http://example.invalid/a.dtd\">"
       "<AuditTrail/>";
-  std::string const laughs = "<?xml version=\"1.0\"?><!DOCTYPE l [<!ENTITY a \"aaaaaaaa\">"
-                             "<!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\"><!ENTITY c "
-                             "\"&b;&b;&b;&b;&b;&b;&b;&b;\">]><AuditTrail>&c;</AuditTrail>";
+  std::string const laughs =
+      "<?xml version=\"1.0\"?><!DOCTYPE l [<!ENTITY a \"aaaaaaaa\">"
+      "<!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\"><!ENTITY c "
+      "\"&b;&b;&b;&b;&b;&b;&b;&b;\">]><AuditTrail>&c;</AuditTrail>";
   std::string deep = "<AuditTrail>";
   for (int i = 0; i < 5000; ++i) deep += "<a>";
   std::string const looping =
@@ -119,8 +120,7 @@ TEST(AuditTrailTransform, TheStylesheetMayNeitherReadNorWriteNorFetch) {
 }
 
 TEST(AuditTrailTransform, FilesThatCannotBeReadAreNamed) {
-  AuditTrailHtml const page =
-      TransformAuditTrailFile(Temp("missing.xml"), Temp("missing.xsl"));
+  AuditTrailHtml const page = TransformAuditTrailFile(Temp("missing.xml"), Temp("missing.xsl"));
   EXPECT_FALSE(page.ok);
   EXPECT_NE(page.problem.find("missing.xml"), std::string::npos);
 }
