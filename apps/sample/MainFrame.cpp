@@ -17,10 +17,13 @@
 #include "NotesDialog.h"
 #include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
+#include "PropertiesCommand.h"
 #include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
+#include "RunList.h"
 #include "RunListPanel.h"
 #include "RunPicker.h"
+#include "RunSettingsSheet.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
 #include "TimeGridDialog.h"
@@ -63,6 +66,9 @@ MainFrame::MainFrame()
               wxDefaultPosition, wxSize(720, 480)) {
   BuildMenus();
   BuildPage();
+  auto * view = new wxMenu;
+  AddPropertiesCommand(*view, *this, mRuns->List());
+  GetMenuBar()->Insert(1, view, Tr("Menu", "&View"));
   auto * statusBar = new VxStatusBar(this);
   SetStatusBar(statusBar);
   AddProcessorLoadPane(*statusBar);
@@ -88,6 +94,7 @@ void MainFrame::BuildMenus() {
   AddOpenFavouritesCommand(*tools, *this);
   AddEditsCommand(*tools, *this);
   AddNotesCommand(*tools, *this);
+  AddRunSettingsCommands(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

@@ -26,6 +26,10 @@ enum SampleCommand : int {
   kRunsByProjectCommand,
   kEditsCommand,
   kNotesCommand,
+  kRunSettingsCommand,
+  kNewRunWizardCommand,
+  // View
+  kPropertiesCommand,
   // Runs by project (its own window)
   kLoadTreeCommand,
   kSaveTreeCommand,

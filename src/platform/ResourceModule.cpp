@@ -12,6 +12,7 @@
 #include <wx/image.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
+#include <wx/panel.h>
 #include <wx/radiobut.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -35,6 +36,13 @@ long gExtraDialogStyle = 0;
 class TemplateDialogHandler : public wxDialogXmlHandler {
 public:
   wxObject * DoCreateResource() override {
+    // A property page takes the template's controls into its own panel.
+    if (wxDialog * const dialog = wxDynamicCast(m_instance, wxDialog); dialog == nullptr) {
+      if (wxPanel * const page = wxDynamicCast(m_instance, wxPanel)) {
+        CreateChildren(page);
+        return page;
+      }
+    }
     wxDialog * dialog = wxDynamicCast(m_instance, wxDialog);
     if (dialog == nullptr) dialog = new wxDialog;
     if (dialog->GetHandle() == nullptr) {
@@ -277,5 +285,41 @@ bool LoadDialogTemplate(wxDialog & dialog, wxWindow * parent, unsigned templateI
   if (!loaded) return false;
   if (!dialog.GetTitle().empty()) dialog.SetTitle(vx3::Tr(dialog.GetTitle().utf8_str().data()));
   TranslateLabels(dialog);
+  return true;
+}
+
+bool LoadPageTemplate(wxPanel & page, unsigned templateId) {
+  ResourceModule const * owner = nullptr;
+  ResourceItem const * item = FindInChain(RT_DIALOG, templateId, &owner);
+  if (item == nullptr || page.GetHandle() == nullptr) return false;
+  wxXmlResource & templates = owner->TemplatesWith(*item);
+  if (!templates.LoadObject(&page, page.GetParent(), wxString::Format("%u", templateId),
+                            "wxDialog"))
+    return false;
+  TranslateLabels(page);
+  return true;
+}
+
+bool ReadDialogTemplateFrame(unsigned templateId, wxString & title, wxSize & size) {
+  ResourceModule const * owner = nullptr;
+  ResourceItem const * item = FindInChain(RT_DIALOG, templateId, &owner);
+  if (item == nullptr) return false;
+  wxXmlNode const * node =
+      owner->TemplatesWith(*item).GetResourceNode(wxString::Format("%u", templateId));
+  if (node == nullptr) return false;
+  title.clear();
+  size = wxDefaultSize;
+  for (wxXmlNode const * child = node->GetChildren(); child != nullptr; child = child->GetNext()) {
+    if (child->GetName() == "title") {
+      wxString const text = child->GetNodeContent();
+      if (!text.empty()) title = vx3::Tr(text.utf8_str().data());
+    } else if (child->GetName() == "size") {
+      long width = 0;
+      long height = 0;
+      if (child->GetNodeContent().BeforeFirst(',').ToLong(&width) &&
+          child->GetNodeContent().AfterFirst(',').ToLong(&height) && width > 0 && height > 0)
+        size = wxSize(static_cast<int>(width), static_cast<int>(height));
+    }
+  }
   return true;
 }

@@ -18,6 +18,7 @@
 #include "platform/ResourceModuleData.h"
 
 class wxDialog;
+class wxPanel;
 class wxWindow;
 
 class ResourceModule;
@@ -63,6 +64,16 @@ wxBitmap LoadResourceBitmap(unsigned id);
 // anew. False when no module has the template or it cannot be built.
 bool LoadDialogTemplate(wxDialog & dialog, wxWindow * parent, unsigned templateId,
                         long extraStyle = 0);
+
+// Fills `page`, a panel whose window exists, with the controls of template
+// `templateId` (translated, named by number as in a dialog); the template's
+// title and size are left to the caller (ReadDialogTemplateFrame). False
+// when no module has the template or it cannot be built.
+bool LoadPageTemplate(wxPanel & page, unsigned templateId);
+// The translated title (empty without one) and the size (wxDefaultSize
+// without one) of template `templateId`, without building it. False when no
+// module has the template.
+bool ReadDialogTemplateFrame(unsigned templateId, wxString & title, wxSize & size);
 
 // --- In one module only ----------------------------------------------------
 

@@ -44,6 +44,8 @@
 #include "lists/SelectItemDialog.h"
 #include "platform/WinUser.h"
 #include "platform/commctrl/CListCtrl.h"
+#include "properties/VxModelessPropertySheet.h"
+#include "properties/VxPropertySheet.h"
 #include "utl/Utf.h"
 #include "work/Progress.h"
 
@@ -73,6 +75,9 @@ enum class Opens {
   kProjectTree,      // the runs by project window
   kEdits,            // the edits dialog
   kNotes,            // the notes pad
+  kSheet,            // a property sheet
+  kWizard,           // a property sheet as a wizard
+  kProperties,       // the modeless Properties window
   kReleaseNotes,     // the release notes
   kInput,            // an input dialog
   kSelectItem,       // the item selection
@@ -105,6 +110,9 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Open favourites", {Opens::kDetails}},
     {"Tools/Edits...", {Opens::kEdits}},
     {"Tools/Notes", {Opens::kNotes}},
+    {"Tools/Run settings...", {Opens::kSheet}},
+    {"Tools/New run...", {Opens::kWizard}},
+    {"View/Properties", {Opens::kProperties}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -162,6 +170,8 @@ Seen Look(wxDialog & dialog) {
     seen.opens = Opens::kInstruments;
   } else if (dynamic_cast<EditsDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kEdits;
+  } else if (auto * sheet = dynamic_cast<VxPropertySheet *>(&dialog)) {
+    seen.opens = sheet->IsWizard() ? Opens::kWizard : Opens::kSheet;
   } else if (dynamic_cast<NotesDialog *>(&dialog) != nullptr) {
     seen.opens = Opens::kNotes;
   } else if (dynamic_cast<ReleaseNotesDialog *>(&dialog) != nullptr) {
@@ -281,7 +291,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kInstruments,  Opens::kCalibrationList,  Opens::kDetails,
         Opens::kInfo,         Opens::kScrollBox,        Opens::kEdits,
         Opens::kNotes,        Opens::kReleaseNotes,     Opens::kInput,
-        Opens::kSelectItem,   Opens::kSelectClass,
+        Opens::kSelectItem,   Opens::kSelectClass,      Opens::kSheet,
+        Opens::kWizard,
     };
     bool const opensDialog = dialogKinds.count(expected.opens) != 0;
     if (opensDialog) {
@@ -335,8 +346,16 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kInput:
       case Opens::kSelectItem:
       case Opens::kSelectClass:
+      case Opens::kSheet:
+      case Opens::kWizard:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
+        break;
+      case Opens::kProperties:
+        ASSERT_TRUE(VxModelessPropertySheet::Exists());
+        EXPECT_TRUE(VxModelessPropertySheet::Instance()->IsShown());
+        EXPECT_GT(VxModelessPropertySheet::Instance()->GetPageCount(), 0);
+        VxModelessPropertySheet::Release();
         break;
       case Opens::kCalculation:
         EXPECT_TRUE(calculated);
