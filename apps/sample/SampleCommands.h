@@ -64,6 +64,12 @@ enum SampleCommand : int {
   kAskRunsAndFormatCommand,
   kAskClassCommand,
   kAskPhaseCommand,
+  // Audit Trail
+  kAuditTrailSettingsCommand,
+  kAuditTrailViewCommand,
+  kAuditTrailClearCommand,
+  kAuditTrailSaveAsCommand,
+  kAuditTrailUserInfoCommand,
   // Help
   kReleaseNotesCommand,
   kEndOfSampleCommands

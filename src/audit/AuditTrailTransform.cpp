@@ -16,6 +16,8 @@
 #include <mutex>
 #include <sstream>
 
+#include "utl/Translation.h"
+
 namespace {
 
 // No network, no DTD loading, no entity substitution, no huge documents;
@@ -205,6 +207,7 @@ AuditTrailHtml TransformAuditTrailFile(std::string const & trailPath,
 std::string AuditTrailProblemPage(std::string const & problem) {
   return "<!DOCTYPE html><html><head><meta charset=\"utf-8\"><title>Audit Trail</title></head>"
          "<body style=\"font-family: sans-serif; font-size: 10pt; margin: 1em\">"
-         "<h3>The audit trail cannot be shown.</h3><p>" +
+         "<h3>" +
+         Escaped(vx3::Tr("The audit trail cannot be shown.").utf8_string()) + "</h3><p>" +
          Escaped(problem) + "</p></body></html>";
 }

@@ -61,27 +61,28 @@ enum class Opens {
   kBatchQuestion,
   kDateFormat,
   kTimeGrid,
-  kRunPicker,        // the filter popup over the sample's runs
-  kInstruments,      // the instruments dialog
-  kReportWindow,     // the report window opens over the frame
-  kCalibrationList,  // the sample's report list
-  kMessageBox,       // a CustomMessageBoxDlg of `boxType` (buttons and icon)
-  kDetails,          // a details dialog
-  kInfo,             // an information dialog
-  kScrollBox,        // a message box whose text scrolls
-  kNothing,          // says so in the status bar
-  kAboutBox,         // the application's about command
-  kCloseRequest,     // the frame is asked to close
-  kProjectTree,      // the runs by project window
-  kEdits,            // the edits dialog
-  kNotes,            // the notes pad
-  kSheet,            // a property sheet
-  kWizard,           // a property sheet as a wizard
-  kProperties,       // the modeless Properties window
-  kReleaseNotes,     // the release notes
-  kInput,            // an input dialog
-  kSelectItem,       // the item selection
-  kSelectClass,      // the class or phase choice
+  kRunPicker,         // the filter popup over the sample's runs
+  kInstruments,       // the instruments dialog
+  kReportWindow,      // the report window opens over the frame
+  kCalibrationList,   // the sample's report list
+  kMessageBox,        // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,           // a details dialog
+  kInfo,              // an information dialog
+  kScrollBox,         // a message box whose text scrolls
+  kNothing,           // says so in the status bar
+  kAboutBox,          // the application's about command
+  kCloseRequest,      // the frame is asked to close
+  kProjectTree,       // the runs by project window
+  kEdits,             // the edits dialog
+  kNotes,             // the notes pad
+  kSheet,             // a property sheet
+  kWizard,            // a property sheet as a wizard
+  kProperties,        // the modeless Properties window
+  kReleaseNotes,      // the release notes
+  kInput,             // an input dialog
+  kSelectItem,        // the item selection
+  kSelectClass,       // the class or phase choice
+  kAuditTrailWindow,  // the audit trail's window opens over the frame
 };
 
 struct Expected {
@@ -140,6 +141,11 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Ask/Runs and export format...", {Opens::kSelectItem}},
     {"Messages/Ask/New class...", {Opens::kSelectClass}},
     {"Messages/Ask/Phase...", {Opens::kSelectClass}},
+    {"Audit Trail/Settings...", {Opens::kSheet}},
+    {"Audit Trail/View", {Opens::kAuditTrailWindow}},
+    {"Audit Trail/Clear...", {Opens::kMessageBox, MB_YESNO | MB_ICONEXCLAMATION}},
+    {"Audit Trail/Save As...", {Opens::kMessageBox, MB_OK}},
+    {"Audit Trail/Edit User Information...", {Opens::kInput}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/About...", {Opens::kAboutBox}},
 };
@@ -366,10 +372,13 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         EXPECT_EQ(pickerRows, 1000000);
         EXPECT_EQ(Status(), "No run picked.");
         break;
+      case Opens::kAuditTrailWindow:
       case Opens::kReportWindow: {
         wxWindow * report = nullptr;
         for (wxWindow * child : frame->GetChildren())
-          if (child->IsTopLevel() && child->GetId() == wxID_HIGHEST + 900) report = child;
+          if (child->IsTopLevel() &&
+              child->GetId() == wxID_HIGHEST + (expected.opens == Opens::kReportWindow ? 900 : 910))
+            report = child;
         ASSERT_NE(report, nullptr);
         report->Destroy();
         break;

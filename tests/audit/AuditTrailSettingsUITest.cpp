@@ -181,6 +181,17 @@ TEST_F(AuditSettingsTest, ThePromptFlagReadsTheAdministratorsTrueFirst) {
   bool value = false;
   EXPECT_TRUE(Machine().ReadBool("PromptForExtendedUserInfo", value));
   EXPECT_TRUE(value);
+  // As the hive's own tool sees it.
+  std::string const command =
+      "sqlite3 '" + std::string(std::getenv("TALVO_REGISTRY_SYSTEM_HIVE")) + "' .dump";
+  FILE * dump = ::popen(command.c_str(), "r");
+  ASSERT_NE(dump, nullptr);
+  std::string text;
+  char buffer[4096];
+  for (size_t read = 0; (read = std::fread(buffer, 1, sizeof buffer, dump)) > 0;)
+    text.append(buffer, read);
+  ::pclose(dump);
+  EXPECT_NE(text.find("PromptForExtendedUserInfo"), std::string::npos) << text.substr(0, 2000);
 }
 
 // Run in a child as an account that may not write the system hive: the

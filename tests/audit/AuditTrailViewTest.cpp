@@ -5,11 +5,15 @@
 
 #include <sys/stat.h>
 
+#include <cstdio>
+
+#include <wx/checkbox.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/textctrl.h>
 
+#include "audit/AuditTrailPage.h"
 #include "audit/AuditTrailSettingsUI.h"
 #include "audit/AuditTrailView.h"
 #include "controls/VxMenu.h"
@@ -18,8 +22,11 @@
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/MenuCommandIds.h"
+#include "platform/WinReg.h"
 #include "platform/WinUser.h"
+#include "properties/VxPropertySheet.h"
 #include "settings/LaunchURL.h"
+#include "settings/RegistrySection.h"
 #include "utl/AuditTrail.h"
 #include "utl/InMemorySection.h"
 #include "utl/TestFiles.h"
@@ -59,6 +66,18 @@ public:
   int copies = 0;
 };
 
+// The standard output of a shell command.
+std::string Output(std::string const & command) {
+  std::string output;
+  FILE * pipe = ::popen(command.c_str(), "r");
+  if (pipe == nullptr) return "(not run)";
+  char buffer[4096];
+  for (size_t read = 0; (read = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
+    output.append(buffer, read);
+  ::pclose(pipe);
+  return output;
+}
+
 InMemorySection * Level(int level) {
   auto * section = new InMemorySection;
   section->WriteInt("LogEvents", level);
@@ -84,8 +103,8 @@ protected:
   }
   // A trail in the test's folder at `level`, in a session, with one event.
   void MakeTrail(int level) {
-    trail = std::make_unique<AuditTrail>((folder + "/trail.xml").c_str(), Level(level),
-                                         Temp("keys"));
+    trail =
+        std::make_unique<AuditTrail>((folder + "/trail.xml").c_str(), Level(level), Temp("keys"));
     trail->SetUserName("ann");
     trail->BeginSessionAndVerifySignature();
     trail->AddEvent("Sample A measured.", "", 0);
@@ -190,17 +209,17 @@ TEST_F(AuditTrailViewTest, LinksGoToCommandsOrOutsideButNeverLoadInTheView) {
     trail->AddEvent("Unsaved.", "", 0);
     EXPECT_EQ(browser->events->OnBrowserNavigating(c.url), c.vetoed) << c.url;
     gui_test::Flush();
-    EXPECT_EQ(commands, c.command != 0 ? std::vector<int>{c.command} : std::vector<int>{})
-        << c.url;
-    EXPECT_EQ(launched, *c.launched != 0 ? std::vector<std::string>{c.launched}
-                                         : std::vector<std::string>{})
+    EXPECT_EQ(commands, c.command != 0 ? std::vector<int>{c.command} : std::vector<int>{}) << c.url;
+    EXPECT_EQ(launched,
+              *c.launched != 0 ? std::vector<std::string>{c.launched} : std::vector<std::string>{})
         << c.url;
     EXPECT_FALSE(trail->IsModified()) << c.url << ": saved before going anywhere";
   }
   VxSetUrlLauncher(former);
 }
 
-TEST_F(AuditTrailViewTest, TheContextMenuGraysPrintAndSaveWithoutATrailAndOpensAtTheKeyboardCorner) {
+TEST_F(AuditTrailViewTest,
+       TheContextMenuGraysPrintAndSaveWithoutATrailAndOpensAtTheKeyboardCorner) {
   auto enabled = [&](unsigned int command) {
     std::unique_ptr<wxMenu> menu = view->MakeContextMenu();
     return menu->IsEnabled(MenuItemIdFromCommand(command));
@@ -331,6 +350,17 @@ TEST_F(AuditTrailDialogsTest, SavingACopyWritesItsStylesheetBesideIt) {
   EXPECT_EQ(Slurp(folder + "/copy/audit_trail.xsl"), AuditTrail::GetStylesheet());
   ASSERT_EQ(script.Shown().size(), 1u);
   EXPECT_NE(script.Shown()[0].message.Find(".XSL file"), wxNOT_FOUND);
+
+  // The copy stands on its own for the common tools: valid XML, and the
+  // stylesheet beside it renders a row per event.
+  EXPECT_EQ(Output("xmllint --noout '" + copy + "' 2>&1"), "");
+  std::string const html =
+      Output("cd '" + folder + "/copy' && xsltproc --nonet audit_trail.xsl Saved.xml");
+  size_t rows = 0;
+  for (size_t at = html.find("<td class=\"time\">"); at != std::string::npos;
+       at = html.find("<td class=\"time\">", at + 1))
+    ++rows;
+  EXPECT_EQ(rows, trail->GetEvents().size()) << html;
 }
 
 TEST_F(AuditTrailDialogsTest, EditingUserInformationStoresItAndCancellingMayStopThePrompt) {
@@ -369,6 +399,109 @@ TEST_F(AuditTrailDialogsTest, EditingUserInformationStoresItAndCancellingMayStop
     trail->mSettings.GetSection()->ReadBool("PromptForExtendedUserInfo", saved);
     EXPECT_FALSE(saved);
   }
+}
+
+// The page in a sheet: what it shows and lets change, and what OK applies.
+class AuditTrailPageTest : public AuditTrailViewTest {
+protected:
+  struct Shown {
+    bool logging = false;
+    bool loggingEnabled = false;
+    bool prompt = false;
+    bool promptEnabled = false;
+    bool promptVisible = false;
+    bool clearEnabled = false;
+  };
+  static wxCheckBox * Box(wxWindow * page, int id) {
+    return dynamic_cast<wxCheckBox *>(page->FindWindow(id));
+  }
+  // Runs the sheet with `page`, reads the page, then `act` (may tick) and OK.
+  Shown Run(AuditTrailPage & page, std::function<void(wxWindow &)> const & act = {}) {
+    Shown shown;
+    VxPropertySheet sheet(L"Audit", frame);
+    sheet.AddPage(&page);
+    ModalDialogScript script;
+    script.Act([&](wxDialog & d) {
+      wxWindow * window = page.GetSafeHwnd();
+      ASSERT_NE(window, nullptr);
+      shown.logging = Box(window, AuditTrailPage::kLogEvents)->GetValue();
+      shown.loggingEnabled = Box(window, AuditTrailPage::kLogEvents)->IsEnabled();
+      shown.prompt = Box(window, AuditTrailPage::kPrompt)->GetValue();
+      shown.promptEnabled = Box(window, AuditTrailPage::kPrompt)->IsEnabled();
+      shown.promptVisible = window->FindWindow(AuditTrailPage::kPromptText)->IsShown();
+      shown.clearEnabled = window->FindWindow(AuditTrailPage::kClear)->IsEnabled();
+      if (act) act(*window);
+      gui_test::Click(d, IDOK);
+    });
+    sheet.DoModal();
+    return shown;
+  }
+  static void Tick(wxWindow & page, int id) {
+    wxCheckBox * box = Box(&page, id);
+    box->SetValue(!box->GetValue());
+    wxCommandEvent click(wxEVT_CHECKBOX, id);
+    click.SetEventObject(box);
+    click.SetInt(box->GetValue() ? 1 : 0);
+    box->GetEventHandler()->ProcessEvent(click);
+  }
+};
+
+TEST_F(AuditTrailPageTest, TickingLoggingOnAppliesItToTheTrail) {
+  MakeTrail(0);
+  AuditTrailPage page(trail.get(), false);
+  Shown const shown = Run(page, [](wxWindow & window) {
+    Tick(window, AuditTrailPage::kLogEvents);
+    Tick(window, AuditTrailPage::kPrompt);
+  });
+  EXPECT_FALSE(shown.logging);
+  EXPECT_TRUE(shown.loggingEnabled);
+  EXPECT_TRUE(shown.clearEnabled);
+  EXPECT_TRUE(page.IsDirty());
+  EXPECT_EQ(trail->mSettings.mLogLevel, 1);
+  EXPECT_TRUE(trail->mSettings.mPromptForExtendedUserInfo);
+  EXPECT_EQ(trail->GetEvents().back().text, "Audit Trail turned on.");
+
+  // Nothing changed: nothing applied.
+  AuditTrailPage untouched(trail.get(), true);
+  Shown const again = Run(untouched);
+  EXPECT_TRUE(again.logging);
+  EXPECT_FALSE(again.promptVisible) << "extended information hidden";
+  EXPECT_FALSE(untouched.IsDirty());
+}
+
+TEST_F(AuditTrailPageTest, ALockedPageOrTrailShowsButDoesNotChange) {
+  MakeTrail(1);
+  for (bool const lockTrail : {false, true}) {
+    trail->mSettings.mLocked = lockTrail;
+    AuditTrailPage page(trail.get(), false);
+    page.LockPage(!lockTrail);
+    Shown const shown = Run(page);
+    EXPECT_TRUE(shown.logging);
+    EXPECT_FALSE(shown.loggingEnabled);
+    EXPECT_FALSE(shown.promptEnabled);
+    EXPECT_TRUE(shown.clearEnabled) << "clearing says itself why it refuses";
+  }
+}
+
+TEST_F(AuditTrailPageTest, WithoutATrailThePageShowsTheAdministratorsPolicy) {
+  std::wstring const key(AuditTrailSettingsUI::GetRegistryKeyPath().begin(),
+                         AuditTrailSettingsUI::GetRegistryKeyPath().end());
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
+  {
+    RegistrySection machine(HKEY_LOCAL_MACHINE, AuditTrailSettingsUI::GetRegistryKeyPath().c_str(),
+                            KEY_ALL_ACCESS, true);
+    machine.WriteInt("LogEvents", 2);
+    machine.WriteBool("PromptForExtendedUserInfo", true);
+  }
+  AuditTrailPage page;
+  Shown const shown = Run(page);
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
+  EXPECT_TRUE(shown.logging);
+  EXPECT_TRUE(shown.prompt);
+  EXPECT_FALSE(shown.loggingEnabled);
+  EXPECT_FALSE(shown.promptEnabled);
+  EXPECT_FALSE(shown.clearEnabled);
+  EXPECT_FALSE(page.IsDirty());
 }
 
 }  // namespace
