@@ -484,8 +484,8 @@ TEST_F(AuditTrailPageTest, ALockedPageOrTrailShowsButDoesNotChange) {
 }
 
 TEST_F(AuditTrailPageTest, WithoutATrailThePageShowsTheAdministratorsPolicy) {
-  std::wstring const key(AuditTrailSettingsUI::GetRegistryKeyPath().begin(),
-                         AuditTrailSettingsUI::GetRegistryKeyPath().end());
+  std::string const path = AuditTrailSettingsUI::GetRegistryKeyPath();
+  std::wstring const key(path.begin(), path.end());
   RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
   {
     RegistrySection machine(HKEY_LOCAL_MACHINE, AuditTrailSettingsUI::GetRegistryKeyPath().c_str(),
