@@ -56,6 +56,13 @@ void OpenWindow(wxFrame & frame) {
   window->Show();
 }
 
+bool HoldsEvents(wxFrame & frame) {
+  AuditTrail & trail = SampleAuditTrail();
+  if (trail.mSettings.mLogLevel >= 1 && !trail.IsEmpty()) return true;
+  frame.SetStatusText(Tr("The audit trail is off or empty."));
+  return false;
+}
+
 }  // namespace
 
 AuditTrail & SampleAuditTrail() {
@@ -104,14 +111,19 @@ wxMenu * CreateAuditTrailMenu(wxFrame & frame) {
       wxEVT_MENU, [&frame](wxCommandEvent &) { ShowSettings(frame); }, kAuditTrailSettingsCommand);
   frame.Bind(
       wxEVT_MENU, [&frame](wxCommandEvent &) { OpenWindow(frame); }, kAuditTrailViewCommand);
+  // As in the trail's view: Clear and Save As need a trail that is on and
+  // holds events; otherwise the status bar says so.
   frame.Bind(
       wxEVT_MENU,
-      [](wxCommandEvent &) { AuditTrailSettingsUI::ClearAuditTrail(&SampleAuditTrail()); },
+      [&frame](wxCommandEvent &) {
+        if (HoldsEvents(frame)) AuditTrailSettingsUI::ClearAuditTrail(&SampleAuditTrail());
+      },
       kAuditTrailClearCommand);
   frame.Bind(
       wxEVT_MENU,
-      [](wxCommandEvent &) {
-        AuditTrailSettingsUI::AuditTrailViewSaveAsDialog(&SampleAuditTrail());
+      [&frame](wxCommandEvent &) {
+        if (HoldsEvents(frame))
+          AuditTrailSettingsUI::AuditTrailViewSaveAsDialog(&SampleAuditTrail());
       },
       kAuditTrailSaveAsCommand);
   frame.Bind(
