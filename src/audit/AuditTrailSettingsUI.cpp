@@ -115,7 +115,7 @@ std::string AuditTrailSettingsUI::EditExtendedUserInfo(AuditTrailSettings * sett
           .str());
   VxInputDialog dialog(parent, title.wc_str(), prompt.wc_str(), L"", value, kMaxUserInfo);
   if (dialog.DoModal() == IDOK) {
-    std::string const info = value.utf8_string();
+    std::string info = value.utf8_string();
     SetExtendedUserInfo(user.c_str(), info.c_str());
     return info;
   }
