@@ -6,6 +6,7 @@
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include "AuditTrailMenu.h"
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
 #include "DateFormatCommand.h"
@@ -110,6 +111,7 @@ void MainFrame::BuildMenus() {
   bar->Append(file, Tr("Menu", "&File"));
   bar->Append(tools, Tr("Menu", "&Tools"));
   bar->Append(CreateMessagesMenu(*this), Tr("Menu", "&Messages"));
+  bar->Append(CreateAuditTrailMenu(*this), Tr("Menu", "&Audit Trail"));
   bar->Append(help, Tr("Menu", "&Help"));
   SetMenuBar(bar);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
@@ -162,4 +164,5 @@ void MainFrame::OnRunCalculation(wxCommandEvent &) {
   // after that.
   CalculationOutcome const outcome = RunSampleCalculation(this, mCalculation);
   SetStatusText(DescribeOutcome(outcome) + "  " + DescribeDuration(outcome));
+  RecordSampleAuditEvent("Calculation run.", DescribeOutcome(outcome));
 }

@@ -68,6 +68,12 @@ enum SampleCommand : int {
   kAskRunsAndFormatCommand,
   kAskClassCommand,
   kAskPhaseCommand,
+  // Audit Trail
+  kAuditTrailSettingsCommand,
+  kAuditTrailViewCommand,
+  kAuditTrailClearCommand,
+  kAuditTrailSaveAsCommand,
+  kAuditTrailUserInfoCommand,
   // Help
   kReleaseNotesCommand,
   kEndOfSampleCommands

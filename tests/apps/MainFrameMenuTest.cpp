@@ -65,31 +65,53 @@ enum class Opens {
   kBatchQuestion,
   kDateFormat,
   kTimeGrid,
-  kRunPicker,        // the filter popup over the sample's runs
-  kInstruments,      // the instruments dialog
-  kReportWindow,     // the report window opens over the frame
-  kCalibrationList,  // the sample's report list
-  kSeries,           // the sample's tree list
-  kMessageBox,       // a CustomMessageBoxDlg of `boxType` (buttons and icon)
-  kDetails,          // a details dialog
-  kInfo,             // an information dialog
-  kScrollBox,        // a message box whose text scrolls
-  kNothing,          // says so in the status bar
-  kAboutBox,         // the application's about command
-  kCloseRequest,     // the frame is asked to close
-  kProjectTree,      // the runs by project window
-  kEdits,            // the edits dialog
-  kNotes,            // the notes pad
-  kSheet,            // a property sheet
-  kWizard,           // a property sheet as a wizard
-  kProperties,       // the modeless Properties window
-  kReleaseNotes,     // the release notes
-  kInput,            // an input dialog
-  kSelectItem,       // the item selection
-  kSelectClass,      // the class or phase choice
-  kPropertyEditors,  // the property editors
-  kService,          // the service dialog
-  kPropertyList,     // the run settings in a property list
+  kRunPicker,         // the filter popup over the sample's runs
+  kInstruments,       // the instruments dialog
+  kReportWindow,      // the report window opens over the frame
+  kCalibrationList,   // the sample's report list
+  kSeries,            // the sample's tree list
+  kMessageBox,        // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,           // a details dialog
+  kInfo,              // an information dialog
+  kScrollBox,         // a message box whose text scrolls
+  kNothing,           // says so in the status bar
+  kAboutBox,          // the application's about command
+  kCloseRequest,      // the frame is asked to close
+  kProjectTree,       // the runs by project window
+  kEdits,             // the edits dialog
+  kNotes,             // the notes pad
+  kSheet,             // a property sheet
+  kWizard,            // a property sheet as a wizard
+  kProperties,        // the modeless Properties window
+  kReleaseNotes,      // the release notes
+  kInput,             // an input dialog
+  kSelectItem,        // the item selection
+  kSelectClass,       // the class or phase choice
+  kPropertyEditors,   // the property editors
+  kService,           // the service dialog
+  kPropertyList,      // the run settings in a property list
+  kRunPicker,         // the filter popup over the sample's runs
+  kInstruments,       // the instruments dialog
+  kReportWindow,      // the report window opens over the frame
+  kCalibrationList,   // the sample's report list
+  kMessageBox,        // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,           // a details dialog
+  kInfo,              // an information dialog
+  kScrollBox,         // a message box whose text scrolls
+  kNothing,           // says so in the status bar
+  kAboutBox,          // the application's about command
+  kCloseRequest,      // the frame is asked to close
+  kProjectTree,       // the runs by project window
+  kEdits,             // the edits dialog
+  kNotes,             // the notes pad
+  kSheet,             // a property sheet
+  kWizard,            // a property sheet as a wizard
+  kProperties,        // the modeless Properties window
+  kReleaseNotes,      // the release notes
+  kInput,             // an input dialog
+  kSelectItem,        // the item selection
+  kSelectClass,       // the class or phase choice
+  kAuditTrailWindow,  // the audit trail's window opens over the frame
 };
 
 struct Expected {
@@ -152,6 +174,11 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Ask/Runs and export format...", {Opens::kSelectItem}},
     {"Messages/Ask/New class...", {Opens::kSelectClass}},
     {"Messages/Ask/Phase...", {Opens::kSelectClass}},
+    {"Audit Trail/Settings...", {Opens::kSheet}},
+    {"Audit Trail/View", {Opens::kAuditTrailWindow}},
+    {"Audit Trail/Clear...", {Opens::kNothing}},  // the sample's trail is off
+    {"Audit Trail/Save As...", {Opens::kNothing}},
+    {"Audit Trail/Edit User Information...", {Opens::kInput}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/About...", {Opens::kAboutBox}},
 };
@@ -390,6 +417,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kWizard:
       case Opens::kService:
       case Opens::kPropertyList:
+      case Opens::kSheet:
+      case Opens::kWizard:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
@@ -408,10 +437,13 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         EXPECT_EQ(pickerRows, 1000000);
         EXPECT_EQ(Status(), "No run picked.");
         break;
+      case Opens::kAuditTrailWindow:
       case Opens::kReportWindow: {
         wxWindow * report = nullptr;
         for (wxWindow * child : frame->GetChildren())
-          if (child->IsTopLevel() && child->GetId() == wxID_HIGHEST + 900) report = child;
+          if (child->IsTopLevel() &&
+              child->GetId() == wxID_HIGHEST + (expected.opens == Opens::kReportWindow ? 900 : 910))
+            report = child;
         ASSERT_NE(report, nullptr);
         report->Destroy();
         break;
