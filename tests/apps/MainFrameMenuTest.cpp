@@ -396,8 +396,6 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kWizard:
       case Opens::kService:
       case Opens::kPropertyList:
-      case Opens::kSheet:
-      case Opens::kWizard:
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
