@@ -23,7 +23,7 @@ bool IsPlainAscii(std::string_view text) {
 // The cleaned `text` appended to `out`.
 void AppendClean(std::string_view text, std::string & out) {
   if (IsPlainAscii(text)) {
-    out.append(text);
+    out.append(text.data(), text.size());
     return;
   }
   std::string const valid =
@@ -69,7 +69,7 @@ EntryFields::EntryFields(std::string_view source, std::string_view log, std::str
 
 EntryFields::Span EntryFields::AppendNumberField(std::string_view name, unsigned long value) {
   Span const span{mBuffer.size(), 0};
-  mBuffer.append(name);
+  mBuffer.append(name.data(), name.size());
   char digits[24];
   auto const end = std::to_chars(digits, digits + sizeof digits, value).ptr;
   mBuffer.append(digits, end);
@@ -89,11 +89,12 @@ void EntryFields::Build(unsigned long id, unsigned int type, unsigned short cate
   for (size_t i = 0; i < stringCount; ++i) {
     Span span = AppendNumberField("EVENT_STRING_", i + 1);
     mBuffer += '=';
-    size_t const value = mBuffer.size();
+    span.value = mBuffer.size();
     AppendClean(strings[i], mBuffer);
     span.size = mBuffer.size() - span.at;
-    valueBytes += mBuffer.size() - value;
-    if (!mHasNewline && std::memchr(mBuffer.data() + value, '\n', mBuffer.size() - value))
+    size_t const size = mBuffer.size() - span.value;
+    valueBytes += size;
+    if (!mHasNewline && std::memchr(mBuffer.data() + span.value, '\n', size) != nullptr)
       mHasNewline = true;
     mStrings.push_back(span);
   }
@@ -104,11 +105,9 @@ void EntryFields::Build(unsigned long id, unsigned int type, unsigned short cate
   mBuffer += ':';
   mBuffer += ' ';
   for (size_t i = 0; i < mStrings.size(); ++i) {
-    if (i > 0) mBuffer.append("; ");
+    if (i > 0) mBuffer.append("; ", 2);
     Span const & field = mStrings[i];
-    char const * const start = mBuffer.data() + field.at;
-    char const * const value = static_cast<char const *>(std::memchr(start, '=', field.size)) + 1;
-    mBuffer.append(value, start + field.size);
+    mBuffer.append(mBuffer.data() + field.value, field.at + field.size - field.value);
   }
   mMessage.size = mBuffer.size() - mMessage.at;
   Span const priority = AppendNumberField("PRIORITY=", static_cast<unsigned long>(mPriority));

@@ -67,6 +67,7 @@ private:
   struct Span {
     size_t at;
     size_t size;
+    size_t value = 0;  // where the value starts, for the insertion strings
   };
   Span AppendNumberField(std::string_view name, unsigned long value);
 
