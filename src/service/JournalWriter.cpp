@@ -68,10 +68,19 @@ std::string JournalWriter::EncodeDatagram(iovec const * fields, size_t count) {
   return datagram;
 }
 
-bool JournalWriter::SendDatagram(VxJournal::EntryFields const & entry) {
+bool JournalWriter::Connect() {
+  if (mSocket >= 0) return true;
   if (mAddress.sun_path[0] == '\0') return false;
-  if (mSocket < 0) mSocket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+  mSocket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
   if (mSocket < 0) return false;
+  if (::connect(mSocket, reinterpret_cast<sockaddr const *>(&mAddress), sizeof mAddress) == 0)
+    return true;
+  ::close(mSocket);
+  mSocket = -1;
+  return false;
+}
+
+bool JournalWriter::SendDatagram(VxJournal::EntryFields const & entry) {
   // The fields go out in place, as sd_journal_sendv sends them: a field
   // with a newline in its value, or a vector longer than the kernel takes,
   // is written into one buffer first.
@@ -87,15 +96,22 @@ bool JournalWriter::SendDatagram(VxJournal::EntryFields const & entry) {
     mParts.push_back({mDatagram.data(), mDatagram.size()});
   }
   msghdr message{};
-  message.msg_name = &mAddress;
-  message.msg_namelen = sizeof mAddress;
   message.msg_iov = mParts.data();
   message.msg_iovlen = mParts.size();
-  ssize_t sent = 0;
-  do {
-    sent = ::sendmsg(mSocket, &message, MSG_NOSIGNAL);
-  } while (sent < 0 && errno == EINTR);
-  return sent > 0;
+  // The socket stays connected, which spares looking its path up for every
+  // entry; a journal started again since then has a new socket there.
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    if (!Connect()) return false;
+    ssize_t sent = 0;
+    do {
+      sent = ::sendmsg(mSocket, &message, MSG_NOSIGNAL);
+    } while (sent < 0 && errno == EINTR);
+    if (sent > 0) return true;
+    if (errno != ECONNREFUSED && errno != ENOTCONN) return false;
+    ::close(mSocket);
+    mSocket = -1;
+  }
+  return false;
 }
 
 bool JournalWriter::JournalListens() {

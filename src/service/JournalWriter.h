@@ -46,6 +46,7 @@ public:
   static std::string EncodeDatagram(iovec const * fields, size_t count);
 
 private:
+  bool Connect();
   bool SendDatagram(VxJournal::EntryFields const & entry);
   bool JournalListens();
 
