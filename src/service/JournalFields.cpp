@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 
 #include "utl/Utf.h"
 
@@ -94,7 +93,7 @@ void EntryFields::Build(unsigned long id, unsigned int type, unsigned short cate
     span.size = mBuffer.size() - span.at;
     size_t const size = mBuffer.size() - span.value;
     valueBytes += size;
-    if (!mHasNewline && std::memchr(mBuffer.data() + span.value, '\n', size) != nullptr)
+    if (!mHasNewline && std::string_view(mBuffer).find('\n', span.value) != std::string::npos)
       mHasNewline = true;
     mStrings.push_back(span);
   }
