@@ -3,7 +3,8 @@
 //   With a journal on this machine that is sd_journal_sendv on the journal's
 //   socket; without one both go to a socket bound here, the baseline sending
 //   the prepared fields in place as sd_journal_sendv does. A thread reads the
-//   socket all the while, as journald would.
+//   socket all the while, as journald would. (The event log keeps its own
+//   socket connected, so there it is spared the baseline's path look-up.)
 // - From SIGTERM to the STOPPING=1 record, read on a notify socket bound
 //   here, for talvo-sample-service started afresh for every measurement,
 //   beside a bare process that answers the signal and nothing else.

@@ -57,23 +57,25 @@ bool IsFieldName(std::string const & name) {
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   if (size < 7) return 0;
-  VxJournal::Entry entry;
-  entry.id =
+  unsigned long const id =
       data[0] | (data[1] << 8) | (data[2] << 16) | (static_cast<unsigned long>(data[3]) << 24);
-  entry.type = data[4];
-  entry.category = static_cast<unsigned short>(data[5] | (data[6] << 8));
+  unsigned int const type = data[4];
+  auto const category = static_cast<unsigned short>(data[5] | (data[6] << 8));
   std::vector<std::string> parts =
       Split(std::string(reinterpret_cast<char const *>(data) + 7, size - 7));
-  entry.source = parts.front();
-  entry.log = "Application";
   std::string const binary = parts.size() > 2 ? parts.back() : std::string();
-  entry.data = binary.data();
-  entry.dataSize = binary.size();
   std::vector<std::string> const strings(parts.begin() + 1,
                                          parts.size() > 2 ? parts.end() - 1 : parts.end());
 
-  std::vector<std::string> const fields = VxJournal::EncodeFields(entry, strings);
-  for (std::string const & field : fields) {
+  // Built twice: the second entry must not keep anything of the first.
+  VxJournal::EntryFields entry(parts.front(), "Application", "S-1-22-1-0");
+  entry.Build(id ^ 1u, type, category, parts.data(), parts.size());
+  entry.Build(id, type, category, strings.data(), strings.size(), binary.data(), binary.size());
+  std::vector<std::string> fields;
+  bool newline = false;
+  for (size_t i = 0; i < entry.Count(); ++i) {
+    std::string const field(static_cast<char const *>(entry.Fields()[i].iov_base),
+                            entry.Fields()[i].iov_len);
     size_t const equals = field.find('=');
     if (equals == std::string::npos || !IsFieldName(field.substr(0, equals))) __builtin_trap();
     std::string const value = field.substr(equals + 1);
@@ -82,8 +84,14 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
     if (field.rfind("SYSLOG_IDENTIFIER=", 0) == 0 &&
         value.find_first_of("\n\r") != std::string::npos)
       __builtin_trap();
+    if (i == 0 && (field.rfind("MESSAGE=", 0) != 0 || value != entry.Message())) __builtin_trap();
+    newline = newline || value.find('\n') != std::string::npos;
+    fields.push_back(field);
   }
+  if (newline != entry.HasNewline()) __builtin_trap();
   std::vector<std::string> parsed;
-  if (!Parse(JournalWriter::EncodeDatagram(fields), parsed) || parsed != fields) __builtin_trap();
+  if (!Parse(JournalWriter::EncodeDatagram(entry.Fields(), entry.Count()), parsed) ||
+      parsed != fields)
+    __builtin_trap();
   return 0;
 }

@@ -51,13 +51,13 @@ bool IsKeyName(wchar_t const * name) {
 EventLog::EventLog(wchar_t const * source) : EventLog(source, std::make_shared<JournalWriter>()) {}
 
 EventLog::EventLog(wchar_t const * source, std::shared_ptr<JournalWriter> writer)
-    : mSid(nullptr), mSidText(mSid.ToString()), mWriter(std::move(writer)) {
+    : mSid(nullptr), mWriter(std::move(writer)) {
   if (source == nullptr) return;
   mSource = Narrow(source);
-  mIdentifier = VxJournal::CleanIdentifier(mSource);
   mLog = LogNameFromSourceName(source);
   // An unregistered source writes to the application log, as it always did.
   if (mLog.empty()) mLog = APPLICATION_LOG;
+  mFields = std::make_unique<VxJournal::EntryFields>(mSource, mLog, mSid.ToString());
 }
 
 EventLog::~EventLog() = default;
@@ -99,36 +99,28 @@ bool EventLog::DeleteEventSource(wchar_t const * source) {
 
 void EventLog::WriteEntry(unsigned long id, EventType type, unsigned short category,
                           unsigned long size, void const * data) {
-  InternalWriteEntry({}, id, type, category, size, data);
+  InternalWriteEntry(nullptr, 0, id, type, category, size, data);
 }
 
 void EventLog::WriteEntry(std::string const & text, unsigned long id, EventType type,
                           unsigned short category, unsigned long size, void const * data) {
-  InternalWriteEntry({text}, id, type, category, size, data);
+  InternalWriteEntry(&text, 1, id, type, category, size, data);
 }
 
 void EventLog::WriteEntry(std::vector<std::string> const & texts, unsigned long id, EventType type,
                           unsigned short category, unsigned long size, void const * data) {
-  InternalWriteEntry(texts, id, type, category, size, data);
+  InternalWriteEntry(texts.data(), texts.size(), id, type, category, size, data);
 }
 
-void EventLog::InternalWriteEntry(std::vector<std::string> const & texts, unsigned long id,
+void EventLog::InternalWriteEntry(std::string const * texts, size_t count, unsigned long id,
                                   EventType type, unsigned short category, unsigned long size,
                                   void const * data) {
   if (mSource.empty() || !mWriter) return;
   try {
-    VxJournal::Entry entry;
-    entry.source = mSource;
-    entry.log = mLog;
-    entry.userSid = mSidText;
-    entry.id = id;
-    entry.type = static_cast<unsigned int>(type);
-    entry.category = category;
-    entry.data = data;
-    entry.dataSize = data != nullptr ? size : 0;
-    std::vector<std::string> const fields = VxJournal::EncodeFields(entry, texts);
-    // The system log names the program, not the source: the source leads.
-    mWriter->Write(fields, VxJournal::Priority(entry.type), mIdentifier);
+    std::lock_guard<std::mutex> const hold(mLock);
+    mFields->Build(id, static_cast<unsigned int>(type), category, texts, count, data,
+                   data != nullptr ? size : 0);
+    mWriter->Write(*mFields);
   } catch (std::exception &) {
     // Writing to the log never throws (only memory can run out here).
   }

@@ -7,6 +7,7 @@
 // system log when no journal listens. Writing never throws.
 
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,9 @@
 
 class EventSource;
 class JournalWriter;
+namespace VxJournal {
+class EntryFields;
+}
 
 class EventLog {
 public:
@@ -55,13 +59,13 @@ public:
 private:
   // Every WriteEntry ends here. The strings are cut at NUL as the wide
   // strings of the platform call were.
-  void InternalWriteEntry(std::vector<std::string> const & texts, unsigned long id, EventType type,
+  void InternalWriteEntry(std::string const * texts, size_t count, unsigned long id, EventType type,
                           unsigned short category, unsigned long size, void const * data);
 
   VxSid mSid;
-  std::string mSidText;
   std::string mSource;  // empty: no handle
-  std::string mIdentifier;
   std::string mLog;
   std::shared_ptr<JournalWriter> mWriter;
+  std::mutex mLock;  // one entry is built at a time in mFields
+  std::unique_ptr<VxJournal::EntryFields> mFields;
 };

@@ -11,9 +11,18 @@
 // "NAME=value\n" fields, a value with a newline in the binary form
 // "NAME\n" + 64-bit little-endian length + value + "\n".
 
+#include <sys/uio.h>
+#include <sys/un.h>
+
+#include <chrono>
 #include <functional>
+#include <mutex>
 #include <string>
 #include <vector>
+
+namespace VxJournal {
+class EntryFields;
+}
 
 class JournalWriter {
 public:
@@ -26,18 +35,28 @@ public:
   JournalWriter(JournalWriter const &) = delete;
   JournalWriter & operator=(JournalWriter const &) = delete;
 
-  // Sends the fields ("NAME=value", MESSAGE first). Without a journal the
-  // system log gets "<source>: <message>" at `priority`. True when the
+  // Sends the entry's fields. Without a journal the system log gets
+  // "<identifier>: <message>" at the entry's priority. True when the
   // journal took the entry, false when it went to the system log.
-  bool Write(std::vector<std::string> const & fields, int priority, std::string const & source);
+  // Writers may share one JournalWriter from several threads.
+  bool Write(VxJournal::EntryFields const & entry);
 
-  // The datagram of the native protocol for `fields`, as sent.
-  static std::string EncodeDatagram(std::vector<std::string> const & fields);
+  // The datagram of the native protocol for `fields` ("NAME=value" each),
+  // as sent.
+  static std::string EncodeDatagram(iovec const * fields, size_t count);
 
 private:
-  bool SendDatagram(std::vector<std::string> const & fields);
+  bool Connect();
+  bool SendDatagram(VxJournal::EntryFields const & entry);
+  bool JournalListens();
 
   std::string mSocketPath;
+  bool mDefaultSocket;
+  sockaddr_un mAddress{};
   SyslogFunction mSyslog;
+  std::mutex mLock;  // guards what follows
   int mSocket = -1;
+  std::vector<iovec> mParts;
+  std::string mDatagram;
+  std::chrono::steady_clock::time_point mListenedAt{};
 };

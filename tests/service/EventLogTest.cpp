@@ -189,6 +189,9 @@ class JournalEntries : public ::testing::Test {
 protected:
   void SetUp() override {
     mPath = TempPath("journal-socket");
+    Bind();
+  }
+  void Bind() {
     ::unlink(mPath.c_str());
     mSocket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
     sockaddr_un address{};
@@ -301,6 +304,24 @@ TEST_F(JournalEntries, HostileStringsArriveCutAndReadable) {
   auto const many = Receive();
   EXPECT_EQ(many.count("EVENT_STRING_256"), 1u);
   EXPECT_EQ(many.count("EVENT_STRING_257"), 0u);
+}
+
+TEST_F(JournalEntries, AJournalStartedAgainGetsTheNextEntry) {
+  std::vector<std::pair<int, std::string>> lines;
+  EventLog log(L"Sampler",
+               std::make_shared<JournalWriter>(mPath, [&lines](int priority, char const * text) {
+                 lines.emplace_back(priority, text);
+               }));
+  log.WriteEntry("before", 1);
+  EXPECT_EQ(Receive()["EVENT_STRING_1"], "before");
+  ::close(mSocket);  // the journal stops: its socket is gone
+  log.WriteEntry("while stopped", 2);
+  Bind();  // and starts again with a new socket at the same path
+  log.WriteEntry("after", 3);
+  EXPECT_EQ(Receive()["EVENT_STRING_1"], "after");
+  std::vector<std::pair<int, std::string>> const expected = {
+      {LOG_INFO, "Sampler: Event 2: while stopped"}};
+  EXPECT_EQ(lines, expected);
 }
 
 TEST_F(JournalEntries, WithoutAJournalTheSystemLogGetsTheText) {
