@@ -175,6 +175,14 @@ private:
     wxColour text, highlightText;
   };
   static PaintTools MakePaintTools();
+  struct PaintedRow {
+    size_t index;
+    wxRect rect;
+  };
+  void PaintRows(wxDC & dc, std::vector<PaintedRow> const & rows) const;
+  void PaintExpanders(wxDC & dc, std::vector<PaintedRow> const & rows) const;
+  void PaintNames(wxDC & dc, std::vector<PaintedRow> const & rows, bool bold, bool selected) const;
+  void PaintValues(wxDC & dc, std::vector<PaintedRow> const & rows) const;
   // Adds a one-pixel grid line from (x1, y1) to (x2, y2), horizontal or
   // vertical, the end left out.
   void AddLine(int x1, int y1, int x2, int y2) const;
