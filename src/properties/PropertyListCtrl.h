@@ -168,11 +168,14 @@ private:
   wxRect GetRowRect(int index) const;
   PropertyListGeometry::NameSpan SpanOf(PropertyItem const & item) const;
 
-  // Pens, brushes and colours of one paint, made once for all its rows.
+  // Pens, brushes and colours of the rows and the pane, made once and
+  // again when the system colours change: asking the theme for a colour
+  // costs more than a row's drawing.
   struct PaintTools {
     wxPen grid;
-    wxBrush window, highlight;
-    wxColour text, highlightText;
+    wxBrush window, highlight, face;
+    wxPen border;
+    wxColour text, highlightText, faceColour;
   };
   static PaintTools MakePaintTools();
   struct PaintedRow {

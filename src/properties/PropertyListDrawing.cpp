@@ -56,15 +56,19 @@ void DrawLines(wxDC & dc, wxString const & text, int left, int top, int lineHeig
 }  // namespace
 
 PropertyListCtrl::PaintTools PropertyListCtrl::MakePaintTools() {
-  return {wxPen(GridColour()), wxBrush(GetSysColour(COLOR_WINDOW)),
-          wxBrush(GetSysColour(COLOR_HIGHLIGHT)), GetSysColour(COLOR_WINDOWTEXT),
-          GetSysColour(COLOR_HIGHLIGHTTEXT)};
+  return {wxPen(GridColour()),
+          wxBrush(GetSysColour(COLOR_WINDOW)),
+          wxBrush(GetSysColour(COLOR_HIGHLIGHT)),
+          wxBrush(GetSysColour(COLOR_BTNFACE)),
+          wxPen(GetSysColour(COLOR_INACTIVEBORDER)),
+          GetSysColour(COLOR_WINDOWTEXT),
+          GetSysColour(COLOR_HIGHLIGHTTEXT),
+          GetSysColour(COLOR_BTNFACE)};
 }
 
 void PropertyListCtrl::OnPaintRows(wxPaintEvent &) {
   wxPaintDC dc(this);
   wxSize const size = GetClientSize();
-  mTools = MakePaintTools();
   dc.SetBackground(mTools.window);
   dc.Clear();
   if (mRows.empty() || GetItemCount() == 0) return;
@@ -255,10 +259,10 @@ void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {
   wxRect inner = pane;
   inner.Deflate(kBorder + 3, 2);
   dc.SetPen(*wxTRANSPARENT_PEN);
-  dc.SetBrush(wxBrush(GetSysColour(COLOR_WINDOW)));
+  dc.SetBrush(mTools.window);
   dc.DrawRectangle(pane);  // holds the outer frame's own fill too
-  dc.SetBrush(wxBrush(GetSysColour(COLOR_BTNFACE)));
-  dc.SetPen(wxPen(GetSysColour(COLOR_INACTIVEBORDER)));
+  dc.SetBrush(mTools.face);
+  dc.SetPen(mTools.border);
   dc.DrawRectangle(inner);
 
   PropertyItem const * item = GetPropertyItem(GetSelection());
@@ -271,8 +275,8 @@ void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {
   text.Deflate(2 * kBorder, kBorder);
   if (text.width <= 0 || text.height <= 0) return;
   wxDCClipper clip(dc, text);
-  dc.SetTextForeground(GetSysColour(COLOR_WINDOWTEXT));
-  dc.SetTextBackground(GetSysColour(COLOR_BTNFACE));
+  dc.SetTextForeground(mTools.text);
+  dc.SetTextBackground(mTools.faceColour);
   dc.SetFont(mMeasure->GetFont(true));
   // The name stays on its first line; breaks in it are not the pane's.
   wxString const firstLine = name.BeforeFirst(L'\n');
