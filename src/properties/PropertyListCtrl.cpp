@@ -94,6 +94,7 @@ void PropertyListCtrl::Init() {
     Bind(type, &PropertyListCtrl::OnScroll, this);
   Bind(VX_EVT_WINDOW_MESSAGE, &PropertyListCtrl::OnWindowMessage, this);
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent & event) {
+    mTools = MakePaintTools();
     SetBackgroundColour(GetSysColour(COLOR_WINDOW));
     event.Skip();
   });

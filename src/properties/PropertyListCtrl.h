@@ -168,13 +168,24 @@ private:
   wxRect GetRowRect(int index) const;
   PropertyListGeometry::NameSpan SpanOf(PropertyItem const & item) const;
 
-  // Pens, brushes and colours of one paint, made once for all its rows.
+  // Pens, brushes and colours of the rows and the pane, made once and
+  // again when the system colours change: asking the theme for a colour
+  // costs more than a row's drawing.
   struct PaintTools {
     wxPen grid;
-    wxBrush window, highlight;
-    wxColour text, highlightText;
+    wxBrush window, highlight, face;
+    wxPen border;
+    wxColour text, highlightText, faceColour;
   };
   static PaintTools MakePaintTools();
+  struct PaintedRow {
+    size_t index;
+    wxRect rect;
+  };
+  void PaintRows(wxDC & dc, std::vector<PaintedRow> const & rows) const;
+  void PaintExpanders(wxDC & dc, std::vector<PaintedRow> const & rows) const;
+  void PaintNames(wxDC & dc, std::vector<PaintedRow> const & rows, bool bold, bool selected) const;
+  void PaintValues(wxDC & dc, std::vector<PaintedRow> const & rows) const;
   // Adds a one-pixel grid line from (x1, y1) to (x2, y2), horizontal or
   // vertical, the end left out.
   void AddLine(int x1, int y1, int x2, int y2) const;

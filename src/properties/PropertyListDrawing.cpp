@@ -2,6 +2,7 @@
 // value) and its details pane.
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include <wx/dcclient.h>
 #include <wx/graphics.h>
@@ -19,8 +20,6 @@
 using namespace PropertyListGeometry;
 
 namespace {
-
-wchar_t const kMeasuringText[] = L"DummyText";
 
 wxColour GridColour() {
   return {static_cast<unsigned char>(kGridColour & 0xFF),
@@ -57,28 +56,33 @@ void DrawLines(wxDC & dc, wxString const & text, int left, int top, int lineHeig
 }  // namespace
 
 PropertyListCtrl::PaintTools PropertyListCtrl::MakePaintTools() {
-  return {wxPen(GridColour()), wxBrush(GetSysColour(COLOR_WINDOW)),
-          wxBrush(GetSysColour(COLOR_HIGHLIGHT)), GetSysColour(COLOR_WINDOWTEXT),
-          GetSysColour(COLOR_HIGHLIGHTTEXT)};
+  return {wxPen(GridColour()),
+          wxBrush(GetSysColour(COLOR_WINDOW)),
+          wxBrush(GetSysColour(COLOR_HIGHLIGHT)),
+          wxBrush(GetSysColour(COLOR_BTNFACE)),
+          wxPen(GetSysColour(COLOR_INACTIVEBORDER)),
+          GetSysColour(COLOR_WINDOWTEXT),
+          GetSysColour(COLOR_HIGHLIGHTTEXT),
+          GetSysColour(COLOR_BTNFACE)};
 }
 
 void PropertyListCtrl::OnPaintRows(wxPaintEvent &) {
   wxPaintDC dc(this);
   wxSize const size = GetClientSize();
-  mTools = MakePaintTools();
   dc.SetBackground(mTools.window);
   dc.Clear();
   if (mRows.empty() || GetItemCount() == 0) return;
-  dc.SetFont(GetFont());
   wxRegion const & update = GetUpdateRegion();
   mLineStarts.clear();
   mLineEnds.clear();
+  std::vector<PaintedRow> rows;
   int y = 0;
   for (size_t row = GetVisibleRowsBegin(); row < GetVisibleRowsEnd() && y < size.y; ++row) {
     wxRect const rect(0, y, size.x, OnGetRowHeight(row));
-    if (update.Contains(rect) != wxOutRegion) OnDrawItem(dc, rect, row);
+    if (update.Contains(rect) != wxOutRegion && row < mRows.size()) rows.push_back({row, rect});
     y += rect.height;
   }
+  PaintRows(dc, rows);
   // The gutter's line and the right edge run over the whole rows' area.
   AddLine(kGutterWidth, 0, kGutterWidth, size.y);
   AddLine(size.x - 1, 0, size.x - 1, size.y);
@@ -102,70 +106,152 @@ void PropertyListCtrl::AddLine(int x1, int y1, int x2, int y2) const {
 }
 
 void PropertyListCtrl::OnDrawItem(wxDC & dc, wxRect const & rect, size_t n) const {
-  if (n >= mRows.size()) return;
-  PaintTools const & tools = mTools;
-  PropertyItem & item = *mRows[n];
-  auto const * category = dynamic_cast<PropertyItemCategory const *>(&item);
-  NameSpan const span = SpanOf(item);
-  bool const selected = IsSelected(n);
-  int const bottom = rect.y + rect.height;
+  if (n < mRows.size()) PaintRows(dc, {{n, rect}});
+}
 
-  if (category != nullptr) {
-    wxRect const box = ExpanderRect(rect);
-    dc.SetPen(*wxBLACK_PEN);
-    dc.SetBrush(*wxWHITE_BRUSH);
-    dc.DrawRectangle(box);
+// Every change of pen, brush, font, colour or clip is a request to the
+// display, and a font or colour change a new text layout: the rows are
+// painted in passes, one a kind of mark, each with its tools set once.
+void PropertyListCtrl::PaintRows(wxDC & dc, std::vector<PaintedRow> const & rows) const {
+  if (rows.empty()) return;
+  PaintExpanders(dc, rows);
+  for (PaintedRow const & row : rows) {
+    int const bottom = row.rect.y + row.rect.height;
+    AddLine(kGutterWidth, bottom - 1, row.rect.x + row.rect.width, bottom - 1);
+    int const divider = DividerX(row.rect, SpanOf(*mRows[row.index]));
+    AddLine(divider, row.rect.y, divider, bottom - 1);
+  }
+  bool anySelected = false;
+  for (PaintedRow const & row : rows) {
+    if (!IsSelected(row.index)) continue;
+    if (!anySelected) {  // the rest lies on the window colour already
+      dc.SetPen(*wxTRANSPARENT_PEN);
+      dc.SetBrush(mTools.highlight);
+      anySelected = true;
+    }
+    dc.DrawRectangle(NameRect(row.rect, SpanOf(*mRows[row.index])));
+  }
+  for (bool const bold : {false, true}) {
+    for (bool const selected : {false, true}) {
+      if (selected && !anySelected) continue;
+      PaintNames(dc, rows, bold, selected);
+    }
+  }
+  PaintValues(dc, rows);
+}
+
+void PropertyListCtrl::PaintExpanders(wxDC & dc, std::vector<PaintedRow> const & rows) const {
+  std::vector<wxRect> boxes;
+  std::vector<wxRect> bars;
+  for (PaintedRow const & row : rows) {
+    auto const * category = dynamic_cast<PropertyItemCategory const *>(mRows[row.index]);
+    if (category == nullptr) continue;
+    wxRect const box = ExpanderRect(row.rect);
+    boxes.push_back(box);
     int const cx = box.x + kExpanderSize / 2;
     int const cy = box.y + kExpanderSize / 2;
     // The bars as one-pixel boxes: crisp, where a line's ends would blend.
-    dc.SetPen(*wxTRANSPARENT_PEN);
-    dc.SetBrush(*wxBLACK_BRUSH);
-    dc.DrawRectangle(cx - 2, cy, 5, 1);
-    if (!category->GetChildrenVisible()) dc.DrawRectangle(cx, cy - 2, 1, 5);
+    bars.emplace_back(cx - 2, cy, 5, 1);
+    if (!category->GetChildrenVisible()) bars.emplace_back(cx, cy - 2, 1, 5);
   }
+  if (boxes.empty()) return;
+  dc.SetPen(*wxBLACK_PEN);
+  dc.SetBrush(*wxWHITE_BRUSH);
+  for (wxRect const & box : boxes) dc.DrawRectangle(box);
+  dc.SetPen(*wxTRANSPARENT_PEN);
+  dc.SetBrush(*wxBLACK_BRUSH);
+  for (wxRect const & bar : bars) dc.DrawRectangle(bar);
+}
 
-  AddLine(kGutterWidth, bottom - 1, rect.x + rect.width, bottom - 1);
-  int const divider = DividerX(rect, span);
-  AddLine(divider, rect.y, divider, bottom - 1);
-
-  wxRect const name = NameRect(rect, span);
-  if (selected) {  // the rest lies on the window colour already
-    dc.SetPen(*wxTRANSPARENT_PEN);
-    dc.SetBrush(tools.highlight);
-    dc.DrawRectangle(name);
-  }
-  dc.SetTextForeground(selected ? tools.highlightText : tools.text);
-  bool const bold = category != nullptr;
-  dc.SetFont(mMeasure->GetFont(bold));
+void PropertyListCtrl::PaintNames(wxDC & dc, std::vector<PaintedRow> const & rows, bool bold,
+                                  bool selected) const {
   int const lineHeight = mMeasure->LineHeight(bold);
-  wxString const & showName = item.GetShowName();
-  auto const lines = PropertyRowMeasure::CountLines(showName);
-  // Centred as a block; a block taller than the cell starts at its top.
-  auto const textHeight = static_cast<long long>(lines) * lineHeight;
-  int const top = name.y + static_cast<int>(std::max(0LL, (name.height - textHeight) / 2));
-  wxRect const text(name.x + kTextInset, name.y, std::max(0, name.width - 2 * kTextInset),
-                    name.height);
-  {
-    wxDCClipper clip(dc, text);
-    DrawLines(dc, showName, text.x, top, lineHeight, text);
+  struct Name {
+    wxString const * text;
+    wxRect cell;
+    int top;
+    bool fits;
+  };
+  std::vector<Name> names;
+  for (PaintedRow const & row : rows) {
+    PropertyItem const & item = *mRows[row.index];
+    bool const category = dynamic_cast<PropertyItemCategory const *>(&item) != nullptr;
+    if (category != bold || IsSelected(row.index) != selected) continue;
+    wxRect const name = NameRect(row.rect, SpanOf(item));
+    wxString const & showName = item.GetShowName();
+    // Centred as a block; a block taller than the cell starts at its top.
+    auto const textHeight =
+        static_cast<long long>(PropertyRowMeasure::CountLines(showName)) * lineHeight;
+    int const top = name.y + static_cast<int>(std::max(0LL, (name.height - textHeight) / 2));
+    wxRect const cell(name.x + kTextInset, name.y, std::max(0, name.width - 2 * kTextInset),
+                      name.height);
+    if (!cell.IsEmpty()) names.push_back({&showName, cell, top, textHeight <= name.height});
   }
-  dc.SetFont(mMeasure->GetFont(false));
-  dc.SetTextForeground(tools.text);
+  if (names.empty()) return;
+  dc.SetFont(mMeasure->GetFont(bold));
+  dc.SetTextForeground(selected ? mTools.highlightText : mTools.text);
+  // Names that fit their cells' height share a column's clip: one rectangle
+  // for all cells of the same left and width (a clip of many rectangles
+  // costs the display a mask). A name taller than its cell would spill
+  // into the next row's: it gets its own clip.
+  std::vector<bool> drawn(names.size(), false);
+  for (size_t first = 0; first < names.size(); ++first) {
+    if (drawn[first]) continue;
+    wxRect const & cell = names[first].cell;
+    if (!names[first].fits) {
+      wxDCClipper clip(dc, cell);
+      DrawLines(dc, *names[first].text, cell.x, names[first].top, lineHeight, cell);
+      drawn[first] = true;
+      continue;
+    }
+    wxRect column = cell;
+    for (size_t i = first + 1; i < names.size(); ++i)
+      if (names[i].fits && names[i].cell.x == cell.x && names[i].cell.width == cell.width)
+        column.Union(names[i].cell);
+    wxDCClipper clip(dc, column);
+    for (size_t i = first; i < names.size(); ++i) {
+      Name const & name = names[i];
+      if (drawn[i] || !name.fits || name.cell.x != cell.x || name.cell.width != cell.width)
+        continue;
+      DrawLines(dc, *name.text, name.cell.x, name.top, lineHeight, name.cell);
+      drawn[i] = true;
+    }
+  }
+}
 
-  wxRect const value = ValueRect(rect);
-  RECT const cell{value.x, value.y, value.x + value.width, value.y + value.height};
-  if (!selected) {
-    item.DrawValue(dc, cell);
-    return;
+void PropertyListCtrl::PaintValues(wxDC & dc, std::vector<PaintedRow> const & rows) const {
+  dc.SetFont(mMeasure->GetFont(false));
+  dc.SetTextForeground(mTools.text);
+  // One clip for the value column (its text stops short of the right edge
+  // by the inset), which the items' text drawing relies on instead of a clip
+  // a row.
+  wxRect const first = ValueRect(rows.front().rect);
+  int const top = rows.front().rect.y;
+  int const bottom = rows.back().rect.y + rows.back().rect.height;
+  wxRect const column(first.x, top, std::max(0, first.width - kTextInset), bottom - top);
+  PaintedRow const * selected = nullptr;
+  if (!column.IsEmpty()) {
+    wxDCClipper clip(dc, column);
+    for (PaintedRow const & row : rows) {
+      if (IsSelected(row.index)) {
+        selected = &row;
+        continue;
+      }
+      wxRect const value = ValueRect(row.rect);
+      mRows[row.index]->DrawValue(
+          dc, RECT{value.x, value.y, value.x + value.width, value.y + value.height});
+    }
   }
   // A selected row's value is its editor. What the editor leaves of the cell
   // (a colour's swatch) is drawn here: on GTK a paint outside the paint
   // handler does not last.
-  if (mInPlaceControl == nullptr || !mInPlaceControl->IsShown()) return;
+  if (selected == nullptr || mInPlaceControl == nullptr || !mInPlaceControl->IsShown()) return;
+  wxRect const value = ValueRect(selected->rect);
   int const uncovered = mInPlaceControl->GetPosition().x - value.x;
   if (uncovered <= 0) return;
   wxDCClipper clip(dc, wxRect(value.x, value.y, std::min(uncovered, value.width), value.height));
-  item.DrawValue(dc, cell);
+  mRows[selected->index]->DrawValue(
+      dc, RECT{value.x, value.y, value.x + value.width, value.y + value.height});
 }
 
 void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {
@@ -173,10 +259,10 @@ void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {
   wxRect inner = pane;
   inner.Deflate(kBorder + 3, 2);
   dc.SetPen(*wxTRANSPARENT_PEN);
-  dc.SetBrush(wxBrush(GetSysColour(COLOR_WINDOW)));
+  dc.SetBrush(mTools.window);
   dc.DrawRectangle(pane);  // holds the outer frame's own fill too
-  dc.SetBrush(wxBrush(GetSysColour(COLOR_BTNFACE)));
-  dc.SetPen(wxPen(GetSysColour(COLOR_INACTIVEBORDER)));
+  dc.SetBrush(mTools.face);
+  dc.SetPen(mTools.border);
   dc.DrawRectangle(inner);
 
   PropertyItem const * item = GetPropertyItem(GetSelection());
@@ -189,13 +275,13 @@ void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {
   text.Deflate(2 * kBorder, kBorder);
   if (text.width <= 0 || text.height <= 0) return;
   wxDCClipper clip(dc, text);
-  dc.SetTextForeground(GetSysColour(COLOR_WINDOWTEXT));
-  dc.SetTextBackground(GetSysColour(COLOR_BTNFACE));
+  dc.SetTextForeground(mTools.text);
+  dc.SetTextBackground(mTools.faceColour);
   dc.SetFont(mMeasure->GetFont(true));
   // The name stays on its first line; breaks in it are not the pane's.
   wxString const firstLine = name.BeforeFirst(L'\n');
   DrawTextUnmeasured(dc, firstLine, text.x, text.y);
-  text.y += dc.GetTextExtent(kMeasuringText).y + 2;
+  text.y += mMeasure->LineHeight(true) + 2;
   dc.SetFont(mMeasure->GetFont(false));
   int const lineHeight = mMeasure->LineHeight(false);
   // Only what the pane can show is wrapped, and only when the text or the

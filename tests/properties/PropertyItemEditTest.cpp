@@ -3,7 +3,9 @@
 // editor, including the texts a user may type that must be refused.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include <unistd.h>
@@ -29,6 +31,7 @@
 #include "properties/PropertyItemListBool.h"
 #include "properties/PropertyItemNumber.h"
 #include "properties/PropertyItemPaths.h"
+#include "properties/PropertyItemString.h"
 
 namespace {
 
@@ -340,3 +343,51 @@ TEST_F(PropertyItemEditTest, ScreenshotShowsTheSwatchInItsExactColour) {
 }
 
 }  // namespace
+
+// Value text stays inside its cell less the inset whatever clip the caller
+// set (none, wider than the cell, or the list's own column clip), and is
+// centred in the font it is drawn in, also after another font's drawing.
+TEST_F(PropertyItemEditTest, ValueTextKeepsToItsCellInEveryClipAndFont) {
+  PropertyItemString item(L"Text", 1, L"");
+  item.SetData(wxString(L'W', 200));
+  struct Case {
+    wxRect clip;  // empty: none
+    int pointSize;
+  };
+  int const inkLimit = kCell.right - 3;
+  wxRect const whole(0, 0, kCell.right + 40, kCell.bottom + 10);
+  wxRect const wider(kCell.left, 0, whole.width - kCell.left, whole.height);
+  wxRect const column(kCell.left, kCell.top, inkLimit - kCell.left, kCell.bottom - kCell.top);
+  for (Case const & c : {Case{wxRect(), 18}, Case{wider, 9}, Case{whole, 18}, Case{column, 18},
+                         Case{column, 9}, Case{wxRect(), 9}}) {
+    wxBitmap bitmap(whole.width, whole.height);
+    {
+      wxMemoryDC dc(bitmap);
+      dc.SetBackground(*wxWHITE_BRUSH);
+      dc.Clear();
+      wxFont font = *wxNORMAL_FONT;
+      font.SetPointSize(c.pointSize);
+      dc.SetFont(font);
+      if (!c.clip.IsEmpty()) dc.SetClippingRegion(c.clip);
+      item.DrawValue(dc, kCell);
+    }
+    wxImage const image = bitmap.ConvertToImage();
+    int top = image.GetHeight();
+    int bottom = -1;
+    for (int y = 0; y < image.GetHeight(); ++y)
+      for (int x = 0; x < image.GetWidth(); ++x) {
+        if (image.GetRed(x, y) == 255 && image.GetGreen(x, y) == 255 && image.GetBlue(x, y) == 255)
+          continue;
+        EXPECT_LT(x, inkLimit) << c.pointSize << " pt, clip width " << c.clip.width;
+        EXPECT_TRUE(y >= kCell.top && y < kCell.bottom) << y;
+        top = std::min(top, y);
+        bottom = std::max(bottom, y);
+      }
+    ASSERT_GE(bottom, top) << "nothing drawn";
+    // Centred: as much room above the ink as below, within the font's
+    // ascent/descent imbalance.
+    int const above = top - kCell.top;
+    int const below = kCell.bottom - 1 - bottom;
+    EXPECT_LE(std::abs(above - below), c.pointSize / 2 + 3) << c.pointSize << " pt";
+  }
+}
