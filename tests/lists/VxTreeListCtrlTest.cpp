@@ -176,13 +176,14 @@ TEST_F(TreeListTest, SidewaysStepsShowWhatAWholeRepaintShows) {
   wxImage const repainted = whole(tree);
   wxImage const repaintedHeader = whole(header);
   ASSERT_EQ(stepped.GetSize(), repainted.GetSize());
-  size_t const bytes = static_cast<size_t>(stepped.GetWidth() * stepped.GetHeight() * 3);
+  auto bytesOf = [](wxImage const & image) {
+    return static_cast<size_t>(image.GetWidth()) * static_cast<size_t>(image.GetHeight()) * 3;
+  };
+  size_t const bytes = bytesOf(stepped);
   EXPECT_NE(0, memcmp(start.GetData(), repainted.GetData(), bytes)) << "the rows moved";
   EXPECT_EQ(0, memcmp(stepped.GetData(), repainted.GetData(), bytes));
   ASSERT_EQ(steppedHeader.GetSize(), repaintedHeader.GetSize());
-  EXPECT_EQ(0,
-            memcmp(steppedHeader.GetData(), repaintedHeader.GetData(),
-                   static_cast<size_t>(steppedHeader.GetWidth() * steppedHeader.GetHeight() * 3)));
+  EXPECT_EQ(0, memcmp(steppedHeader.GetData(), repaintedHeader.GetData(), bytesOf(steppedHeader)));
 }
 
 TEST_F(TreeListTest, RedrawOffLeavesTheBarAloneUntilItIsOn) {
