@@ -79,13 +79,14 @@ void FillRows(AddRow const & add) {
 class FillCells {
 public:
   explicit FillCells(int columns) : mColumns(columns) {
-    mCells.reserve(static_cast<size_t>(100000 * columns));
+    mCells.reserve(size_t{100000} * static_cast<size_t>(columns));
     FillRows([&](int row, int) {
       for (int column = 0; column < columns; ++column) mCells.push_back(Cell(row, column));
     });
   }
   wxString const & At(int row, int column) const {
-    return mCells[static_cast<size_t>(row * mColumns + column)];
+    return mCells[static_cast<size_t>(row) * static_cast<size_t>(mColumns) +
+                  static_cast<size_t>(column)];
   }
 
 private:

@@ -111,9 +111,8 @@ void VxTreeListCtrl::ResetScrollBar() {
 
 void VxTreeListCtrl::SetSideOffset(int position) {
   int const offset = -position;
-  if (offset == mTree->GetHorizontalOffset()) return;
-  mTree->SetHorizontalOffset(offset);
-  mTree->Refresh();
+  // The tree repaints what the step uncovered.
+  if (offset != mTree->GetHorizontalOffset()) mTree->SetHorizontalOffset(offset);
 }
 
 void VxTreeListCtrl::OnHScroll(UINT code, int thumbPosition) {

@@ -1,14 +1,18 @@
 // The tree list with real windows: taking a template's place, the sideways
 // bar and the header in step (the right edge while a column narrows at the
-// far right, nothing while redraw is off), header sorting by type, what the
+// far right, nothing while redraw is off, the pixels sideways steps leave
+// against a whole repaint), header sorting by type, what the
 // parent hears, columns following the width, the text and HTML forms, and
 // bad handles and texts.
 #include <gtest/gtest.h>
+
+#include <cstring>
 
 #include <wx/frame.h>
 #include <wx/scrolbar.h>
 #include <wx/sizer.h>
 
+#include "controls/WindowSnapshot.h"
 #include "harness/GuiTestUtilities.h"
 #include "lists/TreeListGeometry.h"
 #include "lists/VxTreeListCtrl.h"
@@ -120,6 +124,66 @@ TEST_F(TreeListTest, SidewaysBarHeaderAndRowsMoveTogether) {
   EXPECT_FALSE(bar.IsShown());
   EXPECT_EQ(Offset(), 0);
   EXPECT_EQ(list->GetHeaderOffset(), 0);
+}
+
+// Sideways steps move the drawn rows and paint only the strip each one
+// uncovers: after steps both ways (and a selection changed between them)
+// the screen must show what a whole repaint at that offset shows.
+TEST_F(TreeListTest, SidewaysStepsShowWhatAWholeRepaintShows) {
+  Columns({150, 170, 150, 160});
+  std::vector<HTREEITEM> rows;
+  for (int row = 0; row < 12; ++row) {
+    HTREEITEM const item = list->InsertItem(wxString::Format("row %d", row).wc_str());
+    for (int column = 1; column < 4; ++column)
+      list->SetItemText(item, column,
+                        wxString::Format("cell %d.%d of the row", row, column).wc_str());
+    if (row % 3 == 0) list->SetItemBold(item, true, false);
+    rows.push_back(item);
+  }
+  VxTreeCtrlEx & tree = list->GetTreeCtrl();
+  CNewHeaderCtrl & header = *list->GetHeaderCtrl();
+  // GTK's overlay scroll bar fades in and out over the right edge: left out.
+  auto shown = [&](wxWindow & window) {
+    window.Update();
+    gui_test::Flush();
+    wxImage const image = CaptureWindowImage(window);
+    int const kept = image.GetWidth() - (&window == &tree ? 20 : 0);
+    return image.IsOk() ? image.GetSubImage(wxRect(0, 0, kept, image.GetHeight())) : image;
+  };
+  auto whole = [&](wxWindow & window) {
+    window.Refresh();
+    return shown(window);
+  };
+  wxImage const start = whole(tree);
+  ASSERT_TRUE(start.IsOk());
+
+  struct Step {
+    UINT code;
+    int times;
+  };
+  for (Step const step : {Step{SB_LINERIGHT, 5}, Step{SB_LINELEFT, 2}, Step{SB_LINERIGHT, 7}}) {
+    for (int k = 0; k < step.times; ++k) {
+      list->OnHScroll(step.code, 0);
+      shown(tree);
+      shown(header);
+    }
+    if (step.code == SB_LINELEFT) tree.SelectItem(rows[4]);  // a change between steps
+  }
+  EXPECT_EQ(Offset(), -10 * kSidewaysLineStep);
+  wxImage const stepped = shown(tree);
+  wxImage const steppedHeader = shown(header);
+  gui_test::Snapshot(*frame, "tree-list-after-steps");
+  wxImage const repainted = whole(tree);
+  wxImage const repaintedHeader = whole(header);
+  ASSERT_EQ(stepped.GetSize(), repainted.GetSize());
+  auto bytesOf = [](wxImage const & image) {
+    return static_cast<size_t>(image.GetWidth()) * static_cast<size_t>(image.GetHeight()) * 3;
+  };
+  size_t const bytes = bytesOf(stepped);
+  EXPECT_NE(0, memcmp(start.GetData(), repainted.GetData(), bytes)) << "the rows moved";
+  EXPECT_EQ(0, memcmp(stepped.GetData(), repainted.GetData(), bytes));
+  ASSERT_EQ(steppedHeader.GetSize(), repaintedHeader.GetSize());
+  EXPECT_EQ(0, memcmp(steppedHeader.GetData(), repaintedHeader.GetData(), bytesOf(steppedHeader)));
 }
 
 TEST_F(TreeListTest, RedrawOffLeavesTheBarAloneUntilItIsOn) {

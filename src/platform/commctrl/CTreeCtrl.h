@@ -159,6 +159,7 @@ public:
   void SetRedraw(BOOL redraw);
   // Repaints the whole window at the next paint (unless redraw is off).
   void Invalidate(BOOL erase = 1);
+  void Refresh(bool eraseBackground = true, wxRect const * rect = nullptr) override;
 
   // Window timers by id, delivered to OnTimer (tests call OnTimer).
   void SetTimer(UINT_PTR id, UINT milliseconds);
@@ -210,6 +211,8 @@ public:
 
 private:
   void SingleExpand(uint32_t old, uint32_t now);
+  // wxEVT_PAINT: draws what changed into the kept pixels and shows them.
+  void PaintKept();
 
   std::unique_ptr<Impl> mImpl;
 

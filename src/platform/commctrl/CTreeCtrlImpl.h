@@ -2,6 +2,7 @@
 // The inside of CTreeCtrl shared by its source files: the node store and
 // the view's state (scrolling, caret, marks, timers, type-ahead).
 
+#include <wx/bitmap.h>
 #include <wx/colour.h>
 #include <wx/font.h>
 #include <wx/timer.h>
@@ -63,6 +64,14 @@ struct CTreeCtrl::Impl {
   // more changes before it need not ask again (each ask costs GDK a region
   // intersection, far more than the change itself).
   bool refreshPending = false;
+  // The rows as last painted: GTK 3 repaints a scrolled window whole, so a
+  // sideways step moves these pixels and draws only the strip it uncovered.
+  // Any other repaint request makes them stale.
+  wxBitmap kept;
+  wxBitmap spare;  // the kept pixels are moved onto it, then the two swap
+  int keptOriginX = 0;
+  bool keptValid = false;
+  bool sidewaysStep = false;
 
   std::map<UINT_PTR, std::unique_ptr<wxTimer>> timers;
   wxString typeAhead;

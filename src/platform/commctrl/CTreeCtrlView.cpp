@@ -3,6 +3,8 @@
 // buttons, type-ahead, label editing, drag detection).
 
 #include <wx/dcbuffer.h>
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
 #include <wx/evtloop.h>
 #include <wx/graphics.h>
 #include <wx/renderer.h>
@@ -53,13 +55,7 @@ bool CTreeCtrl::Create(wxWindow * parent, wxWindowID id, DWORD style, wxPoint co
   SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
   mImpl->fontHeight = GetCharHeight();
 
-  Bind(wxEVT_PAINT, [this](wxPaintEvent &) {
-    mImpl->refreshPending = false;
-    wxAutoBufferedPaintDC dc(this);
-    wxRect clip = GetUpdateClientRect();
-    if (clip.IsEmpty()) clip = wxRect(GetClientSize());
-    OnPaint(dc, clip);
-  });
+  Bind(wxEVT_PAINT, [this](wxPaintEvent &) { PaintKept(); });
   Bind(wxEVT_ERASE_BACKGROUND, [](wxEraseEvent &) {});
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent & event) {
     mImpl->coloursKnown = false;
@@ -280,7 +276,10 @@ HTREEITEM CTreeCtrl::GetFirstVisibleItem() const {
 void CTreeCtrl::SetHorizontalOrigin(int x) {
   if (mImpl->originX == x) return;
   mImpl->originX = x;
+  // The kept pixels stay good: the next paint moves them.
+  mImpl->sidewaysStep = true;
   Invalidate();
+  mImpl->sidewaysStep = false;
 }
 
 int CTreeCtrl::GetHorizontalOrigin() const { return mImpl->originX; }
@@ -597,6 +596,57 @@ wxImageList * CTreeCtrl::CreateDragImage(HTREEITEM item) {
 // ---- painting ----
 
 void CTreeCtrl::OnPaint(wxDC & dc, wxRect const & clip) { PaintTo(dc, clip); }
+
+void CTreeCtrl::Refresh(bool eraseBackground, wxRect const * rect) {
+  // Whatever asks for a repaint has changed what the kept pixels show;
+  // only a sideways step keeps them (they move as a whole).
+  if (!mImpl->sidewaysStep) mImpl->keptValid = false;
+  wxWindow::Refresh(eraseBackground, rect);
+}
+
+void CTreeCtrl::PaintKept() {
+  Impl & impl = *mImpl;
+  impl.refreshPending = false;
+  wxPaintDC screen(this);
+  wxSize const client = GetClientSize();
+  if (client.x <= 0 || client.y <= 0) return;
+  wxRect clip = GetUpdateClientRect();
+  if (clip.IsEmpty()) clip = wxRect(client);
+  if (!impl.kept.IsOk() || impl.kept.GetSize() != client) {
+    impl.kept.Create(client);
+    impl.keptValid = false;
+  }
+  // What must be drawn anew: all of it when the kept pixels are stale, the
+  // strip a sideways step uncovered, else what the system asks for (the
+  // kept pixels already hold the rest).
+  wxRect fresh = impl.keptValid ? clip : wxRect(client);
+  int const dx = impl.originX - impl.keptOriginX;
+  int const width = client.x - std::abs(dx);
+  bool const move = impl.keptValid && dx != 0 && width > 0;
+  if (impl.keptValid && dx != 0)
+    fresh = !move    ? wxRect(client)
+            : dx > 0 ? wxRect(0, 0, dx, client.y)
+                     : wxRect(width, 0, -dx, client.y);
+  if (move) {
+    // Moved onto the spare, which then takes the place of the kept: one copy.
+    if (!impl.spare.IsOk() || impl.spare.GetSize() != client) impl.spare.Create(client);
+    wxMemoryDC spare(impl.spare);
+    wxMemoryDC kept(impl.kept);
+    spare.Blit(dx > 0 ? dx : 0, 0, width, client.y, &kept, dx > 0 ? 0 : -dx, 0);
+    kept.SelectObject(wxNullBitmap);
+    spare.SelectObject(wxNullBitmap);
+    std::swap(impl.kept, impl.spare);
+  }
+  {
+    wxMemoryDC memory(impl.kept);
+    memory.SetFont(GetFont());
+    wxDCClipper const clipper(memory, fresh);
+    OnPaint(memory, fresh);
+  }
+  impl.keptOriginX = impl.originX;
+  impl.keptValid = true;
+  screen.DrawBitmap(impl.kept, 0, 0);
+}
 
 void CTreeCtrl::PaintTo(wxDC & dc, wxRect const & clip) {
   Impl & impl = *mImpl;
