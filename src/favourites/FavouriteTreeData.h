@@ -6,7 +6,8 @@
 class FavouriteItem;
 
 struct FavouriteTreeData {
-  FavouriteTreeData(FavouriteItem * owned, int collection) : item(owned), collectionID(collection) {}
+  FavouriteTreeData(FavouriteItem * owned, int collection)
+      : item(owned), collectionID(collection) {}
 
   FavouriteItem * item;
   int collectionID;

@@ -227,8 +227,7 @@ void FavouritesTree::OpenSelectedFavourites() {
       AppendOpenable(row, items);
       // On from the folder's next sibling: its rows are in already.
       HTREEITEM after = TVI_NULL;
-      for (HTREEITEM up = row; !after && up; up = GetParentItem(up))
-        after = GetNextSiblingItem(up);
+      for (HTREEITEM up = row; !after && up; up = GetParentItem(up)) after = GetNextSiblingItem(up);
       row = !after || GetItemState(after, TVIS_SELECTED) != 0 ? after : GetNextSelectedItem(after);
       continue;
     }

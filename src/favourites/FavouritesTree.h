@@ -14,9 +14,9 @@
 #include <memory>
 #include <vector>
 
-#include <boost/function.hpp>
 #include <wx/icon.h>
 #include <wx/imaglist.h>
+#include <boost/function.hpp>
 
 #include "favourites/FavouriteTreeData.h"
 #include "lists/VxTreeCtrl.h"
@@ -52,8 +52,8 @@ public:
   static constexpr unsigned int kContextMenuWithCtrl = 16094;
   static constexpr unsigned int kAcceleratorTable = 16260;
   // The style of a free-standing tree (CreateFavouritesTree).
-  static constexpr DWORD kStyle = TVS_FULLROWSELECT | TVS_NOTOOLTIPS | TVS_SHOWSELALWAYS |
-                                  TVS_EDITLABELS | TVS_HASBUTTONS;
+  static constexpr DWORD kStyle =
+      TVS_FULLROWSELECT | TVS_NOTOOLTIPS | TVS_SHOWSELALWAYS | TVS_EDITLABELS | TVS_HASBUTTONS;
   static constexpr int kMaxLabelLength = 127;
   static constexpr size_t kMaxToolTipLength = 1024;
 
@@ -92,7 +92,9 @@ public:
   bool IsEnabled(HTREEITEM row) const;
   bool IsFolderNode(HTREEITEM row) const;
   bool IsTrueFolderNode(HTREEITEM row) const;
-  bool IsPlaceholder(HTREEITEM row) const { return IsValidItem(row) && GetTreeData(row) == nullptr; }
+  bool IsPlaceholder(HTREEITEM row) const {
+    return IsValidItem(row) && GetTreeData(row) == nullptr;
+  }
   void GetItemImage(FavouriteItem const * item, int & normal, int & expanded);
   // Bit 0 bold, bit 1 expanded.
   int GetItemStyle(HTREEITEM row) const;

@@ -100,11 +100,11 @@ void FavouritesTree::DeleteSelectedItems(bool ask) {
       collections.insert(data->collectionID);
     if (CanDeleteItem(row)) continue;
     Invalidate();
-    AfxMessageBox(
-        wxString::FromUTF8((boost::format(vx3::Tr("The item '%1%' cannot be deleted.").utf8_string()) %
-                            GetItemText(row).utf8_string())
-                               .str()),
-        MB_OK | MB_ICONEXCLAMATION);
+    AfxMessageBox(wxString::FromUTF8(
+                      (boost::format(vx3::Tr("The item '%1%' cannot be deleted.").utf8_string()) %
+                       GetItemText(row).utf8_string())
+                          .str()),
+                  MB_OK | MB_ICONEXCLAMATION);
     SetItemState(row, 0, TVIS_SELECTED | 1U);
     SetFocus();
     Invalidate();

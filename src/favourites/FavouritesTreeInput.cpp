@@ -105,8 +105,7 @@ void FavouritesTree::OnMouseMove(UINT flags, POINT point) {
   if (GetEditControl() != nullptr) return;
   mHoverSelect = !wxGetKeyState(WXK_CONTROL);
   mLastMouse = point;
-  if (!mContextMenuUp && mHoverSelect && GetSelectedItemCount() > 1)
-    ClearSelection();
+  if (!mContextMenuUp && mHoverSelect && GetSelectedItemCount() > 1) ClearSelection();
   VxTreeCtrl::OnMouseMove(flags, point);
 }
 

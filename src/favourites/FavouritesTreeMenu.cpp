@@ -50,8 +50,8 @@ void FavouritesTree::ShowContextMenu(wxPoint screenPoint) {
   HTREEITEM const first = GetFirstSelectedItem();
   if (!first && !HitTest(POINT{client.x, client.y})) return;
 
-  std::unique_ptr<wxMenu> const menu = LoadResourcePopupMenu(
-      wxGetKeyState(WXK_CONTROL) ? kContextMenuWithCtrl : kContextMenu);
+  std::unique_ptr<wxMenu> const menu =
+      LoadResourcePopupMenu(wxGetKeyState(WXK_CONTROL) ? kContextMenuWithCtrl : kContextMenu);
   if (!menu) return;
   int folders = 0;
   int others = 0;

@@ -101,7 +101,7 @@ HTREEITEM FavouritesTree::GetDropTarget(HTREEITEM target, bool & asChild) {
   if (target == dragged || target == GetParentItem(dragged)) return TVI_NULL;
   for (HTREEITEM up = GetParentItem(target); up; up = GetParentItem(up))
     if (up == dragged) return TVI_NULL;
-  asChild = IsFolderNode(target) &&
-            (GetItemState(target, TVIS_EXPANDED) != 0 || !GetChildItem(target));
+  asChild =
+      IsFolderNode(target) && (GetItemState(target, TVIS_EXPANDED) != 0 || !GetChildItem(target));
   return target;
 }

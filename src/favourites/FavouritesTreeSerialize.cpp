@@ -2,7 +2,7 @@
 // display order as numbered "FavouriteItem" sections under "Favourites",
 // each with the item's own keys followed by "_IndentLevel" and "_Style".
 
-#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -113,7 +113,8 @@ void FavouritesTree::LoadCollection(ConfigurationSection * section, int id) {
     int expanded = -1;
     GetItemImage(nullptr, normal, expanded);
     HTREEITEM const separator = InsertItem(wxString(), normal, expanded, TVI_ROOT, TVI_LAST);
-    SetItemData(separator, reinterpret_cast<DWORD_PTR>(new FavouriteTreeData(new SeparatorItem, id)));
+    SetItemData(separator,
+                reinterpret_cast<DWORD_PTR>(new FavouriteTreeData(new SeparatorItem, id)));
   }
   std::unique_ptr<ConfigurationSection> const root(
       section->CopyAndChangeSubSection(FavouritesManager::GetRootSectionKey()));
@@ -123,14 +124,15 @@ void FavouritesTree::LoadCollection(ConfigurationSection * section, int id) {
   if (!rows) return;
   FavouriteBuilder const & builder = *FavouriteBuilder::Instance();
   HTREEITEM last = TVI_NULL;
-  int lastDepth = 0;
+  int lastLevel = 0;  // as the last row put in was stored
   HTREEITEM first = TVI_NULL;
   for (boost::shared_ptr<ConfigurationSection> const & stored : *rows) {
     if (!stored) continue;
     if (stored->HasSection(kOldItemData, 1)) {
       // The old form: its rows carry no usable place in the tree, so the
       // item is built (as that form was read) and passed over.
-      std::unique_ptr<ConfigurationSection> const data(stored->CopyAndChangeSubSection(kOldItemData));
+      std::unique_ptr<ConfigurationSection> const data(
+          stored->CopyAndChangeSubSection(kOldItemData));
       if (data) {
         std::string type;
         stored->ReadKey("Type", type);
@@ -145,22 +147,20 @@ void FavouritesTree::LoadCollection(ConfigurationSection * section, int id) {
     if (item == nullptr) continue;
     // Deeper by any amount is one step down; shallower goes up d - w + 1.
     HTREEITEM parent = TVI_NULL;
-    int depth = 0;
     if (last) {
-      if (wanted == lastDepth) {
+      if (wanted == lastLevel) {
         parent = GetParentItem(last);
-        depth = lastDepth;
-      } else if (wanted > lastDepth) {
+      } else if (wanted > lastLevel) {
         parent = last;
-        depth = lastDepth + 1;
       } else {
         parent = last;
-        for (int up = lastDepth - wanted + 1; up > 0 && parent; --up) parent = GetParentItem(parent);
-        depth = parent ? std::max(0, wanted) : 0;
+        // In 64 bits: levels at both ends of int would overflow the count.
+        for (int64_t up = int64_t(lastLevel) - wanted + 1; up > 0 && parent; --up)
+          parent = GetParentItem(parent);
       }
     }
     last = InsertRow(item, id, parent, TVI_LAST);
-    lastDepth = depth;
+    lastLevel = wanted;
     if (!first) first = last;
   }
   // The styles walk numbers and rows in step, from the first row put in:

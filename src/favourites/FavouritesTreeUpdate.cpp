@@ -30,8 +30,7 @@ void FavouritesTree::UpdateAllItems() {
       if (!file->Enable()) {
         // A file that has gone leaves the tree only; the manager is not told.
         HTREEITEM next = TVI_NULL;
-        for (HTREEITEM up = row; !next && up; up = GetParentItem(up))
-          next = GetNextSiblingItem(up);
+        for (HTREEITEM up = row; !next && up; up = GetParentItem(up)) next = GetNextSiblingItem(up);
         DeleteItemData(row);
         DeleteItem(row);
         changed = true;

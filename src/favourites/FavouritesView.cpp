@@ -25,7 +25,8 @@ void FavouritesView::OnInitialUpdate() {
   mTree->EnableDelete(true);
   mTree->DragAcceptFiles(true);
   if (!mCommandItems.empty())
-    mTree->EnableCommandItems(mCommandItems.data(), static_cast<unsigned int>(mCommandItems.size()));
+    mTree->EnableCommandItems(mCommandItems.data(),
+                              static_cast<unsigned int>(mCommandItems.size()));
   mTree->SetFavouritesManager(mManager);
   Layout();
 }
@@ -49,8 +50,8 @@ bool FavouritesView::TryBefore(wxEvent & event) {
   // first; the tree's own have been there already.
   bool const command =
       event.GetEventType() == wxEVT_MENU || event.GetEventType() == wxEVT_UPDATE_UI;
-  if (command && mTree != nullptr && event.GetEventObject() != mTree &&
-      event.GetId() != kTreeId && mTree->GetEventHandler()->ProcessEventLocally(event))
+  if (command && mTree != nullptr && event.GetEventObject() != mTree && event.GetId() != kTreeId &&
+      mTree->GetEventHandler()->ProcessEventLocally(event))
     return true;
   return wxPanel::TryBefore(event);
 }
