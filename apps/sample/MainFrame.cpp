@@ -11,6 +11,7 @@
 #include "DateFormatCommand.h"
 #include "EditsDialog.h"
 #include "FavouritesCommand.h"
+#include "FavouritesPane.h"
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
@@ -83,6 +84,7 @@ void MainFrame::BuildMenus() {
   AddCalibrationListCommand(*tools, *this);
   tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
   AddOpenFavouritesCommand(*tools, *this);
+  AddFavouritesPaneCommand(*tools, *this);
   AddEditsCommand(*tools, *this);
   AddNotesCommand(*tools, *this);
   auto * help = new wxMenu;

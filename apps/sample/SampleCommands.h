@@ -33,6 +33,7 @@ enum SampleCommand : int {
   kDeleteRunsCommand,
   kTreeViewCommand,
   kOpenFavouritesCommand,
+  kFavouritesPaneCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

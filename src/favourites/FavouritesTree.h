@@ -145,6 +145,8 @@ public:
   void OnFavouritesExport();
   void OnFavouritesImport();
   bool IsHoverSelect() const { return mHoverSelect; }
+  // Where the pointer last moved over the tree (client coordinates).
+  POINT GetLastMousePoint() const { return mLastMouse; }
 
 protected:
   void OnLButtonDblClk(UINT flags, POINT point) override;

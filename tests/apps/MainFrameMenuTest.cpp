@@ -71,6 +71,7 @@ enum class Opens {
   kEdits,            // the edits dialog
   kNotes,            // the notes pad
   kReleaseNotes,     // the release notes
+  kFavouritesPane,   // the favourites pane window
 };
 
 struct Expected {
@@ -97,6 +98,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Runs by project...", {Opens::kProjectTree}},
     {"Tools/Tree view", {Opens::kNothing}},
     {"Tools/Open favourites", {Opens::kDetails}},
+    {"Tools/Favourites pane", {Opens::kFavouritesPane}},
     {"Tools/Edits...", {Opens::kEdits}},
     {"Tools/Notes", {Opens::kNotes}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
@@ -332,6 +334,13 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kFavouritesPane: {
+        wxWindow * const pane = frame->FindWindowByName("SampleFavourites", frame);
+        ASSERT_NE(pane, nullptr);
+        EXPECT_TRUE(pane->IsShown());
+        pane->Destroy();
+        break;
+      }
       case Opens::kProjectTree: {
         auto const windows = frame->GetChildren();
         auto const opened = std::find_if(windows.begin(), windows.end(), [](wxWindow * w) {
