@@ -27,23 +27,23 @@ int const kFavouriteCommands[] = {kTreeViewCommand, kNotesCommand, kReportComman
 
 // The first favourites of a user who has none yet.
 void FillDefaults(FavouritesTree & tree) {
-  tree.AddToFavourites(new FavouriteCommandItem(Tr("Favourite", "Tree view").wc_str(),
-                                                kTreeViewCommand));
+  tree.AddToFavourites(
+      new FavouriteCommandItem(Tr("Favourite", "Tree view").wc_str(), kTreeViewCommand));
   tree.AddToFavourites(new FavouriteCommandItem(Tr("Favourite", "Notes").wc_str(), kNotesCommand));
   tree.ClearSelection();
   // A new folder starts a label edit: each is ended before the next row.
   tree.AddToFavourites(new FavouriteFolderItem(Tr("Favourite", "Reports").wc_str(), nullptr));
   tree.EndEditLabelNow(1);
   HTREEITEM const reports = tree.GetSelectedItem();
-  tree.AddToFavourites(new FavouriteCommandItem(Tr("Favourite", "Calibration report").wc_str(),
-                                                kReportCommand));
-  tree.AddToFavourites(new FavouriteCommandItem(Tr("Favourite", "Runs by project").wc_str(),
-                                                kRunsByProjectCommand));
+  tree.AddToFavourites(
+      new FavouriteCommandItem(Tr("Favourite", "Calibration report").wc_str(), kReportCommand));
+  tree.AddToFavourites(
+      new FavouriteCommandItem(Tr("Favourite", "Runs by project").wc_str(), kRunsByProjectCommand));
   tree.SetItemStyle(reports, 3);  // bold and open
   tree.ClearSelection();
   tree.SetItemState(tree.GetRootItem(), TVIS_SELECTED, TVIS_SELECTED);
-  tree.AddToFavourites(new FavouriteFolderItem(
-      Tr("Favourite", "Documents").wc_str(), Tr("Favourite", "Drop files here").wc_str()));
+  tree.AddToFavourites(new FavouriteFolderItem(Tr("Favourite", "Documents").wc_str(),
+                                               Tr("Favourite", "Drop files here").wc_str()));
   tree.EndEditLabelNow(1);
   tree.ClearSelection();
 }

@@ -128,7 +128,11 @@ void FavouritesTree::LoadCollection(ConfigurationSection * section, int id) {
   HTREEITEM first = TVI_NULL;
   for (boost::shared_ptr<ConfigurationSection> const & stored : *rows) {
     if (!stored) continue;
-    if (stored->HasSection(kOldItemData, 1)) {
+    // A row of the present form carries its level; only a row without one
+    // is looked at for the old form's payload, which spares every present
+    // row a search of its keys.
+    int wanted = 0;
+    if (!stored->ReadInt(kIndentLevelKey, wanted) && stored->HasSection(kOldItemData, 1)) {
       // The old form: its rows carry no usable place in the tree, so the
       // item is built (as that form was read) and passed over.
       std::unique_ptr<ConfigurationSection> const data(
@@ -141,8 +145,6 @@ void FavouritesTree::LoadCollection(ConfigurationSection * section, int id) {
       }
       continue;
     }
-    int wanted = 0;
-    stored->ReadInt(kIndentLevelKey, wanted);
     FavouriteItem * const item = builder.Load(stored.get());
     if (item == nullptr) continue;
     // Deeper by any amount is one step down; shallower goes up d - w + 1.
