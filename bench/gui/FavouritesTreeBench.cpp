@@ -13,10 +13,10 @@
 #include <string>
 #include <vector>
 
-#include <boost/shared_ptr.hpp>
 #include <wx/app.h>
 #include <wx/filename.h>
 #include <wx/frame.h>
+#include <boost/shared_ptr.hpp>
 
 #include "Figures.h"
 #include "favourites/FavouriteBuilder.h"
@@ -66,7 +66,8 @@ struct StoredTree {
   StoredTree() {
     std::unique_ptr<ConfigurationSection> const root(file.CreateSubSection("Favourites"));
     for (int i = 0; i < kLoadRows; ++i) {
-      std::unique_ptr<ConfigurationSection> const row(root->CreateSubSection("FavouriteItem", i + 1));
+      std::unique_ptr<ConfigurationSection> const row(
+          root->CreateSubSection("FavouriteItem", i + 1));
       int const level = LevelOf(i);
       row->WriteKey("Name", (L"Favourite " + std::to_wstring(i)).c_str());
       if (level < 2) {
@@ -162,7 +163,8 @@ void Save_baseline(benchmark::State & state) {
     root->WriteKey("AppName", "Bench");
     root->WriteKey("Version", "1.0");
     for (int i = 0; i < kLoadRows; ++i) {
-      std::unique_ptr<ConfigurationSection> const row(root->CreateSubSection("FavouriteItem", i + 1));
+      std::unique_ptr<ConfigurationSection> const row(
+          root->CreateSubSection("FavouriteItem", i + 1));
       int const level = LevelOf(i);
       row->WriteKey("Name", (L"Favourite " + std::to_wstring(i)).c_str());
       if (level < 2) {
