@@ -193,6 +193,7 @@ constexpr int kIdleFiles = 1000;
 std::vector<std::string> const & IdleFiles() {
   static std::vector<std::string> const files = [] {
     std::vector<std::string> made;
+    made.reserve(kIdleFiles);
     for (int i = 0; i < kIdleFiles; ++i) {
       made.push_back(TempFile(("bench-favourite-" + std::to_string(i) + ".txt").c_str()));
       if (FILE * const file = std::fopen(made.back().c_str(), "w")) std::fclose(file);
@@ -233,6 +234,7 @@ void IdlePass_candidate(benchmark::State & state) {
   host.tree->SetFavouritesManager(&manager);
   std::vector<std::string> const & files = IdleFiles();
   std::vector<Row> rows;
+  rows.reserve(kIdleRows);
   for (int i = 0; i < kIdleRows; ++i) {
     if (i % 50 == 0)
       rows.push_back({"FavouritesFolder", 0, "Folder"});
@@ -288,6 +290,7 @@ void Paint_candidate(benchmark::State & state) {
   host.tree->SetFavouritesManager(&manager);
   host.tree->SetSize(400, 40 * host.tree->GetItemHeight());
   std::vector<Row> rows;
+  rows.reserve(40);
   for (int i = 0; i < 40; ++i) rows.push_back({"FileItem", 0, IdleFiles()[size_t(i)]});
   LoadRows(*host.tree, rows);
   host.tree->ClearSelection();

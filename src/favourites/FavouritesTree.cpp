@@ -43,7 +43,9 @@ void FavouritesTree::Init() {
   mImages = std::make_unique<wxImageList>(kIconSide, kIconSide, true, 4);
   SetImageList(mImages.get(), TVSIL_NORMAL);
   SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
-  SetItemHeight(static_cast<short>(GetSystemMetrics(SM_CYSMICON) + kRowPadding));
+  // GTK names no small-icon size (0): the icons of the rows are 16 high.
+  int const smallIcon = GetSystemMetrics(SM_CYSMICON);
+  SetItemHeight(static_cast<short>((smallIcon > 0 ? smallIcon : kIconSide) + kRowPadding));
   LoadResourceAccelerators(kAcceleratorTable, mAccelerators);
   Bind(VX_EVT_NOTIFY_REFLECT, &FavouritesTree::OnNotify, this);
   Bind(wxEVT_CONTEXT_MENU, &FavouritesTree::OnContextMenuEvent, this);

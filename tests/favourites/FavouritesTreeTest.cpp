@@ -509,6 +509,7 @@ TEST_F(FavouritesTreeTest, RowColoursFollowSelectionEnablingAndSeparators) {
     out.nmcd.dwItemSpec = ItemSpecFromHandle(row);
     return SendNotify(tree, NM_CUSTOMDRAW, out.nmcd.hdr);
   };
+  EXPECT_GE(tree->GetItemHeight(), 16 + 5) << "room for the small icon";
   NMTVCUSTOMDRAW info;
   EXPECT_EQ(draw(TVI_NULL, CDDS_PREPAINT, info), CDRF_NOTIFYITEMDRAW);
   EXPECT_EQ(draw(TVI_NULL, 0x30001, info), 48);
