@@ -14,6 +14,7 @@
 #include <wx/utils.h>
 
 #include "controls/VxMenu.h"
+#include "dialogs/NativeChoosers.h"
 #include "favourites/FavouriteCommandItem.h"
 #include "favourites/FavouriteFileItem.h"
 #include "favourites/FavouriteFolderItem.h"
@@ -550,6 +551,32 @@ TEST_F(FavouritesTreeTest, OpeningGivesCopiesOfLeavesAndFolderContents) {
   tree->OpenSelectedFavourites();
   // In display order; the sub-folder gives its leaf, folders themselves none.
   EXPECT_EQ(manager.opened, (std::vector<std::string>{"c", "a", "b"}));
+}
+
+TEST_F(FavouritesTreeTest, ExportAndImportGoThroughTheChooserWithTheFirstRowsCollection) {
+  Add(new FavouriteCommandItem(L"Kept", 1));
+  std::string const path = TempPath("favourites-export.xml");
+  std::vector<FileChooserRequest> requests;
+  FileChooserFunction const former = SetFileChooserFunction([&](FileChooserRequest const & r) {
+    requests.push_back(r);
+    FileChooserAnswer answer;
+    answer.accepted = true;
+    answer.paths.push_back(wxString(path));
+    return answer;
+  });
+  tree->OnFavouritesExport();
+  ASSERT_EQ(requests.size(), 1u);
+  EXPECT_FALSE(requests[0].open);
+  EXPECT_EQ(requests[0].fileName, "Favorites");
+  EXPECT_TRUE(requests[0].overwritePrompt);
+  EXPECT_TRUE(requests[0].wildcard.Contains("*.xml"));
+
+  tree->SetItemText(tree->GetRootItem(), "Changed");
+  tree->OnFavouritesImport();  // replaces the collection with the file's
+  SetFileChooserFunction(former);
+  EXPECT_TRUE(requests.back().open);
+  EXPECT_EQ(Shape(), "Kept/0 ");
+  std::remove(path.c_str());
 }
 
 }  // namespace
