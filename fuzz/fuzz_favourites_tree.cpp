@@ -3,6 +3,7 @@
 // and the tree saved and read again has the same rows at the same depths.
 // Needs a display (the replay runs under Xvfb); without one it reads nothing.
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,6 +25,16 @@ protected:
   void Exit(wxDialog * /*dialog*/) override {}
 };
 
+wxFrame * gFrame = nullptr;
+
+// The window and the toolkit go before the process ends, so that what they
+// hold is not taken for a leak.
+void CleanUp() {
+  if (gFrame != nullptr) gFrame->Destroy();
+  wxTheApp->ProcessIdle();
+  wxEntryCleanup();
+}
+
 FavouritesTree * Tree() {
   static FavouritesTree * const tree = []() -> FavouritesTree * {
     wxApp::SetInstance(new wxApp);
@@ -33,8 +44,9 @@ FavouritesTree * Tree() {
     if (!wxEntryStart(argc, argv) || !wxTheApp->CallOnInit()) return nullptr;
     static AnswerEveryDialog answers;
     answers.Register();
-    auto * const frame = new wxFrame(nullptr, wxID_ANY, "fuzz");
-    auto * const made = new FavouritesTree(frame, wxID_ANY);
+    gFrame = new wxFrame(nullptr, wxID_ANY, "fuzz");
+    std::atexit(CleanUp);
+    auto * const made = new FavouritesTree(gFrame, wxID_ANY);
     made->EnableMultiSelect(true);
     return made;
   }();
