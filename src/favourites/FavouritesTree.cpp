@@ -69,7 +69,7 @@ void FavouritesTree::EnableCommandItems(unsigned int const * ids, unsigned int c
 }
 
 FavouriteTreeData * FavouritesTree::GetTreeData(HTREEITEM row) const {
-  if (!IsValidItem(row)) return nullptr;
+  // A stale or null handle has no data: 0.
   return reinterpret_cast<FavouriteTreeData *>(GetItemData(row));
 }
 
