@@ -12,6 +12,7 @@
 #include <wx/image.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
+#include <wx/panel.h>
 #include <wx/radiobut.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -277,5 +278,15 @@ bool LoadDialogTemplate(wxDialog & dialog, wxWindow * parent, unsigned templateI
   if (!loaded) return false;
   if (!dialog.GetTitle().empty()) dialog.SetTitle(vx3::Tr(dialog.GetTitle().utf8_str().data()));
   TranslateLabels(dialog);
+  return true;
+}
+
+bool LoadPanelTemplate(wxPanel & panel, wxWindow * parent, unsigned templateId) {
+  ResourceModule const * owner = nullptr;
+  ResourceItem const * item = FindInChain(RT_DIALOG, templateId, &owner);
+  if (item == nullptr) return false;
+  wxXmlResource & templates = owner->TemplatesWith(*item);
+  if (!templates.LoadPanel(&panel, parent, wxString::Format("%u", templateId))) return false;
+  TranslateLabels(panel);
   return true;
 }
