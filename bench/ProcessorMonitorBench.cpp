@@ -26,7 +26,8 @@ void ProcessorMonitorSample_candidate(benchmark::State & state) {
   for (auto _ : state) {
     ProcessorTimes current;
     int percent = 0;
-    benchmark::DoNotOptimize(source.Read(current) && LoadPercentBetween(previous, current, percent));
+    benchmark::DoNotOptimize(source.Read(current) &&
+                             LoadPercentBetween(previous, current, percent));
     previous = current;
     benchmark::DoNotOptimize(percent);
   }
@@ -40,11 +41,12 @@ void ProcessorMonitorSample_baseline(benchmark::State & state) {
     ssize_t const length = ::read(fd, buffer.data(), buffer.size() - 1);
     ::close(fd);
     std::uint64_t f[8] = {};
-    int const read = length > 0 ? std::sscanf(buffer.data(),
-                                              "cpu %" SCNu64 " %" SCNu64 " %" SCNu64 " %" SCNu64
-                                              " %" SCNu64 " %" SCNu64 " %" SCNu64 " %" SCNu64,
-                                              &f[0], &f[1], &f[2], &f[3], &f[4], &f[5], &f[6], &f[7])
-                                : 0;
+    int const read = length > 0
+                         ? std::sscanf(buffer.data(),
+                                       "cpu %" SCNu64 " %" SCNu64 " %" SCNu64 " %" SCNu64
+                                       " %" SCNu64 " %" SCNu64 " %" SCNu64 " %" SCNu64,
+                                       &f[0], &f[1], &f[2], &f[3], &f[4], &f[5], &f[6], &f[7])
+                         : 0;
     benchmark::DoNotOptimize(read);
     benchmark::DoNotOptimize(f);
   }

@@ -14,7 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
   ProcessorTimes second;
   if (!ParseProcessorTimes(text.substr(0, split), first)) return 0;
   if (first.busy > first.total) std::abort();
-  if (split == std::string_view::npos || !ParseProcessorTimes(text.substr(split + 1), second)) return 0;
+  if (split == std::string_view::npos || !ParseProcessorTimes(text.substr(split + 1), second))
+    return 0;
   int percent = -1;
   if (LoadPercentBetween(first, second, percent) && (percent < 0 || percent > 100)) std::abort();
   return 0;

@@ -13,7 +13,7 @@ class ProcessorMonitor;
 class VxStatusBar;
 
 class ProcessorLoadPane : public wxStaticText {
- public:
+public:
   static constexpr unsigned int kPaneId = 1100;
   static constexpr int kValueLimit = 90;
   static constexpr int kHitLimit = 5;
@@ -27,7 +27,7 @@ class ProcessorLoadPane : public wxStaticText {
   // it once a second.
   void ShowLoad();
 
- private:
+private:
   // Runs on the monitor's thread: only sets the flag.
   static void OnHighLoad(ProcessorMonitor const * monitor, void * param);
 

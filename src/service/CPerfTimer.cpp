@@ -18,7 +18,9 @@ void CPerfTimer::Stop() {
 
 void CPerfTimer::Reset() { m_value = 0; }
 
-std::int64_t CPerfTimer::GetElapsedTicks() const { return IsRunning() ? Now() - m_value : -m_value; }
+std::int64_t CPerfTimer::GetElapsedTicks() const {
+  return IsRunning() ? Now() - m_value : -m_value;
+}
 
 double CPerfTimer::GetElapsedSeconds() const {
   return static_cast<double>(GetElapsedTicks()) / static_cast<double>(GetFrequency());

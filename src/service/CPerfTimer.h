@@ -7,12 +7,12 @@
 #include <cstdint>
 
 class CPerfTimer {
- public:
+public:
   CPerfTimer() = default;
 
-  void Start();   // no effect while running
-  void Stop();    // no effect while stopped
-  void Reset();   // 0 ticks; stops a running timer
+  void Start();  // no effect while running
+  void Stop();   // no effect while stopped
+  void Reset();  // 0 ticks; stops a running timer
   bool IsRunning() const { return m_value > 0; }
 
   std::int64_t GetElapsedTicks() const;
@@ -23,7 +23,7 @@ class CPerfTimer {
   // Ticks a second: the monotonic clock counts nanoseconds.
   static std::int64_t GetFrequency() { return 1'000'000'000; }
 
- private:
+private:
   static std::int64_t Now();
 
   std::int64_t m_value = 0;

@@ -17,7 +17,7 @@
 // Where the monitor's samples come from: the machine's /proc/stat, or a
 // script in tests.
 class ProcessorTimesSource {
- public:
+public:
   virtual ~ProcessorTimesSource() = default;
   // False when the times cannot be read; the monitor then ends its worker.
   virtual bool Read(ProcessorTimes & times) = 0;
@@ -25,12 +25,12 @@ class ProcessorTimesSource {
 
 // The machine's times from /proc/stat.
 class ProcStatTimesSource : public ProcessorTimesSource {
- public:
+public:
   bool Read(ProcessorTimes & times) override;
 };
 
 class ProcessorMonitor {
- public:
+public:
   using Callback = void (*)(ProcessorMonitor const *, void *);
 
   static constexpr std::chrono::milliseconds kSamplePeriod{1000};
@@ -55,7 +55,7 @@ class ProcessorMonitor {
   int GetLastValue() const { return m_lastValue.load(std::memory_order_relaxed); }
   void * GetParam() const { return m_param; }
 
- private:
+private:
   void ThreadProc();
   // Waits until `deadline` or until stopped; true while still running.
   bool WaitUntil(std::chrono::steady_clock::time_point deadline);

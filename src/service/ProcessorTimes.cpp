@@ -23,8 +23,9 @@ bool ReadNumber(std::string_view text, std::size_t & pos, std::uint64_t & value)
 }
 
 std::uint64_t SaturatingSum(std::uint64_t a, std::uint64_t b) {
-  return b > std::numeric_limits<std::uint64_t>::max() - a ? std::numeric_limits<std::uint64_t>::max()
-                                                           : a + b;
+  return b > std::numeric_limits<std::uint64_t>::max() - a
+             ? std::numeric_limits<std::uint64_t>::max()
+             : a + b;
 }
 
 }  // namespace
@@ -45,7 +46,8 @@ bool ParseProcessorTimes(std::string_view statText, ProcessorTimes & times) {
   }
   if (count < kIdle + 1) return false;
   std::uint64_t busy = 0;
-  for (auto index : {kUser, kNice, kSystem, kIrq, kSoftirq, kSteal}) busy = SaturatingSum(busy, field[index]);
+  for (auto index : {kUser, kNice, kSystem, kIrq, kSoftirq, kSteal})
+    busy = SaturatingSum(busy, field[index]);
   times.busy = busy;
   times.total = SaturatingSum(SaturatingSum(busy, field[kIdle]), field[kIowait]);
   return true;
@@ -61,7 +63,8 @@ bool LoadPercentBetween(ProcessorTimes const & earlier, ProcessorTimes const & l
     return true;
   }
   // Rounded to the nearest percent without overflowing on large deltas.
-  long double const exact = 100.0L * static_cast<long double>(busy) / static_cast<long double>(total);
+  long double const exact =
+      100.0L * static_cast<long double>(busy) / static_cast<long double>(total);
   percent = static_cast<int>(exact + 0.5L);
   return true;
 }

@@ -21,8 +21,8 @@ struct ScriptedPane {
   explicit ScriptedPane(wxWindow * parent, std::vector<std::optional<int>> loads) {
     auto source = std::make_unique<ScriptedProcessorTimes>(std::move(loads));
     auto finished = source->Finished();
-    pane = new ProcessorLoadPane(
-        parent, std::make_unique<ProcessorMonitor>(std::move(source), std::chrono::milliseconds(0)));
+    pane = new ProcessorLoadPane(parent, std::make_unique<ProcessorMonitor>(
+                                             std::move(source), std::chrono::milliseconds(0)));
     ready = finished.wait_for(std::chrono::seconds(10)) == std::future_status::ready;
     pane->ShowLoad();
   }

@@ -109,7 +109,8 @@ protected:
     std::unique_ptr<ConfigurationSection> const root(section.CopyAndChangeSubSection("Favourites"));
     if (!root) return "none";
     for (int n = 1;; ++n) {
-      std::unique_ptr<ConfigurationSection> const row(root->CopyAndChangeSubSection("FavouriteItem", n));
+      std::unique_ptr<ConfigurationSection> const row(
+          root->CopyAndChangeSubSection("FavouriteItem", n));
       if (!row) break;
       std::string name;
       int level = -1;

@@ -24,10 +24,10 @@ TEST(ProcessorTimes, ParsesTheCpuLineOfProcStat) {
       // user nice system idle iowait irq softirq steal guest guest_nice:
       // guest is inside user, so busy leaves it out.
       {"cpu  10 20 30 400 50 6 7 8 90 100", true, 10 + 20 + 30 + 6 + 7 + 8, 81 + 400 + 50},
-      {"cpu 1 2 3 4", true, 6, 10},                 // old kernels: four fields
+      {"cpu 1 2 3 4", true, 6, 10},  // old kernels: four fields
       {"cpu\t1\t2\t3\t4 5", true, 6, 15},
-      {"cpu 1 2 3", false, 0, 0},                   // no idle field
-      {"cpu0 1 2 3 4 5 6 7 8", false, 0, 0},        // a single processor's line
+      {"cpu 1 2 3", false, 0, 0},             // no idle field
+      {"cpu0 1 2 3 4 5 6 7 8", false, 0, 0},  // a single processor's line
       {"intr 1 2 3 4", false, 0, 0},
       {"", false, 0, 0},
       {"cpu  1 2 x 4", false, 0, 0},
@@ -50,10 +50,8 @@ TEST(ProcessorTimes, LoadIsRoundedAndCappedAndNeedsForwardCounters) {
     int percent;
   };
   Case const cases[] = {
-      {{0, 0}, {1, 3}, true, 33},
-      {{0, 0}, {2, 3}, true, 67},
-      {{100, 1000}, {100, 2000}, true, 0},
-      {{100, 1000}, {1100, 2000}, true, 100},
+      {{0, 0}, {1, 3}, true, 33},          {{0, 0}, {2, 3}, true, 67},
+      {{100, 1000}, {100, 2000}, true, 0}, {{100, 1000}, {1100, 2000}, true, 100},
       {{0, 0}, {1, 200}, true, 1},       // 0.5 rounds up
       {{0, 0}, {5, 3}, true, 100},       // idle went backwards: capped
       {{10, 100}, {10, 100}, false, 0},  // no time passed
@@ -79,11 +77,14 @@ ScriptRun RunScript(std::vector<std::optional<int>> loads, int valueLimit, int h
   auto finished = source->Finished();
   ScriptRun run;
   ProcessorMonitor monitor(std::move(source), std::chrono::milliseconds(0));
-  monitor.Init(valueLimit, hitLimit, [](ProcessorMonitor const * m, void * param) {
-    auto * r = static_cast<ScriptRun *>(param);
-    ++r->callbacks;
-    EXPECT_GE(m->GetLastValue(), m->GetValueLimit());
-  }, &run);
+  monitor.Init(
+      valueLimit, hitLimit,
+      [](ProcessorMonitor const * m, void * param) {
+        auto * r = static_cast<ScriptRun *>(param);
+        ++r->callbacks;
+        EXPECT_GE(m->GetLastValue(), m->GetValueLimit());
+      },
+      &run);
   EXPECT_EQ(finished.wait_for(std::chrono::seconds(10)), std::future_status::ready);
   run.lastValue = monitor.GetLastValue();
   return run;
@@ -115,7 +116,7 @@ TEST(ProcessorMonitor, CountsHitsAndTakesOneBackForEachLowSample) {
 
 TEST(ProcessorMonitor, InitTakesOnlyTheFirstCallAndUnreadableTimesEndTheWorker) {
   class Unreadable : public ProcessorTimesSource {
-   public:
+  public:
     bool Read(ProcessorTimes &) override { return false; }
   };
   ProcessorMonitor monitor(std::make_unique<Unreadable>(), std::chrono::milliseconds(0));
@@ -147,8 +148,7 @@ TEST(ProcessorMonitor, MeasuresTheMachineAndStopsWithoutWaitingForTheSample) {
 void LetTimePass() {
   CPerfTimer watch;
   watch.Start();
-  while (watch.GetElapsedTicks() < 1000) {
-  }
+  while (watch.GetElapsedTicks() < 1000) {}
 }
 
 TEST(CPerfTimer, AddsUpRunsAndIgnoresRepeatedStartsAndStops) {

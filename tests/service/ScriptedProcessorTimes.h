@@ -12,8 +12,9 @@
 // or nothing for a period in which the counters did not move. When the
 // script runs out, the source fails, which ends the worker.
 class ScriptedProcessorTimes : public ProcessorTimesSource {
- public:
-  explicit ScriptedProcessorTimes(std::vector<std::optional<int>> loads) : m_loads(std::move(loads)) {}
+public:
+  explicit ScriptedProcessorTimes(std::vector<std::optional<int>> loads)
+      : m_loads(std::move(loads)) {}
 
   bool Read(ProcessorTimes & times) override {
     if (m_first) {
@@ -35,7 +36,7 @@ class ScriptedProcessorTimes : public ProcessorTimesSource {
 
   std::future<void> Finished() { return m_finished.get_future(); }
 
- private:
+private:
   std::vector<std::optional<int>> m_loads;
   std::size_t m_next = 0;
   bool m_first = true;
