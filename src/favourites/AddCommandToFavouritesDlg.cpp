@@ -33,7 +33,9 @@ wxString RowText(wxString text) {
   return text;
 }
 
-unsigned int CommandOf(int itemId) { return static_cast<unsigned int>(CommandFromMenuItemId(itemId)); }
+unsigned int CommandOf(int itemId) {
+  return static_cast<unsigned int>(CommandFromMenuItemId(itemId));
+}
 
 // The command's string: "long text\nshort text".
 wxString CommandString(unsigned int command) { return LoadResourceString(command); }
@@ -65,7 +67,8 @@ Control * ReplacePlaceholder(wxWindow & dialog, int id) {
 
 }  // namespace
 
-AddCommandToFavouritesDlg::AddCommandToFavouritesDlg(FavouritesTree * tree, unsigned int const * menuIds,
+AddCommandToFavouritesDlg::AddCommandToFavouritesDlg(FavouritesTree * tree,
+                                                     unsigned int const * menuIds,
                                                      unsigned int count, wxWindow * parent)
     : mTree(tree), mMenuIds(menuIds, menuIds + count), mImages(16, 15, true, 0) {
   SetParent(parent);
@@ -83,7 +86,8 @@ bool AddCommandToFavouritesDlg::OnInitDialog() {
   mCommands = ReplacePlaceholder<CommandsListBox>(*this, kCommandsList);
   if (mMenus == nullptr) return false;
   for (int id : {16067, int(kMenusList), int(kCommandsList)}) AddAnchor(id, TOP_LEFT, BOTTOM_RIGHT);
-  for (int id : {int(kSelectedCommand), int(kDescription), 16062}) AddAnchor(id, BOTTOM_LEFT, BOTTOM_RIGHT);
+  for (int id : {int(kSelectedCommand), int(kDescription), 16062})
+    AddAnchor(id, BOTTOM_LEFT, BOTTOM_RIGHT);
   for (int id : {int(kAddButton), 1, 2}) AddAnchor(id, BOTTOM_RIGHT);
 
   for (unsigned int id : mMenuIds) FavouritesManager::LoadToolBar(id, mImages, mIconMap);
@@ -108,9 +112,12 @@ bool AddCommandToFavouritesDlg::OnInitDialog() {
   mMenus->Bind(wxEVT_LISTBOX, [this](wxCommandEvent &) { OnMenusSelection(); });
   mCommands->Bind(wxEVT_LISTBOX, [this](wxCommandEvent &) { OnCommandsSelection(); });
   mCommands->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent &) { OnCommandsDoubleClick(); });
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { OnAdd(); }, kAddButton);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Destroy(); }, wxID_OK);
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { Destroy(); }, wxID_CANCEL);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { OnAdd(); }, kAddButton);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Destroy(); }, wxID_OK);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { Destroy(); }, wxID_CANCEL);
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent &) { Destroy(); });
 
   if (mMenus->GetCount() > 0) mMenus->SetSelection(0);
@@ -162,7 +169,8 @@ void AddCommandToFavouritesDlg::FillFromMenu(wxMenu const & menu) {
       continue;
     wxString const label = item->GetItemLabel();
     if (item->IsSeparator() || label.empty()) continue;
-    CommandsListBox::CommandRow row{RowText(label), wxIcon(), sub != nullptr ? 0U : command, position};
+    CommandsListBox::CommandRow row{RowText(label), wxIcon(), sub != nullptr ? 0U : command,
+                                    position};
     if (row.commandId != 0) {
       auto const found = mIconMap.find(static_cast<uint16_t>(row.commandId));
       if (found != mIconMap.end()) row.icon = mImages.GetIcon(found->second);
@@ -228,13 +236,16 @@ void AddCommandToFavouritesDlg::OnCommandsDoubleClick() {
 void AddCommandToFavouritesDlg::OnAdd() {
   CommandsListBox::CommandRow const * row = mCommands->GetRow(mCommands->GetSelection());
   if (row == nullptr || row->commandId == 0 || mTree == nullptr) return;
-  mTree->AddToFavourites(new FavouriteCommandItem(row->text.wc_str(), static_cast<int>(row->commandId)));
+  mTree->AddToFavourites(
+      new FavouriteCommandItem(row->text.wc_str(), static_cast<int>(row->commandId)));
   mAdded = true;
 }
 
 void AddCommandToFavouritesDlg::UpdateTexts() {
-  if (auto * heading = wxDynamicCast(FindWindow(kSelectedCommand), wxStaticText)) heading->SetLabel(mSelectedCommand);
-  if (auto * description = wxDynamicCast(FindWindow(kDescription), wxStaticText)) description->SetLabel(mDescription);
+  if (auto * heading = wxDynamicCast(FindWindow(kSelectedCommand), wxStaticText))
+    heading->SetLabel(mSelectedCommand);
+  if (auto * description = wxDynamicCast(FindWindow(kDescription), wxStaticText))
+    description->SetLabel(mDescription);
 }
 
 AddCommandToFavouritesDlg * ShowAddCommandDialog(FavouritesTree & tree) {
@@ -242,11 +253,13 @@ AddCommandToFavouritesDlg * ShowAddCommandDialog(FavouritesTree & tree) {
   if (ids.empty()) return nullptr;
   wxWindow * owner = wxGetTopLevelParent(&tree);
   for (wxWindow * window : wxTopLevelWindows)
-    if (auto * open = dynamic_cast<AddCommandToFavouritesDlg *>(window); open != nullptr && open->GetTree() == &tree) {
+    if (auto * open = dynamic_cast<AddCommandToFavouritesDlg *>(window);
+        open != nullptr && open->GetTree() == &tree) {
       open->Raise();
       return open;
     }
-  auto * dialog = new AddCommandToFavouritesDlg(&tree, ids.data(), static_cast<unsigned int>(ids.size()), owner);
+  auto * dialog = new AddCommandToFavouritesDlg(&tree, ids.data(),
+                                                static_cast<unsigned int>(ids.size()), owner);
   if (!dialog->Create()) {
     delete dialog;
     return nullptr;

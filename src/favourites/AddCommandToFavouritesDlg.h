@@ -22,7 +22,7 @@ class wxMenuBar;
 class wxToolBar;
 
 class AddCommandToFavouritesDlg : public CResizableDialog {
- public:
+public:
   enum Control : int {
     kMenusList = 16050,
     kCommandsList = 16051,
@@ -55,7 +55,7 @@ class AddCommandToFavouritesDlg : public CResizableDialog {
   bool GetAdded() const { return mAdded; }
   FavouritesTree * GetTree() const { return mTree; }
 
- private:
+private:
   bool OnInitDialog();
   void ShowRow(int row);
   void FillFromMenu(wxMenu const & menu);

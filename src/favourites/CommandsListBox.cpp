@@ -10,11 +10,11 @@
 
 namespace {
 
-constexpr int kIconColumn = 22;   // the icon's square at the left
+constexpr int kIconColumn = 22;  // the icon's square at the left
 constexpr int kHighlightFrom = 23;
 constexpr int kTextFrom = 28;
 constexpr int kTextRightGap = 22;
-constexpr int kArrowIn = 11;      // the sub-menu arrow, from the right edge
+constexpr int kArrowIn = 11;  // the sub-menu arrow, from the right edge
 
 }  // namespace
 
@@ -22,6 +22,15 @@ CommandsListBox::CommandsListBox(wxWindow * parent, wxWindowID id, wxPoint const
                                  wxSize const & size)
     : wxVListBox(parent, id, pos, size, wxBORDER_SUNKEN) {
   SetBackgroundColour(GetSysColour(COLOR_WINDOW));
+  Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent & event) {
+    mRowHeight = 0;
+    event.Skip();
+  });
+}
+
+bool CommandsListBox::SetFont(wxFont const & font) {
+  mRowHeight = 0;
+  return wxVListBox::SetFont(font);
 }
 
 void CommandsListBox::ResetContent() { SetRows({}); }
@@ -43,8 +52,11 @@ CommandsListBox::CommandRow const * CommandsListBox::GetRow(int index) const {
 }
 
 wxCoord CommandsListBox::OnMeasureItem(size_t) const {
-  // Room for a small icon with its raised edge, or a line of text.
-  return std::max(GetSystemMetrics(SM_CYSMICON) + 4, GetCharHeight() + 4);
+  // Room for a small icon with its raised edge, or a line of text. Every
+  // row has it; the list asks for rows in thousands, so it is kept.
+  if (mRowHeight == 0)
+    mRowHeight = std::max(GetSystemMetrics(SM_CYSMICON) + 4, GetCharHeight() + 4);
+  return mRowHeight;
 }
 
 void CommandsListBox::OnDrawBackground(wxDC & dc, wxRect const & rect, size_t) const {

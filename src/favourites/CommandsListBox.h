@@ -9,12 +9,12 @@
 #include <vector>
 
 class CommandsListBox : public wxVListBox {
- public:
+public:
   struct CommandRow {
     wxString text;
-    wxIcon icon;               // may be invalid
-    unsigned int commandId;    // 0 for a sub-menu
-    int position;              // the index in the parent menu
+    wxIcon icon;             // may be invalid
+    unsigned int commandId;  // 0 for a sub-menu
+    int position;            // the index in the parent menu
   };
 
   CommandsListBox() = default;
@@ -28,10 +28,12 @@ class CommandsListBox : public wxVListBox {
   CommandRow const * GetRow(int index) const;
   int GetRowCount() const { return static_cast<int>(mRows.size()); }
 
+  bool SetFont(wxFont const & font) override;
   wxCoord OnMeasureItem(size_t n) const override;
   void OnDrawItem(wxDC & dc, wxRect const & rect, size_t n) const override;
   void OnDrawBackground(wxDC & dc, wxRect const & rect, size_t n) const override;
 
- private:
+private:
   std::vector<CommandRow> mRows;
+  mutable wxCoord mRowHeight = 0;  // of every row; 0 until first asked
 };

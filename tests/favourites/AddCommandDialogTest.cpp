@@ -23,7 +23,7 @@
 namespace {
 
 class Manager : public FavouritesManager {
- public:
+public:
   bool OnAddToFavourites(FavouriteItem *, int & id) override {
     id = 1;
     return true;
@@ -32,7 +32,8 @@ class Manager : public FavouritesManager {
 
 std::vector<wxString> MenuRows(AddCommandToFavouritesDlg const & dialog) {
   std::vector<wxString> rows;
-  for (unsigned i = 0; i < dialog.GetMenusList().GetCount(); ++i) rows.push_back(dialog.GetMenusList().GetString(i));
+  for (unsigned i = 0; i < dialog.GetMenusList().GetCount(); ++i)
+    rows.push_back(dialog.GetMenusList().GetString(i));
   return rows;
 }
 
@@ -45,7 +46,7 @@ std::vector<wxString> CommandRows(AddCommandToFavouritesDlg const & dialog) {
 }
 
 class AddCommandDialogTest : public testing::Test {
- protected:
+protected:
   void SetUp() override {
     frame = new wxFrame(nullptr, wxID_ANY, "application", wxPoint(30, 30), wxSize(500, 400));
     wxTheApp->SetTopWindow(frame);
@@ -79,7 +80,9 @@ class AddCommandDialogTest : public testing::Test {
     dialog->GetCommandsList().SetSelection(static_cast<int>(at - rows.begin()));
     dialog->OnCommandsSelection();
   }
-  bool AddEnabled() const { return dialog->FindWindow(AddCommandToFavouritesDlg::kAddButton)->IsEnabled(); }
+  bool AddEnabled() const {
+    return dialog->FindWindow(AddCommandToFavouritesDlg::kAddButton)->IsEnabled();
+  }
 
   Manager manager;
   wxFrame * frame = nullptr;
@@ -156,7 +159,9 @@ TEST_F(AddCommandDialogTest, ARowIsDrawnWithItsHighlightFocusTextAndSubMenuArrow
   list.OnDrawItem(dc, rect, 1);
   dc.SelectObject(wxNullBitmap);
   wxImage const image = bitmap.ConvertToImage();
-  auto colour = [&image](int x, int y) { return wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)); };
+  auto colour = [&image](int x, int y) {
+    return wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y));
+  };
   wxColour const window = GetSysColour(COLOR_WINDOW);
   wxColour const highlight = GetSysColour(COLOR_HIGHLIGHT);
   EXPECT_EQ(colour(22, 12), window) << "the icon column stays unhighlighted";
