@@ -16,6 +16,7 @@
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "NotesDialog.h"
+#include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
 #include "ReleaseNotesDialog.h"
 #include "ReportCommand.h"
@@ -63,7 +64,9 @@ MainFrame::MainFrame()
               wxDefaultPosition, wxSize(720, 480)) {
   BuildMenus();
   BuildPage();
-  SetStatusBar(new VxStatusBar(this));
+  auto * statusBar = new VxStatusBar(this);
+  SetStatusBar(statusBar);
+  AddProcessorLoadPane(*statusBar);
   SetStatusText(mRuns->Summary());
 }
 
@@ -144,5 +147,6 @@ void MainFrame::OnExit(wxCommandEvent &) { Close(); }
 void MainFrame::OnRunCalculation(wxCommandEvent &) {
   // The progress puts the idle text back when it ends; the outcome comes
   // after that.
-  SetStatusText(DescribeOutcome(RunSampleCalculation(this, mCalculation)));
+  CalculationOutcome const outcome = RunSampleCalculation(this, mCalculation);
+  SetStatusText(DescribeOutcome(outcome) + "  " + DescribeDuration(outcome));
 }

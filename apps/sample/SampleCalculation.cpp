@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "service/CPerfTimer.h"
 #include "utl/Translation.h"
 #include "work/Progress.h"
 
@@ -33,6 +34,8 @@ bool FitRun(Progress & progress, int run) {
 CalculationOutcome RunSampleCalculation(wxWindow * parent, CalculationPlan const & plan) {
   CalculationOutcome outcome;
   outcome.runs = plan.runs;
+  CPerfTimer timer;
+  timer.Start();
   std::function<bool(Progress &, int)> const run = plan.run ? plan.run : FitRun;
   Progress progress(parent, Tr("Fitting the calibration runs...").wc_str(), 0, float(plan.runs),
                     false, true, true, nullptr, nullptr, nullptr, kShowDelayMs);
@@ -47,6 +50,7 @@ CalculationOutcome RunSampleCalculation(wxWindow * parent, CalculationPlan const
       break;
     }
   }
+  outcome.milliseconds = timer.GetElapsedMilliseconds();
   return outcome;
 }
 
@@ -55,5 +59,11 @@ wxString DescribeOutcome(CalculationOutcome const & outcome) {
                                   : Tr("Calculation finished: %2% runs.");
   text.Replace("%1%", wxString::Format("%d", outcome.reached));
   text.Replace("%2%", wxString::Format("%d", outcome.runs));
+  return text;
+}
+
+wxString DescribeDuration(CalculationOutcome const & outcome) {
+  wxString text = Tr("Time: %1% ms");
+  text.Replace("%1%", wxString::Format("%.1f", outcome.milliseconds));
   return text;
 }

@@ -23,6 +23,7 @@ struct CalculationOutcome {
   int runs = 0;     // runs planned
   int reached = 0;  // the run that was under way when it ended (1-based)
   bool stopped = false;
+  double milliseconds = 0;  // the whole calculation, on the stop-watch
 };
 
 CalculationOutcome RunSampleCalculation(wxWindow * parent, CalculationPlan const & plan);
@@ -30,3 +31,6 @@ CalculationOutcome RunSampleCalculation(wxWindow * parent, CalculationPlan const
 // What the status bar says afterwards: "Calculation stopped at run 37 of
 // 120." or "Calculation finished: 120 runs."
 wxString DescribeOutcome(CalculationOutcome const & outcome);
+
+// "Time: 1234.5 ms": how long the calculation took.
+wxString DescribeDuration(CalculationOutcome const & outcome);

@@ -5,6 +5,7 @@
 #include <wx/utils.h>
 #include <wx/window.h>
 
+#include "favourites/AddCommandToFavouritesDlg.h"
 #include "favourites/FavouriteFileItem.h"
 #include "favourites/FavouriteFolderItem.h"
 #include "favourites/FavouriteItem.h"
@@ -260,7 +261,7 @@ void FavouritesTree::OnLButtonDblClk(UINT flags, POINT point) {
 
 bool FavouritesTree::HandleCommand(int id) {
   switch (id) {
-    case kAddCommand: return !mCommandItems.empty();  // the dialog is the application's
+    case kAddCommand: return ShowAddCommandDialog(*this) != nullptr;
     case kFolderAsItem: OnFavouritesFolderAsItem(); return true;
     case kNewFolder: OnFavouritesNewfolder(); return true;
     case kOpen: OnFavouritesOpen(); return true;
