@@ -21,7 +21,8 @@ std::vector<CommandsListBox::CommandRow> Rows() {
   std::vector<CommandsListBox::CommandRow> rows;
   rows.reserve(Commands);
   for (int i = 0; i < Commands; ++i)
-    rows.push_back({wxString::Format("Command %d of the menu", i), wxIcon(), static_cast<unsigned>(100 + i), i});
+    rows.push_back({wxString::Format("Command %d of the menu", i), wxIcon(),
+                    static_cast<unsigned>(100 + i), i});
   return rows;
 }
 
