@@ -6,9 +6,14 @@
 class FavouriteItem;
 
 struct FavouriteTreeData {
-  FavouriteTreeData(FavouriteItem * owned, int collection)
-      : item(owned), collectionID(collection) {}
+  // What the item is, settled once when the row is made: the idle pass
+  // walks every row at each idle moment and would otherwise ask each item
+  // its class twice.
+  enum class Kind { kOther, kFolder, kFile };
+
+  FavouriteTreeData(FavouriteItem * owned, int collection);
 
   FavouriteItem * item;
   int collectionID;
+  Kind kind;
 };

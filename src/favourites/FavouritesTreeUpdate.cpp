@@ -4,8 +4,8 @@
 
 #include <wx/utils.h>
 
-#include "favourites/FavouriteFileItem.h"
 #include "favourites/FavouriteFolderItem.h"
+#include "favourites/FavouriteTreeData.h"
 #include "favourites/FavouritesTree.h"
 
 void FavouritesTree::UpdateAllItems() {
@@ -27,8 +27,9 @@ void FavouritesTree::UpdateAllItems() {
       row = next;
       continue;
     }
-    // Folders are the most rows: asked first, one cast settles most rows.
-    if (auto const * const folder = dynamic_cast<FavouriteFolderItem const *>(data->item)) {
+    // The row's kind was settled when it was made: no class test per row.
+    if (data->kind == FavouriteTreeData::Kind::kFolder) {
+      auto const * const folder = static_cast<FavouriteFolderItem const *>(data->item);
       if (!folder->GetTreatAsItem() && !folder->GetEmptyFolderText().empty() &&
           !GetChildItem(row)) {
         HTREEITEM const placeholder = InsertPlaceholder(row, folder->GetEmptyFolderText());
@@ -37,17 +38,15 @@ void FavouritesTree::UpdateAllItems() {
         row = GetNextItem(placeholder);  // on behind the placeholder
         continue;
       }
-    } else if (auto * const file = dynamic_cast<FavouriteFileItem *>(data->item)) {
-      if (!file->Enable()) {
-        // A file that has gone leaves the tree only; the manager is not told.
-        HTREEITEM next = TVI_NULL;
-        for (HTREEITEM up = row; !next && up; up = GetParentItem(up)) next = GetNextSiblingItem(up);
-        DeleteItemData(row);
-        DeleteItem(row);
-        changed = true;
-        row = next;
-        continue;
-      }
+    } else if (data->kind == FavouriteTreeData::Kind::kFile && !data->item->Enable()) {
+      // A file that has gone leaves the tree only; the manager is not told.
+      HTREEITEM next = TVI_NULL;
+      for (HTREEITEM up = row; !next && up; up = GetParentItem(up)) next = GetNextSiblingItem(up);
+      DeleteItemData(row);
+      DeleteItem(row);
+      changed = true;
+      row = next;
+      continue;
     }
     row = GetNextItem(row);
   }
