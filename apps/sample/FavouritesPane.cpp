@@ -5,6 +5,7 @@
 #include <wx/menu.h>
 
 #include "SampleCommands.h"
+#include "SampleMenuResource.h"
 #include "favourites/FavouriteCommandItem.h"
 #include "favourites/FavouriteFolderItem.h"
 #include "favourites/FavouritesManager.h"
@@ -60,6 +61,8 @@ public:
     }
     mView = view;
     mView->SetFavouritesManager(&mManager);
+    // Commands come from the sample's menu resource (and its tool bar).
+    mView->EnableCommandItems(&kSampleMenuResource, 1);
     mView->OnInitialUpdate();
     FavouritesTree & tree = *mView->GetTreeCtrl();
     if (wxFileName::FileExists(SampleFavouritesFile()))
@@ -83,6 +86,8 @@ public:
     }
   }
 
+  FavouritesTree * GetTree() const { return mView != nullptr ? mView->GetTreeCtrl() : nullptr; }
+
 private:
   FavouritesManager mManager;
   FavouritesView * mView = nullptr;
@@ -103,6 +108,11 @@ wxFrame * ShowFavouritesPane(wxFrame & owner) {
   window->Show();
   window->Raise();
   return window;
+}
+
+FavouritesTree * FavouritesPaneTree(wxFrame & pane) {
+  auto const * const window = dynamic_cast<FavouritesPane *>(&pane);
+  return window != nullptr ? window->GetTree() : nullptr;
 }
 
 void AddFavouritesPaneCommand(wxMenu & menu, wxFrame & frame) {

@@ -9,6 +9,7 @@
 
 #include <wx/string.h>
 
+class FavouritesTree;
 class wxFrame;
 class wxMenu;
 
@@ -17,6 +18,9 @@ void AddFavouritesPaneCommand(wxMenu & menu, wxFrame & frame);
 
 // Opens the window (or raises the open one) and returns it.
 wxFrame * ShowFavouritesPane(wxFrame & owner);
+
+// The tree of a window ShowFavouritesPane returned, else null.
+FavouritesTree * FavouritesPaneTree(wxFrame & pane);
 
 // Where the pane keeps its favourites.
 wxString SampleFavouritesFile();

@@ -6,6 +6,7 @@
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include "AddCommandMenu.h"
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
 #include "DateFormatCommand.h"
@@ -24,6 +25,7 @@
 #include "RunPicker.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "SampleMenuResource.h"
 #include "TimeGridDialog.h"
 #include "TreeViewWindow.h"
 
@@ -96,9 +98,14 @@ void MainFrame::BuildMenus() {
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));
   bar->Append(tools, Tr("Menu", "&Tools"));
+  auto * favourites = new wxMenu;
+  AddAddCommandCommand(*favourites, *this);
+  bar->Append(favourites, Tr("Menu", "Fa&vourites"));
   bar->Append(CreateMessagesMenu(*this), Tr("Menu", "&Messages"));
   bar->Append(help, Tr("Menu", "&Help"));
   SetMenuBar(bar);
+  BindSampleMenuAliases(*this);
+  AddSampleToolBar(*this);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
   Bind(wxEVT_MENU, &MainFrame::OnRunCalculation, this, kRunCalculationCommand);
   Bind(

@@ -34,6 +34,8 @@ enum SampleCommand : int {
   kTreeViewCommand,
   kOpenFavouritesCommand,
   kFavouritesPaneCommand,
+  // Favourites
+  kAddCommandToFavouritesCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

@@ -13,12 +13,14 @@
 #include <vector>
 
 #include <wx/app.h>
+#include <wx/listbox.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
 #include "EditsDialog.h"
+#include "FavouritesPane.h"
 #include "InstrumentsDialog.h"
 #include "MainFrame.h"
 #include "NotesDialog.h"
@@ -35,6 +37,7 @@
 #include "dialogs/NativeChoosers.h"
 #include "dialogs/ScrollMessageBox.h"
 #include "dialogs/YesNoCancelAll.h"
+#include "favourites/AddCommandToFavouritesDlg.h"
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
@@ -72,6 +75,7 @@ enum class Opens {
   kNotes,            // the notes pad
   kReleaseNotes,     // the release notes
   kFavouritesPane,   // the favourites pane window
+  kAddCommand,       // the pane with the add-command dialog over it
 };
 
 struct Expected {
@@ -100,6 +104,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Open favourites", {Opens::kDetails}},
     {"Tools/Favourites pane", {Opens::kFavouritesPane}},
     {"Tools/Edits...", {Opens::kEdits}},
+    {"Favourites/Add Command...", {Opens::kAddCommand}},
     {"Tools/Notes", {Opens::kNotes}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
@@ -339,6 +344,22 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         wxWindow * const pane = frame->FindWindowByName("SampleFavourites", frame);
         ASSERT_NE(pane, nullptr);
         EXPECT_TRUE(pane->IsShown());
+        pane->Destroy();
+        break;
+      }
+      case Opens::kAddCommand: {
+        auto * const pane =
+            dynamic_cast<wxFrame *>(frame->FindWindowByName("SampleFavourites", frame));
+        ASSERT_NE(pane, nullptr);
+        AddCommandToFavouritesDlg * dialog = nullptr;
+        for (wxWindow * window : wxTopLevelWindows)
+          if (auto * const found = dynamic_cast<AddCommandToFavouritesDlg *>(window))
+            dialog = found;
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->GetTree(), FavouritesPaneTree(*pane));
+        // The sample's three menus, then its tool bar.
+        EXPECT_EQ(dialog->GetMenusList().GetCount(), 4u);
+        dialog->Destroy();
         pane->Destroy();
         break;
       }
