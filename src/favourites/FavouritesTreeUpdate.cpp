@@ -9,9 +9,18 @@
 #include "favourites/FavouritesTree.h"
 
 void FavouritesTree::UpdateAllItems() {
-  wxMouseState const mouse = wxGetMouseState();  // one round trip to the display
-  if (mouse.LeftIsDown() || mouse.RightIsDown()) return;
   if (GetEditControl() != nullptr || IsDragging()) return;
+  // Nothing changes while a button is down. Asking costs a round trip to
+  // the display, which on a busy machine waits for the server, so it is
+  // asked once, and only when the pass has something to change.
+  enum class Buttons { kNotAsked, kUp, kDown } buttons = Buttons::kNotAsked;
+  auto const mayChange = [&buttons] {
+    if (buttons == Buttons::kNotAsked) {
+      wxMouseState const mouse = wxGetMouseState();
+      buttons = mouse.LeftIsDown() || mouse.RightIsDown() ? Buttons::kDown : Buttons::kUp;
+    }
+    return buttons == Buttons::kUp;
+  };
   bool changed = false;
   HTREEITEM row = GetRootItem();
   while (row) {
@@ -21,6 +30,7 @@ void FavouritesTree::UpdateAllItems() {
       HTREEITEM const next = GetNextItem(row);
       HTREEITEM const parent = GetParentItem(row);
       if (parent && (GetPrevSiblingItem(row) || GetNextSiblingItem(row))) {
+        if (!mayChange()) break;
         DeleteItem(row);
         changed = true;
       }
@@ -32,6 +42,7 @@ void FavouritesTree::UpdateAllItems() {
       auto const * const folder = static_cast<FavouriteFolderItem const *>(data->item);
       if (!folder->GetTreatAsItem() && !folder->GetEmptyFolderText().empty() &&
           !GetChildItem(row)) {
+        if (!mayChange()) break;
         HTREEITEM const placeholder = InsertPlaceholder(row, folder->GetEmptyFolderText());
         Expand(row, TVE_EXPAND);
         changed = true;
@@ -39,6 +50,7 @@ void FavouritesTree::UpdateAllItems() {
         continue;
       }
     } else if (data->kind == FavouriteTreeData::Kind::kFile && !data->item->Enable()) {
+      if (!mayChange()) break;
       // A file that has gone leaves the tree only; the manager is not told.
       HTREEITEM next = TVI_NULL;
       for (HTREEITEM up = row; !next && up; up = GetParentItem(up)) next = GetNextSiblingItem(up);

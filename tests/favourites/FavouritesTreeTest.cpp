@@ -25,6 +25,10 @@
 #include "platform/SysColor.h"
 #include "utl/XercesXMLSection.h"
 
+// X's headers last: their macros (None, Status) would break the others.
+#include <X11/extensions/XTest.h>
+#include <gdk/gdkx.h>
+
 namespace {
 
 // Hears what the tree tells its manager; `veto` refuses additions.
@@ -398,6 +402,14 @@ TEST_F(FavouritesTreeTest, IdleUpkeepDropsGoneFilesAndKeepsPlaceholdersForEmptyF
   tree->UpdateAllItems();
   EXPECT_EQ(tree->GetCount(), 3u);
   tree->EndEditLabelNow(1);
+  // Nor while a button is held (a click or drag may be on its way).
+  Display * const display = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+  XTestFakeButtonEvent(display, 1, True, CurrentTime);
+  XSync(display, False);
+  tree->UpdateAllItems();
+  XTestFakeButtonEvent(display, 1, False, CurrentTime);
+  XSync(display, False);
+  EXPECT_EQ(tree->GetCount(), 3u) << "a pass with the button held";
   manager.changed.clear();
   tree->UpdateAllItems();
   EXPECT_EQ(Shape(), "Docs/0 Plot/1 ");
