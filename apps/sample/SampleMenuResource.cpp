@@ -13,9 +13,9 @@ namespace {
 
 // One row for each item of menus/7100.xrc.
 SampleMenuAlias const kAliases[] = {
-    {7110, kOpenCommand},         {7111, kSaveAsCommand},        {7112, kDefaultFolderCommand},
-    {7120, kRunCalculationCommand}, {7121, kDateFormatCommand},  {7122, kReportCommand},
-    {7123, kRunsByProjectCommand},  {7124, kNotesCommand},       {7130, kReleaseNotesCommand},
+    {7110, kOpenCommand},           {7111, kSaveAsCommand},     {7112, kDefaultFolderCommand},
+    {7120, kRunCalculationCommand}, {7121, kDateFormatCommand}, {7122, kReportCommand},
+    {7123, kRunsByProjectCommand},  {7124, kNotesCommand},      {7130, kReleaseNotesCommand},
 };
 
 }  // namespace
@@ -54,9 +54,11 @@ void AddSampleToolBar(wxFrame & frame) {
   if (frame.GetToolBar() != nullptr) return;
   wxToolBar * const bar = frame.CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT);
   wxSize const size(16, 16);
-  bar->AddTool(7110, vx3::Tr("Tool", "Open"), wxArtProvider::GetBitmap(wxART_FILE_OPEN, wxART_TOOLBAR, size));
+  bar->AddTool(7110, vx3::Tr("Tool", "Open"),
+               wxArtProvider::GetBitmap(wxART_FILE_OPEN, wxART_TOOLBAR, size));
   bar->AddTool(7120, vx3::Tr("Tool", "Calculate"),
                wxArtProvider::GetBitmap(wxART_EXECUTABLE_FILE, wxART_TOOLBAR, size));
-  bar->AddTool(7122, vx3::Tr("Tool", "Report"), wxArtProvider::GetBitmap(wxART_REPORT_VIEW, wxART_TOOLBAR, size));
+  bar->AddTool(7122, vx3::Tr("Tool", "Report"),
+               wxArtProvider::GetBitmap(wxART_REPORT_VIEW, wxART_TOOLBAR, size));
   bar->Realize();
 }

@@ -41,8 +41,9 @@ TEST(SampleMenuResource, EveryItemRunsTheCommandOfTheSameLabel) {
   std::set<int> commandsRun;
   for (wxMenuItem const * item : items) {
     wxString const label = wxMenuItem::GetLabelText(item->GetItemLabel());
-    SampleMenuAlias const * const alias = std::find_if(
-        aliases, aliases + count, [item](SampleMenuAlias const & a) { return a.resourceId == item->GetId(); });
+    SampleMenuAlias const * const alias =
+        std::find_if(aliases, aliases + count,
+                     [item](SampleMenuAlias const & a) { return a.resourceId == item->GetId(); });
     ASSERT_NE(alias, aliases + count) << label;
     wxMenuItem const * const real = frame->GetMenuBar()->FindItem(alias->command);
     ASSERT_NE(real, nullptr) << label;
