@@ -6,12 +6,14 @@
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include "AddCommandMenu.h"
 #include "AuditTrailMenu.h"
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
 #include "DateFormatCommand.h"
 #include "EditsDialog.h"
 #include "FavouritesCommand.h"
+#include "FavouritesPane.h"
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
@@ -29,6 +31,7 @@
 #include "RunSettingsSheet.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "SampleMenuResource.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
@@ -99,6 +102,7 @@ void MainFrame::BuildMenus() {
   AddSeriesCommand(*tools, *this);
   tools->Append(kCopyRunsCommand, Tr("Menu command", "&Copy runs"));
   AddOpenFavouritesCommand(*tools, *this);
+  AddFavouritesPaneCommand(*tools, *this);
   AddEditsCommand(*tools, *this);
   AddNotesCommand(*tools, *this);
   AddPropertyEditorsCommand(*tools, *this);
@@ -110,10 +114,15 @@ void MainFrame::BuildMenus() {
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));
   bar->Append(tools, Tr("Menu", "&Tools"));
+  auto * favourites = new wxMenu;
+  AddAddCommandCommand(*favourites, *this);
+  bar->Append(favourites, Tr("Menu", "Fa&vourites"));
   bar->Append(CreateMessagesMenu(*this), Tr("Menu", "&Messages"));
   bar->Append(CreateAuditTrailMenu(*this), Tr("Menu", "&Audit Trail"));
   bar->Append(help, Tr("Menu", "&Help"));
   SetMenuBar(bar);
+  BindSampleMenuAliases(*this);
+  AddSampleToolBar(*this);
   Bind(wxEVT_MENU, &MainFrame::OnExit, this, wxID_EXIT);
   Bind(wxEVT_MENU, &MainFrame::OnRunCalculation, this, kRunCalculationCommand);
   Bind(

@@ -41,6 +41,9 @@ enum SampleCommand : int {
   kDeleteRunsCommand,
   kTreeViewCommand,
   kOpenFavouritesCommand,
+  kFavouritesPaneCommand,
+  // Favourites
+  kAddCommandToFavouritesCommand,
   // Messages
   kOkBoxCommand,
   kOkCancelBoxCommand,

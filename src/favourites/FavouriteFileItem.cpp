@@ -12,20 +12,39 @@
 #include "utl/ConfigurationSection.h"
 #include "utl/Translation.h"
 
-bool FavouriteFileExists(wxString const & path) {
-  if (path.empty()) return false;
-  // The file system's own bytes: a name that is no valid UTF-8 came in as
-  // wide text through the file name conversion and goes back the same way.
+namespace {
+
+// The file system's own bytes: a name that is no valid UTF-8 came in as
+// wide text through the file name conversion and goes back the same way.
+// Empty when the path is empty or cannot be spelt.
+std::string FileSystemBytes(wxString const & path) {
+  if (path.empty()) return {};
   wxCharBuffer const bytes = path.fn_str();
-  if (bytes.data() == nullptr || bytes.length() == 0) return false;
+  if (bytes.data() == nullptr) return {};
+  return {bytes.data(), bytes.length()};
+}
+
+}  // namespace
+
+bool FavouriteFileExists(char const * fileSystemPath) {
+  if (fileSystemPath == nullptr || *fileSystemPath == '\0') return false;
   struct stat status {};
-  if (::stat(bytes.data(), &status) != 0) return false;
+  if (::stat(fileSystemPath, &status) != 0) return false;
   return S_ISREG(status.st_mode);
 }
 
-FavouriteFileItem::FavouriteFileItem(wchar_t const * name, wchar_t const * path)
-    : mPath(path != nullptr ? path : L"") {
+bool FavouriteFileExists(wxString const & path) {
+  return FavouriteFileExists(FileSystemBytes(path).c_str());
+}
+
+FavouriteFileItem::FavouriteFileItem(wchar_t const * name, wchar_t const * path) {
   SetName(name);
+  SetPath(path != nullptr ? path : L"");
+}
+
+void FavouriteFileItem::SetPath(wxString const & path) {
+  mPath = path;
+  mFileSystemPath = FileSystemBytes(mPath);
 }
 
 FavouriteFileItem::FavouriteFileItem() { FavouriteBuilder::Instance()->Add(kType, this); }
@@ -38,7 +57,7 @@ void FavouriteFileItem::Save(ConfigurationSection * section) const {
 void FavouriteFileItem::Load(ConfigurationSection const * section) {
   FavouriteItem::Load(section);
   std::wstring path;
-  if (section->ReadKey("File", path)) mPath = path;
+  if (section->ReadKey("File", path)) SetPath(path);
 }
 
 FavouriteItem * FavouriteFileItem::Copy() const { return new FavouriteFileItem(*this); }
@@ -47,10 +66,10 @@ wxString FavouriteFileItem::GetType() const { return kType; }
 
 bool FavouriteFileItem::IsGlobal() const { return true; }
 
-bool FavouriteFileItem::Enable() { return FavouriteFileExists(mPath); }
+bool FavouriteFileItem::Enable() { return FavouriteFileExists(mFileSystemPath.c_str()); }
 
 wxWindow * FavouriteFileItem::Open() {
-  if (!FavouriteFileExists(mPath)) {
+  if (!FavouriteFileExists(mFileSystemPath.c_str())) {
     AfxMessageBox(vx3::Tr("The file has been moved or removed."), MB_OK | MB_ICONEXCLAMATION);
     return nullptr;
   }

@@ -2,6 +2,8 @@
 // A favourite document: opened by the application like a file from its
 // recent-files list.
 
+#include <string>
+
 #include "favourites/FavouriteItem.h"
 
 class FavouriteFileItem : public FavouriteItem {
@@ -29,10 +31,18 @@ protected:
   FavouriteFileItem();
 
 private:
+  void SetPath(wxString const & path);
+
   wxString mPath;
+  // mPath as the file system spells it, converted once: the idle pass asks
+  // every file row at each idle moment, and the conversion cost more than
+  // the stat itself.
+  std::string mFileSystemPath;
 };
 
 // Whether `path` names a file a document can be read from. A folder, a FIFO
 // or a device counts as gone: opening a FIFO would block the GUI thread
 // until a writer came, and a device is no document.
 bool FavouriteFileExists(wxString const & path);
+// The same for a path already in the file system's bytes.
+bool FavouriteFileExists(char const * fileSystemPath);

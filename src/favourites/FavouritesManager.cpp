@@ -17,6 +17,8 @@
 #include "favourites/FavouriteImportFailedDialog.h"
 #include "favourites/FavouriteItem.h"
 #include "favourites/FavouriteOpenFailures.h"
+#include "favourites/FavouritesTree.h"
+#include "favourites/FavouritesView.h"
 #include "favourites/ImageStrip.h"
 #include "favourites/ToolBarResource.h"
 #include "platform/ResourceModule.h"
@@ -254,21 +256,29 @@ void FavouritesManager::OnShowPopupMenu(wxMenu * /*menu*/, FavouriteItem * /*ite
 
 void FavouritesManager::OnFavouritesChanged(int /*id*/) {}
 
-// The tree (its rows, their serialization and deletion) is not attached in
-// this library yet; these are the answers without one.
-bool FavouritesManager::LoadFavouriteNode(ConfigurationSection * /*section*/, int /*id*/) {
-  return mTree != nullptr;
+bool FavouritesManager::LoadFavouriteNode(ConfigurationSection * section, int id) {
+  if (mTree == nullptr) return false;
+  mTree->Serialize(section, false, id);
+  return true;
 }
 
-bool FavouritesManager::SaveFavouriteNode(ConfigurationSection * /*section*/, int /*id*/) const {
-  return mTree != nullptr;
+bool FavouritesManager::SaveFavouriteNode(ConfigurationSection * section, int id) const {
+  if (mTree == nullptr) return false;
+  mTree->Serialize(section, true, id);
+  return true;
 }
 
-void FavouritesManager::DeleteFavouriteNode(int /*id*/) {}
+void FavouritesManager::DeleteFavouriteNode(int id) {
+  if (mTree != nullptr) mTree->DeleteFavouriteNode(id);
+}
 
-void FavouritesManager::RemoveAll() {}
+void FavouritesManager::RemoveAll() {
+  if (mTree != nullptr) mTree->DeleteTree();
+}
 
-void FavouritesManager::Serialize(ConfigurationSection * /*section*/, bool /*saving*/) {}
+void FavouritesManager::Serialize(ConfigurationSection * section, bool saving) {
+  if (mTree != nullptr) mTree->Serialize(section, saving, -1);
+}
 
 char const * FavouritesManager::GetRootSectionKey() { return "Favourites"; }
 
@@ -291,8 +301,13 @@ bool FavouritesManager::LoadToolBar(unsigned int id, wxImageList & images, Comma
 }
 
 void FavouritesManager::LoadCommandImageList() {
-  // The view that lists the tool bars comes with the tree; without one
-  // there is nothing to load and commands keep the standard image.
+  // The tool bars are the view's; a free-standing tree has none, and its
+  // commands keep the standard image. A missing tool bar is passed over.
+  auto const * const view =
+      mTree != nullptr ? dynamic_cast<FavouritesView const *>(mTree->GetParent()) : nullptr;
+  if (view == nullptr) return;
+  for (int const id : view->GetToolbarIDs())
+    LoadToolBar(static_cast<unsigned int>(id), mCommandImages, mCommandImageMap);
 }
 
 wxIcon FavouritesManager::StandardIcon(int index) const {

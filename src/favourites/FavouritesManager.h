@@ -97,6 +97,7 @@ public:
   FavouritesTree * GetFavouritesTree() const { return mTree; }
 
 protected:
+  friend class FavouritesTree;  // attaches itself
   void SetFavouritesTree(FavouritesTree * tree) { mTree = tree; }
   // The images of the attached view's tool bars; nothing without a tree.
   void LoadCommandImageList();

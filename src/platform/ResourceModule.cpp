@@ -342,3 +342,13 @@ void AddDialogTemplateHandler(wxXmlResourceHandler * (*make)()) {
   std::lock_guard<std::mutex> const lock(chain.mutex);
   for (auto const & module : chain.modules) module->AddTemplateHandler(make);
 }
+
+bool LoadPanelTemplate(wxPanel & panel, wxWindow * parent, unsigned templateId) {
+  ResourceModule const * owner = nullptr;
+  ResourceItem const * item = FindInChain(RT_DIALOG, templateId, &owner);
+  if (item == nullptr) return false;
+  wxXmlResource & templates = owner->TemplatesWith(*item);
+  if (!templates.LoadPanel(&panel, parent, wxString::Format("%u", templateId))) return false;
+  TranslateLabels(panel);
+  return true;
+}

@@ -65,6 +65,11 @@ wxBitmap LoadResourceBitmap(unsigned id);
 // anew. False when no module has the template or it cannot be built.
 bool LoadDialogTemplate(wxDialog & dialog, wxWindow * parent, unsigned templateId,
                         long extraStyle = 0);
+// Creates `panel` as a child of `parent` from template `templateId`, where
+// the XRC object named "<templateId>" is a wxPanel: a pane laid out like a
+// dialog (a form view). Labels are translated. False when no module has the
+// template or it cannot be built.
+bool LoadPanelTemplate(wxPanel & panel, wxWindow * parent, unsigned templateId);
 
 // Fills `page`, a panel whose window exists, with the controls of template
 // `templateId` (translated, named by number as in a dialog); the template's

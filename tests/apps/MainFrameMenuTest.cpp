@@ -13,12 +13,14 @@
 #include <vector>
 
 #include <wx/app.h>
+#include <wx/listbox.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
 #include "EditsDialog.h"
+#include "FavouritesPane.h"
 #include "InstrumentsDialog.h"
 #include "MainFrame.h"
 #include "NotesDialog.h"
@@ -41,6 +43,7 @@
 #include "dialogs/SelectNewClassDialog.h"
 #include "dialogs/VxInputDialog.h"
 #include "dialogs/YesNoCancelAll.h"
+#include "favourites/AddCommandToFavouritesDlg.h"
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
@@ -91,6 +94,23 @@ enum class Opens {
   kService,           // the service dialog
   kPropertyList,      // the run settings in a property list
   kAuditTrailWindow,  // the audit trail's window opens over the frame
+  kRunPicker,         // the filter popup over the sample's runs
+  kInstruments,       // the instruments dialog
+  kReportWindow,      // the report window opens over the frame
+  kCalibrationList,   // the sample's report list
+  kMessageBox,        // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,           // a details dialog
+  kInfo,              // an information dialog
+  kScrollBox,         // a message box whose text scrolls
+  kNothing,           // says so in the status bar
+  kAboutBox,          // the application's about command
+  kCloseRequest,      // the frame is asked to close
+  kProjectTree,       // the runs by project window
+  kEdits,             // the edits dialog
+  kNotes,             // the notes pad
+  kReleaseNotes,      // the release notes
+  kFavouritesPane,    // the favourites pane window
+  kAddCommand,        // the pane with the add-command dialog over it
 };
 
 struct Expected {
@@ -119,7 +139,9 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/Runs by project...", {Opens::kProjectTree}},
     {"Tools/Tree view", {Opens::kNothing}},
     {"Tools/Open favourites", {Opens::kDetails}},
+    {"Tools/Favourites pane", {Opens::kFavouritesPane}},
     {"Tools/Edits...", {Opens::kEdits}},
+    {"Favourites/Add Command...", {Opens::kAddCommand}},
     {"Tools/Notes", {Opens::kNotes}},
     {"Tools/Property editors...", {Opens::kPropertyEditors}},
     {"Tools/Run settings...", {Opens::kSheet}},
@@ -428,6 +450,29 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kFavouritesPane: {
+        wxWindow * const pane = frame->FindWindowByName("SampleFavourites", frame);
+        ASSERT_NE(pane, nullptr);
+        EXPECT_TRUE(pane->IsShown());
+        pane->Destroy();
+        break;
+      }
+      case Opens::kAddCommand: {
+        auto * const pane =
+            dynamic_cast<wxFrame *>(frame->FindWindowByName("SampleFavourites", frame));
+        ASSERT_NE(pane, nullptr);
+        AddCommandToFavouritesDlg * dialog = nullptr;
+        for (wxWindow * window : wxTopLevelWindows)
+          if (auto * const found = dynamic_cast<AddCommandToFavouritesDlg *>(window))
+            dialog = found;
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->GetTree(), FavouritesPaneTree(*pane));
+        // The sample's three menus, then its tool bar.
+        EXPECT_EQ(dialog->GetMenusList().GetCount(), 4u);
+        dialog->Destroy();
+        pane->Destroy();
+        break;
+      }
       case Opens::kProjectTree: {
         auto const windows = frame->GetChildren();
         auto const opened = std::find_if(windows.begin(), windows.end(), [](wxWindow * w) {

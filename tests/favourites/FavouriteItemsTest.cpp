@@ -217,6 +217,40 @@ TEST(FavouriteFileExists, OnlyRegularFilesCount) {
   for (Case const & c : cases) EXPECT_EQ(FavouriteFileExists(c.path), c.exists) << c.path;
 }
 
+// The item keeps its path in the file system's spelling beside the text:
+// every way an item comes to be (made, copied, read back) must look at the
+// path it now names, not at one it named before.
+TEST(FavouriteFileItem, EnableLooksAtThePathItNamesNow) {
+  std::string const here = TempPath("here.kvd");
+  std::ofstream(here) << "x";
+  std::string const gone = TempPath("not-here.kvd");
+  ::unlink(gone.c_str());
+  std::wstring const herePath = wxString(here).ToStdWstring();
+  std::wstring const gonePath = wxString(gone).ToStdWstring();
+
+  FavouriteFileItem made(L"Made", herePath.c_str());
+  std::unique_ptr<FavouriteItem> const copy(made.Copy());
+  FavouriteFileItem repointed(L"Repointed", gonePath.c_str());
+  XercesXMLSection stored;
+  made.Save(&stored);
+  repointed.Load(&stored);
+  FavouriteFileItem emptyPath(L"Empty", L"");
+  struct Case {
+    char const * what;
+    FavouriteItem * item;
+    bool exists;
+  };
+  Case const cases[] = {
+      {"made", &made, true},
+      {"copied", copy.get(), true},
+      {"read over another path", &repointed, true},
+      {"empty path", &emptyPath, false},
+  };
+  for (Case const & c : cases) EXPECT_EQ(c.item->Enable(), c.exists) << c.what;
+  ::unlink(here.c_str());
+  for (Case const & c : cases) EXPECT_FALSE(c.item->Enable()) << c.what << " after removal";
+}
+
 TEST(ToolBarResource, ReadsWordsAndRefusesWhatIsNoToolBar) {
   auto words = [](std::initializer_list<int> values) {
     std::string out;
