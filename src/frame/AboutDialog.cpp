@@ -43,7 +43,9 @@ void AboutDialog::SetAboutCompany(wchar_t const * caption, wchar_t const * marku
   if (images != nullptr) mCompanyImages = *images;
 }
 
-void AboutDialog::SetDetailsButtonText(wchar_t const * text) { mDetailsButtonText = FromWide(text); }
+void AboutDialog::SetDetailsButtonText(wchar_t const * text) {
+  mDetailsButtonText = FromWide(text);
+}
 
 void AboutDialog::SetDetailsText(wchar_t const * text) { mDetailsText = FromWide(text); }
 
@@ -131,8 +133,10 @@ void AboutDialog::OnDetailsButton(wxCommandEvent &) {
                                ? FindWindow(kVersionId)->GetLabel()
                                : wxString::FromUTF8(VxSystemInfo::GetApplicationVersionAndBuild());
   wxString const text = mAppName + "\n" + version;
-  DetailsDialog(this, text.wc_str(), mDetailsText.wc_str(), GetTitleText().wc_str(),
-                DetailsDialogClass::kIconAsterisk, true);
+  // The class, not the free function: details the user asked for show even
+  // while a batch run has muted the details dialogs.
+  DetailsDialogClass const shown(this, text.wc_str(), mDetailsText.wc_str(),
+                                 GetTitleText().wc_str(), DetailsDialogClass::kIconAsterisk, true);
 }
 
 void AboutDialog::OnAboutKarvinButton(wxCommandEvent &) {
@@ -143,8 +147,7 @@ void AboutDialog::OnAboutKarvinButton(wxCommandEvent &) {
     // The package's page, with its icons for the pictures it names.
     VxAppCustomization * package = VxAppCustomization::Instance();
     std::string const markup = package->GetAboutDialogMarkupSource();
-    if (!markup.empty())
-      company.SetMarkupText(vx3::Utf8ToWide(markup).c_str(), package);
+    if (!markup.empty()) company.SetMarkupText(vx3::Utf8ToWide(markup).c_str(), package);
   }
   company.DoModal();
 }

@@ -41,8 +41,9 @@ void EnsureMemoryFileSystem() {
 bool StartsWithNoCase(std::string const & text, char const * prefix) {
   size_t const length = std::char_traits<char>::length(prefix);
   if (text.size() < length) return false;
-  return std::equal(prefix, prefix + length, text.begin(),
-                    [](char p, char c) { return p == (c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c); });
+  return std::equal(prefix, prefix + length, text.begin(), [](char p, char c) {
+    return p == (c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+  });
 }
 
 // A positive icon or resource number, or 0.
@@ -91,10 +92,10 @@ std::string AboutKarvinelDialog::PictureAddress(std::string const & source) {
     picture = LoadResourceBitmap(static_cast<unsigned>(number));
   }
   if (!picture.IsOk()) {
-    Log::WriteMessage(kLogClass, "PictureAddress",
-                      "the about page names the picture \"" + source.substr(0, 200) +
-                          "\", which is not there",
-                      Log::Notice, false);
+    Log::WriteMessage(
+        kLogClass, "PictureAddress",
+        "the about page names the picture \"" + source.substr(0, 200) + "\", which is not there",
+        Log::Notice, false);
     return std::string();
   }
   EnsureMemoryFileSystem();
@@ -150,7 +151,8 @@ bool AboutKarvinelDialog::OnInitDialog() {
       wxSize const size = GetSize();
       SetSize(size.GetWidth(), size.GetHeight() + change);
       place->SetSize(place->GetSize().GetWidth(), wanted);
-      if (wxWindow * ok = GetDlgItem(IDOK)) ok->Move(ok->GetPosition().x, ok->GetPosition().y + change);
+      if (wxWindow * ok = GetDlgItem(IDOK))
+        ok->Move(ok->GetPosition().x, ok->GetPosition().y + change);
     }
   }
   AddAnchor(kPageId, TOP_LEFT, BOTTOM_RIGHT);

@@ -44,7 +44,8 @@ public:
     if (framed) {
       AboutThickness const & m = *element.margin;
       mHtml += "<table border=\"0\" cellspacing=\"0\" cellpadding=\"0\" width=\"100%\">";
-      if (m.top > 0) mHtml += "<tr><td colspan=\"3\" height=\"" + std::to_string(m.top) + "\"></td></tr>";
+      if (m.top > 0)
+        mHtml += "<tr><td colspan=\"3\" height=\"" + std::to_string(m.top) + "\"></td></tr>";
       mHtml += "<tr><td width=\"" + std::to_string(m.left) + "\"></td><td>";
     }
     switch (element.kind) {
@@ -113,7 +114,8 @@ private:
                                      ? block.textAlignment
                                      : block.horizontalAlignment;
     mHtml += "<div align=\"" + std::string(AlignName(align)) + "\">";
-    if (block.noWrap) mHtml += "<table border=\"0\" cellspacing=\"0\" cellpadding=\"0\"><tr><td nowrap>";
+    if (block.noWrap)
+      mHtml += "<table border=\"0\" cellspacing=\"0\" cellpadding=\"0\"><tr><td nowrap>";
     OpenFont(block);
     Text(block.text);
     Children(block, false);
@@ -139,10 +141,10 @@ private:
       case Kind::Italic:
       case Kind::Underline:
       case Kind::Unknown: {
-        char const * tag = element.kind == Kind::Bold     ? "b"
-                           : element.kind == Kind::Italic ? "i"
+        char const * tag = element.kind == Kind::Bold        ? "b"
+                           : element.kind == Kind::Italic    ? "i"
                            : element.kind == Kind::Underline ? "u"
-                                                              : nullptr;
+                                                             : nullptr;
         if (tag != nullptr) mHtml += std::string("<") + tag + ">";
         OpenFont(element);
         Text(element.text);

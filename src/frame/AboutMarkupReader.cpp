@@ -19,11 +19,16 @@ struct KnownElement {
 };
 
 constexpr KnownElement kElements[] = {
-    {"StackPanel", Kind::StackPanel}, {"Border", Kind::Border},
-    {"TextBlock", Kind::TextBlock},   {"Run", Kind::Run},
-    {"Bold", Kind::Bold},             {"Italic", Kind::Italic},
-    {"Underline", Kind::Underline},   {"LineBreak", Kind::LineBreak},
-    {"Hyperlink", Kind::Hyperlink},   {"Image", Kind::Image},
+    {"StackPanel", Kind::StackPanel},
+    {"Border", Kind::Border},
+    {"TextBlock", Kind::TextBlock},
+    {"Run", Kind::Run},
+    {"Bold", Kind::Bold},
+    {"Italic", Kind::Italic},
+    {"Underline", Kind::Underline},
+    {"LineBreak", Kind::LineBreak},
+    {"Hyperlink", Kind::Hyperlink},
+    {"Image", Kind::Image},
 };
 
 // The largest font and picture size taken; anything larger is a mistake
@@ -85,8 +90,8 @@ std::optional<uint32_t> ReadColour(std::string const & text) {
   static constexpr struct {
     char const * name;
     uint32_t rgb;
-  } kNames[] = {{"Black", 0x000000}, {"White", 0xFFFFFF}, {"Gray", 0x808080},
-                {"Red", 0xFF0000},   {"Green", 0x008000}, {"Blue", 0x0000FF},
+  } kNames[] = {{"Black", 0x000000}, {"White", 0xFFFFFF},   {"Gray", 0x808080},
+                {"Red", 0xFF0000},   {"Green", 0x008000},   {"Blue", 0x0000FF},
                 {"Navy", 0x000080},  {"DarkGray", 0xA9A9A9}};
   std::string const value = Trim(text);
   for (auto const & named : kNames)
@@ -95,7 +100,8 @@ std::optional<uint32_t> ReadColour(std::string const & text) {
       value.find_first_not_of("0123456789abcdefABCDEF", 1) != std::string::npos)
     return std::nullopt;
   std::string digits = value.substr(1);
-  if (digits.size() == 3) digits = {digits[0], digits[0], digits[1], digits[1], digits[2], digits[2]};
+  if (digits.size() == 3)
+    digits = {digits[0], digits[0], digits[1], digits[1], digits[2], digits[2]};
   if (digits.size() == 8) digits = digits.substr(2);  // alpha is not drawn
   if (digits.size() != 6) return std::nullopt;
   return static_cast<uint32_t>(std::strtoul(digits.c_str(), nullptr, 16));
@@ -129,7 +135,8 @@ public:
                                     [&](KnownElement const & k) { return element.name == k.name; });
     element.kind = known != std::end(kElements) ? known->kind : Kind::Unknown;
     if (element.kind == Kind::Unknown) Report("unknown element <" + element.name + ">");
-    for (auto const & [qualified, value] : node.attributes) ReadAttribute(element, qualified, value);
+    for (auto const & [qualified, value] : node.attributes)
+      ReadAttribute(element, qualified, value);
     for (auto const & child : node.children) {
       if (child.kind == vx3::XmlNode::Kind::Element) {
         element.children.push_back(Read(child, source));

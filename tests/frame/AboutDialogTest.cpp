@@ -11,6 +11,7 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include "dialogs/DetailsDialog.h"
 #include "frame/AboutDialog.h"
 #include "frame/AboutKarvinelDialog.h"
 #include "harness/GuiTestUtilities.h"
@@ -81,6 +82,9 @@ TEST_F(AboutTest, DetailsOpenInTheDetailsDialogAndTheMakersPageByDefault) {
   AboutDialog dialog(nullptr, nullptr, 13024);
   dialog.SetDetailsText(L"Licensed to: Lab 4");
   dialog.SetDetailsButtonText(L"&Licence...");
+  // Details the user asks for show even while a batch run mutes the
+  // details dialogs.
+  MuteDetailsDialog::Instance().Mute(true);
   ModalDialogScript script;
   wxString details;
   std::string page;
@@ -92,7 +96,8 @@ TEST_F(AboutTest, DetailsOpenInTheDetailsDialogAndTheMakersPageByDefault) {
         d.EndModal(IDOK);
       })
       .Act([&](wxDialog & d) {
-        if (auto * text = dynamic_cast<wxTextCtrl *>(d.FindWindow(13041))) details = text->GetValue();
+        if (auto * text = dynamic_cast<wxTextCtrl *>(d.FindWindow(13041)))
+          details = text->GetValue();
         d.EndModal(IDOK);
       })
       .Act([&](wxDialog & d) {
@@ -101,6 +106,7 @@ TEST_F(AboutTest, DetailsOpenInTheDetailsDialogAndTheMakersPageByDefault) {
         d.EndModal(IDOK);
       });
   dialog.DoModal();
+  MuteDetailsDialog::Instance().Mute(false);
   EXPECT_EQ(details, "Licensed to: Lab 4");
   // The library's own page, with its picture from the resources.
   EXPECT_NE(page.find("Karvinel"), std::string::npos);
@@ -113,11 +119,17 @@ TEST_F(AboutTest, OnlyWebAndMailLinksLeaveAsTheyAre) {
     char const * url;
     bool opens;
   } const cases[] = {
-      {"https://example.org/a?b=c&d=%20", true}, {"http://example.org", true},
-      {"mailto:support@example.org?subject=Hi", true}, {"HTTPS://EXAMPLE.ORG", true},
-      {"javascript:alert(1)", false}, {"file:///etc/passwd", false},
-      {"data:text/html,<b>x</b>", false}, {"app:exit", false}, {"/usr/bin/xterm", false},
-      {"", false}, {" https://example.org", false},
+      {"https://example.org/a?b=c&d=%20", true},
+      {"http://example.org", true},
+      {"mailto:support@example.org?subject=Hi", true},
+      {"HTTPS://EXAMPLE.ORG", true},
+      {"javascript:alert(1)", false},
+      {"file:///etc/passwd", false},
+      {"data:text/html,<b>x</b>", false},
+      {"app:exit", false},
+      {"/usr/bin/xterm", false},
+      {"", false},
+      {" https://example.org", false},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.url);
@@ -132,11 +144,12 @@ TEST_F(AboutTest, PagePicturesLinksAndBadMarkup) {
   wxBitmap icon(16, 16);
   images.AddIcon(3, icon);
   AboutKarvinelDialog dialog(nullptr);
-  dialog.SetMarkupText(L"<StackPanel><Image Source='3'/><Image Source='res://#3'/>"
-                       L"<Image Source='file://missing.png'/><Image Source='res://#99999'/>"
-                       L"<TextBlock><Hyperlink NavigateUri='file:///etc/passwd'>x</Hyperlink>"
-                       L"</TextBlock></StackPanel>",
-                       &images);
+  dialog.SetMarkupText(
+      L"<StackPanel><Image Source='3'/><Image Source='res://#3'/>"
+      L"<Image Source='file://missing.png'/><Image Source='res://#99999'/>"
+      L"<TextBlock><Hyperlink NavigateUri='file:///etc/passwd'>x</Hyperlink>"
+      L"</TextBlock></StackPanel>",
+      &images);
   ModalDialogScript script;
   script.Act([&](wxDialog & d) {
     wxHtmlWindow * page = Page(d);

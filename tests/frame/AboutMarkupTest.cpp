@@ -25,13 +25,15 @@ TEST(AboutMarkup, RefusesWhatCouldExhaustOrEscapeTheReader) {
   std::string many = "<StackPanel>";
   for (size_t i = 0; i < AboutMarkup::kMaxElements; ++i) many += "<LineBreak/>";
   many += "</StackPanel>";
-  std::string const huge = "<TextBlock>" + std::string(AboutMarkup::kMaxBytes, 'x') + "</TextBlock>";
+  std::string const huge =
+      "<TextBlock>" + std::string(AboutMarkup::kMaxBytes, 'x') + "</TextBlock>";
   struct Case {
     char const * what;
     std::string markup;
   } const cases[] = {
       {"entity expansion",
-       "<!DOCTYPE a [<!ENTITY e \"xxxxxxxx\"><!ENTITY f \"&e;&e;&e;&e;\">]><TextBlock>&f;</TextBlock>"},
+       "<!DOCTYPE a [<!ENTITY e \"xxxxxxxx\"><!ENTITY f "
+       "\"&e;&e;&e;&e;\">]><TextBlock>&f;</TextBlock>"},
       {"external entity", "<!DOCTYPE a [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><a>&x;</a>"},
       {"too deep", Nested(AboutMarkup::kMaxDepth + 2)},
       {"too many elements", many},
@@ -61,11 +63,13 @@ TEST(AboutMarkup, TextAndAttributesNeverBecomeMarkup) {
       {"tags in text", "<TextBlock>&lt;script&gt;alert(1)&lt;/script&gt;</TextBlock>", "<script",
        "&lt;script&gt;"},
       {"tags in CDATA", "<TextBlock><![CDATA[<img src=x>]]></TextBlock>", "<img", "&lt;img"},
-      {"quote in a link", "<TextBlock><Hyperlink NavigateUri='x\" onclick=\"y'>a</Hyperlink></TextBlock>",
+      {"quote in a link",
+       "<TextBlock><Hyperlink NavigateUri='x\" onclick=\"y'>a</Hyperlink></TextBlock>",
        "\" onclick", "href=\"x&quot; onclick=&quot;y\""},
-      {"tags in a Run's Text", "<TextBlock><Run Text='&lt;b&gt;'/></TextBlock>", "<b>", "&lt;b&gt;"},
-      {"colour that is no colour", "<TextBlock Foreground='red\"&gt;&lt;script&gt;'>t</TextBlock>", "<script",
-       "t"},
+      {"tags in a Run's Text", "<TextBlock><Run Text='&lt;b&gt;'/></TextBlock>", "<b>",
+       "&lt;b&gt;"},
+      {"colour that is no colour", "<TextBlock Foreground='red\"&gt;&lt;script&gt;'>t</TextBlock>",
+       "<script", "t"},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.what);
@@ -83,7 +87,8 @@ TEST(AboutMarkup, SubsetMapsToTheHtmlWindowsVocabulary) {
       {"<TextBlock>a<Bold>b</Bold><Italic>c</Italic><Underline>d</Underline></TextBlock>",
        "a<b>b</b><i>c</i><u>d</u>"},
       {"<TextBlock>a<LineBreak/>b</TextBlock>", "a<br>b"},
-      {"<TextBlock><Hyperlink NavigateUri=' https://example.org/a?b=1&amp;c=2 '>site</Hyperlink></TextBlock>",
+      {"<TextBlock><Hyperlink NavigateUri=' https://example.org/a?b=1&amp;c=2 "
+       "'>site</Hyperlink></TextBlock>",
        "<a href=\"https://example.org/a?b=1&amp;c=2\">site</a>"},
       {"<TextBlock Foreground='#f00' FontSize='32'>r</TextBlock>",
        "<font size=\"6\" color=\"#FF0000\">r</font>"},
