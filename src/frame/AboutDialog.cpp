@@ -117,15 +117,10 @@ bool AboutDialog::OnInitDialog() {
 }
 
 void AboutDialog::OnCtlColor() {
-  wxColour const background = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
-  wxColour const text = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
-  SetBackgroundColour(background);
-  for (int const id : {kNameId, kVersionId, kFirstNoticeId, kSecondNoticeId}) {
-    if (wxWindow * control = GetDlgItem(id)) {
-      control->SetBackgroundColour(background);
-      control->SetForegroundColour(text);
-    }
-  }
+  // The texts have no window of their own here: they stand on the dialog's
+  // background in the window text colour, so the body is the one thing to
+  // colour (each colour set on a control costs a style recalculation).
+  SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
 }
 
 void AboutDialog::OnDetailsButton(wxCommandEvent &) {

@@ -91,6 +91,7 @@ TEST_F(AboutTest, DetailsOpenInTheDetailsDialogAndTheMakersPageByDefault) {
   script
       .Act([&](wxDialog & d) {
         EXPECT_EQ(d.FindWindow(AboutDialog::kDetailsButtonId)->GetLabel(), "&Licence...");
+        gui_test::Snapshot(d, "about-dialog");
         gui_test::Click(d, AboutDialog::kDetailsButtonId);
         gui_test::Click(d, AboutDialog::kCompanyButtonId);
         d.EndModal(IDOK);
@@ -103,6 +104,7 @@ TEST_F(AboutTest, DetailsOpenInTheDetailsDialogAndTheMakersPageByDefault) {
       .Act([&](wxDialog & d) {
         EXPECT_EQ(d.GetTitle(), "About Us");
         if (auto * company = dynamic_cast<AboutKarvinelDialog *>(&d)) page = company->GetPageHtml();
+        gui_test::Snapshot(d, "about-company");
         d.EndModal(IDOK);
       });
   dialog.DoModal();
