@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <set>
 
 #include <wx/filesys.h>
 #include <wx/fs_mem.h>
@@ -121,8 +122,11 @@ bool AboutKarvinelDialog::OnInitDialog() {
   std::string const source = mMarkup.empty() ? DefaultCompanyMarkup() : mMarkup;
   try {
     AboutMarkup const markup = ReadAboutMarkup(source, "(about page)");
+    // Once a process: the page is opened again and again with the same markup.
+    static std::set<std::string> logged;
     for (std::string const & problem : markup.problems)
-      Log::WriteMessage(kLogClass, "OnInitDialog", "about page: " + problem, Log::Notice, false);
+      if (logged.insert(problem).second)
+        Log::WriteMessage(kLogClass, "OnInitDialog", "about page: " + problem, Log::Notice, false);
     mPageHtml = RenderAboutMarkupHtml(
         markup, [this](std::string const & picture) { return PictureAddress(picture); });
   } catch (Exception const & e) {
