@@ -20,6 +20,7 @@
 
 #include "BatchCommand.h"
 #include "MainFrame.h"
+#include "SampleAbout.h"
 #include "controls/WindowSnapshot.h"
 #include "frame/MuteAskUserComm.h"
 #include "frame/VxApp.h"
@@ -49,6 +50,9 @@ public:
   }
   void OnInitCmdLine(wxCmdLineParser & parser) override;
   bool OnCmdLineParsed(wxCmdLineParser & parser) override;
+
+protected:
+  void PrepareAboutDialog(AboutDialog & dialog) override { PrepareSampleAbout(dialog); }
 
 private:
   void Customize();

@@ -1,10 +1,9 @@
 #include "frame/VxApp.h"
 
-#include <wx/aboutdlg.h>
-#include <wx/generic/aboutdlgg.h>
 #include <wx/window.h>
 
 #include "controls/GUIUtilities.h"
+#include "frame/AboutDialog.h"
 #include "frame/AppProfile.h"
 #include "platform/ResourceModule.h"
 #include "platform/RunningApplication.h"
@@ -93,21 +92,12 @@ void VxApp::WriteAppInfo(ConfigurationSection * section) { VxAppCore::WriteAppIn
 void VxApp::OnAboutCommand(wxCommandEvent &) { OnAppAbout(); }
 
 void VxApp::OnAppAbout() {
-  // wx's generic about box stands in until the library's about dialog
-  // exists, shown modally as the family's about box is (wx shows it
-  // modeless on GTK).
-  wxAboutDialogInfo info;
-  info.SetName(FromUtf8(VxSystemInfo::GetApplicationName()));
-  info.SetVersion(FromUtf8(VxSystemInfo::GetApplicationVersionAndBuild()));
-  wxBitmap const bitmap = LoadResourceBitmap(mAboutBitmap);
-  if (bitmap.IsOk()) {
-    wxIcon icon;
-    icon.CopyFromBitmap(bitmap);
-    info.SetIcon(icon);
-  }
-  wxGenericAboutDialog dialog(info, VxGetMainWnd());
-  dialog.ShowModal();
+  AboutDialog dialog(VxGetMainWnd(), VxSystemInfo::GetApplicationName().c_str(), mAboutBitmap);
+  PrepareAboutDialog(dialog);
+  dialog.DoModal();
 }
+
+void VxApp::PrepareAboutDialog(AboutDialog &) {}
 
 void VxApp::OnUpdateAppAbout(wxUpdateUIEvent & event) {
   event.Enable(true);

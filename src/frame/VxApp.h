@@ -30,6 +30,7 @@
 #include "platform/MessageBoxes.h"
 #include "platform/WinReg.h"
 
+class AboutDialog;
 class ConfigurationSection;
 class wxUpdateUIEvent;
 class wxWindow;
@@ -77,6 +78,8 @@ public:
 
   void SetAboutBitmap(unsigned int resourceId) { mAboutBitmap = resourceId; }
   unsigned int GetAboutBitmap() const { return mAboutBitmap; }
+  // Shows the AboutDialog modally above the main window, with the
+  // application's name and the about bitmap.
   void OnAppAbout();
   // Enables the about entry and names the application in it (string 13195).
   void OnUpdateAppAbout(wxUpdateUIEvent & event);
@@ -106,6 +109,11 @@ public:
 
   VxAppCore & Core() { return mCore; }
   VxAppCore const & Core() const { return mCore; }
+
+protected:
+  // Called by OnAppAbout before the dialog shows: an application adds its
+  // details or its maker's page here. Nothing by default.
+  virtual void PrepareAboutDialog(AboutDialog & dialog);
 
 private:
   void OnAboutCommand(wxCommandEvent & event);

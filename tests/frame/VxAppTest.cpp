@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "frame/AboutDialog.h"
 #include "frame/VxApp.h"
 #include "frame/VxAppCustomization.h"
 #include "frame/ZipPackageBuilder.h"
@@ -59,12 +60,16 @@ struct NameGuard {
   }
 };
 
-TEST(VxApp, TheAboutCommandOfTheMainWindowShowsTheNameModally) {
+TEST(VxApp, TheAboutCommandOfTheMainWindowShowsTheAboutDialogAboveIt) {
   auto * frame = new wxFrame(nullptr, wxID_ANY, "main");
   wxTheApp->SetTopWindow(frame);
   EXPECT_EQ(VxGetMainWnd(), frame);
   ModalDialogScript script;
-  script.Answer(wxID_OK);
+  script.Act([frame](wxDialog & d) {
+    EXPECT_NE(dynamic_cast<AboutDialog *>(&d), nullptr);
+    EXPECT_EQ(d.GetParent(), frame);
+    d.EndModal(wxID_OK);
+  });
   // Sent from a menu of the main window, the command reaches the application.
   wxCommandEvent command(wxEVT_MENU, VxApp::kAboutCommand);
   command.SetEventObject(frame);
