@@ -94,21 +94,6 @@ enum class Opens {
   kService,           // the service dialog
   kPropertyList,      // the run settings in a property list
   kAuditTrailWindow,  // the audit trail's window opens over the frame
-  kRunPicker,         // the filter popup over the sample's runs
-  kInstruments,       // the instruments dialog
-  kReportWindow,      // the report window opens over the frame
-  kCalibrationList,   // the sample's report list
-  kMessageBox,        // a CustomMessageBoxDlg of `boxType` (buttons and icon)
-  kDetails,           // a details dialog
-  kInfo,              // an information dialog
-  kScrollBox,         // a message box whose text scrolls
-  kNothing,           // says so in the status bar
-  kAboutBox,          // the application's about command
-  kCloseRequest,      // the frame is asked to close
-  kProjectTree,       // the runs by project window
-  kEdits,             // the edits dialog
-  kNotes,             // the notes pad
-  kReleaseNotes,      // the release notes
   kFavouritesPane,    // the favourites pane window
   kAddCommand,        // the pane with the add-command dialog over it
 };
