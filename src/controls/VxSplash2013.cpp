@@ -27,9 +27,9 @@ wxString VxSplash2013::ChooseFace(std::function<bool(wxString const &)> const & 
 }
 
 void VxSplash2013::InitFonts() {
-  wxString const face = ChooseFace(
-      [](wxString const & name) { return wxFontEnumerator::IsValidFacename(name); },
-      wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetFaceName());
+  wxString const face =
+      ChooseFace([](wxString const & name) { return wxFontEnumerator::IsValidFacename(name); },
+                 wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetFaceName());
   std::wstring const name = face.ToStdWstring();
   InitFont(mNameFont, name.c_str(), 9, 1);
   InitFont(mVersionFont, name.c_str(), 9, 0);
@@ -46,10 +46,10 @@ void VxSplash2013::OnPictureChanged() { InitSplashScreenText(); }
 // Along the bottom of the picture, left to right: the application's name
 // and version, then two rights lines in the smaller font.
 void VxSplash2013::InitSplashScreenText() {
-  std::wstring version = vx3::Tr("Version ").ToStdWstring() +
-                         wxString::FromUTF8(VxSystemInfo::GetApplicationVersion(
-                                                VxSystemInfo::VersionDisplay))
-                             .ToStdWstring();
+  std::wstring version =
+      vx3::Tr("Version ").ToStdWstring() +
+      wxString::FromUTF8(VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionDisplay))
+          .ToStdWstring();
   if (!mSpecialVersion.empty()) version += L" " + mSpecialVersion;
 
   int const width = GetPictureWidth() - 2 * kMargin;
@@ -58,8 +58,8 @@ void VxSplash2013::InitSplashScreenText() {
   mTextLines.clear();
   mTextLines.push_back({wxString::FromUTF8(VxSystemInfo::GetApplicationName()).ToStdWstring(),
                         &mNameFont, wxRect(kMargin, bottom - 78, width, 18), format, kTextColor});
-  mTextLines.push_back({version, &mVersionFont, wxRect(kMargin, bottom - 60, width, 18), format,
-                        kTextColor});
+  mTextLines.push_back(
+      {version, &mVersionFont, wxRect(kMargin, bottom - 60, width, 18), format, kTextColor});
   mTextLines.push_back({vx3::Tr("Copyright \u00A9 Karvinel. All rights reserved.").ToStdWstring(),
                         &mRightsFont, wxRect(kMargin, bottom - 32, width, 14), format,
                         kRightsColor});

@@ -213,8 +213,7 @@ bool VxSplashWindow::InitFont(wxFont & font, wchar_t const * face, int size, int
   return font.IsOk();
 }
 
-wxRegion VxSplashWindow::CreateRgnFromBitmap(wxBitmap const & picture,
-                                             COLORREF transparentColor) {
+wxRegion VxSplashWindow::CreateRgnFromBitmap(wxBitmap const & picture, COLORREF transparentColor) {
   return ::CreateRgnFromBitmap(picture, transparentColor);
 }
 
@@ -224,8 +223,8 @@ void VxSplashWindow::DrawWindow(wxDC & dc) const {
     wxFont const old = dc.GetFont();
     if (line.font != nullptr && line.font->IsOk()) dc.SetFont(*line.font);
     dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
-    dc.SetTextForeground(wxColour(GetRValue(line.color), GetGValue(line.color),
-                                  GetBValue(line.color)));
+    dc.SetTextForeground(
+        wxColour(GetRValue(line.color), GetGValue(line.color), GetBValue(line.color)));
     DrawSplashText(dc, wxString(line.text), line.rect, line.format);
     dc.SetFont(old);
   }
