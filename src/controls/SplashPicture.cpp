@@ -54,7 +54,7 @@ bool ReadPictureHeaderSize(unsigned char const * data, size_t size, int & width,
   } else {
     return false;
   }
-  if (w > INT32_MAX || h > INT32_MAX) return false;
+  if (w < 0 || w > INT32_MAX || h > INT32_MAX) return false;
   width = static_cast<int>(w);
   height = static_cast<int>(h);
   return true;
