@@ -24,6 +24,7 @@
 #include "RunPicker.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "SampleSplash.h"
 #include "TimeGridDialog.h"
 #include "TreeViewWindow.h"
 
@@ -92,6 +93,7 @@ void MainFrame::BuildMenus() {
   AddPropertyEditorsCommand(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
+  AddSplashCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));

@@ -6,20 +6,22 @@
 //
 //   talvo-sample [--screenshot FILE] [--exit-on-paint]
 //
-// A customization package ("*.appconfig") beside the executable renames the
-// application and gives it a splash picture and icons; the build makes one
-// in sample-package/ (see CMakeLists.txt), which is not put beside the
-// executable unless you copy it there.
+// At start a splash shows the sample's painted picture (not in scripted
+// runs). A customization package ("*.appconfig") beside the executable
+// renames the application and gives it its own splash picture and icons;
+// the build makes one in sample-package/ (see CMakeLists.txt), which is not
+// put beside the executable unless you copy it there.
 #include <wx/cmdline.h>
 #include <wx/crt.h>
 #include <wx/iconbndl.h>
-#include <wx/splash.h>
 #include <wx/timer.h>
 
 #include <memory>
 
 #include "BatchCommand.h"
 #include "MainFrame.h"
+#include "SampleSplash.h"
+#include "controls/VxSplash2013.h"
 #include "controls/WindowSnapshot.h"
 #include "frame/MuteAskUserComm.h"
 #include "frame/VxApp.h"
@@ -119,10 +121,11 @@ bool SampleApp::OnInit() {
   mFrame->Bind(wxEVT_CLOSE_WINDOW, &SampleApp::SavePlacement, this);
   SetTopWindow(mFrame);
   bool const scripted = !mScreenshotPath.empty() || mExitOnPaint;
-  if (!scripted && mCustomization != nullptr && mCustomization->GetSplashBitmap().IsOk()) {
-    new wxSplashScreen(mCustomization->GetSplashBitmap(),
-                       wxSPLASH_CENTRE_ON_SCREEN | wxSPLASH_TIMEOUT, 1500, nullptr, wxID_ANY);
-  }
+  if (!scripted)
+    ShowSampleSplash(
+        nullptr, mCustomization != nullptr ? mCustomization->GetSplashBitmap() : wxBitmap(), 2000,
+        VxSplash2013::kCentreOnScreen | VxSplash2013::kFadeIn | VxSplash2013::kFadeOut |
+            VxSplash2013::kHideOnPress);
   mFrame->Show();
   WatchFirstPaint();
   if (!mScreenshotPath.empty()) TakeScreenshotWhenPainted();

@@ -63,5 +63,6 @@ enum SampleCommand : int {
   kAskPhaseCommand,
   // Help
   kReleaseNotesCommand,
+  kSplashCommand,
   kEndOfSampleCommands
 };

@@ -1,6 +1,7 @@
 #include "controls/SplashPicture.h"
 
 #include <wx/image.h>
+#include <wx/imagpng.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
 
@@ -79,10 +80,14 @@ wxBitmap LoadSplashPicture(std::string const & path) {
     return wxBitmap();
   }
   wxLogNull quiet;  // the reason goes to the log, not to a box
+  bool const png = bytes[0] == 0x89;
+  // An application need not have registered the decoders.
+  if (png && wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr)
+    wxImage::AddHandler(new wxPNGHandler);
   wxMemoryInputStream stream(bytes.data(), bytes.size());
   wxImage image;
-  if (!image.LoadFile(stream, wxBITMAP_TYPE_ANY) || image.GetWidth() != width ||
-      image.GetHeight() != height) {
+  if (!image.LoadFile(stream, png ? wxBITMAP_TYPE_PNG : wxBITMAP_TYPE_BMP) ||
+      image.GetWidth() != width || image.GetHeight() != height) {
     Refuse(path, "is damaged");
     return wxBitmap();
   }

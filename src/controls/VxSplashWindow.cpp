@@ -151,7 +151,11 @@ void VxSplashWindow::Show() {
 }
 
 void VxSplashWindow::Hide() {
-  if (mWindow == nullptr || mHiding) return;
+  if (mHiding) return;
+  if (mWindow == nullptr) {
+    delete this;  // never created: no window will delete it
+    return;
+  }
   mHiding = true;
   mWindow->mShowTimer.Stop();
   if ((mStyle & kFadeOut) != 0 && mWindow->IsShown() && mWindow->CanSetTransparent()) {

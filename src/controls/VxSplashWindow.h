@@ -73,7 +73,8 @@ public:
 
   void Show();
   // Hides (after a fade out where possible) and destroys the window, which
-  // deletes this object.
+  // deletes this object; without a window (Create failed) it deletes it at
+  // once, so Hide is how a splash always leaves.
   void Hide();
 
   // A point font; flags: 1 bold, 2 italic, 4 underline.

@@ -26,6 +26,7 @@
 #include "PropertyEditorsDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "TimeGridDialog.h"
+#include "controls/VxSplashWindow.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
@@ -79,6 +80,7 @@ enum class Opens {
   kSelectItem,       // the item selection
   kSelectClass,      // the class or phase choice
   kPropertyEditors,  // the property editors
+  kSplash,           // the splash window over the frame
 };
 
 struct Expected {
@@ -136,6 +138,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Ask/New class...", {Opens::kSelectClass}},
     {"Messages/Ask/Phase...", {Opens::kSelectClass}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
+    {"Help/Splash window", {Opens::kSplash}},
     {"Help/About...", {Opens::kAboutBox}},
 };
 
@@ -373,6 +376,16 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
           if (child->IsTopLevel() && child->GetId() == wxID_HIGHEST + 900) report = child;
         ASSERT_NE(report, nullptr);
         report->Destroy();
+        break;
+      }
+      case Opens::kSplash: {
+        wxWindow * splash = nullptr;
+        for (wxWindow * child : frame->GetChildren())
+          if (child->IsTopLevel() && child->GetName() == VxSplashWindow::kWindowClass)
+            splash = child;
+        ASSERT_NE(splash, nullptr);
+        EXPECT_TRUE(splash->IsShown());
+        splash->Destroy();  // and the splash with it
         break;
       }
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;

@@ -107,7 +107,10 @@ TEST(SplashText, PlacesLinesByFormat) {
       {"bottom right", "ab", DT_RIGHT | DT_BOTTOM, {{"ab", {160, 98}}}},
       {"line breaks followed", "a\nbc", DT_LEFT, {{"a", {100, 50}}, {"bc", {100, 62}}}},
       {"single line joins them", "a\nbc", DT_SINGLELINE, {{"a bc", {100, 50}}}},
-      {"wraps at spaces", "abc def ghij", DT_WORDBREAK, {{"abc def", {100, 50}}, {"ghij", {100, 62}}}},
+      {"wraps at spaces",
+       "abc def ghij",
+       DT_WORDBREAK,
+       {{"abc def", {100, 50}}, {"ghij", {100, 62}}}},
       {"too wide ends with dots", "abcdefghijk", DT_END_ELLIPSIS, {{"abcde...", {100, 50}}}},
   };
   for (Case const & c : cases) {
@@ -150,7 +153,8 @@ std::string Png(unsigned width, unsigned height) {
   std::string bytes = "\x89PNG\r\n\x1A\n";
   bytes += std::string("\0\0\0\x0DIHDR", 8);
   for (unsigned value : {width, height})
-    for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>((value >> shift) & 0xFF);
+    for (int shift = 24; shift >= 0; shift -= 8)
+      bytes += static_cast<char>((value >> shift) & 0xFF);
   return bytes + std::string(5, '\0');
 }
 

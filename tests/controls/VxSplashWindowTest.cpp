@@ -6,10 +6,10 @@
 // After gtest: Xlib's macros (None) would break its templates.
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
+#include <wx/app.h>
 #include <wx/dcmemory.h>
 #include <wx/display.h>
 #include <wx/frame.h>
-#include <wx/app.h>
 #include <wx/utils.h>
 
 #include <fstream>
@@ -82,8 +82,7 @@ TEST(VxSplashWindow, ShapedWindowAsOtherProgramsSeeIt) {
 
   std::string const id = XId(window);
   std::string const shape = Output("xwininfo -shape -id " + id);
-  EXPECT_NE(shape.find("Window shape extents:  180x100+10+10"), std::string::npos)
-      << shape;
+  EXPECT_NE(shape.find("Window shape extents:  180x100+10+10"), std::string::npos) << shape;
   std::string const properties = Output("xprop -id " + id + " WM_CLASS _NET_WM_WINDOW_TYPE");
   EXPECT_NE(properties.find("\"VxSplashScreenClass\""), std::string::npos) << properties;
   EXPECT_NE(properties.find("_NET_WM_WINDOW_TYPE_SPLASH"), std::string::npos) << properties;
@@ -183,9 +182,9 @@ TEST(VxSplashWindow, UnusablePicturesShowNothing) {
   std::string const huge = folder + "/huge.png";
   std::ofstream(notPicture) << "just some words, no picture";
   // A valid PNG signature declaring 100000 x 100000 pixels.
-  std::ofstream(huge, std::ios::binary) << std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16)
-                                        << std::string("\0\x01\x86\xA0\0\x01\x86\xA0\x08\x02\0\0\0",
-                                                       13);
+  std::ofstream(huge, std::ios::binary)
+      << std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16)
+      << std::string("\0\x01\x86\xA0\0\x01\x86\xA0\x08\x02\0\0\0", 13);
   bool deleted = false;
   auto * splash = new Probe(deleted);
   ASSERT_EQ(splash->Create(nullptr, 0, 0), 1);
