@@ -23,8 +23,8 @@ bool InCard(int x, int y) {
   if (y < kCardTop) return false;
   // The corners are quarter circles.
   int const cx = x < kCorner ? kCorner : (x >= kWidth - kCorner ? kWidth - kCorner - 1 : x);
-  int const cy =
-      y < kCardTop + kCorner ? kCardTop + kCorner : (y >= kHeight - kCorner ? kHeight - kCorner - 1 : y);
+  int const cy = y < kCardTop + kCorner ? kCardTop + kCorner
+                                        : (y >= kHeight - kCorner ? kHeight - kCorner - 1 : y);
   return std::hypot(x - cx, y - cy) <= kCorner;
 }
 

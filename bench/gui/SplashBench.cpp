@@ -68,8 +68,7 @@ BENCHMARK(SplashRegion_candidate)->Name("SplashRegion/candidate")->Unit(benchmar
 
 void SplashRegion_baseline(benchmark::State & state) {
   if (!Started(state)) return;
-  for (auto _ : state)
-    benchmark::DoNotOptimize(wxRegion(RaggedPicture(), wxColour(255, 0, 255)));
+  for (auto _ : state) benchmark::DoNotOptimize(wxRegion(RaggedPicture(), wxColour(255, 0, 255)));
 }
 BENCHMARK(SplashRegion_baseline)->Name("SplashRegion/baseline")->Unit(benchmark::kMillisecond);
 
@@ -84,8 +83,7 @@ bool RunUntilPainted(bool const & painted) {
 }
 
 void Settle() {
-  while (g_main_context_iteration(nullptr, FALSE)) {
-  }
+  while (g_main_context_iteration(nullptr, FALSE)) {}
   wxTheApp->ProcessPendingEvents();
   wxTheApp->ProcessIdle();
 }
@@ -122,8 +120,8 @@ void SplashFirstPaint_baseline(benchmark::State & state) {
     bool painted = false;
     wxBitmap picture = RaggedPicture();
     picture.SetMask(new wxMask(picture, wxColour(255, 0, 255)));
-    auto * splash = new wxSplashScreen(picture, wxSPLASH_CENTRE_ON_SCREEN | wxSPLASH_NO_TIMEOUT,
-                                       0, nullptr, wxID_ANY);
+    auto * splash = new wxSplashScreen(picture, wxSPLASH_CENTRE_ON_SCREEN | wxSPLASH_NO_TIMEOUT, 0,
+                                       nullptr, wxID_ANY);
     splash->GetSplashWindow()->Bind(wxEVT_PAINT, [&painted](wxPaintEvent & event) {
       painted = true;
       event.Skip();

@@ -130,7 +130,8 @@ int VxSplashWindow::SetBitmap(wxBitmap const & picture, COLORREF transparentColo
   mRegion = CreateRgnFromBitmap(mPicture, transparentColor);
   // An empty region would remove the shape and show the whole rectangle.
   mEmptyShape = mRegion.IsEmpty();
-  if (mWindow != nullptr && !mEmptyShape) {
+  // A shown window takes the new outline at once, a hidden one when shown.
+  if (mWindow != nullptr && mWindow->IsShown() && !mEmptyShape) {
     mWindow->SetSize(mLeft, mTop, mWidth, mHeight);
     mWindow->SetShape(mRegion);
     mWindow->Refresh();
@@ -142,6 +143,7 @@ void VxSplashWindow::Show() {
   if (mWindow == nullptr || mHiding) return;
   mWindow->SetSize(mLeft, mTop, mWidth, mHeight);
   if (!mEmptyShape && mPicture.IsOk()) {
+    if (!mRegion.IsEmpty()) mWindow->SetShape(mRegion);
     bool const fade = (mStyle & kFadeIn) != 0 && mWindow->CanSetTransparent();
     if (fade) mWindow->SetTransparent(0);
     mWindow->ShowWithoutActivating();

@@ -37,8 +37,8 @@ TEST(SampleSplash, MenuCommandShowsThePaintedSplashUntilClicked) {
   EXPECT_EQ(splash->GetSize(), wxSize(480, 300));
   // Centred on the main window.
   wxRect const around = frame->GetScreenRect();
-  EXPECT_EQ(splash->GetPosition(), wxPoint(around.x + (around.width - 480) / 2,
-                                           around.y + (around.height - 300) / 2));
+  EXPECT_EQ(splash->GetPosition(),
+            wxPoint(around.x + (around.width - 480) / 2, around.y + (around.height - 300) / 2));
   gui_test::Snapshot(*splash, "sample-splash");
 
   wxMouseEvent click(wxEVT_LEFT_DOWN);
