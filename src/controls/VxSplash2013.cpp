@@ -30,7 +30,7 @@ void VxSplash2013::InitFonts() {
   wxString const face =
       ChooseFace([](wxString const & name) { return wxFontEnumerator::IsValidFacename(name); },
                  wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetFaceName());
-  std::wstring const name = face.ToStdWstring();
+  std::wstring const & name = face.ToStdWstring();
   InitFont(mNameFont, name.c_str(), 9, 1);
   InitFont(mVersionFont, name.c_str(), 9, 0);
   InitFont(mRightsFont, name.c_str(), 7, 0);
