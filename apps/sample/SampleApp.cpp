@@ -4,7 +4,7 @@
 // read once the window has painted: the XML parser is loaded then, so the
 // window appears without waiting for it.
 //
-//   talvo-sample [--screenshot FILE] [--exit-on-paint]
+//   talvo-sample [--screenshot FILE] [--exit-on-paint] [--splash]
 //
 // At start a splash shows the sample's painted picture (not in scripted
 // runs). A customization package ("*.appconfig") beside the executable
@@ -63,6 +63,7 @@ private:
 
   wxString mScreenshotPath;
   bool mExitOnPaint = false;
+  bool mForceSplash = false;
   bool mPainted = false;
   bool mStartCounted = false;
   VxAppCustomization * mCustomization = nullptr;
@@ -78,11 +79,13 @@ void SampleApp::OnInitCmdLine(wxCmdLineParser & parser) {
                    wxCMD_LINE_VAL_STRING);
   parser.AddSwitch("", "exit-on-paint",
                    "print \"painted\" when the main window has been painted once, then exit");
+  parser.AddSwitch("", "splash", "show the start-up splash also with the two options above");
 }
 
 bool SampleApp::OnCmdLineParsed(wxCmdLineParser & parser) {
   parser.Found("screenshot", &mScreenshotPath);
   mExitOnPaint = parser.Found("exit-on-paint");
+  mForceSplash = parser.Found("splash");
   return VxApp::OnCmdLineParsed(parser);
 }
 
@@ -121,7 +124,7 @@ bool SampleApp::OnInit() {
   mFrame->Bind(wxEVT_CLOSE_WINDOW, &SampleApp::SavePlacement, this);
   SetTopWindow(mFrame);
   bool const scripted = !mScreenshotPath.empty() || mExitOnPaint;
-  if (!scripted)
+  if (!scripted || mForceSplash)
     ShowSampleSplash(
         nullptr, mCustomization != nullptr ? mCustomization->GetSplashBitmap() : wxBitmap(), 2000,
         VxSplash2013::kCentreOnScreen | VxSplash2013::kFadeIn | VxSplash2013::kFadeOut |
