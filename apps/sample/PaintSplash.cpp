@@ -49,9 +49,12 @@ void Paint(int x, int y, unsigned char * rgb) {
   // A pale card, a wave of colour across its upper half.
   double const t = static_cast<double>(y - kCardTop) / (kHeight - kCardTop);
   double const wave = std::sin(x / 37.0 + std::sin(y / 23.0)) * std::exp(-t * 4);
-  rgb[0] = static_cast<unsigned char>(std::lround(236 - 40 * wave * (1 - t)));
-  rgb[1] = static_cast<unsigned char>(std::lround(240 - 18 * wave));
-  rgb[2] = static_cast<unsigned char>(std::lround(246 + 8 * wave * t));
+  auto const channel = [](double value) {
+    return static_cast<unsigned char>(std::lround(std::fmin(250.0, std::fmax(0.0, value))));
+  };
+  rgb[0] = channel(214 - 40 * wave * (1 - t));
+  rgb[1] = channel(226 - 18 * wave);
+  rgb[2] = channel(240 + 8 * wave * t);
 }
 
 }  // namespace
