@@ -31,8 +31,7 @@ std::string FindOnPath(char const * name) {
   size_t start = 0;
   while (start <= folders.size()) {
     size_t const end = folders.find(':', start);
-    std::string folder =
-        folders.substr(start, end == std::string::npos ? std::string::npos : end - start);
+    std::string folder = folders.substr(start, end == std::string::npos ? std::string::npos : end - start);
     if (folder.empty()) folder = ".";
     std::string candidate = folder + "/" + name;
     if (::access(candidate.c_str(), X_OK) == 0) return candidate;
@@ -59,7 +58,7 @@ bool HasMailHandler() {
 
 // Hears the end of the mail program.
 class MailProcess : public wxProcess {
-public:
+ public:
   void OnTerminate(int, int status) override {
     if (mHandedOver) {
       delete this;  // nobody waits any more
@@ -73,7 +72,7 @@ public:
   bool Ended() const { return mEnded; }
   int Status() const { return mStatus; }
 
-private:
+ private:
   bool mEnded = false;
   bool mHandedOver = false;
   int mStatus = -1;

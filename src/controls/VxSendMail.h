@@ -11,7 +11,7 @@
 #include <vector>
 
 class VxSendMail {
-public:
+ public:
   // Each may be null; a non-null `to` is the first recipient.
   explicit VxSendMail(wchar_t const * to = nullptr, wchar_t const * subject = nullptr,
                       wchar_t const * body = nullptr);
@@ -40,7 +40,7 @@ public:
   // (tests change PATH).
   static void ForgetMailProgram();
 
-private:
+ private:
   bool Fail(unsigned stringId);
 
   std::string mSubject;

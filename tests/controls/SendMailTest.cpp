@@ -35,12 +35,11 @@ std::wstring Text(unsigned id) { return LoadResourceString(id).ToStdWstring(); }
 
 // PATH with a folder of our own first, holding xdg-email's hook.
 class MailTest : public testing::Test {
-protected:
+ protected:
   static void SetUpTestSuite() {
     ::mkdir(Temp("bin").c_str(), 0755);
     Write(Temp("bin/xdg-email-hook.sh"),
-          "#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$TMPDIR/mailto.txt\"\nexit \"${HOOK_EXIT:-0}\"\n",
-          0755);
+          "#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$TMPDIR/mailto.txt\"\nexit \"${HOOK_EXIT:-0}\"\n", 0755);
     ::setenv("PATH", (Temp("bin") + ":/usr/bin:/bin").c_str(), 1);
     VxSendMail::ForgetMailProgram();
   }
@@ -57,8 +56,7 @@ protected:
     Write(data + "/applications/test-mail.desktop",
           "[Desktop Entry]\nType=Application\nName=Test Mail\nExec=true %u\n"
           "MimeType=x-scheme-handler/mailto;\n");
-    Write(config + "/mimeapps.list",
-          "[Default Applications]\nx-scheme-handler/mailto=test-mail.desktop\n");
+    Write(config + "/mimeapps.list", "[Default Applications]\nx-scheme-handler/mailto=test-mail.desktop\n");
     ASSERT_TRUE(gui_test::WaitUntil([] {
       GAppInfo * handler = g_app_info_get_default_for_uri_scheme("mailto");
       if (handler != nullptr) g_object_unref(handler);
@@ -75,17 +73,15 @@ TEST_F(MailTest, EveryAddressFollowsItsOptionAndEmptyPartsAreLeftOut) {
   mail.AddBCC("b@example.org");
   mail.AddAttachment("/tmp/dump 1.dmp");
   EXPECT_EQ(mail.Arguments(),
-            (std::vector<std::string>{"--utf8", "--to", "a@example.org", "--to", "-odd@example.org",
-                                      "--cc", "c@example.org", "--bcc", "b@example.org", "--attach",
-                                      "/tmp/dump 1.dmp"}));
+            (std::vector<std::string>{"--utf8", "--to", "a@example.org", "--to", "-odd@example.org", "--cc",
+                                      "c@example.org", "--bcc", "b@example.org", "--attach", "/tmp/dump 1.dmp"}));
   mail.SetSubject("Grüße");
   mail.SetBody("Line 1\nLine 2");
   std::vector<std::string> const arguments = mail.Arguments();
   EXPECT_EQ(std::vector<std::string>(arguments.end() - 6, arguments.end()),
             (std::vector<std::string>{"--subject", "Grüße", "--body", "Line 1\nLine 2", "--attach",
                                       "/tmp/dump 1.dmp"}));
-  EXPECT_EQ(VxSendMail().Arguments(), std::vector<std::string>{"--utf8"})
-      << "nothing: the user fills it in";
+  EXPECT_EQ(VxSendMail().Arguments(), std::vector<std::string>{"--utf8"}) << "nothing: the user fills it in";
 }
 
 // Runs first: no program is set up for mailto links yet.
@@ -133,10 +129,9 @@ TEST_F(MailTest, TheMailProgramGetsEveryPartInUtf8) {
   EXPECT_EQ(mail.GetLastError(), L"");
   std::string const sent = Read(Temp("mailto.txt"));
   // xdg-email encodes the texts (line ends as CR LF) and leaves "@" as it is.
-  for (char const * part :
-       {"mailto:?to=support@example.org&", "&to=-odd@example.org&", "&cc=cc@example.org&",
-        "&bcc=bcc@example.org&", "&subject=Gr%C3%BC%C3%9Fe&", "&body=Line%201%0D%0ALine%202&",
-        "&attach=/", "/crash%201.dmp"})
+  for (char const * part : {"mailto:?to=support@example.org&", "&to=-odd@example.org&", "&cc=cc@example.org&",
+                            "&bcc=bcc@example.org&", "&subject=Gr%C3%BC%C3%9Fe&", "&body=Line%201%0D%0ALine%202&",
+                            "&attach=/", "/crash%201.dmp"})
     EXPECT_NE(sent.find(part), std::string::npos) << part << " in " << sent;
 }
 
