@@ -32,6 +32,7 @@
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
 #include "SampleMenuResource.h"
+#include "SampleSplash.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
@@ -110,6 +111,7 @@ void MainFrame::BuildMenus() {
   AddPropertyListCommand(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
+  AddSplashCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));

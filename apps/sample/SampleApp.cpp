@@ -4,16 +4,16 @@
 // read once the window has painted: the XML parser is loaded then, so the
 // window appears without waiting for it.
 //
-//   talvo-sample [--screenshot FILE] [--exit-on-paint]
+//   talvo-sample [--screenshot FILE] [--exit-on-paint] [--splash]
 //
-// A customization package ("*.appconfig") beside the executable renames the
-// application and gives it a splash picture and icons; the build makes one
-// in sample-package/ (see CMakeLists.txt), which is not put beside the
-// executable unless you copy it there.
+// At start a splash shows the sample's painted picture (not in scripted
+// runs). A customization package ("*.appconfig") beside the executable
+// renames the application and gives it its own splash picture and icons;
+// the build makes one in sample-package/ (see CMakeLists.txt), which is not
+// put beside the executable unless you copy it there.
 #include <wx/cmdline.h>
 #include <wx/crt.h>
 #include <wx/iconbndl.h>
-#include <wx/splash.h>
 #include <wx/timer.h>
 
 #include <memory>
@@ -21,6 +21,8 @@
 #include "BatchCommand.h"
 #include "MainFrame.h"
 #include "SampleAbout.h"
+#include "SampleSplash.h"
+#include "controls/VxSplash2013.h"
 #include "controls/WindowSnapshot.h"
 #include "frame/MuteAskUserComm.h"
 #include "frame/VxApp.h"
@@ -65,6 +67,7 @@ private:
 
   wxString mScreenshotPath;
   bool mExitOnPaint = false;
+  bool mForceSplash = false;
   bool mPainted = false;
   bool mStartCounted = false;
   VxAppCustomization * mCustomization = nullptr;
@@ -80,11 +83,13 @@ void SampleApp::OnInitCmdLine(wxCmdLineParser & parser) {
                    wxCMD_LINE_VAL_STRING);
   parser.AddSwitch("", "exit-on-paint",
                    "print \"painted\" when the main window has been painted once, then exit");
+  parser.AddSwitch("", "splash", "show the start-up splash also with the two options above");
 }
 
 bool SampleApp::OnCmdLineParsed(wxCmdLineParser & parser) {
   parser.Found("screenshot", &mScreenshotPath);
   mExitOnPaint = parser.Found("exit-on-paint");
+  mForceSplash = parser.Found("splash");
   return VxApp::OnCmdLineParsed(parser);
 }
 
@@ -123,10 +128,11 @@ bool SampleApp::OnInit() {
   mFrame->Bind(wxEVT_CLOSE_WINDOW, &SampleApp::SavePlacement, this);
   SetTopWindow(mFrame);
   bool const scripted = !mScreenshotPath.empty() || mExitOnPaint;
-  if (!scripted && mCustomization != nullptr && mCustomization->GetSplashBitmap().IsOk()) {
-    new wxSplashScreen(mCustomization->GetSplashBitmap(),
-                       wxSPLASH_CENTRE_ON_SCREEN | wxSPLASH_TIMEOUT, 1500, nullptr, wxID_ANY);
-  }
+  if (!scripted || mForceSplash)
+    ShowSampleSplash(
+        nullptr, mCustomization != nullptr ? mCustomization->GetSplashBitmap() : wxBitmap(), 2000,
+        VxSplash2013::kCentreOnScreen | VxSplash2013::kFadeIn | VxSplash2013::kFadeOut |
+            VxSplash2013::kHideOnPress);
   mFrame->Show();
   WatchFirstPaint();
   if (!mScreenshotPath.empty()) TakeScreenshotWhenPainted();

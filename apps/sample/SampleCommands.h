@@ -79,5 +79,6 @@ enum SampleCommand : int {
   kAuditTrailUserInfoCommand,
   // Help
   kReleaseNotesCommand,
+  kSplashCommand,
   kEndOfSampleCommands
 };

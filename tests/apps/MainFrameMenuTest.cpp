@@ -31,6 +31,7 @@
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
+#include "controls/VxSplashWindow.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
 #include "dialogs/CustomMessageBoxDlg.h"
@@ -96,6 +97,7 @@ enum class Opens {
   kAuditTrailWindow,  // the audit trail's window opens over the frame
   kFavouritesPane,    // the favourites pane window
   kAddCommand,        // the pane with the add-command dialog over it
+  kSplash,            // the splash window over the frame
 };
 
 struct Expected {
@@ -166,6 +168,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Audit Trail/Save As...", {Opens::kNothing}},
     {"Audit Trail/Edit User Information...", {Opens::kInput}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
+    {"Help/Splash window", {Opens::kSplash}},
     {"Help/About...", {Opens::kAboutBox}},
 };
 
@@ -430,6 +433,16 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
             report = child;
         ASSERT_NE(report, nullptr);
         report->Destroy();
+        break;
+      }
+      case Opens::kSplash: {
+        wxWindow * splash = nullptr;
+        for (wxWindow * child : frame->GetChildren())
+          if (child->IsTopLevel() && child->GetName() == VxSplashWindow::kWindowClass)
+            splash = child;
+        ASSERT_NE(splash, nullptr);
+        EXPECT_TRUE(splash->IsShown());
+        splash->Destroy();  // and the splash with it
         break;
       }
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
