@@ -60,28 +60,33 @@ std::string TempFile(char const * name) {
   return (wxFileName::GetTempDir() + "/" + name).utf8_string();
 }
 
+// The stored form of the bench's rows, as the tree writes them: folders on
+// the first two levels, commands below.
+void WriteRows(ConfigurationSection & root) {
+  for (int i = 0; i < kLoadRows; ++i) {
+    std::unique_ptr<ConfigurationSection> const row(root.CreateSubSection("FavouriteItem", i + 1));
+    int const level = LevelOf(i);
+    row->WriteKey("Name", (L"Favourite " + std::to_wstring(i)).c_str());
+    if (level < 2) {
+      row->WriteKey("Type", L"FavouritesFolder");
+      row->WriteBool("TreatAsItem", false);
+      row->WriteKey("EmptyFolderText", L"");
+      row->WriteKey("DefaultItemType", L"");
+    } else {
+      row->WriteKey("Type", L"CommandItem");
+      row->WriteInt("CommandID", 32768 + i % 500);
+    }
+    row->WriteInt("_IndentLevel", level);
+    row->WriteInt("_Style", level == 0 ? 2 : 0);
+  }
+}
+
 struct StoredTree {
   XercesXMLSection file;
   std::unique_ptr<Sections> rows;
   StoredTree() {
     std::unique_ptr<ConfigurationSection> const root(file.CreateSubSection("Favourites"));
-    for (int i = 0; i < kLoadRows; ++i) {
-      std::unique_ptr<ConfigurationSection> const row(
-          root->CreateSubSection("FavouriteItem", i + 1));
-      int const level = LevelOf(i);
-      row->WriteKey("Name", (L"Favourite " + std::to_wstring(i)).c_str());
-      if (level < 2) {
-        row->WriteKey("Type", L"FavouritesFolder");
-        row->WriteBool("TreatAsItem", false);
-        row->WriteKey("EmptyFolderText", L"");
-        row->WriteKey("DefaultItemType", L"");
-      } else {
-        row->WriteKey("Type", L"CommandItem");
-        row->WriteInt("CommandID", 32768 + i % 500);
-      }
-      row->WriteInt("_IndentLevel", level);
-      row->WriteInt("_Style", level == 0 ? 2 : 0);
-    }
+    WriteRows(*root);
     rows.reset(root->GetAllSubSections("FavouriteItem"));
   }
 };
@@ -162,23 +167,7 @@ void Save_baseline(benchmark::State & state) {
     std::unique_ptr<ConfigurationSection> const root(file.CreateSubSection("Favourites"));
     root->WriteKey("AppName", "Bench");
     root->WriteKey("Version", "1.0");
-    for (int i = 0; i < kLoadRows; ++i) {
-      std::unique_ptr<ConfigurationSection> const row(
-          root->CreateSubSection("FavouriteItem", i + 1));
-      int const level = LevelOf(i);
-      row->WriteKey("Name", (L"Favourite " + std::to_wstring(i)).c_str());
-      if (level < 2) {
-        row->WriteKey("Type", L"FavouritesFolder");
-        row->WriteBool("TreatAsItem", false);
-        row->WriteKey("EmptyFolderText", L"");
-        row->WriteKey("DefaultItemType", L"");
-      } else {
-        row->WriteKey("Type", L"CommandItem");
-        row->WriteInt("CommandID", 32768 + i % 500);
-      }
-      row->WriteInt("_IndentLevel", level);
-      row->WriteInt("_Style", level == 0 ? 2 : 0);
-    }
+    WriteRows(*root);
     if (!file.Flush()) state.SkipWithError("the file was not written");
   }
   std::remove(path.c_str());
