@@ -12,11 +12,11 @@ class wxMenu;
 class VxHtmlView;
 
 struct TourStop {
-  int subsystem;       // 1..13
-  char const * link;   // the name after "app:"
-  wxString label;      // the link's text, translated
-  int command;         // the main frame's menu command it runs
-  bool walked;         // false: the walk leaves it out (it ends the process)
+  int subsystem;      // 1..13
+  char const * link;  // the name after "app:"
+  wxString label;     // the link's text, translated
+  int command;        // the main frame's menu command it runs
+  bool walked;        // false: the walk leaves it out (it ends the process)
 };
 
 // The subsystems' headings, index 0 for subsystem 1.

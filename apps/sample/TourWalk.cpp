@@ -232,8 +232,8 @@ private:
   static void OnAssert(wxString const & file, int line, wxString const & func,
                        wxString const & cond, wxString const & msg) {
     if (sCurrent != nullptr)
-      sCurrent->Fail(wxString::Format("wx assertion \"%s\" in %s (%s:%d) %s", cond, func, file,
-                                      line, msg));
+      sCurrent->Fail(
+          wxString::Format("wx assertion \"%s\" in %s (%s:%d) %s", cond, func, file, line, msg));
   }
 
   static Walker * sCurrent;

@@ -18,7 +18,7 @@ class wxFrame;
 
 struct TourWalkResult {
   struct Shot {
-    std::string link;     // the tour stop that opened it
+    std::string link;      // the tour stop that opened it
     wxString windowClass;  // what opened, e.g. "CustomMessageBoxDlg"
     wxString title;
     wxString file;  // the PNG; empty for a chooser answered unseen

@@ -35,7 +35,8 @@ TEST(SampleTour, EverySubsystemHasLinksToCommandsOfTheMenus) {
   EXPECT_EQ(covered.size(), 13u);
   EXPECT_EQ(page.Freq('\n'), 0u);
   size_t anchors = 0;
-  for (size_t at = page.find("href='app:"); at != wxString::npos; at = page.find("href='app:", at + 1))
+  for (size_t at = page.find("href='app:"); at != wxString::npos;
+       at = page.find("href='app:", at + 1))
     ++anchors;
   EXPECT_EQ(anchors, stops.size()) << "a link on the page without a stop, or the other way";
   frame->Destroy();
