@@ -5,6 +5,7 @@
 #include <wx/sizer.h>
 
 #include "SampleCommands.h"
+#include "html/HtmlPageText.h"
 #include "html/VxHtmlView.h"
 #include "utl/Translation.h"
 
@@ -21,24 +22,6 @@ wchar_t const kTourStyle[] =
     L"p.intro { color: #555753 }\n"
     L"ul { margin: 2px 0; padding-left: 20px }\n"
     L"a { color: #204a87 }";
-
-// Escapes the characters HTML gives a meaning to.
-wxString Escaped(wxString const & text) {
-  wxString out;
-  for (wxUniChar const c : text) {
-    if (c == '&')
-      out += "&amp;";
-    else if (c == '<')
-      out += "&lt;";
-    else if (c == '>')
-      out += "&gt;";
-    else if (c == '\'')
-      out += "&#39;";
-    else
-      out += c;
-  }
-  return out;
-}
 
 }  // namespace
 
@@ -108,19 +91,19 @@ std::vector<TourStop> TourStops() {
 }
 
 wxString BuildTourPage() {
-  wxString page = "<h1>" + Escaped(Tr("Tour", "A tour of the library")) + "</h1><p class=intro>" +
-                  Escaped(Tr("Tour",
+  wxString page = "<h1>" + EscapeHtmlText(Tr("Tour", "A tour of the library")) + "</h1><p class=intro>" +
+                  EscapeHtmlText(Tr("Tour",
                              "Each link opens what the library offers for the subsystem above "
                              "it, in this application.")) +
                   "</p>";
   std::vector<wxString> const subsystems = TourSubsystems();
   for (size_t index = 0; index < subsystems.size(); ++index) {
     page += wxString::Format("<h2 id=s%zu>%zu. %s</h2><ul>", index + 1, index + 1,
-                             Escaped(subsystems[index]));
+                             EscapeHtmlText(subsystems[index]));
     for (TourStop const & stop : TourStops()) {
       if (stop.subsystem != static_cast<int>(index + 1)) continue;
       page += wxString::Format("<li><a id='%s' href='app:%s'>%s</a></li>", stop.link, stop.link,
-                               Escaped(stop.label));
+                               EscapeHtmlText(stop.label));
     }
     page += "</ul>";
   }
