@@ -91,11 +91,12 @@ std::vector<TourStop> TourStops() {
 }
 
 wxString BuildTourPage() {
-  wxString page = "<h1>" + EscapeHtmlText(Tr("Tour", "A tour of the library")) + "</h1><p class=intro>" +
-                  EscapeHtmlText(Tr("Tour",
-                             "Each link opens what the library offers for the subsystem above "
-                             "it, in this application.")) +
-                  "</p>";
+  wxString page =
+      "<h1>" + EscapeHtmlText(Tr("Tour", "A tour of the library")) + "</h1><p class=intro>" +
+      EscapeHtmlText(Tr("Tour",
+                        "Each link opens what the library offers for the subsystem above "
+                        "it, in this application.")) +
+      "</p>";
   std::vector<wxString> const subsystems = TourSubsystems();
   for (size_t index = 0; index < subsystems.size(); ++index) {
     page += wxString::Format("<h2 id=s%zu>%zu. %s</h2><ul>", index + 1, index + 1,
