@@ -9,7 +9,8 @@
 
 namespace {
 
-template <typename T> T ReadAt(unsigned char const * block, std::size_t offset) {
+template <typename T>
+T ReadAt(unsigned char const * block, std::size_t offset) {
   T value{};
   std::memcpy(&value, block + offset, sizeof value);
   return value;
@@ -46,16 +47,12 @@ bool ReadCoreHeader(unsigned char const * block, std::size_t size, DibLayout & l
 
 bool CompressionFits(unsigned bits, std::uint32_t compression) {
   switch (compression) {
-  case BI_RGB:
-    return bits == 1 || bits == 4 || bits == 8 || bits == 16 || bits == 24 || bits == 32;
-  case BI_RLE8:
-    return bits == 8;
-  case BI_RLE4:
-    return bits == 4;
-  case BI_BITFIELDS:
-    return bits == 16 || bits == 32;
-  default:
-    return false;
+    case BI_RGB:
+      return bits == 1 || bits == 4 || bits == 8 || bits == 16 || bits == 24 || bits == 32;
+    case BI_RLE8: return bits == 8;
+    case BI_RLE4: return bits == 4;
+    case BI_BITFIELDS: return bits == 16 || bits == 32;
+    default: return false;
   }
 }
 
@@ -150,8 +147,10 @@ void DecodeIndexedRow(unsigned char const * row, DibLayout const & layout,
     unsigned const byte = row[x / perByte];
     unsigned const shift = 8 - layout.bits * (static_cast<unsigned>(x % perByte) + 1);
     std::size_t const index = (byte >> shift) & mask;
-    if (index < layout.entries) std::memcpy(out, &table[index * 3], 3);
-    else out[0] = out[1] = out[2] = 0;
+    if (index < layout.entries)
+      std::memcpy(out, &table[index * 3], 3);
+    else
+      out[0] = out[1] = out[2] = 0;
   }
 }
 
@@ -201,9 +200,17 @@ HDIB MakeDib(wxImage const & image, unsigned bits) {
   HDIB const dib = GlobalAlloc(sizeof(BITMAPINFOHEADER) + colors * 4 + imageSize);
   if (dib == nullptr) return nullptr;
   auto * const block = static_cast<unsigned char *>(GlobalLock(dib));
-  BITMAPINFOHEADER const header{sizeof header, width, height, 1,
-                                static_cast<std::uint16_t>(bits), BI_RGB,
-                                static_cast<std::uint32_t>(imageSize), 0, 0, 0, 0};
+  BITMAPINFOHEADER const header{sizeof header,
+                                width,
+                                height,
+                                1,
+                                static_cast<std::uint16_t>(bits),
+                                BI_RGB,
+                                static_cast<std::uint32_t>(imageSize),
+                                0,
+                                0,
+                                0,
+                                0};
   std::memcpy(block, &header, sizeof header);
   if (colors == 2) {
     RGBQUAD const table[2] = {{0, 0, 0, 0}, {255, 255, 255, 0}};
@@ -219,7 +226,8 @@ HDIB MakeDib(wxImage const & image, unsigned bits) {
     for (int x = 0; x < width; ++x, in += 3) {
       if (bits == 1) {
         // Light pixels are the table's white entry.
-        if (in[0] + in[1] + in[2] >= 384) out[x / 8] |= static_cast<unsigned char>(0x80u >> (x % 8));
+        if (in[0] + in[1] + in[2] >= 384)
+          out[x / 8] |= static_cast<unsigned char>(0x80u >> (x % 8));
         continue;
       }
       *out++ = in[2];

@@ -59,8 +59,10 @@ int SaveDIB(HDIB dib, std::ostream & file) {
   } else {
     long long const rows = info.biHeight < 0 ? -static_cast<long long>(info.biHeight)
                                              : static_cast<long long>(info.biHeight);
-    std::size_t const imageSize = DibStride(info.biWidth, info.biBitCount) *
-                                  static_cast<std::size_t>(info.biWidth > 0 ? rows : 0);
+    std::size_t const stride = info.biWidth > 0 ? DibStride(info.biWidth, info.biBitCount) : 0;
+    // Checked before multiplying: a lying header could wrap the product.
+    if (stride != 0 && static_cast<std::size_t>(rows) > GlobalSize(dib) / stride) return 0;
+    std::size_t const imageSize = stride * static_cast<std::size_t>(rows);
     if (dibSize + imageSize > GlobalSize(dib)) return 0;
     info.biSizeImage = static_cast<std::uint32_t>(imageSize);
     std::memcpy(block, &info, sizeof info);

@@ -61,8 +61,9 @@ bool CreateDIBPalette(HDIB dib, wxPalette & palette) {
   bool const core = headerSize == sizeof(BITMAPCOREHEADER);
   if (!core && (headerSize < sizeof(BITMAPINFOHEADER) || headerSize > size)) return false;
   std::uint16_t bits = 0;
-  std::memcpy(&bits, block + (core ? offsetof(BITMAPCOREHEADER, bcBitCount)
-                                   : offsetof(BITMAPINFOHEADER, biBitCount)),
+  std::memcpy(&bits,
+              block + (core ? offsetof(BITMAPCOREHEADER, bcBitCount)
+                            : offsetof(BITMAPINFOHEADER, biBitCount)),
               sizeof bits);
   if (bits != 1 && bits != 4 && bits != 8) return false;
   std::size_t const colors = DibColorCount(block);

@@ -35,7 +35,8 @@ wxImage DrawWidget(GtkWidget * widget) {
   int const stride = cairo_image_surface_get_stride(surface);
   unsigned char * out = image.GetData();
   for (int y = 0; y < height; ++y) {
-    unsigned char const * row = data + static_cast<std::size_t>(y) * static_cast<std::size_t>(stride);
+    unsigned char const * row =
+        data + static_cast<std::size_t>(y) * static_cast<std::size_t>(stride);
     for (int x = 0; x < width; ++x, out += 3) {
       std::uint32_t pixel = 0;  // 0x00RRGGBB in native order
       std::memcpy(&pixel, row + x * 4, sizeof pixel);

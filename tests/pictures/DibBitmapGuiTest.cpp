@@ -38,8 +38,8 @@ BITMAPINFOHEADER HeaderOf(HDIB dib) {
 unsigned char const * StoredPixel(HDIB dib, int x, int y) {
   BITMAPINFOHEADER const header = HeaderOf(dib);
   std::size_t const stride = DibStride(header.biWidth, header.biBitCount);
-  auto const * pixels = static_cast<unsigned char const *>(GlobalLock(dib)) + 40 +
-                        DibPaletteSize(GlobalLock(dib));
+  auto const * pixels =
+      static_cast<unsigned char const *>(GlobalLock(dib)) + 40 + DibPaletteSize(GlobalLock(dib));
   return pixels + stride * static_cast<std::size_t>(header.biHeight - 1 - y) +
          x * header.biBitCount / 8;
 }
@@ -184,10 +184,9 @@ TEST(PaintDib, PaintsUnscaledOrStretchedWithoutSmoothing) {
         int const sx = test.sourceOrigin.x + tx / test.scale;
         int const sy = test.sourceOrigin.y + ty / test.scale;
         int const px = test.target.x + tx, py = test.target.y + ty;
-        ASSERT_EQ(wxColour(painted.GetRed(px, py), painted.GetGreen(px, py),
-                           painted.GetBlue(px, py)),
-                  wxColour(pattern.GetRed(sx, sy), pattern.GetGreen(sx, sy),
-                           pattern.GetBlue(sx, sy)))
+        ASSERT_EQ(
+            wxColour(painted.GetRed(px, py), painted.GetGreen(px, py), painted.GetBlue(px, py)),
+            wxColour(pattern.GetRed(sx, sy), pattern.GetGreen(sx, sy), pattern.GetBlue(sx, sy)))
             << tx << "," << ty;
       }
     EXPECT_EQ(wxColour(painted.GetRed(19, 11), painted.GetGreen(19, 11), painted.GetBlue(19, 11)),

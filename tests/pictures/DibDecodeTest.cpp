@@ -18,14 +18,15 @@ struct Rgb {
 Bytes Quads(std::vector<Rgb> const & colors) {
   Bytes table;
   for (Rgb const & color : colors)
-    table.insert(table.end(), {static_cast<unsigned char>(color.blue),
-                               static_cast<unsigned char>(color.green),
-                               static_cast<unsigned char>(color.red), 0});
+    table.insert(table.end(),
+                 {static_cast<unsigned char>(color.blue), static_cast<unsigned char>(color.green),
+                  static_cast<unsigned char>(color.red), 0});
   return table;
 }
 
 std::vector<Rgb> SixteenColors() {
   std::vector<Rgb> colors;
+  colors.reserve(16);
   for (int i = 0; i < 16; ++i) colors.push_back({i * 16, 255 - i * 16, i * 8});
   return colors;
 }
@@ -40,58 +41,89 @@ struct DecodeCase {
 std::vector<DecodeCase> DecodeCases() {
   std::vector<DecodeCase> cases;
   Rgb const dark{10, 20, 30}, warm{200, 100, 50};
-  cases.push_back({"1 bit", MakeDib(InfoHeader(2, 2, 1), Quads({dark, warm}),
-                                    Bytes{0x80, 0, 0, 0, 0x40, 0, 0, 0}),
-                   dark, warm, warm, dark});
+  cases.push_back(
+      {"1 bit",
+       MakeDib(InfoHeader(2, 2, 1), Quads({dark, warm}), Bytes{0x80, 0, 0, 0, 0x40, 0, 0, 0}), dark,
+       warm, warm, dark});
   std::vector<Rgb> const sixteen = SixteenColors();
-  cases.push_back({"4 bits", MakeDib(InfoHeader(2, 2, 4), Quads(sixteen),
-                                     Bytes{0x34, 0, 0, 0, 0x12, 0, 0, 0}),
-                   sixteen[1], sixteen[2], sixteen[3], sixteen[4]});
+  cases.push_back(
+      {"4 bits", MakeDib(InfoHeader(2, 2, 4), Quads(sixteen), Bytes{0x34, 0, 0, 0, 0x12, 0, 0, 0}),
+       sixteen[1], sixteen[2], sixteen[3], sixteen[4]});
   // Five colours in use; an index past them is black.
-  cases.push_back({"8 bits, short table",
-                   MakeDib(InfoHeader(2, 2, 8, BI_RGB, 5), Quads({dark, warm, {1, 2, 3}, {4, 5, 6},
-                                                                  {7, 8, 9}}),
-                           Bytes{4, 7, 0, 0, 0, 1, 0, 0}),
-                   dark, warm, {7, 8, 9}, {0, 0, 0}});
-  cases.push_back({"16 bits 5-5-5",
-                   MakeDib(InfoHeader(2, 2, 16), Bytes{0x1F, 0x00, 0x10, 0x42, 0x00, 0x7C, 0x00, 0x02}),
-                   {255, 0, 0}, {0, 132, 0}, {0, 0, 255}, {132, 132, 132}});
-  cases.push_back({"16 bits 5-6-5 by masks",
-                   MakeDib(InfoHeader(2, 2, 16, BI_BITFIELDS), std::uint32_t{0xF800},
-                           std::uint32_t{0x07E0}, std::uint32_t{0x001F},
-                           Bytes{0x00, 0xF8, 0x00, 0x04, 0xE0, 0x07, 0x1F, 0x00}),
-                   {0, 255, 0}, {0, 0, 255}, {255, 0, 0}, {0, 130, 0}});
-  cases.push_back({"24 bits", MakeDib(InfoHeader(2, 2, 24), Bytes{1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9,
-                                                                   10, 11, 12, 0, 0}),
-                   {9, 8, 7}, {12, 11, 10}, {3, 2, 1}, {6, 5, 4}});
-  cases.push_back({"24 bits top-down", MakeDib(InfoHeader(2, -2, 24),
-                                               Bytes{1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12,
-                                                     0, 0}),
-                   {3, 2, 1}, {6, 5, 4}, {9, 8, 7}, {12, 11, 10}});
-  cases.push_back({"32 bits, fourth byte ignored",
-                   MakeDib(InfoHeader(2, 2, 32), Bytes{1, 2, 3, 99, 4, 5, 6, 99, 7, 8, 9, 99, 10,
-                                                       11, 12, 99}),
-                   {9, 8, 7}, {12, 11, 10}, {3, 2, 1}, {6, 5, 4}});
-  cases.push_back({"32 bits, red in the low byte",
-                   MakeDib(InfoHeader(2, 2, 32, BI_BITFIELDS), std::uint32_t{0xFF},
-                           std::uint32_t{0xFF00}, std::uint32_t{0xFF0000},
-                           Bytes{1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 10, 11, 12, 0}),
-                   {7, 8, 9}, {10, 11, 12}, {1, 2, 3}, {4, 5, 6}});
+  cases.push_back(
+      {"8 bits, short table",
+       MakeDib(InfoHeader(2, 2, 8, BI_RGB, 5), Quads({dark, warm, {1, 2, 3}, {4, 5, 6}, {7, 8, 9}}),
+               Bytes{4, 7, 0, 0, 0, 1, 0, 0}),
+       dark,
+       warm,
+       {7, 8, 9},
+       {0, 0, 0}});
+  cases.push_back(
+      {"16 bits 5-5-5",
+       MakeDib(InfoHeader(2, 2, 16), Bytes{0x1F, 0x00, 0x10, 0x42, 0x00, 0x7C, 0x00, 0x02}),
+       {255, 0, 0},
+       {0, 132, 0},
+       {0, 0, 255},
+       {132, 132, 132}});
+  cases.push_back(
+      {"16 bits 5-6-5 by masks",
+       MakeDib(InfoHeader(2, 2, 16, BI_BITFIELDS), std::uint32_t{0xF800}, std::uint32_t{0x07E0},
+               std::uint32_t{0x001F}, Bytes{0x00, 0xF8, 0x00, 0x04, 0xE0, 0x07, 0x1F, 0x00}),
+       {0, 255, 0},
+       {0, 0, 255},
+       {255, 0, 0},
+       {0, 130, 0}});
+  cases.push_back(
+      {"24 bits",
+       MakeDib(InfoHeader(2, 2, 24), Bytes{1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0}),
+       {9, 8, 7},
+       {12, 11, 10},
+       {3, 2, 1},
+       {6, 5, 4}});
+  cases.push_back(
+      {"24 bits top-down",
+       MakeDib(InfoHeader(2, -2, 24), Bytes{1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0}),
+       {3, 2, 1},
+       {6, 5, 4},
+       {9, 8, 7},
+       {12, 11, 10}});
+  cases.push_back(
+      {"32 bits, fourth byte ignored",
+       MakeDib(InfoHeader(2, 2, 32), Bytes{1, 2, 3, 99, 4, 5, 6, 99, 7, 8, 9, 99, 10, 11, 12, 99}),
+       {9, 8, 7},
+       {12, 11, 10},
+       {3, 2, 1},
+       {6, 5, 4}});
+  cases.push_back(
+      {"32 bits, red in the low byte",
+       MakeDib(InfoHeader(2, 2, 32, BI_BITFIELDS), std::uint32_t{0xFF}, std::uint32_t{0xFF00},
+               std::uint32_t{0xFF0000}, Bytes{1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 10, 11, 12, 0}),
+       {7, 8, 9},
+       {10, 11, 12},
+       {1, 2, 3},
+       {4, 5, 6}});
   BITMAPCOREHEADER const core{12, 2, 2, 1, 8};
   Bytes coreTable(256 * 3, 0);
   coreTable[3] = 30, coreTable[4] = 20, coreTable[5] = 10;  // entry 1: blue, green, red
   coreTable[6] = 50, coreTable[7] = 100, coreTable[8] = 200;
-  cases.push_back({"core header", MakeDib(core, coreTable, Bytes{1, 2, 0, 0, 2, 1, 0, 0}),
-                   {200, 100, 50}, dark, dark, {200, 100, 50}});
+  cases.push_back({"core header",
+                   MakeDib(core, coreTable, Bytes{1, 2, 0, 0, 2, 1, 0, 0}),
+                   {200, 100, 50},
+                   dark,
+                   dark,
+                   {200, 100, 50}});
   // Runs of two, each row ended, then the end of the picture.
   cases.push_back({"run-length 8 bits",
                    MakeDib(InfoHeader(2, 2, 8, BI_RLE8, 3), Quads({dark, warm, {1, 2, 3}}),
                            Bytes{2, 1, 0, 0, 1, 2, 1, 0, 0, 1}),
-                   {1, 2, 3}, dark, warm, warm});
-  cases.push_back({"run-length 4 bits",
-                   MakeDib(InfoHeader(2, 2, 4, BI_RLE4), Quads(sixteen),
-                           Bytes{2, 0x12, 0, 0, 2, 0x34, 0, 1}),
-                   sixteen[3], sixteen[4], sixteen[1], sixteen[2]});
+                   {1, 2, 3},
+                   dark,
+                   warm,
+                   warm});
+  cases.push_back(
+      {"run-length 4 bits",
+       MakeDib(InfoHeader(2, 2, 4, BI_RLE4), Quads(sixteen), Bytes{2, 0x12, 0, 0, 2, 0x34, 0, 1}),
+       sixteen[3], sixteen[4], sixteen[1], sixteen[2]});
   return cases;
 }
 

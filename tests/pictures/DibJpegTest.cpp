@@ -100,11 +100,11 @@ DepthCase Picture(int bits, bool topDown) {
       }
     }
   }
-  std::string const name =
-      std::to_string(bits) + " bits" + (topDown ? " top-down" : "");
-  return {name, MakeDib(InfoHeader(kWidth, topDown ? -kHeight : kHeight, bits, BI_RGB, used), table,
-                        pixels),
-          expected};
+  std::string const name = std::to_string(bits) + " bits" + (topDown ? " top-down" : "");
+  return {
+      name,
+      MakeDib(InfoHeader(kWidth, topDown ? -kHeight : kHeight, bits, BI_RGB, used), table, pixels),
+      expected};
 }
 
 TEST(SaveDibAsJpeg, EveryDepthGivesLibjpegsBytesForItsConvertedColours) {

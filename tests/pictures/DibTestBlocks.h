@@ -30,7 +30,8 @@ inline BITMAPINFOHEADER InfoHeader(int width, int height, int bits,
 }
 
 // A block of the given bytes, one after another.
-template <typename... Parts> OwnedDib MakeDib(Parts const &... parts) {
+template <typename... Parts>
+OwnedDib MakeDib(Parts const &... parts) {
   Bytes bytes;
   auto append = [&bytes](auto const & part) {
     using Part = std::decay_t<decltype(part)>;
