@@ -63,13 +63,15 @@ TEST(DdbToDib, BlocksCarryTheBitmapsDepthAndRowsBottomUp) {
     OwnedDib const dib(DDBToDIB(test.bitmap, BI_RGB, nullptr));
     ASSERT_NE(dib, nullptr);
     BITMAPINFOHEADER const header = HeaderOf(dib.get());
-    EXPECT_EQ(header.biSize, 40u);
-    EXPECT_EQ(header.biWidth, 5);
-    EXPECT_EQ(header.biHeight, 3);
-    EXPECT_EQ(header.biPlanes, 1);
-    EXPECT_EQ(header.biBitCount, test.bits);
-    EXPECT_EQ(header.biCompression, BI_RGB);
-    EXPECT_EQ(header.biXPelsPerMeter | header.biYPelsPerMeter | header.biClrUsed, 0);
+    EXPECT_EQ(Unpacked(header.biSize), 40u);
+    EXPECT_EQ(Unpacked(header.biWidth), 5);
+    EXPECT_EQ(Unpacked(header.biHeight), 3);
+    EXPECT_EQ(Unpacked(header.biPlanes), 1);
+    EXPECT_EQ(Unpacked(header.biBitCount), test.bits);
+    EXPECT_EQ(Unpacked(header.biCompression), BI_RGB);
+    EXPECT_EQ(Unpacked(header.biXPelsPerMeter) | Unpacked(header.biYPelsPerMeter) |
+                  Unpacked(header.biClrUsed),
+              0);
     EXPECT_EQ(GlobalSize(dib.get()), 40 + test.tableBytes + DibStride(5, test.bits) * 3);
     EXPECT_EQ(DibPaletteSize(GlobalLock(dib.get())), test.tableBytes);
     wxImage const back = DibToImage(dib.get());
@@ -93,7 +95,7 @@ TEST(DdbToDib, BlocksCarryTheBitmapsDepthAndRowsBottomUp) {
   EXPECT_EQ(DDBToDIB(wxBitmap(), BI_RGB, nullptr), nullptr);
   OwnedDib const reduced(BitmapToDIB(wxBitmap(withAlpha, 32), nullptr));
   ASSERT_NE(reduced, nullptr);
-  EXPECT_EQ(HeaderOf(reduced.get()).biBitCount, 24);
+  EXPECT_EQ(Unpacked(HeaderOf(reduced.get()).biBitCount), 24);
 }
 
 TEST(DibToDdb, GivesTheScreenTheDibsPicture) {
@@ -134,12 +136,12 @@ TEST(WriteWindowToDib, WritesTheWindowEvenWhenCovered) {
   ASSERT_GT(bytes.size(), 54u);
   BITMAPFILEHEADER fileHeader{};
   std::memcpy(&fileHeader, bytes.data(), sizeof fileHeader);
-  EXPECT_EQ(fileHeader.bfOffBits, 67108918u);  // WriteDIB's arithmetic for 24 bits
+  EXPECT_EQ(Unpacked(fileHeader.bfOffBits), 67108918u);  // WriteDIB's arithmetic for 24 bits
   OwnedDib const dib = MakeDib(Bytes(bytes.begin() + 14, bytes.end()));
   BITMAPINFOHEADER const header = HeaderOf(dib.get());
-  EXPECT_EQ(header.biBitCount, 24);
-  EXPECT_GE(header.biWidth, shot->GetClientSize().x);
-  EXPECT_GE(header.biHeight, shot->GetClientSize().y);
+  EXPECT_EQ(Unpacked(header.biBitCount), 24);
+  EXPECT_GE(Unpacked(header.biWidth), shot->GetClientSize().x);
+  EXPECT_GE(Unpacked(header.biHeight), shot->GetClientSize().y);
   wxImage const picture = DibToImage(dib.get());
   ASSERT_TRUE(picture.IsOk());
   int const y = picture.GetHeight() - 10;

@@ -50,10 +50,10 @@ TEST(WriteDib, FileHeaderKeepsItsOffsetArithmeticAndTheWholeBlockFollows) {
     std::string const bytes = Slurp(path);
     ASSERT_EQ(bytes.size(), GlobalSize(dib.get()) + 14);
     BITMAPFILEHEADER const header = FileHeaderOf(bytes);
-    EXPECT_EQ(header.bfType, 0x4D42);
-    EXPECT_EQ(header.bfSize, bytes.size());
-    EXPECT_EQ(header.bfReserved1 | header.bfReserved2, 0);
-    EXPECT_EQ(header.bfOffBits, test.offset);
+    EXPECT_EQ(Unpacked(header.bfType), 0x4D42);
+    EXPECT_EQ(Unpacked(header.bfSize), bytes.size());
+    EXPECT_EQ(Unpacked(header.bfReserved1) | Unpacked(header.bfReserved2), 0);
+    EXPECT_EQ(Unpacked(header.bfOffBits), test.offset);
     EXPECT_EQ(0, std::memcmp(bytes.data() + 14, GlobalLock(dib.get()), GlobalSize(dib.get())));
     std::string const described = Describe(path);
     if (!described.empty()) {
@@ -108,11 +108,11 @@ TEST(SaveDib, WritesTheExactOffsetAndStoresTheImageSize) {
     }
     BITMAPINFOHEADER stored{};
     std::memcpy(&stored, GlobalLock(test.dib.get()), sizeof stored);
-    EXPECT_EQ(stored.biSizeImage, test.imageSize);
+    EXPECT_EQ(Unpacked(stored.biSizeImage), test.imageSize);
     std::string const bytes = Slurp(path);
     BITMAPFILEHEADER const header = FileHeaderOf(bytes);
-    EXPECT_EQ(header.bfOffBits, test.offset);
-    EXPECT_EQ(header.bfSize, bytes.size());
+    EXPECT_EQ(Unpacked(header.bfOffBits), test.offset);
+    EXPECT_EQ(Unpacked(header.bfSize), bytes.size());
     EXPECT_EQ(bytes.size(), 14 + test.offset - 14 + test.imageSize);
     EXPECT_EQ(0, std::memcmp(bytes.data() + 14, &stored, sizeof stored));
     std::string const described = Describe(path);

@@ -11,6 +11,13 @@
 
 using Bytes = std::vector<unsigned char>;
 
+// A field of a packed header as a value: gtest binds references to its
+// arguments, which a packed field's address must not meet.
+template <typename T>
+T Unpacked(T value) {
+  return value;
+}
+
 struct DibFree {
   void operator()(DibBlock * dib) const { GlobalFree(dib); }
 };
