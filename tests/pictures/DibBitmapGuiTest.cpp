@@ -98,16 +98,6 @@ TEST(DdbToDib, BlocksCarryTheBitmapsDepthAndRowsBottomUp) {
   EXPECT_EQ(Unpacked(HeaderOf(reduced.get()).biBitCount), 24);
 }
 
-TEST(DibToDdb, GivesTheScreenTheDibsPicture) {
-  OwnedDib const dib(DDBToDIB(wxBitmap(Pattern(), 24), BI_RGB, nullptr));
-  wxBitmap const bitmap = DIBToDDB(dib.get());
-  ASSERT_TRUE(bitmap.IsOk());
-  wxImage const shown = bitmap.ConvertToImage();
-  wxImage const pattern = Pattern();
-  EXPECT_EQ(shown.GetSize(), pattern.GetSize());
-  EXPECT_EQ(0, std::memcmp(shown.GetData(), pattern.GetData(), 5 * 3 * 3));
-}
-
 // A frame of two coloured halves; the panels paint their own backgrounds.
 wxFrame * TwoColourFrame(wxPoint const & where, wxColour const & left, wxColour const & right) {
   auto * frame = new wxFrame(nullptr, wxID_ANY, "Shot", where, wxSize(160, 100));

