@@ -114,6 +114,7 @@ TEST_F(PictureCommandsTest, SavesTheWindowAsItsNameAsksAndOpensItAgain) {
       EXPECT_NE(text.Find(test.facts), wxNOT_FOUND) << text;
       EXPECT_NE(text.Find("Gamma: 0.45455"), wxNOT_FOUND) << text;
     }
+    gui_test::Snapshot(*shown, test.name);
     shown->Destroy();
     gui_test::Flush();
   }
