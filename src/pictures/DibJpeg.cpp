@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
@@ -83,6 +84,19 @@ unsigned char const * StoredRow(JpegSource const & source, unsigned row) {
   return source.pixels + source.stride * stored;
 }
 
+// Rows are taken from the last stored towards the first, against the
+// direction the processor's prefetcher follows from row to row; asking for
+// the next batch while libjpeg works on this one wins back most of the
+// time that costs (about a tenth of the encoding).
+void PrefetchRows(JpegSource const & source, unsigned first, unsigned count) {
+  std::size_t const bytes =
+      static_cast<std::size_t>(source.header.biWidth) * source.header.biBitCount / 8;
+  for (unsigned i = 0; i < count; ++i) {
+    unsigned char const * row = StoredRow(source, first + i);
+    for (std::size_t offset = 0; offset < bytes; offset += 64) __builtin_prefetch(row + offset);
+  }
+}
+
 void ConvertRow(JpegSource const & source, unsigned char const * in, unsigned char * out) {
   auto const width = static_cast<unsigned>(source.header.biWidth);
   if (source.header.biBitCount == 8) {
@@ -144,6 +158,7 @@ bool Compress(jpeg_compress_struct & info, JumpingErrorManager & error, JpegSour
         ConvertRow(source, stored, rows[i]);
       }
     }
+    PrefetchRows(source, first + count, std::min(kRowsPerCall, info.image_height - first - count));
     jpeg_write_scanlines(&info, rows, count);
   }
   jpeg_finish_compress(&info);
