@@ -141,6 +141,11 @@ TEST(WriteWindowToDib, WritesTheWindowEvenWhenCovered) {
   EXPECT_EQ(wxColour(picture.GetRed(x, y), picture.GetGreen(x, y), picture.GetBlue(x, y)),
             wxColour(30, 30, 200));
 
+  // A screen rectangle comes back at its size; an empty one gives nothing.
+  wxPoint const corner = cover->GetScreenPosition();
+  EXPECT_EQ(ScreenRectToBitmap(wxRect(corner, wxSize(20, 10))).GetSize(), wxSize(20, 10));
+  EXPECT_FALSE(ScreenRectToBitmap(wxRect(corner, wxSize(0, 5))).IsOk());
+
   // The picture was taken, though the file could not be written.
   EXPECT_NE(WriteWindowToDIB(L"/nonexistent-folder/window.bmp", shot), 0);
   EXPECT_EQ(WriteWindowToDIB(wide.c_str(), nullptr), 0);
