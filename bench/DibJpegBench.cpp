@@ -32,7 +32,8 @@ std::vector<unsigned char> RgbRows() {
   std::size_t const stride = DibStride(kPhotoSide, 24);
   std::vector<unsigned char> rgb(static_cast<std::size_t>(kPhotoSide) * kPhotoSide * 3);
   for (int y = 0; y < kPhotoSide; ++y) {
-    unsigned char const * in = dib.data() + 40 + stride * static_cast<std::size_t>(kPhotoSide - 1 - y);
+    unsigned char const * in =
+        dib.data() + 40 + stride * static_cast<std::size_t>(kPhotoSide - 1 - y);
     unsigned char * out = rgb.data() + static_cast<std::size_t>(y) * kPhotoSide * 3;
     for (int x = 0; x < kPhotoSide; ++x, in += 3, out += 3) {
       out[0] = in[2];

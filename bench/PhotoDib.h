@@ -28,8 +28,8 @@ inline std::string PictureBenchFile(std::string const & name) {
 inline std::vector<unsigned char> PhotoDib(int bits) {
   std::size_t const stride = DibStride(kPhotoSide, static_cast<unsigned>(bits));
   std::vector<unsigned char> dib(40 + stride * kPhotoSide);
-  BITMAPINFOHEADER header{40, kPhotoSide, kPhotoSide, 1, static_cast<std::uint16_t>(bits),
-                          BI_RGB, 0, 0, 0, 0, 0};
+  BITMAPINFOHEADER header{
+      40, kPhotoSide, kPhotoSide, 1, static_cast<std::uint16_t>(bits), BI_RGB, 0, 0, 0, 0, 0};
   std::memcpy(dib.data(), &header, sizeof header);
   unsigned noise = 12345u;
   int const bytes = bits / 8;

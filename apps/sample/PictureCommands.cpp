@@ -82,20 +82,21 @@ void OnSaveWindowPicture(wxFrame & frame) {
 }
 
 wxString PngFacts(VxPngFileFacts const & facts) {
-  static char const * const kColorTypes[] = {"grey", "?", "RGB", "palette", "grey and alpha", "?",
-                                             "RGBA"};
+  static char const * const kColorTypes[] = {"grey",           "?", "RGB", "palette",
+                                             "grey and alpha", "?", "RGBA"};
   wxString text = wxString::Format(
       Tr("PNG: %s, %d bits per sample, %d bits per pixel, %s"),
       facts.colorType >= 0 && facts.colorType <= 6 ? kColorTypes[facts.colorType] : "?",
       facts.bitDepth, facts.bitsPerPixel,
       facts.interlace != 0 ? Tr("interlaced") : Tr("not interlaced"));
   if (facts.hasResolution)
-    text += "\n" + wxString::Format(Tr("Resolution: %u x %u %s"), facts.resolutionX, facts.resolutionY,
-                             facts.resolutionUnit == 1 ? Tr("pixels a metre") : Tr("(no unit)"));
+    text +=
+        "\n" + wxString::Format(Tr("Resolution: %u x %u %s"), facts.resolutionX, facts.resolutionY,
+                                facts.resolutionUnit == 1 ? Tr("pixels a metre") : Tr("(no unit)"));
   if (facts.hasGamma) text += "\n" + wxString::Format(Tr("Gamma: %.5f"), facts.gamma);
   if (facts.hasBackground)
     text += "\n" + wxString::Format(Tr("Background: %d, %d, %d"), facts.backgroundRed,
-                             facts.backgroundGreen, facts.backgroundBlue);
+                                    facts.backgroundGreen, facts.backgroundBlue);
   return text;
 }
 
@@ -161,9 +162,9 @@ void ShowPicture(wxFrame & owner, wxString const & path, LoadedPicture const & p
   scrolled->SetVirtualSize(picture.bitmap.GetSize());
   scrolled->SetScrollRate(10, 10);
   sizer->Add(scrolled, 1, wxEXPAND);
-  wxString const facts =
-      wxString::Format(Tr("%d x %d pixels"), picture.bitmap.GetWidth(), picture.bitmap.GetHeight()) +
-      (picture.facts.empty() ? wxString() : "\n" + picture.facts);
+  wxString const facts = wxString::Format(Tr("%d x %d pixels"), picture.bitmap.GetWidth(),
+                                          picture.bitmap.GetHeight()) +
+                         (picture.facts.empty() ? wxString() : "\n" + picture.facts);
   sizer->Add(new wxStaticText(window, wxID_ANY, facts, wxDefaultPosition, wxDefaultSize, 0,
                               kPictureFactsName),
              0, wxALL, 8);
