@@ -183,17 +183,4 @@ TEST(DibDecode, HeadersThatLieAreRefused) {
   }
 }
 
-// A run of 200 pixels on a row of 3: clipped at the row, the next rows
-// untouched.
-TEST(DibDecode, RunsPastTheRowAreClipped) {
-  OwnedDib const dib = MakeDib(InfoHeader(3, 2, 8, BI_RLE8), Quads({{0, 0, 0}, {9, 9, 9}}),
-                               Bytes(1024 - 8, 0), Bytes{200, 1, 0, 1});
-  wxImage const image = DibToImage(dib.get());
-  ASSERT_TRUE(image.IsOk());
-  for (int x = 0; x < 3; ++x) {
-    ExpectPixel(image, x, 1, {9, 9, 9});
-    ExpectPixel(image, x, 0, {0, 0, 0});
-  }
-}
-
 }  // namespace
