@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "Figures.h"
+#include "PhotoDib.h"
 #include "pictures/DibBlock.h"
 #include "pictures/PngCoder.h"
 
@@ -26,39 +27,10 @@ namespace {
 TALVO_RATIO_LIMIT("DibToPng", 1.05);
 TALVO_RATIO_LIMIT("PngToDib32", 0.8);
 
-constexpr int kSide = 2048;
+constexpr int kSide = bench::kPhotoSide;
+using bench::PhotoDib;
 
-std::string BenchFile(std::string const & name) {
-  char const * tmp = std::getenv("TMPDIR");
-  return std::string(tmp != nullptr ? tmp : "/tmp") + "/talvo-bench-png-" +
-         std::to_string(::getpid()) + "-" + name;
-}
-
-// A bottom-up DIB of `bits` (24 or 32) with something like a photograph in
-// it: smooth shapes with fine grain, so that the compressor has real work.
-std::vector<unsigned char> PhotoDib(int bits) {
-  std::size_t const stride = DibStride(kSide, static_cast<unsigned>(bits));
-  std::vector<unsigned char> dib(40 + stride * kSide);
-  BITMAPINFOHEADER header{40, kSide, kSide, 1, static_cast<std::uint16_t>(bits), BI_RGB, 0,
-                          0,  0,     0,     0};
-  std::memcpy(dib.data(), &header, sizeof header);
-  unsigned noise = 12345u;
-  int const bytes = bits / 8;
-  for (int y = 0; y < kSide; ++y) {
-    unsigned char * pixel = dib.data() + 40 + stride * static_cast<std::size_t>(y);
-    for (int x = 0; x < kSide; ++x, pixel += bytes) {
-      noise = noise * 1103515245u + 12345u;
-      int const grain = static_cast<int>(noise >> 28) - 8;
-      double const wave = std::sin(x * 0.01) * std::cos(y * 0.013) * 80;
-      pixel[0] =
-          static_cast<unsigned char>(std::clamp(120 + static_cast<int>(wave) + grain, 0, 255));
-      pixel[1] = static_cast<unsigned char>(std::clamp(90 + x * 100 / kSide + grain, 0, 255));
-      pixel[2] = static_cast<unsigned char>(std::clamp(60 + y * 120 / kSide - grain, 0, 255));
-      if (bytes == 4) pixel[3] = static_cast<unsigned char>(x * 255 / kSide);
-    }
-  }
-  return dib;
-}
+std::string BenchFile(std::string const & name) { return bench::PictureBenchFile("png-" + name); }
 
 int WritePng(std::vector<unsigned char> const & dib, std::string const & path, bool alpha) {
   VxPngInfo * const info = VxPngCreate(VX_PNG_DIB_TO_PNG);

@@ -18,6 +18,7 @@
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "NotesDialog.h"
+#include "PictureCommands.h"
 #include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
 #include "PropertiesCommand.h"
@@ -88,6 +89,7 @@ MainFrame::MainFrame()
 void MainFrame::BuildMenus() {
   auto * file = new wxMenu;
   AddFileCommands(*this, *file, [this] { return mRuns->Shown(); });
+  AddOpenPictureCommand(*file, *this);
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));
@@ -110,6 +112,7 @@ void MainFrame::BuildMenus() {
   AddPropertyEditorsCommand(*tools, *this);
   AddRunSettingsCommands(*tools, *this);
   AddPropertyListCommand(*tools, *this);
+  AddSaveWindowPictureCommand(*tools, *this);
   auto * help = new wxMenu;
   AddTourCommand(*help, *this);
   AddReleaseNotesCommand(*help, *this);

@@ -13,6 +13,7 @@ enum SampleCommand : int {
   kSaveAsCommand,
   kDefaultFolderCommand,
   kSearchFoldersCommand,
+  kOpenPictureCommand,
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
@@ -30,6 +31,7 @@ enum SampleCommand : int {
   kPropertyEditorsCommand,
   kRunSettingsCommand,
   kNewRunWizardCommand,
+  kSaveWindowPictureCommand,
   // View
   kPropertiesCommand,
   kServiceCommand,
