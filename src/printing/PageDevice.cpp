@@ -229,7 +229,7 @@ int PageDevice::StretchDIBits(int x, int y, int width, int height, int xSource, 
   cairo_set_source_surface(mPage, source.Surface(), source.OffsetX(), source.OffsetY());
   cairo_pattern_set_filter(cairo_get_source(mPage),
                            mStretchMode == HALFTONE ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
-  cairo_pattern_set_extend(cairo_get_source(mPage), CAIRO_EXTEND_PAD);
+  cairo_pattern_set_extend(cairo_get_source(mPage), CAIRO_EXTEND_NONE);
   cairo_paint(mPage);
   cairo_restore(mPage);
   return std::abs(sourceHeight);

@@ -32,7 +32,8 @@ bool Lock(HDIB dib, Picture & picture) {
   if (header->biCompression == BI_BITFIELDS) {
     offset += 3 * sizeof(std::uint32_t);
   }
-  long long const rows = header->biHeight < 0 ? -static_cast<long long>(header->biHeight) : header->biHeight;
+  long long const rows =
+      header->biHeight < 0 ? -static_cast<long long>(header->biHeight) : header->biHeight;
   std::size_t const data = header->biCompression == BI_RLE8 || header->biCompression == BI_RLE4
                                ? std::size_t(header->biSizeImage)
                                : DibStride(header->biWidth, header->biBitCount) * std::size_t(rows);
@@ -67,15 +68,16 @@ bool PaintBand(HDC dc, Picture const & picture, RECT const & target, RECT const 
   }
   // A bottom-up DIB's source rows count from its last row; a top-down
   // one's from its first.
-  int const sourceY = picture.bottomUp ? int(picture.height) - (sourceTop + sourceHeight) : sourceTop;
-  return dc->StretchDIBits(part.left, part.top, width, height, sourceLeft, sourceY, sourceWidth, sourceHeight,
-                           picture.bits, picture.header, DIB_RGB_COLORS, SRCCOPY) > 0;
+  int const sourceY =
+      picture.bottomUp ? int(picture.height) - (sourceTop + sourceHeight) : sourceTop;
+  return dc->StretchDIBits(part.left, part.top, width, height, sourceLeft, sourceY, sourceWidth,
+                           sourceHeight, picture.bits, picture.header, DIB_RGB_COLORS, SRCCOPY) > 0;
 }
 
 }  // namespace
 
-unsigned short PrintDIB(HDIB dib, unsigned short mode, unsigned short xScale, unsigned short yScale, HDC dc,
-                        int top) {
+unsigned short PrintDIB(HDIB dib, unsigned short mode, unsigned short xScale, unsigned short yScale,
+                        HDC dc, int top) {
   if (dib == nullptr) {
     return PRINT_DIB_NO_DIB;
   }

@@ -6,7 +6,8 @@
 
 // PrintDIB's results besides 0.
 constexpr unsigned short PRINT_DIB_NO_DIB = 20;
-constexpr unsigned short PRINT_DIB_LOCK_FAILED = 3;  // also: a block that does not hold what its header says
+constexpr unsigned short PRINT_DIB_LOCK_FAILED =
+    3;  // also: a block that does not hold what its header says
 constexpr unsigned short PRINT_DIB_NO_DC = 6;
 constexpr unsigned short PRINT_DIB_STRETCH_FAILED = 9;
 constexpr unsigned short PRINT_DIB_NEWFRAME_FAILED = 15;
@@ -20,4 +21,5 @@ constexpr unsigned short PRINT_DIB_NEWFRAME_FAILED = 15;
 // picture is shorter by `top`. On a device that bands, the picture goes
 // band by band; on others it is the one band and ends the page with
 // NEWFRAME. 0 on success, else one of the codes above.
-unsigned short PrintDIB(HDIB dib, unsigned short mode, unsigned short xScale, unsigned short yScale, HDC dc, int top);
+unsigned short PrintDIB(HDIB dib, unsigned short mode, unsigned short xScale, unsigned short yScale,
+                        HDC dc, int top);

@@ -27,7 +27,9 @@ DOCINFOW Doc() { return DOCINFOW{sizeof(DOCINFOW), L"Picture", nullptr, nullptr,
 class BandingDevice : public CDC {
 public:
   explicit BandingDevice(int bandHeight = 0, bool bandInfo = false, std::vector<int> textOnly = {})
-      : mPage(PageDevice::ForImages({}, 30)), mBandHeight(bandHeight), mBandInfo(bandInfo),
+      : mPage(PageDevice::ForImages({}, 30)),
+        mBandHeight(bandHeight),
+        mBandInfo(bandInfo),
         mTextOnly(std::move(textOnly)) {
     mPage->StartDoc(Doc());
     mPage->StartPage();
@@ -55,13 +57,15 @@ public:
     if (escape == NEXTBAND && mBandHeight > 0) {
       auto * band = static_cast<RECT *>(out);
       int const top = mBands * mBandHeight;
-      *band = top < GetDeviceCaps(VERTRES) ? RECT{0, top, GetDeviceCaps(HORZRES), top + mBandHeight} : RECT{};
+      *band = top < GetDeviceCaps(VERTRES) ? RECT{0, top, GetDeviceCaps(HORZRES), top + mBandHeight}
+                                           : RECT{};
       ++mBands;
       return 1;
     }
     if (escape == BANDINFO && mBandInfo) {
       auto * info = static_cast<BANDINFOSTRUCT *>(out);
-      bool const textOnly = std::find(mTextOnly.begin(), mTextOnly.end(), mBands - 1) != mTextOnly.end();
+      bool const textOnly =
+          std::find(mTextOnly.begin(), mTextOnly.end(), mBands - 1) != mTextOnly.end();
       info->fGraphicsFlag = textOnly ? 0 : 1;
       info->fTextFlag = 1;
       return 1;
@@ -72,12 +76,13 @@ public:
     return mPage->Escape(escape, inSize, in, out);
   }
 
-  int StretchDIBits(int x, int y, int width, int height, int xSource, int ySource, int sourceWidth, int sourceHeight,
-                    void const * bits, void const * info, UINT usage, DWORD rop) override {
+  int StretchDIBits(int x, int y, int width, int height, int xSource, int ySource, int sourceWidth,
+                    int sourceHeight, void const * bits, void const * info, UINT usage,
+                    DWORD rop) override {
     stretches.push_back({x, y, x + width, y + height});
     sources.push_back({xSource, ySource, xSource + sourceWidth, ySource + sourceHeight});
-    return mPage->StretchDIBits(x, y, width, height, xSource, ySource, sourceWidth, sourceHeight, bits, info, usage,
-                                rop);
+    return mPage->StretchDIBits(x, y, width, height, xSource, ySource, sourceWidth, sourceHeight,
+                                bits, info, usage, rop);
   }
 
   wxImage Picture() {
@@ -100,7 +105,9 @@ private:
 };
 
 // 40 x 30 pixels in twelve blocks of 10 x 10, each its own colour.
-std::uint32_t Block(int x, int y) { return std::uint32_t(0x202020 + (x / 10) * 0x400000 + (y / 10) * 0x005000); }
+std::uint32_t Block(int x, int y) {
+  return std::uint32_t(0x202020 + (x / 10) * 0x400000 + (y / 10) * 0x005000);
+}
 
 std::uint32_t At(wxImage const & page, int x, int y) {
   int const px = x * 30 / 600;
@@ -118,9 +125,9 @@ TEST(PrintDIB, PlacesThePictureAsItsModeSays) {
     unsigned short mode, xScale, yScale;
     RECT target;
   } const cases[] = {
-      {1, 0, 0, {0, 100, 4961, 3720}},          // best fit: 4961 * 30 / 40, truncated
-      {3, 50, 60, {1480, 100, 3480, 1800}},     // scaled, centred; the bottom counts from 0
-      {2, 7, 7, {0, 100, 4961, 6916}},          // stretched below the top
+      {1, 0, 0, {0, 100, 4961, 3720}},       // best fit: 4961 * 30 / 40, truncated
+      {3, 50, 60, {1480, 100, 3480, 1800}},  // scaled, centred; the bottom counts from 0
+      {2, 7, 7, {0, 100, 4961, 6916}},       // stretched below the top
       {0, 0, 0, {0, 100, 4961, 6916}},
   };
   for (Case const & c : cases) {
