@@ -14,7 +14,9 @@ PrintDialogFunction & CurrentFunction() {
   return function;
 }
 
-std::string Narrow(std::wstring const & text) { return boost::locale::conv::utf_to_utf<char>(text); }
+std::string Narrow(std::wstring const & text) {
+  return boost::locale::conv::utf_to_utf<char>(text);
+}
 
 bool PrinterExists(std::string const & name) {
   PrinterListing const printers = ListPrinters();
@@ -54,7 +56,8 @@ int CPrintDialog::DoModal() {
   mExtendedError = 0;
   delete m_pd.hDC;
   m_pd.hDC = nullptr;
-  if (m_pd.hDevNames && m_pd.hDevNames->driver != L"PDF" && !PrinterExists(Narrow(m_pd.hDevNames->device))) {
+  if (m_pd.hDevNames && m_pd.hDevNames->driver != L"PDF" &&
+      !PrinterExists(Narrow(m_pd.hDevNames->device))) {
     mExtendedError = PDERR_PRINTERNOTFOUND;
     return 0;
   }

@@ -29,7 +29,8 @@ constexpr DWORD PD_RETURNIC = 0x00000200;
 constexpr DWORD PD_RETURNDEFAULT = 0x00000400;
 constexpr DWORD PD_USEDEVMODECOPIESANDCOLLATE = 0x00040000;
 constexpr DWORD PD_DISABLEPRINTTOFILE = 0x00080000;
-constexpr DWORD PD_HIDEPRINTTOFILE = 0x00100000;  // not honoured: printing to a file is the road to PDF
+constexpr DWORD PD_HIDEPRINTTOFILE =
+    0x00100000;  // not honoured: printing to a file is the road to PDF
 
 // CommDlgExtendedError: the printer the device names name is not there.
 constexpr DWORD PDERR_PRINTERNOTFOUND = 0x100C;
@@ -55,9 +56,9 @@ struct DEVNAMES {
 
 struct PRINTDLGW {
   wxWindow * hwndOwner = nullptr;
-  std::shared_ptr<DEVMODEW> hDevMode;  // null: the defaults
+  std::shared_ptr<DEVMODEW> hDevMode;   // null: the defaults
   std::shared_ptr<DEVNAMES> hDevNames;  // null: the default printer
-  HDC hDC = nullptr;  // the dialog's, until taken
+  HDC hDC = nullptr;                    // the dialog's, until taken
   DWORD Flags = 0;
   WORD nFromPage = 0;
   WORD nToPage = 0;

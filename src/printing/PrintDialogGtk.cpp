@@ -3,9 +3,9 @@
 #include <gtk/gtk.h>
 #include <gtk/gtkunixprint.h>
 
+#include <wx/window.h>
 #include <boost/locale/encoding_utf.hpp>
 #include <boost/locale/message.hpp>
-#include <wx/window.h>
 
 #include "platform/WinUser.h"
 #include "printing/PrintDialog.h"
@@ -13,7 +13,8 @@
 namespace {
 
 std::wstring Wide(char const * text) {
-  return text != nullptr ? boost::locale::conv::utf_to_utf<wchar_t>(std::string(text)) : std::wstring();
+  return text != nullptr ? boost::locale::conv::utf_to_utf<wchar_t>(std::string(text))
+                         : std::wstring();
 }
 
 // The settings the dialog opens with, from what the caller had chosen.
@@ -25,8 +26,8 @@ GtkPrintSettings * SettingsFrom(PRINTDLGW const & data) {
   if (data.hDevNames) {
     std::string const device = boost::locale::conv::utf_to_utf<char>(data.hDevNames->device);
     if (data.hDevNames->driver == L"PDF") {
-      gchar * uri = g_filename_to_uri(boost::locale::conv::utf_to_utf<char>(data.hDevNames->output).c_str(),
-                                      nullptr, nullptr);
+      gchar * uri = g_filename_to_uri(
+          boost::locale::conv::utf_to_utf<char>(data.hDevNames->output).c_str(), nullptr, nullptr);
       if (uri != nullptr) {
         gtk_print_settings_set(settings, GTK_PRINT_SETTINGS_OUTPUT_URI, uri);
         g_free(uri);
@@ -49,8 +50,8 @@ void ReadChoice(GtkPrintUnixDialog * dialog, PRINTDLGW & data) {
   auto names = std::make_shared<DEVNAMES>();
   if (gtk_printer_is_virtual(printer)) {
     names->driver = L"PDF";
-    gchar * path = g_filename_from_uri(gtk_print_settings_get(settings, GTK_PRINT_SETTINGS_OUTPUT_URI), nullptr,
-                                       nullptr);
+    gchar * path = g_filename_from_uri(
+        gtk_print_settings_get(settings, GTK_PRINT_SETTINGS_OUTPUT_URI), nullptr, nullptr);
     names->output = Wide(path);
     g_free(path);
     data.Flags |= PD_PRINTTOFILE;
@@ -75,26 +76,24 @@ void ReadChoice(GtkPrintUnixDialog * dialog, PRINTDLGW & data) {
   mode->dmCollate = static_cast<short>(gtk_print_settings_get_collate(settings));
   data.hDevMode = mode;
   data.nCopies = static_cast<WORD>(mode->dmCopies);
-  data.Flags = gtk_print_settings_get_collate(settings) ? data.Flags | PD_COLLATE : data.Flags & ~PD_COLLATE;
+  data.Flags =
+      gtk_print_settings_get_collate(settings) ? data.Flags | PD_COLLATE : data.Flags & ~PD_COLLATE;
 
   data.Flags &= ~(PD_PAGENUMS | PD_SELECTION);
   switch (gtk_print_settings_get_print_pages(settings)) {
-  case GTK_PRINT_PAGES_RANGES: {
-    gint count = 0;
-    GtkPageRange * ranges = gtk_print_settings_get_page_ranges(settings, &count);
-    if (count > 0) {
-      data.Flags |= PD_PAGENUMS;
-      data.nFromPage = static_cast<WORD>(ranges[0].start + 1);
-      data.nToPage = static_cast<WORD>(ranges[count - 1].end + 1);
+    case GTK_PRINT_PAGES_RANGES: {
+      gint count = 0;
+      GtkPageRange * ranges = gtk_print_settings_get_page_ranges(settings, &count);
+      if (count > 0) {
+        data.Flags |= PD_PAGENUMS;
+        data.nFromPage = static_cast<WORD>(ranges[0].start + 1);
+        data.nToPage = static_cast<WORD>(ranges[count - 1].end + 1);
+      }
+      g_free(ranges);
+      break;
     }
-    g_free(ranges);
-    break;
-  }
-  case GTK_PRINT_PAGES_SELECTION:
-    data.Flags |= PD_SELECTION;
-    break;
-  default:
-    break;
+    case GTK_PRINT_PAGES_SELECTION: data.Flags |= PD_SELECTION; break;
+    default: break;
   }
   g_object_unref(settings);
 }
@@ -114,9 +113,10 @@ int RunDesktopPrintDialog(PRINTDLGW & data) {
   gtk_print_unix_dialog_set_settings(dialog, settings);
   g_object_unref(settings);
   gtk_print_unix_dialog_set_manual_capabilities(
-      dialog, GtkPrintCapabilities(GTK_PRINT_CAPABILITY_COPIES | GTK_PRINT_CAPABILITY_COLLATE |
-                                   GTK_PRINT_CAPABILITY_GENERATE_PDF |
-                                   ((data.Flags & PD_NOPAGENUMS) == 0 ? GTK_PRINT_CAPABILITY_PAGE_SET : 0)));
+      dialog, GtkPrintCapabilities(
+                  GTK_PRINT_CAPABILITY_COPIES | GTK_PRINT_CAPABILITY_COLLATE |
+                  GTK_PRINT_CAPABILITY_GENERATE_PDF |
+                  ((data.Flags & PD_NOPAGENUMS) == 0 ? GTK_PRINT_CAPABILITY_PAGE_SET : 0)));
   gtk_print_unix_dialog_set_support_selection(dialog, (data.Flags & PD_NOSELECTION) == 0);
   gtk_print_unix_dialog_set_has_selection(dialog, (data.Flags & PD_NOSELECTION) == 0);
   gtk_print_unix_dialog_set_embed_page_setup(dialog, TRUE);

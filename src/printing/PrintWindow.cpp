@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include <boost/locale/encoding_utf.hpp>
 #include <wx/dc.h>
 #include <wx/window.h>
+#include <boost/locale/encoding_utf.hpp>
 
 #include "platform/WinUser.h"
 #include "printing/PrintDIB.h"
@@ -84,8 +84,8 @@ void PrintWindow(wxWindow const * window, char const * title, char const * docum
       xScale /= larger;
       yScale /= larger;
     }
-    PrintDIB(dib.get(), 3, static_cast<unsigned short>(xScale), static_cast<unsigned short>(yScale), dc.get(),
-             7 * line);
+    PrintDIB(dib.get(), 3, static_cast<unsigned short>(xScale), static_cast<unsigned short>(yScale),
+             dc.get(), 7 * line);
     dc->EndPage();
     if (former.IsOk()) {
       out.SetFont(former);

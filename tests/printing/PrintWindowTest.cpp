@@ -38,7 +38,8 @@ public:
       if (cancel) {
         return IDCANCEL;
       }
-      data.hDevNames = std::make_shared<DEVNAMES>(DEVNAMES{L"PDF", L"", std::wstring(path.begin(), path.end())});
+      data.hDevNames =
+          std::make_shared<DEVNAMES>(DEVNAMES{L"PDF", L"", std::wstring(path.begin(), path.end())});
       data.hDevMode = std::make_shared<DEVMODEW>();
       data.hDevMode->dmCopies = copies;
       return IDOK;
@@ -86,7 +87,8 @@ TEST(PrintFooter, NamesTheApplicationTheTextAndTheTimeWithItsOffset) {
   } const cases[] = {
       {"UTC0", nullptr, R"(Analyzer 6\.3\.2 - \d\d/\d\d/\d\d \d\d:\d\d:\d\d \(UTC\+0\))"},
       {"EST5", "", R"(Analyzer 6\.3\.2 - \d\d/\d\d/\d\d \d\d:\d\d:\d\d \(UTC-5\))"},
-      {"IST-5:30", "Run 12", R"(Analyzer 6\.3\.2 - Run 12 - \d\d/\d\d/\d\d \d\d:\d\d:\d\d \(UTC\+5\.5\))"},
+      {"IST-5:30", "Run 12",
+       R"(Analyzer 6\.3\.2 - Run 12 - \d\d/\d\d/\d\d \d\d:\d\d:\d\d \(UTC\+5\.5\))"},
   };
   for (Case const & c : cases) {
     ZoneGuard zone(c.zone);
@@ -149,7 +151,8 @@ TEST(PrintWindow, PrintsEachCopyUnderTheFooterWithLessRoomEachTime) {
   // The picture starts 7 lines of "Arial" at 10 points (1.149 em of 83.3
   // units) down: about 672 units, 67 pixels at 60 an inch.
   std::string const png = TempPath("window-page");
-  pdf_tools::Run("pdftoppm -r 60 -f 1 -l 1 -png " + pdf_tools::Quote(path) + " " + pdf_tools::Quote(png));
+  pdf_tools::Run("pdftoppm -r 60 -f 1 -l 1 -png " + pdf_tools::Quote(path) + " " +
+                 pdf_tools::Quote(png));
   if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) {
     wxImage::AddHandler(new wxPNGHandler);
   }
