@@ -18,6 +18,7 @@
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "NotesDialog.h"
+#include "PrintCommands.h"
 #include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
 #include "PropertiesCommand.h"
@@ -87,6 +88,7 @@ MainFrame::MainFrame()
 void MainFrame::BuildMenus() {
   auto * file = new wxMenu;
   AddFileCommands(*this, *file, [this] { return mRuns->Shown(); });
+  AddPrintCommands(*this, *file, [this] { return mRuns->Shown(); });
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));

@@ -49,7 +49,7 @@ bool Lock(HDIB dib, Picture & picture) {
 }
 
 // The part of the picture that falls into `band`, stretched there.
-bool PaintBand(HDC dc, Picture const & picture, RECT const & target, RECT const & band) {
+bool PaintBand(CDC * dc, Picture const & picture, RECT const & target, RECT const & band) {
   double const scaleX = double(target.right - target.left) / double(picture.width);
   double const scaleY = double(target.bottom - target.top) / double(picture.height);
   RECT const part{std::max(target.left, band.left), std::max(target.top, band.top),
@@ -77,7 +77,7 @@ bool PaintBand(HDC dc, Picture const & picture, RECT const & target, RECT const 
 }  // namespace
 
 unsigned short PrintDIB(HDIB dib, unsigned short mode, unsigned short xScale, unsigned short yScale,
-                        HDC dc, int top) {
+                        CDC * dc, int top) {
   if (dib == nullptr) {
     return PRINT_DIB_NO_DIB;
   }
