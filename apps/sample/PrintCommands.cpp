@@ -25,9 +25,12 @@ constexpr int kFooterLines = 2;
 
 RunListPrintOut::RunListPrintOut(std::vector<std::string> runs) : mRuns(std::move(runs)) {}
 
-std::string RunListPrintOut::GetDocumentName() { return vx3::Tr("Print job", "Run list").utf8_string(); }
+std::string RunListPrintOut::GetDocumentName() {
+  return vx3::Tr("Print job", "Run list").utf8_string();
+}
 
-void RunListPrintOut::GetPageInfo(int & minPage, int & maxPage, int & selectionFrom, int & selectionTo) {
+void RunListPrintOut::GetPageInfo(int & minPage, int & maxPage, int & selectionFrom,
+                                  int & selectionTo) {
   minPage = 1;
   maxPage = 0xFFFF;  // known once the device is: PrepareDevice
   selectionFrom = 0;
@@ -40,12 +43,14 @@ void RunListPrintOut::PrepareDevice(CDC & dc, wxSize const & pageSize) {
   wxCoord width = 0;
   dc.GetDC().GetTextExtent("Run", &width, &mLineHeight);
   mLineHeight = std::max(mLineHeight, 1);
-  int const lines = (pageSize.GetHeight() - 2 * kMargin) / mLineHeight - kHeadingLines - kFooterLines;
+  int const lines =
+      (pageSize.GetHeight() - 2 * kMargin) / mLineHeight - kHeadingLines - kFooterLines;
   mRunsPerPage = std::max(lines, 1);
 }
 
 int RunListPrintOut::PageCount() const {
-  return std::max(1, int((mRuns.size() + std::size_t(mRunsPerPage) - 1) / std::size_t(mRunsPerPage)));
+  return std::max(1,
+                  int((mRuns.size() + std::size_t(mRunsPerPage) - 1) / std::size_t(mRunsPerPage)));
 }
 
 void RunListPrintOut::StartDocument(int /*firstPage*/, int /*lastPage*/, DWORD /*flags*/) {
@@ -60,7 +65,8 @@ void RunListPrintOut::PrintPage(int page, RECT const & printable, DWORD /*flags*
   dc.SetTextForeground(*wxBLACK);
   dc.DrawText(vx3::Tr("Print heading", "Runs of the sample"), kMargin, kMargin);
   dc.SetFont(mDc->CreatePointFont(110, "Arial"));
-  wxString const pageText = wxString::Format(vx3::Tr("Print heading", "Page %d of %d"), page, PageCount());
+  wxString const pageText =
+      wxString::Format(vx3::Tr("Print heading", "Page %d of %d"), page, PageCount());
   wxCoord width = 0;
   wxCoord height = 0;
   dc.GetTextExtent(pageText, &width, &height);
@@ -75,7 +81,8 @@ void RunListPrintOut::PrintPage(int page, RECT const & printable, DWORD /*flags*
   dc.DrawText(wxString::FromUTF8(mFooter), kMargin, printable.bottom - kMargin - mLineHeight);
 }
 
-void AddPrintCommands(wxFrame & frame, wxMenu & fileMenu, std::function<std::vector<std::string>()> rows) {
+void AddPrintCommands(wxFrame & frame, wxMenu & fileMenu,
+                      std::function<std::vector<std::string>()> rows) {
   fileMenu.Append(kPrintCommand, vx3::Tr("Menu command", "&Print...\tCtrl+P"));
   fileMenu.Append(kPrintWindowCommand, vx3::Tr("Menu command", "Print &window..."));
   frame.Bind(
@@ -95,7 +102,8 @@ void AddPrintCommands(wxFrame & frame, wxMenu & fileMenu, std::function<std::vec
   frame.Bind(
       wxEVT_MENU,
       [&frame](wxCommandEvent &) {
-        PrintWindow(&frame, vx3::Tr("Print heading", "The sample's main window").utf8_string().c_str(),
+        PrintWindow(&frame,
+                    vx3::Tr("Print heading", "The sample's main window").utf8_string().c_str(),
                     vx3::Tr("Print job", "Main window").utf8_string().c_str());
       },
       kPrintWindowCommand);

@@ -15,7 +15,8 @@ class wxMenu;
 
 // Appends the commands to `fileMenu` and handles them on `frame`; `rows`
 // gives the runs that Print prints.
-void AddPrintCommands(wxFrame & frame, wxMenu & fileMenu, std::function<std::vector<std::string>()> rows);
+void AddPrintCommands(wxFrame & frame, wxMenu & fileMenu,
+                      std::function<std::vector<std::string>()> rows);
 
 // The run list as pages.
 class RunListPrintOut : public PrintOut {

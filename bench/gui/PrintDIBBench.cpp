@@ -67,7 +67,8 @@ void PrintDIBPdf_candidate(benchmark::State & state) {
     DOCINFOW const info{sizeof(DOCINFOW), L"Picture", nullptr, nullptr, 0};
     device->StartDoc(info);
     device->StartPage();
-    if (PrintDIB(picture.dib, 1, 0, 0, device.get(), 0) != 0) return state.SkipWithError("PrintDIB failed");
+    if (PrintDIB(picture.dib, 1, 0, 0, device.get(), 0) != 0)
+      return state.SkipWithError("PrintDIB failed");
     device->EndDoc();
     if (!device->Close()) return state.SkipWithError("no PDF");
   }
@@ -91,8 +92,8 @@ void PrintDIBPdf_baseline(benchmark::State & state) {
       std::uint8_t const * row = picture.rows + stride * std::size_t(kHeight - 1 - y);
       auto * out = reinterpret_cast<std::uint32_t *>(data + std::ptrdiff_t(y) * outStride);
       for (int x = 0; x < kWidth; ++x) {
-        out[x] = 0xFF000000U | (std::uint32_t(row[x * 3 + 2]) << 16) | (std::uint32_t(row[x * 3 + 1]) << 8) |
-                 row[x * 3];
+        out[x] = 0xFF000000U | (std::uint32_t(row[x * 3 + 2]) << 16) |
+                 (std::uint32_t(row[x * 3 + 1]) << 8) | row[x * 3];
       }
     }
     cairo_surface_mark_dirty(image);

@@ -23,7 +23,8 @@ std::string Output(std::string const & command) {
   FILE * pipe = popen((command + " 2>/dev/null").c_str(), "r");
   char buffer[4096];
   std::size_t read = 0;
-  while (pipe != nullptr && (read = fread(buffer, 1, sizeof buffer, pipe)) > 0) output.append(buffer, read);
+  while (pipe != nullptr && (read = fread(buffer, 1, sizeof buffer, pipe)) > 0)
+    output.append(buffer, read);
   if (pipe != nullptr) pclose(pipe);
   return output;
 }
@@ -33,14 +34,16 @@ TEST(PrintCommands, PrintTheRunListAndTheWindowToPdf) {
   std::string const folder = std::getenv("TMPDIR") != nullptr ? std::getenv("TMPDIR") : "/tmp";
   std::string path;
   PrintDialogFunction const former = SetPrintDialogFunction([&path](PRINTDLGW & data) {
-    data.hDevNames = std::make_shared<DEVNAMES>(DEVNAMES{L"PDF", L"", std::wstring(path.begin(), path.end())});
+    data.hDevNames =
+        std::make_shared<DEVNAMES>(DEVNAMES{L"PDF", L"", std::wstring(path.begin(), path.end())});
     return IDOK;
   });
   auto * frame = new wxFrame(nullptr, wxID_ANY, "Sample", wxDefaultPosition, wxSize(400, 300));
   frame->CreateStatusBar();
   auto * file = new wxMenu;
   std::vector<std::string> runs;
-  for (int i = 1; i <= 120; ++i) runs.push_back("Run " + std::to_string(i) + "\tStandard " + std::to_string(i % 7));
+  for (int i = 1; i <= 120; ++i)
+    runs.push_back("Run " + std::to_string(i) + "\tStandard " + std::to_string(i % 7));
   AddPrintCommands(*frame, *file, [&runs] { return runs; });
   auto * bar = new wxMenuBar;
   bar->Append(file, "File");
@@ -54,8 +57,8 @@ TEST(PrintCommands, PrintTheRunListAndTheWindowToPdf) {
   std::string const info = Output("pdfinfo " + path);
   EXPECT_NE(info.find("Pages:           3"), std::string::npos) << info;
   std::string const text = Output("pdftotext -layout " + path + " -");
-  for (char const * expected : {"Runs of the sample", "Page 1 of 3", "Page 3 of 3", "Run 1 ", "Run 120 ",
-                                "Sample 6.3.2 - Run list - "}) {
+  for (char const * expected : {"Runs of the sample", "Page 1 of 3", "Page 3 of 3", "Run 1 ",
+                                "Run 120 ", "Sample 6.3.2 - Run list - "}) {
     EXPECT_NE(text.find(expected), std::string::npos) << expected;
   }
 
