@@ -4,14 +4,14 @@
 // Skipped, saying why, where no scheduler can be started.
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
 
 #include <wx/dc.h>
 
@@ -38,29 +38,33 @@ protected:
     }
     chmod((mFolder + "/out").c_str(), 0777);  // the scheduler's jobs write as its own user
     mSocket = mFolder + "/cups.sock";
-    std::ofstream(mFolder + "/cupsd.conf") << "Listen " << mSocket
-                                           << "\nLogLevel warn\nWebInterface No\nBrowsing No\nPreserveJobFiles Yes\n"
-                                              "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n"
-                                              "<Policy default>\n  <Limit All>\n    Order deny,allow\n"
-                                              "  </Limit>\n</Policy>\n";
+    std::ofstream(mFolder + "/cupsd.conf")
+        << "Listen " << mSocket
+        << "\nLogLevel warn\nWebInterface No\nBrowsing No\nPreserveJobFiles Yes\n"
+           "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n"
+           "<Policy default>\n  <Limit All>\n    Order deny,allow\n"
+           "  </Limit>\n</Policy>\n";
     std::ofstream(mFolder + "/cups-files.conf")
         << "ServerRoot " << mFolder << "\nRequestRoot " << mFolder << "/spool\nTempDir " << mFolder
-        << "/tmp\nCacheDir " << mFolder << "/cache\nStateDir " << mFolder << "/state\nAccessLog " << mFolder
-        << "/log/access_log\nErrorLog " << mFolder << "/log/error_log\nPageLog " << mFolder
-        << "/log/page_log\nFileDevice Yes\n";
+        << "/tmp\nCacheDir " << mFolder << "/cache\nStateDir " << mFolder << "/state\nAccessLog "
+        << mFolder << "/log/access_log\nErrorLog " << mFolder << "/log/error_log\nPageLog "
+        << mFolder << "/log/page_log\nFileDevice Yes\n";
     std::string const conf = mFolder + "/cupsd.conf";
     std::string const files = mFolder + "/cups-files.conf";
     char const * argv[] = {"cupsd", "-f", "-c", conf.c_str(), "-s", files.c_str(), nullptr};
-    if (posix_spawn(&mPid, "/usr/sbin/cupsd", nullptr, nullptr, const_cast<char **>(argv), environ) != 0) {
+    if (posix_spawn(&mPid, "/usr/sbin/cupsd", nullptr, nullptr, const_cast<char **>(argv),
+                    environ) != 0) {
       GTEST_SKIP() << "cupsd cannot be started";
     }
     struct stat info {};
     if (!gui_test::WaitUntil([&] { return stat(mSocket.c_str(), &info) == 0; }, 10000)) {
-      GTEST_SKIP() << "cupsd did not open its socket: " << pdf_tools::Run("cat " + mFolder + "/log/error_log");
+      GTEST_SKIP() << "cupsd did not open its socket: "
+                   << pdf_tools::Run("cat " + mFolder + "/log/error_log");
     }
     int status = 0;
-    pdf_tools::Run("lpadmin -h " + pdf_tools::Quote(mSocket) + " -p talvo-test -E -v file:///dev/null -m raw",
-                   &status);
+    pdf_tools::Run(
+        "lpadmin -h " + pdf_tools::Quote(mSocket) + " -p talvo-test -E -v file:///dev/null -m raw",
+        &status);
     if (status != 0) {
       GTEST_SKIP() << "the test queue cannot be made";
     }
@@ -111,7 +115,8 @@ private:
 
 TEST_F(PrivateCups, PrintsThroughAGtkPrintJobAndLeavesTheCopiesToThePrinter) {
   PrinterListing const printers = ListPrinters();
-  ASSERT_NE(std::find(printers.names.begin(), printers.names.end(), "talvo-test"), printers.names.end())
+  ASSERT_NE(std::find(printers.names.begin(), printers.names.end(), "talvo-test"),
+            printers.names.end())
       << printers.error;
   PrintDialogFunction const former = SetPrintDialogFunction([](PRINTDLGW & data) {
     data.hDevNames = std::make_shared<DEVNAMES>(DEVNAMES{L"CUPS", L"talvo-test", L""});
