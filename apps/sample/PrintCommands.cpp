@@ -82,7 +82,7 @@ void RunListPrintOut::PrintPage(int page, RECT const & printable, DWORD /*flags*
 }
 
 void AddPrintCommands(wxFrame & frame, wxMenu & fileMenu,
-                      std::function<std::vector<std::string>()> rows) {
+                      std::function<std::vector<std::string>()> const & rows) {
   fileMenu.Append(kPrintCommand, vx3::Tr("Menu command", "&Print...\tCtrl+P"));
   fileMenu.Append(kPrintWindowCommand, vx3::Tr("Menu command", "Print &window..."));
   frame.Bind(

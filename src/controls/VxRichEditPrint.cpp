@@ -29,8 +29,8 @@ struct PageRange {
 // starts the next page.
 std::vector<PageRange> Paginate(wxRichTextBuffer & buffer, int height) {
   std::vector<PageRange> pages;
-  for (wxRichTextObjectList::compatibility_iterator node = buffer.GetChildren().GetFirst(); node != nullptr;
-       node = node->GetNext()) {
+  for (wxRichTextObjectList::compatibility_iterator node = buffer.GetChildren().GetFirst();
+       node != nullptr; node = node->GetNext()) {
     auto * paragraph = wxDynamicCast(node->GetData(), wxRichTextParagraph);
     if (paragraph == nullptr) {
       continue;
@@ -52,8 +52,8 @@ std::vector<PageRange> Paginate(wxRichTextBuffer & buffer, int height) {
 // The header 15 mm from the page's left edge at its top in font 3, the
 // footer and the page number 15 mm from the edges, 10 mm above the bottom,
 // in font 7; `pixelsPerInch` is the logical resolution.
-void PrintHeaderFooter(wxDC & dc, wxString const & header, wxString const & footer, int page, wxSize const & size,
-                       double pixelsPerInch) {
+void PrintHeaderFooter(wxDC & dc, wxString const & header, wxString const & footer, int page,
+                       wxSize const & size, double pixelsPerInch) {
   int const edge = int(15 * pixelsPerInch / kMillimetresPerInch);
   int const above = int(10 * pixelsPerInch / kMillimetresPerInch);
   dc.SetTextForeground(*wxBLACK);
@@ -85,10 +85,14 @@ void VxRichEdit::Print(CDC & dc) {
   // The page in twips, whole inches as the device's units give them.
   int const pageWidth = dc.GetDeviceCaps(HORZRES) / dc.GetDeviceCaps(LOGPIXELSX) * kTwipsPerInch;
   int const pageHeight = dc.GetDeviceCaps(VERTRES) / dc.GetDeviceCaps(LOGPIXELSY) * kTwipsPerInch;
-  auto const toLogical = [surfacePpi](int twips) { return int(twips * surfacePpi / kTwipsPerInch); };
-  wxRect const text(toLogical(kMarginTwips), toLogical(kMarginTwips), toLogical(pageWidth - 2 * kMarginTwips),
+  auto const toLogical = [surfacePpi](int twips) {
+    return int(twips * surfacePpi / kTwipsPerInch);
+  };
+  wxRect const text(toLogical(kMarginTwips), toLogical(kMarginTwips),
+                    toLogical(pageWidth - 2 * kMarginTwips),
                     toLogical(pageHeight - 2 * kMarginTwips));
-  wxSize const page(int(dc.GetDeviceCaps(HORZRES) / scaleX), int(dc.GetDeviceCaps(VERTRES) / scaleY));
+  wxSize const page(int(dc.GetDeviceCaps(HORZRES) / scaleX),
+                    int(dc.GetDeviceCaps(VERTRES) / scaleY));
 
   if (dc.StartDoc(info) <= 0) {
     return;
@@ -101,8 +105,8 @@ void VxRichEdit::Print(CDC & dc) {
   buffer.Invalidate(wxRICHTEXT_ALL);
   wxRichTextDrawingContext context(&buffer);
   buffer.Layout(out, context, text, text, wxRICHTEXT_FIXED_WIDTH | wxRICHTEXT_VARIABLE_HEIGHT);
-  std::vector<PageRange> const pages = !buffer.GetText().empty() ? Paginate(buffer, text.height)
-                                                                            : std::vector<PageRange>();
+  std::vector<PageRange> const pages =
+      !buffer.GetText().empty() ? Paginate(buffer, text.height) : std::vector<PageRange>();
   int number = 1;
   for (PageRange const & range : pages) {
     if (dc.StartPage() <= 0) {
@@ -114,7 +118,8 @@ void VxRichEdit::Print(CDC & dc) {
     out.SetLogicalOrigin(0, range.top - text.y);
     out.SetClippingRegion(text.x, range.top, text.width, text.height);
     buffer.Draw(out, context, wxRichTextRange(range.start, range.end), wxRichTextSelection(),
-                wxRect(text.x, range.top, text.width, text.height), 0, wxRICHTEXT_DRAW_IGNORE_CACHE);
+                wxRect(text.x, range.top, text.width, text.height), 0,
+                wxRICHTEXT_DRAW_IGNORE_CACHE);
     out.DestroyClippingRegion();
     out.SetLogicalOrigin(0, 0);
     dc.EndPage();

@@ -35,15 +35,17 @@ TEST(RichEditPrint, PrintsEveryLineOnceAcrossThePages) {
   // Lines in order, none twice, none lost at a break.
   std::regex const line("Measured line (\\d+) of the notes");
   int expected = 1;
-  for (auto match = std::sregex_iterator(printed.begin(), printed.end(), line); match != std::sregex_iterator();
-       ++match) {
+  for (auto match = std::sregex_iterator(printed.begin(), printed.end(), line);
+       match != std::sregex_iterator(); ++match) {
     EXPECT_EQ(std::stoi((*match)[1]), expected);
     ++expected;
   }
   EXPECT_EQ(expected, 151);
   auto count = [&printed](std::string const & what) {
     int n = 0;
-    for (std::size_t at = printed.find(what); at != std::string::npos; at = printed.find(what, at + 1)) ++n;
+    for (std::size_t at = printed.find(what); at != std::string::npos;
+         at = printed.find(what, at + 1))
+      ++n;
     return n;
   };
   EXPECT_EQ(count("Notes header"), pages);

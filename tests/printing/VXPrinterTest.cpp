@@ -74,7 +74,7 @@ private:
 class DialogAnswer {
 public:
   explicit DialogAnswer(std::function<int(PRINTDLGW &)> answer) {
-    mFormer = SetPrintDialogFunction(answer);
+    mFormer = SetPrintDialogFunction(std::move(answer));
   }
   ~DialogAnswer() { SetPrintDialogFunction(mFormer); }
 
