@@ -19,11 +19,11 @@ class PictureDevice : public CDC {
 public:
   int GetDeviceCaps(int index) const override {
     switch (index) {
-    case HORZRES: return 4961;
-    case VERTRES: return 7016;
-    case LOGPIXELSX:
-    case LOGPIXELSY: return 600;
-    default: return 0;
+      case HORZRES: return 4961;
+      case VERTRES: return 7016;
+      case LOGPIXELSX:
+      case LOGPIXELSY: return 600;
+      default: return 0;
     }
   }
   int StartDoc(DOCINFOW const &) override { return 1; }
@@ -33,8 +33,8 @@ public:
   int AbortDoc() override { return 1; }
   int Escape(int escape, int, void const *, void *) override { return escape == NEWFRAME ? 1 : 0; }
   int SetStretchBltMode(int) override { return COLORONCOLOR; }
-  int StretchDIBits(int, int, int, int, int x, int y, int width, int height, void const * bits, void const * info,
-                    UINT, DWORD) override {
+  int StretchDIBits(int, int, int, int, int x, int y, int width, int height, void const * bits,
+                    void const * info, UINT, DWORD) override {
     // Only the part a band needs, and never more than a page's picture.
     if (static_cast<long long>(width) * height > (1LL << 24)) return height;
     DibSurface const part(info, bits, x, y, width, height);

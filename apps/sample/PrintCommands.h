@@ -16,7 +16,7 @@ class wxMenu;
 // Appends the commands to `fileMenu` and handles them on `frame`; `rows`
 // gives the runs that Print prints.
 void AddPrintCommands(wxFrame & frame, wxMenu & fileMenu,
-                      std::function<std::vector<std::string>()> rows);
+                      std::function<std::vector<std::string>()> const & rows);
 
 // The run list as pages.
 class RunListPrintOut : public PrintOut {
