@@ -19,6 +19,7 @@
 #include "MessagesMenu.h"
 #include "NotesDialog.h"
 #include "PictureCommands.h"
+#include "PrintCommands.h"
 #include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
 #include "PropertiesCommand.h"
@@ -90,6 +91,7 @@ void MainFrame::BuildMenus() {
   auto * file = new wxMenu;
   AddFileCommands(*this, *file, [this] { return mRuns->Shown(); });
   AddOpenPictureCommand(*file, *this);
+  AddPrintCommands(*this, *file, [this] { return mRuns->Shown(); });
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));

@@ -83,5 +83,8 @@ enum SampleCommand : int {
   kReleaseNotesCommand,
   kSplashCommand,
   kTourCommand,
+  // File, printing (last, so that the ids before keep their numbers)
+  kPrintCommand,
+  kPrintWindowCommand,
   kEndOfSampleCommands
 };
