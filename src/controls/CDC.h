@@ -95,8 +95,9 @@ public:
   // colour table at `bitmapInfo`, the rows at `bits`) onto the destination
   // rectangle. For a bottom-up DIB the source's y counts from the last row,
   // as on Windows. The number of rows copied, 0 on failure.
-  virtual int StretchDIBits(int x, int y, int width, int height, int xSource, int ySource, int sourceWidth,
-                            int sourceHeight, void const * bits, void const * bitmapInfo, UINT usage, DWORD rop) = 0;
+  virtual int StretchDIBits(int x, int y, int width, int height, int xSource, int ySource,
+                            int sourceWidth, int sourceHeight, void const * bits,
+                            void const * bitmapInfo, UINT usage, DWORD rop) = 0;
 
   // Where text and drawings go, in device units: the open page, or a
   // surface that only measures when no page is open. Never null.

@@ -36,7 +36,8 @@ bool ReadLayout(void const * info, Layout & layout) {
     std::memcpy(&header, info, sizeof header);
     layout.width = header.biWidth;
     layout.bottomUp = header.biHeight > 0;
-    layout.height = header.biHeight < 0 ? -static_cast<long long>(header.biHeight) : header.biHeight;
+    layout.height =
+        header.biHeight < 0 ? -static_cast<long long>(header.biHeight) : header.biHeight;
     layout.bits = header.biBitCount;
     layout.compression = header.biCompression;
     if (layout.compression == BI_BITFIELDS) {
@@ -56,7 +57,8 @@ bool ReadLayout(void const * info, Layout & layout) {
     std::uint8_t const * table = bytes + size;
     for (unsigned i = 0; i < colours; ++i) {
       std::uint8_t const * entry = table + std::size_t(i) * entrySize;
-      layout.palette[i] = 0xFF000000U | (std::uint32_t(entry[2]) << 16) | (std::uint32_t(entry[1]) << 8) | entry[0];
+      layout.palette[i] =
+          0xFF000000U | (std::uint32_t(entry[2]) << 16) | (std::uint32_t(entry[1]) << 8) | entry[0];
     }
     return true;
   }
@@ -76,40 +78,41 @@ std::uint32_t Field(std::uint32_t pixel, std::uint32_t mask) {
   return ((pixel & mask) >> shift) * 255U / maximum;
 }
 
-void ConvertRow(Layout const & layout, std::uint8_t const * row, long long first, int count, std::uint32_t * out) {
+void ConvertRow(Layout const & layout, std::uint8_t const * row, long long first, int count,
+                std::uint32_t * out) {
   switch (layout.bits) {
-  case 1:
-  case 4:
-  case 8: {
-    unsigned const perByte = 8 / layout.bits;
-    unsigned const mask = (1U << layout.bits) - 1;
-    for (int i = 0; i < count; ++i) {
-      long long const column = first + i;
-      unsigned const shift = 8 - layout.bits * unsigned(column % perByte + 1);
-      out[i] = layout.palette[(row[column / perByte] >> shift) & mask];
+    case 1:
+    case 4:
+    case 8: {
+      unsigned const perByte = 8 / layout.bits;
+      unsigned const mask = (1U << layout.bits) - 1;
+      for (int i = 0; i < count; ++i) {
+        long long const column = first + i;
+        unsigned const shift = 8 - layout.bits * unsigned(column % perByte + 1);
+        out[i] = layout.palette[(row[column / perByte] >> shift) & mask];
+      }
+      break;
     }
-    break;
-  }
-  case 16:
-    for (int i = 0; i < count; ++i) {
-      std::uint8_t const * p = row + (first + i) * 2;
-      std::uint32_t const pixel = std::uint32_t(p[0]) | (std::uint32_t(p[1]) << 8);
-      out[i] = 0xFF000000U | (Field(pixel, layout.masks[0]) << 16) | (Field(pixel, layout.masks[1]) << 8) |
-               Field(pixel, layout.masks[2]);
-    }
-    break;
-  case 24:
-    for (int i = 0; i < count; ++i) {
-      std::uint8_t const * p = row + (first + i) * 3;
-      out[i] = 0xFF000000U | (std::uint32_t(p[2]) << 16) | (std::uint32_t(p[1]) << 8) | p[0];
-    }
-    break;
-  default:  // 32
-    for (int i = 0; i < count; ++i) {
-      std::uint8_t const * p = row + (first + i) * 4;
-      out[i] = 0xFF000000U | (std::uint32_t(p[2]) << 16) | (std::uint32_t(p[1]) << 8) | p[0];
-    }
-    break;
+    case 16:
+      for (int i = 0; i < count; ++i) {
+        std::uint8_t const * p = row + (first + i) * 2;
+        std::uint32_t const pixel = std::uint32_t(p[0]) | (std::uint32_t(p[1]) << 8);
+        out[i] = 0xFF000000U | (Field(pixel, layout.masks[0]) << 16) |
+                 (Field(pixel, layout.masks[1]) << 8) | Field(pixel, layout.masks[2]);
+      }
+      break;
+    case 24:
+      for (int i = 0; i < count; ++i) {
+        std::uint8_t const * p = row + (first + i) * 3;
+        out[i] = 0xFF000000U | (std::uint32_t(p[2]) << 16) | (std::uint32_t(p[1]) << 8) | p[0];
+      }
+      break;
+    default:  // 32
+      for (int i = 0; i < count; ++i) {
+        std::uint8_t const * p = row + (first + i) * 4;
+        out[i] = 0xFF000000U | (std::uint32_t(p[2]) << 16) | (std::uint32_t(p[1]) << 8) | p[0];
+      }
+      break;
   }
 }
 
@@ -117,7 +120,8 @@ void ConvertRow(Layout const & layout, std::uint8_t const * row, long long first
 
 DibSurface::DibSurface(void const * info, void const * bits, int x, int y, int width, int height) {
   Layout layout;
-  if (info == nullptr || bits == nullptr || width <= 0 || height <= 0 || !ReadLayout(info, layout)) {
+  if (info == nullptr || bits == nullptr || width <= 0 || height <= 0 ||
+      !ReadLayout(info, layout)) {
     return;
   }
   // The rectangle's top row counted from the first row shown on the page.

@@ -18,7 +18,9 @@ public:
     }
   }
 
-  bool StartDocument(std::string const & /*name*/, ExceptionMessage & /*error*/) override { return true; }
+  bool StartDocument(std::string const & /*name*/, ExceptionMessage & /*error*/) override {
+    return true;
+  }
 
   cairo_t * StartPage(ExceptionMessage & error) override {
     DropOpenPage();

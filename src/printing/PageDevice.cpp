@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include <boost/locale/encoding_utf.hpp>
 #include <wx/dcgraph.h>
 #include <wx/graphics.h>
+#include <boost/locale/encoding_utf.hpp>
 
 #include "printing/DibSurface.h"
 #include "printing/PageOutput.h"
@@ -67,31 +67,20 @@ PageDevice::~PageDevice() {
 
 int PageDevice::GetDeviceCaps(int index) const {
   switch (index) {
-  case TECHNOLOGY:
-    return DT_RASPRINTER;
-  case HORZSIZE:
-    return int(std::lround(mWidth * MillimetresPerInch / UnitsPerInch));
-  case VERTSIZE:
-    return int(std::lround(mHeight * MillimetresPerInch / UnitsPerInch));
-  case HORZRES:
-  case PHYSICALWIDTH:
-    return mWidth;
-  case VERTRES:
-  case PHYSICALHEIGHT:
-    return mHeight;
-  case BITSPIXEL:
-    return 24;
-  case PLANES:
-    return 1;
-  case NUMCOLORS:
-    return -1;
-  case RASTERCAPS:
-    return RC_BITBLT | RC_STRETCHDIB;
-  case LOGPIXELSX:
-  case LOGPIXELSY:
-    return UnitsPerInch;
-  default:
-    return 0;  // PHYSICALOFFSETX/Y among them: the whole paper is printable
+    case TECHNOLOGY: return DT_RASPRINTER;
+    case HORZSIZE: return int(std::lround(mWidth * MillimetresPerInch / UnitsPerInch));
+    case VERTSIZE: return int(std::lround(mHeight * MillimetresPerInch / UnitsPerInch));
+    case HORZRES:
+    case PHYSICALWIDTH: return mWidth;
+    case VERTRES:
+    case PHYSICALHEIGHT: return mHeight;
+    case BITSPIXEL: return 24;
+    case PLANES: return 1;
+    case NUMCOLORS: return -1;
+    case RASTERCAPS: return RC_BITBLT | RC_STRETCHDIB;
+    case LOGPIXELSX:
+    case LOGPIXELSY: return UnitsPerInch;
+    default: return 0;  // PHYSICALOFFSETX/Y among them: the whole paper is printable
   }
 }
 
@@ -106,8 +95,9 @@ int PageDevice::StartDoc(DOCINFOW const & info) {
   if (mClosed || mDocOpen) {
     return SP_ERROR;
   }
-  std::string const name =
-      info.lpszDocName != nullptr ? boost::locale::conv::utf_to_utf<char>(info.lpszDocName) : std::string();
+  std::string const name = info.lpszDocName != nullptr
+                               ? boost::locale::conv::utf_to_utf<char>(info.lpszDocName)
+                               : std::string();
   ExceptionMessage error;
   if (!mOutput->StartDocument(name, error)) {
     Fail(error);
@@ -181,34 +171,33 @@ int PageDevice::AbortDoc() {
 
 int PageDevice::Escape(int escape, int inSize, void const * in, void * out) {
   switch (escape) {
-  case QUERYESCSUPPORT: {
-    if (in == nullptr || inSize < int(sizeof(int))) {
-      return 0;
+    case QUERYESCSUPPORT: {
+      if (in == nullptr || inSize < int(sizeof(int))) {
+        return 0;
+      }
+      int const asked = *static_cast<int const *>(in);
+      return int(asked == QUERYESCSUPPORT || asked == NEWFRAME ||
+                 (asked == GETSETCOPYCOUNT && mOutput->MaxCopies() > 0));
     }
-    int const asked = *static_cast<int const *>(in);
-    return int(asked == QUERYESCSUPPORT || asked == NEWFRAME ||
-               (asked == GETSETCOPYCOUNT && mOutput->MaxCopies() > 0));
-  }
-  case NEWFRAME:
-    if (mPage == nullptr && StartPage() <= 0) {
-      return SP_ERROR;
+    case NEWFRAME:
+      if (mPage == nullptr && StartPage() <= 0) {
+        return SP_ERROR;
+      }
+      return EndPage();
+    case GETSETCOPYCOUNT: {
+      if (mOutput->MaxCopies() <= 0) {
+        return 0;
+      }
+      if (in != nullptr && inSize >= int(sizeof(int))) {
+        mCopies = std::clamp(*static_cast<int const *>(in), 1, mOutput->MaxCopies());
+        mOutput->SetCopies(mCopies);
+      }
+      if (out != nullptr) {
+        *static_cast<int *>(out) = mCopies;
+      }
+      return 1;
     }
-    return EndPage();
-  case GETSETCOPYCOUNT: {
-    if (mOutput->MaxCopies() <= 0) {
-      return 0;
-    }
-    if (in != nullptr && inSize >= int(sizeof(int))) {
-      mCopies = std::clamp(*static_cast<int const *>(in), 1, mOutput->MaxCopies());
-      mOutput->SetCopies(mCopies);
-    }
-    if (out != nullptr) {
-      *static_cast<int *>(out) = mCopies;
-    }
-    return 1;
-  }
-  default:
-    return 0;  // NEXTBAND and BANDINFO among them: this device does not band
+    default: return 0;  // NEXTBAND and BANDINFO among them: this device does not band
   }
 }
 
@@ -218,9 +207,9 @@ int PageDevice::SetStretchBltMode(int mode) {
   return former;
 }
 
-int PageDevice::StretchDIBits(int x, int y, int width, int height, int xSource, int ySource, int sourceWidth,
-                              int sourceHeight, void const * bits, void const * bitmapInfo, UINT usage,
-                              DWORD rop) {
+int PageDevice::StretchDIBits(int x, int y, int width, int height, int xSource, int ySource,
+                              int sourceWidth, int sourceHeight, void const * bits,
+                              void const * bitmapInfo, UINT usage, DWORD rop) {
   if (mPage == nullptr || usage != DIB_RGB_COLORS || rop != SRCCOPY) {
     return 0;
   }
@@ -233,13 +222,14 @@ int PageDevice::StretchDIBits(int x, int y, int width, int height, int xSource, 
   cairo_save(mPage);
   cairo_translate(mPage, x, y);
   cairo_scale(mPage, double(width) / sourceWidth, double(height) / sourceHeight);
-  cairo_rectangle(mPage, source.OffsetX(), source.OffsetY(), cairo_image_surface_get_width(source.Surface()),
+  cairo_rectangle(mPage, source.OffsetX(), source.OffsetY(),
+                  cairo_image_surface_get_width(source.Surface()),
                   cairo_image_surface_get_height(source.Surface()));
   cairo_clip(mPage);
   cairo_set_source_surface(mPage, source.Surface(), source.OffsetX(), source.OffsetY());
   cairo_pattern_set_filter(cairo_get_source(mPage),
                            mStretchMode == HALFTONE ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
-  cairo_pattern_set_extend(cairo_get_source(mPage), CAIRO_EXTEND_PAD);
+  cairo_pattern_set_extend(cairo_get_source(mPage), CAIRO_EXTEND_NONE);
   cairo_paint(mPage);
   cairo_restore(mPage);
   return std::abs(sourceHeight);
@@ -272,7 +262,8 @@ std::vector<wxImage> PageDevice::PageImages() const {
     wxImage image(width, height, false);
     unsigned char * rgb = image.GetData();
     for (int row = 0; row < height; ++row) {
-      auto const * pixel = reinterpret_cast<std::uint32_t const *>(data + std::ptrdiff_t(row) * stride);
+      auto const * pixel =
+          reinterpret_cast<std::uint32_t const *>(data + std::ptrdiff_t(row) * stride);
       for (int column = 0; column < width; ++column, rgb += 3) {
         std::uint32_t const argb = pixel[column];  // opaque: the page was painted white first
         rgb[0] = static_cast<unsigned char>(argb >> 16);

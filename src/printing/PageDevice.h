@@ -35,7 +35,8 @@ public:
 
   static std::unique_ptr<PageDevice> ForPdf(std::string const & path, PaperFormat paper = {});
   static std::unique_ptr<PageDevice> ForImages(PaperFormat paper, double pixelsPerInch);
-  static std::unique_ptr<PageDevice> ForPrinter(std::string const & printer, PaperFormat paper = {});
+  static std::unique_ptr<PageDevice> ForPrinter(std::string const & printer,
+                                                PaperFormat paper = {});
 
   PageDevice(std::unique_ptr<PageOutput> output, PaperFormat paper);
   ~PageDevice() override;  // closes
@@ -49,7 +50,8 @@ public:
   int Escape(int escape, int inSize, void const * in, void * out) override;
   int SetStretchBltMode(int mode) override;
   int StretchDIBits(int x, int y, int width, int height, int xSource, int ySource, int sourceWidth,
-                    int sourceHeight, void const * bits, void const * bitmapInfo, UINT usage, DWORD rop) override;
+                    int sourceHeight, void const * bits, void const * bitmapInfo, UINT usage,
+                    DWORD rop) override;
   wxDC & GetDC() override;
 
   // The page's cairo context in device units; null when no page is open.
@@ -61,7 +63,7 @@ public:
   bool Close();
   ExceptionMessage const & Error() const { return mError; }
 
-  int PageWidth() const { return mWidth; }  // HORZRES
+  int PageWidth() const { return mWidth; }    // HORZRES
   int PageHeight() const { return mHeight; }  // VERTRES
   int PagesPrinted() const { return mPagesPrinted; }
   int Copies() const { return mCopies; }

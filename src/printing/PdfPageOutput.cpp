@@ -3,10 +3,10 @@
 // when cairo finished it without error.
 
 #include <cairo-pdf.h>
+#include <unistd.h>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <unistd.h>
 
 #include "printing/PageDevice.h"
 #include "printing/PageOutput.h"
@@ -25,7 +25,8 @@ public:
     std::string pattern = mPath + ".XXXXXX";
     int const fd = mkstemp(pattern.data());
     if (fd < 0) {
-      error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath % std::string(std::strerror(errno));
+      error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath %
+              std::string(std::strerror(errno));
       return false;
     }
     close(fd);
@@ -68,7 +69,8 @@ public:
     cairo_surface_destroy(mSurface);
     mSurface = nullptr;
     if (ok && std::rename(mTemporary.c_str(), mPath.c_str()) != 0) {
-      error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath % std::string(std::strerror(errno));
+      error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath %
+              std::string(std::strerror(errno));
       ok = false;
     }
     if (!ok) {
@@ -84,7 +86,8 @@ private:
     if (status == CAIRO_STATUS_SUCCESS) {
       return true;
     }
-    error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath % cairo_status_to_string(status);
+    error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath %
+            cairo_status_to_string(status);
     return false;
   }
 

@@ -57,8 +57,8 @@ public:
     gtk_print_settings_set_printer(settings, mName.c_str());
     gtk_print_settings_set_n_copies(settings, mCopies);
     GtkPageSetup * setup = gtk_page_setup_new();
-    GtkPaperSize * paper =
-        gtk_paper_size_new_custom("talvo-page", "Page", mWidthPoints, mHeightPoints, GTK_UNIT_POINTS);
+    GtkPaperSize * paper = gtk_paper_size_new_custom("talvo-page", "Page", mWidthPoints,
+                                                     mHeightPoints, GTK_UNIT_POINTS);
     gtk_page_setup_set_paper_size(setup, paper);
     gtk_paper_size_free(paper);
     mJob = gtk_print_job_new(name.c_str(), search.found, settings, setup);
@@ -105,8 +105,8 @@ public:
         g_main_context_iteration(nullptr, TRUE);
       }
       if (!delivery.error.empty()) {
-        error = ExceptionMessage::translate("The printer {1} cannot take the document: {2}") % mName %
-                delivery.error;
+        error = ExceptionMessage::translate("The printer {1} cannot take the document: {2}") %
+                mName % delivery.error;
         ok = false;
       }
     }

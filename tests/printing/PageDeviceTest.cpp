@@ -44,7 +44,8 @@ TEST(PageDevice, MeasuresThePaperIn600ths) {
   };
   for (Case const & c : cases) {
     auto device = PageDevice::ForImages(c.paper, 10);
-    SCOPED_TRACE(testing::Message() << c.paper.widthMm << "x" << c.paper.heightMm << " " << c.paper.landscape);
+    SCOPED_TRACE(testing::Message()
+                 << c.paper.widthMm << "x" << c.paper.heightMm << " " << c.paper.landscape);
     EXPECT_EQ(device->GetDeviceCaps(HORZRES), c.width);
     EXPECT_EQ(device->GetDeviceCaps(VERTRES), c.height);
     EXPECT_EQ(device->GetDeviceCaps(HORZSIZE), c.widthMm);
@@ -77,7 +78,8 @@ TEST(PageDevice, PutsEveryDocumentOfItsLifeIntoOnePdf) {
   EXPECT_EQ(pdf_tools::PageCount(path), 4);
   EXPECT_EQ(pdf_tools::PageSize(path), "595.276 x 841.89 pts (A4)");
   std::string const text = pdf_tools::Text(path);
-  for (char const * line : {"First run page 1", "First run page 2", "Second run page 1", "Second run page 2"}) {
+  for (char const * line :
+       {"First run page 1", "First run page 2", "Second run page 1", "Second run page 2"}) {
     EXPECT_NE(text.find(line), std::string::npos) << line << " in:\n" << text;
   }
 }
@@ -87,13 +89,15 @@ TEST(PageDevice, EscapesAsAPrinterWithoutBands) {
   auto device = PageDevice::ForPdf(path);
   struct Query {
     int escape, supported;
-  } const queries[] = {{NEWFRAME, 1}, {NEXTBAND, 0}, {BANDINFO, 0}, {GETSETCOPYCOUNT, 0}, {QUERYESCSUPPORT, 1}};
+  } const queries[] = {
+      {NEWFRAME, 1}, {NEXTBAND, 0}, {BANDINFO, 0}, {GETSETCOPYCOUNT, 0}, {QUERYESCSUPPORT, 1}};
   for (Query const & query : queries) {
     EXPECT_EQ(device->Escape(QUERYESCSUPPORT, sizeof(int), &query.escape, nullptr), query.supported)
         << "escape " << query.escape;
   }
   int copies = 3;
-  EXPECT_EQ(device->Escape(GETSETCOPYCOUNT, sizeof copies, &copies, &copies), 0) << "a PDF makes no copies itself";
+  EXPECT_EQ(device->Escape(GETSETCOPYCOUNT, sizeof copies, &copies, &copies), 0)
+      << "a PDF makes no copies itself";
 
   // NEWFRAME ends the page; the EndPage that follows it adds no blank one.
   ASSERT_GT(device->StartDoc(Doc(L"Frames")), 0);
@@ -134,8 +138,9 @@ TEST(PageDevice, LeavesTheFormerFileWhenTheRunFails) {
   auto device = PageDevice::ForPdf(TempPath("no-such-folder/out.pdf"));
   EXPECT_EQ(device->StartDoc(Doc(L"Nowhere")), SP_ERROR);
   EXPECT_FALSE(device->Close());
-  EXPECT_NE(device->Error().ToString(std::locale()).find("no-such-folder/out.pdf cannot be written"),
-            std::string::npos)
+  EXPECT_NE(
+      device->Error().ToString(std::locale()).find("no-such-folder/out.pdf cannot be written"),
+      std::string::npos)
       << device->Error().ToString(std::locale());
 }
 
@@ -182,7 +187,12 @@ TEST(PageDevice, StretchesEveryDibDepthTheRightWayUp) {
       {4, false, quadrant, {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF}},
       {8, false, quadrant, {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF}},
       {8, true, quadrant, {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF}},
-      {16, false, [](int x, int y) { return std::array<std::uint32_t, 4>{0x7C00, 0x03E0, 0x001F, 0x7FFF}[y * 2 + x]; }, {}},
+      {16,
+       false,
+       [](int x, int y) {
+         return std::array<std::uint32_t, 4>{0x7C00, 0x03E0, 0x001F, 0x7FFF}[y * 2 + x];
+       },
+       {}},
       {24, false, [&](int x, int y) { return colours[y * 2 + x]; }, {}},
       {32, false, [&](int x, int y) { return colours[y * 2 + x]; }, {}},
   };
@@ -198,13 +208,15 @@ TEST(PageDevice, StretchesEveryDibDepthTheRightWayUp) {
               2);
     ASSERT_GT(device->EndPage(), 0);
     wxImage const page = device->PageImages().at(0);
-    std::uint32_t const want[4] = {c.bits == 1 ? 0xFF0000U : colours[0], c.bits == 1 ? 0x0000FFU : colours[1],
-                                   c.bits == 1 ? 0x0000FFU : colours[2], c.bits == 1 ? 0xFF0000U : colours[3]};
+    std::uint32_t const want[4] = {
+        c.bits == 1 ? 0xFF0000U : colours[0], c.bits == 1 ? 0x0000FFU : colours[1],
+        c.bits == 1 ? 0x0000FFU : colours[2], c.bits == 1 ? 0xFF0000U : colours[3]};
     EXPECT_EQ(ColourAt(page, 900, 900, 60), want[0]);
     EXPECT_EQ(ColourAt(page, 1500, 900, 60), want[1]);
     EXPECT_EQ(ColourAt(page, 900, 1500, 60), want[2]);
     EXPECT_EQ(ColourAt(page, 1500, 1500, 60), want[3]);
-    EXPECT_EQ(ColourAt(page, 300, 300, 60), 0xFFFFFFU) << "outside the picture the paper stays white";
+    EXPECT_EQ(ColourAt(page, 300, 300, 60), 0xFFFFFFU)
+        << "outside the picture the paper stays white";
     EXPECT_EQ(ColourAt(page, 1900, 900, 60), 0xFFFFFFU);
   }
 }
@@ -236,7 +248,8 @@ TEST(PageDevice, StretchesAPartCountedFromTheLastRow) {
 
 TEST(PageDevice, KeepsPicturesAndTextAsSuchInThePdf) {
   std::string const path = TempPath("picture.pdf");
-  auto dib = test_dib::Make(40, 30, 24, [](int x, int y) { return std::uint32_t(x * 6 << 16 | y * 8); });
+  auto dib =
+      test_dib::Make(40, 30, 24, [](int x, int y) { return std::uint32_t(x * 6 << 16 | y * 8); });
   auto device = PageDevice::ForPdf(path);
   ASSERT_GT(device->StartDoc(Doc(L"Picture")), 0);
   ASSERT_GT(device->StartPage(), 0);

@@ -1,8 +1,8 @@
 #include "PdfTools.h"
 
+#include <sys/wait.h>
 #include <cstdio>
 #include <regex>
-#include <sys/wait.h>
 
 namespace pdf_tools {
 
@@ -48,7 +48,8 @@ int PageCount(std::string const & pdf) {
 std::string PageSize(std::string const & pdf) {
   std::string const info = Run("pdfinfo " + Quote(pdf));
   std::smatch match;
-  return std::regex_search(info, match, std::regex("Page size:\\s+([^\\n]*)")) ? match[1].str() : std::string();
+  return std::regex_search(info, match, std::regex("Page size:\\s+([^\\n]*)")) ? match[1].str()
+                                                                               : std::string();
 }
 
 std::string Text(std::string const & pdf) { return Run("pdftotext -layout " + Quote(pdf) + " -"); }

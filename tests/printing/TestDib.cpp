@@ -4,7 +4,8 @@
 
 namespace test_dib {
 
-Owned Make(int width, int height, unsigned bits, std::function<std::uint32_t(int, int)> const & pixel,
+Owned Make(int width, int height, unsigned bits,
+           std::function<std::uint32_t(int, int)> const & pixel,
            std::initializer_list<std::uint32_t> palette, bool topDown) {
   BITMAPINFOHEADER header{};
   header.biSize = sizeof header;
@@ -32,25 +33,25 @@ Owned Make(int width, int height, unsigned bits, std::function<std::uint32_t(int
     for (int x = 0; x < width; ++x) {
       std::uint32_t const value = pixel(x, y);
       switch (bits) {
-      case 1:
-      case 4:
-      case 8: {
-        unsigned const perByte = 8 / bits;
-        unsigned const shift = 8 - bits * (unsigned(x) % perByte + 1);
-        row[unsigned(x) / perByte] |= std::uint8_t(value << shift);
-        break;
-      }
-      case 16:
-        row[x * 2] = std::uint8_t(value);
-        row[x * 2 + 1] = std::uint8_t(value >> 8);
-        break;
-      default: {
-        std::uint8_t * p = row + std::size_t(x) * (bits / 8);
-        p[0] = std::uint8_t(value);
-        p[1] = std::uint8_t(value >> 8);
-        p[2] = std::uint8_t(value >> 16);
-        break;
-      }
+        case 1:
+        case 4:
+        case 8: {
+          unsigned const perByte = 8 / bits;
+          unsigned const shift = 8 - bits * (unsigned(x) % perByte + 1);
+          row[unsigned(x) / perByte] |= std::uint8_t(value << shift);
+          break;
+        }
+        case 16:
+          row[x * 2] = std::uint8_t(value);
+          row[x * 2 + 1] = std::uint8_t(value >> 8);
+          break;
+        default: {
+          std::uint8_t * p = row + std::size_t(x) * (bits / 8);
+          p[0] = std::uint8_t(value);
+          p[1] = std::uint8_t(value >> 8);
+          p[2] = std::uint8_t(value >> 16);
+          break;
+        }
       }
     }
   }

@@ -1,0 +1,3 @@
+#include "printing/PrintOut.h"
+
+PrintOut::~PrintOut() = default;
