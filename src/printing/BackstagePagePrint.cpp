@@ -56,18 +56,18 @@ BackstagePagePrint::~BackstagePagePrint() = default;
 bool BackstagePagePrint::Create(wxWindow * parent) {
   if (!LoadPanelTemplate(*this, parent, kTemplate)) return false;
   DoDataExchange();
-  if (mPrintButton == nullptr || mOrientationButton == nullptr ||
-      mPrintListInColorCheck == nullptr)
+  if (mPrintButton == nullptr || mOrientationButton == nullptr || mPrintListInColorCheck == nullptr)
     return false;
-  Bind(wxEVT_BUTTON, [this](wxCommandEvent &) { OnFilePrint(); }, kPrintButtonId);
   Bind(
-      wxEVT_BUTTON, [this](wxCommandEvent &) { OnFilePrintPageOrientation(); },
-      kPageOrientationId);
+      wxEVT_BUTTON, [this](wxCommandEvent &) { OnFilePrint(); }, kPrintButtonId);
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent &) { OnFilePrintPageOrientation(); }, kPageOrientationId);
   Bind(
       wxEVT_CHECKBOX, [this](wxCommandEvent &) { OnBnClickedPrintListInColor(); },
       kPrintListInColorId);
   // The link opens the print setup, never a browser.
-  Bind(wxEVT_HYPERLINK, [this](wxHyperlinkEvent &) { OnFilePrintSetup(); }, kPrintSetupLinkId);
+  Bind(
+      wxEVT_HYPERLINK, [this](wxHyperlinkEvent &) { OnFilePrintSetup(); }, kPrintSetupLinkId);
   Bind(wxEVT_SIZE, &BackstagePagePrint::OnSize, this);
   return OnInitDialog();
 }
@@ -96,8 +96,9 @@ bool BackstagePagePrint::OnInitDialog() {
   mPrintButton->SetBitmap(LoadResourceBitmap(CommandFromMenuItemId(kPrintButtonId)), wxTOP);
   mPrintButton->SetToolTip(vx3::Tr("Print options", "Send the document to a printer."));
   mOrientationButton->SetBitmapPosition(wxLEFT);
-  mOrientationButton->SetToolTip(vx3::Tr(
-      "Print options", "Select whether the document should be oriented vertically or horizontally."));
+  mOrientationButton->SetToolTip(
+      vx3::Tr("Print options",
+              "Select whether the document should be oriented vertically or horizontally."));
   mPrintListInColorCheck->Show(false);  // until a view that offers colours comes
   // The orientation the profile kept becomes the printer's.
   UpdatePageOrientationButtonImageAndCaption();

@@ -10,15 +10,15 @@
 
 #include "controls/VxMenu.h"
 #include "platform/WinUser.h"
-#include "printing/PreviewPageRenderer.h"
 #include "printing/PageDevice.h"
+#include "printing/PreviewPageRenderer.h"
 #include "printing/PrintOut.h"
 #include "utl/Translation.h"
 
 namespace {
 
-constexpr int kGap = 16;     // around and between the pages
-constexpr int kShadow = 4;   // the shadow's offset
+constexpr int kGap = 16;    // around and between the pages
+constexpr int kShadow = 4;  // the shadow's offset
 constexpr int kPageCountMenuBase = 100;
 
 wxColour const kGround(0xD8, 0xDB, 0xE0);
@@ -30,7 +30,8 @@ PaperFormat PaperOf(wxPrintData const & printer) {
   wxSize size = printer.GetPaperSize();
   if (size.x <= 0 || size.y <= 0) {
     if (wxThePrintPaperDatabase != nullptr)
-      if (wxPrintPaperType const * type = wxThePrintPaperDatabase->FindPaperType(printer.GetPaperId()))
+      if (wxPrintPaperType const * type =
+              wxThePrintPaperDatabase->FindPaperType(printer.GetPaperId()))
         size = type->GetSizeMM();
   }
   if (size.x > 0 && size.y > 0) {
@@ -89,7 +90,8 @@ bool PrintPreviewPane::Render(wxPrintData const & printer) {
   if (mDevice) {
     mPageCount = mDevice->PagesPrinted();
     if (cairo_surface_t * first = mDevice->PageSurface(0))
-      mPageSize = wxSize(cairo_image_surface_get_width(first), cairo_image_surface_get_height(first));
+      mPageSize =
+          wxSize(cairo_image_surface_get_width(first), cairo_image_surface_get_height(first));
   }
   Refresh();
   return mPageCount > 0;
@@ -113,8 +115,9 @@ void PrintPreviewPane::SetPagesShown(int count) {
 void PrintPreviewPane::OnPageCountTool() {
   wxMenu popup;
   for (int count = 1; count <= kMaxPagesShown; ++count)
-    popup.AppendRadioItem(kPageCountMenuBase + count,
-                          wxString::Format(vx3::Tr("Print preview", "%d pages"), count))
+    popup
+        .AppendRadioItem(kPageCountMenuBase + count,
+                         wxString::Format(vx3::Tr("Print preview", "%d pages"), count))
         ->Check(count == mPagesShown);
   wxRect const tools = mToolBar->GetScreenRect();
   int const chosen = VxMenu::TrackPopupMenu(&popup, TPM_LEFTALIGN | TPM_RETURNCMD, tools.GetLeft(),

@@ -168,7 +168,8 @@ TEST_F(BackstagePagePrintTest, TheProfileDecidesHowThePageStarts) {
            {2, 7, false, true, "Landscape"},
        }) {
     AppProfile::WriteProfileString(kSection, nullptr, nullptr);
-    if (c.portraitEntry) AppProfile::WriteProfileInt(kSection, "PortraitOrientation", *c.portraitEntry);
+    if (c.portraitEntry)
+      AppProfile::WriteProfileInt(kSection, "PortraitOrientation", *c.portraitEntry);
     if (c.colourEntry) AppProfile::WriteProfileInt(kSection, "PrintListInColor", *c.colourEntry);
     BackstagePagePrint & shown = MakePage();
     EXPECT_EQ(shown.IsPortrait(), c.portrait);
@@ -297,10 +298,10 @@ TEST_F(BackstagePagePrintTest, TheActiveViewIsPreviewedWhileThePageIsUp) {
   PrintPreviewPane * preview = shown.GetPreview();
   ASSERT_NE(preview, nullptr);
   ASSERT_EQ(preview->PageCount(), 1);
-  EXPECT_EQ(view.log, (std::vector<std::string>{"GetPageInfo", "PrepareDevice", "BeginPrinting",
-                                                "GetDocumentName", "StartDocument",
-                                                "ContinuePrinting 1", "PrintPage 1", "EndDocument",
-                                                "EndPrinting"}));
+  EXPECT_EQ(view.log,
+            (std::vector<std::string>{"GetPageInfo", "PrepareDevice", "BeginPrinting",
+                                      "GetDocumentName", "StartDocument", "ContinuePrinting 1",
+                                      "PrintPage 1", "EndDocument", "EndPrinting"}));
   EXPECT_EQ(CentreOf(*preview, 0), *wxRED);
   EXPECT_LT(preview->PageSize().x, preview->PageSize().y);
   // Beside the options, not over them.
