@@ -18,6 +18,7 @@
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "NotesDialog.h"
+#include "PrintPageWindow.h"
 #include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
 #include "PropertiesCommand.h"
@@ -87,6 +88,8 @@ MainFrame::MainFrame()
 void MainFrame::BuildMenus() {
   auto * file = new wxMenu;
   AddFileCommands(*this, *file, [this] { return mRuns->Shown(); });
+  AddPrintPageCommand(
+      *file, *this, [this] { return mRuns->Shown(); }, &RunList::IsRetired);
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));

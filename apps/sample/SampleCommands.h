@@ -13,6 +13,7 @@ enum SampleCommand : int {
   kSaveAsCommand,
   kDefaultFolderCommand,
   kSearchFoldersCommand,
+  kPrintPageCommand,
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,
