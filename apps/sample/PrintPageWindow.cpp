@@ -57,7 +57,7 @@ private:
 }  // namespace
 
 void AddPrintPageCommand(wxMenu & fileMenu, wxFrame & frame,
-                         std::function<std::vector<std::string>()> rows,
+                         std::function<std::vector<std::string>()> const & rows,
                          bool (*isRetired)(std::string const &)) {
   fileMenu.Append(kPrintPageCommand, Tr("Menu command", "Print &Page..."));
   auto const showPage = [&frame, rows, isRetired](wxCommandEvent &) {

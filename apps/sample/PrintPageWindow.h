@@ -16,5 +16,5 @@ class wxMenu;
 // window; `rows` gives the runs the list shows, `isRetired` which of them
 // are retired.
 void AddPrintPageCommand(wxMenu & fileMenu, wxFrame & frame,
-                         std::function<std::vector<std::string>()> rows,
+                         std::function<std::vector<std::string>()> const & rows,
                          bool (*isRetired)(std::string const &));
