@@ -20,8 +20,8 @@ constexpr char kWindowName[] = "SamplePrintPage";
 class PrintPageWindow : public wxFrame, public PrintViewFrame, public PrintableView {
 public:
   PrintPageWindow(wxFrame & owner, bool (*isRetired)(std::string const &))
-      : wxFrame(&owner, wxID_ANY, Tr("Window title", "Print"), wxDefaultPosition,
-                wxSize(820, 560), wxDEFAULT_FRAME_STYLE | wxFRAME_FLOAT_ON_PARENT, kWindowName),
+      : wxFrame(&owner, wxID_ANY, Tr("Window title", "Print"), wxDefaultPosition, wxSize(820, 560),
+                wxDEFAULT_FRAME_STYLE | wxFRAME_FLOAT_ON_PARENT, kWindowName),
         mIsRetired(isRetired) {
     mPage = new BackstagePagePrint([this](bool blackAndWhite) { mBlackAndWhite = blackAndWhite; },
                                    [] { return true; });
@@ -74,8 +74,7 @@ void AddPrintPageCommand(wxMenu & fileMenu, wxFrame & frame,
       [&frame, rows, isRetired](wxCommandEvent &) {
         std::vector<PrintedRun> runs;
         for (std::string const & row : rows()) runs.push_back({row, isRetired(row)});
-        bool const blackAndWhite =
-            AppProfile::GetProfileInt("Printer", "PrintListInColor", 1) == 0;
+        bool const blackAndWhite = AppProfile::GetProfileInt("Printer", "PrintListInColor", 1) == 0;
         RunListPrintOut out(std::move(runs), blackAndWhite);
         VXPrinter printer;
         bool const printed = printer.Print(&frame, out, true);

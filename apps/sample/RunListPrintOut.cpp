@@ -57,7 +57,8 @@ void RunListPrintOut::PrintPage(int page, RECT const & rect, DWORD) {
 
   dc.SetFont(mDevice->CreatePointFont(160, "Liberation Sans"));
   dc.SetTextForeground(mBlackAndWhite ? *wxBLACK : kHeadingColour);
-  dc.DrawText(wxString::Format(vx3::Tr("Print", "Runs, page %d of %d"), page, PageCount()), left, y);
+  dc.DrawText(wxString::Format(vx3::Tr("Print", "Runs, page %d of %d"), page, PageCount()), left,
+              y);
   y += units(kHeading);
 
   dc.SetFont(mDevice->CreatePointFont(100, "Liberation Sans"));

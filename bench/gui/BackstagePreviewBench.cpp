@@ -154,8 +154,9 @@ void BackstagePreviewPage_baseline(benchmark::State & state) {
     preview->GetPrintout()->GetPPIScreen(&screenX, &screenY);
     double const onScreenWidth = 210.0 / 25.4 * std::max(screenX, 1);
     double const onScreenHeight = 297.0 / 25.4 * std::max(screenY, 1);
-    int const zoom = static_cast<int>(100.0 * std::min((kArea.x - 32) / onScreenWidth,
-                                                       (kArea.y - barHeight - 32) / onScreenHeight));
+    int const zoom =
+        static_cast<int>(100.0 * std::min((kArea.x - 32) / onScreenWidth,
+                                          (kArea.y - barHeight - 32) / onScreenHeight));
     preview->SetZoom(std::max(10, zoom));
     int const drawnBefore = BenchPrintout::pagesDrawn;
     // wx draws the page when its canvas is idle; here at once.

@@ -98,6 +98,7 @@ enum class Opens {
   kFavouritesPane,    // the favourites pane window
   kAddCommand,        // the pane with the add-command dialog over it
   kSplash,            // the splash window over the frame
+  kPrintPage,         // the print page's window over the frame
 };
 
 struct Expected {
@@ -111,6 +112,7 @@ std::map<wxString, Expected> const kExpected = {
     {"File/Save As...", {Opens::kFileChooserToSave}},
     {"File/Default Folder...", {Opens::kFolderDialog}},
     {"File/Search Folders...", {Opens::kFolderCollection}},
+    {"File/Print Page...", {Opens::kPrintPage}},
     {"File/Exit", {Opens::kCloseRequest}},
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
@@ -448,6 +450,13 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kPrintPage: {
+        wxWindow * const window = frame->FindWindowByName("SamplePrintPage", frame);
+        ASSERT_NE(window, nullptr);
+        EXPECT_TRUE(window->IsShown());
+        window->Destroy();
+        break;
+      }
       case Opens::kFavouritesPane: {
         wxWindow * const pane = frame->FindWindowByName("SampleFavourites", frame);
         ASSERT_NE(pane, nullptr);

@@ -64,7 +64,8 @@ TEST_F(PrintPageWindowTest, ThePagePreviewsTheRunsAndPrintsThemThroughTheDialog)
 
   // In colour the heading is blue; in black and white nothing is coloured.
   EXPECT_TRUE(HasBlue(preview->PageImage(0)));
-  auto * colour = dynamic_cast<wxCheckBox *>(page->FindWindow(BackstagePagePrint::kPrintListInColorId));
+  auto * colour =
+      dynamic_cast<wxCheckBox *>(page->FindWindow(BackstagePagePrint::kPrintListInColorId));
   ASSERT_NE(colour, nullptr);
   EXPECT_TRUE(colour->IsShown());
   colour->SetValue(false);
