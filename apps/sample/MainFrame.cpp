@@ -19,6 +19,7 @@
 #include "MessagesMenu.h"
 #include "NotesDialog.h"
 #include "PrintPageWindow.h"
+#include "PrintCommands.h"
 #include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
 #include "PropertiesCommand.h"
@@ -90,6 +91,7 @@ void MainFrame::BuildMenus() {
   AddFileCommands(*this, *file, [this] { return mRuns->Shown(); });
   AddPrintPageCommand(
       *file, *this, [this] { return mRuns->Shown(); }, &RunList::IsRetired);
+  AddPrintCommands(*this, *file, [this] { return mRuns->Shown(); });
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
   auto * tools = new wxMenu;
   tools->Append(kRunCalculationCommand, Tr("Menu command", "&Run calculation"));

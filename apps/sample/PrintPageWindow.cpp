@@ -3,7 +3,7 @@
 #include <wx/frame.h>
 #include <wx/menu.h>
 
-#include "RunListPrintOut.h"
+#include "ColouredRunListPrintOut.h"
 #include "SampleCommands.h"
 #include "frame/AppProfile.h"
 #include "printing/BackstagePagePrint.h"
@@ -44,7 +44,7 @@ public:
   std::unique_ptr<PrintOut> CreatePrintOut() override {
     std::vector<PrintedRun> runs;
     for (std::string const & row : mRows) runs.push_back({row, mIsRetired(row)});
-    return std::make_unique<RunListPrintOut>(std::move(runs), mBlackAndWhite);
+    return std::make_unique<ColouredRunListPrintOut>(std::move(runs), mBlackAndWhite);
   }
 
 private:
@@ -75,7 +75,7 @@ void AddPrintPageCommand(wxMenu & fileMenu, wxFrame & frame,
         std::vector<PrintedRun> runs;
         for (std::string const & row : rows()) runs.push_back({row, isRetired(row)});
         bool const blackAndWhite = AppProfile::GetProfileInt("Printer", "PrintListInColor", 1) == 0;
-        RunListPrintOut out(std::move(runs), blackAndWhite);
+        ColouredRunListPrintOut out(std::move(runs), blackAndWhite);
         VXPrinter printer;
         bool const printed = printer.Print(&frame, out, true);
         frame.SetStatusText(printed ? Tr("Status", "The run list was printed.")

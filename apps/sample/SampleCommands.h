@@ -81,5 +81,8 @@ enum SampleCommand : int {
   // Help
   kReleaseNotesCommand,
   kSplashCommand,
+  // File, printing (last, so that the ids before keep their numbers)
+  kPrintCommand,
+  kPrintWindowCommand,
   kEndOfSampleCommands
 };

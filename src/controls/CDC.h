@@ -108,5 +108,3 @@ public:
   // LOGPIXELSY to the resolution the drawing surface takes point sizes at.
   wxFont CreatePointFont(int decipoints, wxString const & face);
 };
-
-using HDC = CDC *;

@@ -14,6 +14,8 @@
 #include "platform/CharFormat.h"
 #include "utl/ExceptionMessage.h"
 
+class CDC;
+
 class VxRichEdit : public wxRichTextCtrl {
 public:
   enum TextFormat { RichText = 0, PlainText = 1, UnicodeText = 2 };
@@ -56,6 +58,13 @@ public:
   using wxRichTextCtrl::SetFont;
   _charformatw * GetCurrentCharFormat();
 
+  // Prints the whole text on `dc` (controls/VxRichEditPrint.cpp): pages of
+  // the device with margins of 850 twips, the text at the size it has on
+  // the screen, each page under the print header and over the footer.
+  void Print(CDC & dc);
+  void SetPrintHeader(wxString const & header) { mPrintHeader = header; }
+  void SetPrintFootter(wxString const & footer) { mPrintFooter = footer; }
+
   // The whole text as a document, and a document as the whole text.
   RichTextDocument GetDocument() const;
   void SetDocument(RichTextDocument const & document);
@@ -66,6 +75,8 @@ private:
 
   std::unique_ptr<CHARFORMAT2W> mCharFormat;
   ExceptionMessage mReadFailure;
+  wxString mPrintHeader;
+  wxString mPrintFooter;
 };
 
 // The buffer conversions VxRichEdit uses (for tests and benchmarks).

@@ -1,5 +1,7 @@
 #include "printing/DibSurface.h"
 
+#include <cairo.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>

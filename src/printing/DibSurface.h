@@ -6,7 +6,8 @@
 // bitmap is left out: the surface holds the intersection, placed at
 // Offset() within the rectangle.
 
-#include <cairo.h>
+// cairo's type, declared as cairo declares it.
+typedef struct _cairo_surface cairo_surface_t;  // NOLINT(modernize-use-using)
 
 class DibSurface {
 public:

@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include <cairo.h>
+
 #include "printing/PageDevice.h"
 #include "printing/PageOutput.h"
 

@@ -1,5 +1,7 @@
 #include "printing/PageDevice.h"
 
+#include <cairo.h>
+
 #include <algorithm>
 #include <cmath>
 

@@ -10,7 +10,6 @@
 //   ForPrinter  a printer of CUPS through a GTK print job per document; the
 //               printer makes the copies (Escape GETSETCOPYCOUNT).
 
-#include <cairo.h>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +21,10 @@
 
 class wxGCDC;
 class PageOutput;
+// cairo's types, declared as cairo declares them, so that users of this
+// header need not find cairo's.
+typedef struct _cairo cairo_t;                  // NOLINT(modernize-use-using)
+typedef struct _cairo_surface cairo_surface_t;  // NOLINT(modernize-use-using)
 
 struct PaperFormat {
   double widthMm = 210.0;  // portrait: the shorter side; A4 by default

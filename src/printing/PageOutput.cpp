@@ -1,5 +1,7 @@
 #include "printing/PageOutput.h"
 
+#include <cairo.h>
+
 #include "printing/PageDevice.h"
 
 PageOutput::~PageOutput() = default;

@@ -4,12 +4,16 @@
 // device's units (600 an inch, origin at the paper's top-left corner) and
 // does what its medium needs at each bracket.
 
-#include <cairo.h>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "utl/ExceptionMessage.h"
+
+// cairo's types, declared as cairo declares them, so that users of this
+// header need not find cairo's.
+typedef struct _cairo cairo_t;                  // NOLINT(modernize-use-using)
+typedef struct _cairo_surface cairo_surface_t;  // NOLINT(modernize-use-using)
 
 class PageOutput {
 public:

@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include <cairo.h>
+
 #include "printing/PageDevice.h"
 #include "printing/PageOutput.h"
 

@@ -1,6 +1,7 @@
 #include "printing/PrintDIB.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #include "platform/WinGeometry.h"
@@ -34,11 +35,21 @@ bool Lock(HDIB dib, Picture & picture) {
   }
   long long const rows =
       header->biHeight < 0 ? -static_cast<long long>(header->biHeight) : header->biHeight;
-  std::size_t const data = header->biCompression == BI_RLE8 || header->biCompression == BI_RLE4
-                               ? std::size_t(header->biSizeImage)
-                               : DibStride(header->biWidth, header->biBitCount) * std::size_t(rows);
-  if (offset > size || data > size - offset) {
+  if (offset > size) {
     return false;
+  }
+  std::size_t const room = size - offset;
+  if (header->biCompression == BI_RLE8 || header->biCompression == BI_RLE4) {
+    if (header->biSizeImage > room) {
+      return false;
+    }
+  } else {
+    // Rows times stride is compared by division: a lying header's product
+    // would overflow.
+    std::size_t const stride = DibStride(header->biWidth, header->biBitCount);
+    if (stride != 0 && std::size_t(rows) > room / stride) {
+      return false;
+    }
   }
   picture.header = header;
   picture.bits = block + offset;
@@ -48,8 +59,12 @@ bool Lock(HDIB dib, Picture & picture) {
   return true;
 }
 
+// A half added, then truncated: the source rectangle's arithmetic (its
+// values are never negative).
+int AddHalfAndTruncate(double value) { return static_cast<int>(std::floor(value + 0.5)); }
+
 // The part of the picture that falls into `band`, stretched there.
-bool PaintBand(HDC dc, Picture const & picture, RECT const & target, RECT const & band) {
+bool PaintBand(CDC * dc, Picture const & picture, RECT const & target, RECT const & band) {
   double const scaleX = double(target.right - target.left) / double(picture.width);
   double const scaleY = double(target.bottom - target.top) / double(picture.height);
   RECT const part{std::max(target.left, band.left), std::max(target.top, band.top),
@@ -59,10 +74,10 @@ bool PaintBand(HDC dc, Picture const & picture, RECT const & target, RECT const 
   }
   int const width = part.right - part.left;
   int const height = part.bottom - part.top;
-  int const sourceLeft = int((part.left - target.left) / scaleX + 0.5);
-  int const sourceWidth = int(width / scaleX + sourceLeft + 0.5) - sourceLeft;
-  int const sourceTop = int((part.top - target.top) / scaleY + 0.5);
-  int const sourceHeight = int(height / scaleY + sourceTop + 0.5) - sourceTop;
+  int const sourceLeft = AddHalfAndTruncate((part.left - target.left) / scaleX);
+  int const sourceWidth = AddHalfAndTruncate(width / scaleX + sourceLeft) - sourceLeft;
+  int const sourceTop = AddHalfAndTruncate((part.top - target.top) / scaleY);
+  int const sourceHeight = AddHalfAndTruncate(height / scaleY + sourceTop) - sourceTop;
   if (sourceWidth <= 0 || sourceHeight <= 0) {
     return true;  // a sliver of less than half a pixel at the picture's edge
   }
@@ -77,7 +92,7 @@ bool PaintBand(HDC dc, Picture const & picture, RECT const & target, RECT const 
 }  // namespace
 
 unsigned short PrintDIB(HDIB dib, unsigned short mode, unsigned short xScale, unsigned short yScale,
-                        HDC dc, int top) {
+                        CDC * dc, int top) {
   if (dib == nullptr) {
     return PRINT_DIB_NO_DIB;
   }

@@ -22,4 +22,4 @@ constexpr unsigned short PRINT_DIB_NEWFRAME_FAILED = 15;
 // band by band; on others it is the one band and ends the page with
 // NEWFRAME. 0 on success, else one of the codes above.
 unsigned short PrintDIB(HDIB dib, unsigned short mode, unsigned short xScale, unsigned short yScale,
-                        HDC dc, int top);
+                        CDC * dc, int top);

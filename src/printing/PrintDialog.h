@@ -58,7 +58,7 @@ struct PRINTDLGW {
   wxWindow * hwndOwner = nullptr;
   std::shared_ptr<DEVMODEW> hDevMode;   // null: the defaults
   std::shared_ptr<DEVNAMES> hDevNames;  // null: the default printer
-  HDC hDC = nullptr;                    // the dialog's, until taken
+  CDC * hDC = nullptr;                  // the dialog's, until taken
   DWORD Flags = 0;
   WORD nFromPage = 0;
   WORD nToPage = 0;

@@ -26,7 +26,8 @@ public:
   virtual void PrintPage(int page, RECT const & printable, DWORD flags) = 0;
   // At the start: the pages there are (0 for minPage: no page numbers to
   // choose) and the selection's first and last page (0: no selection).
-  virtual void GetPageInfo(int & minPage, int & maxPage, int & selectionFrom, int & selectionTo) = 0;
+  virtual void GetPageInfo(int & minPage, int & maxPage, int & selectionFrom,
+                           int & selectionTo) = 0;
   // Not called by the printer.
   virtual void Reserved() = 0;
   // When the device is known; `pageSize` in device units.

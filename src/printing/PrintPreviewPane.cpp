@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <cairo.h>
+
 #include <wx/cmndata.h>
 #include <wx/dcclient.h>
 #include <wx/menu.h>

@@ -6,6 +6,8 @@
 #include <gtk/gtk.h>
 #include <gtk/gtkunixprint.h>
 
+#include <cairo.h>
+
 #include "printing/PageDevice.h"
 #include "printing/PageOutput.h"
 

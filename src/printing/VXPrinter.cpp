@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <climits>
 
-#include <boost/locale/encoding_utf.hpp>
 #include <wx/app.h>
 #include <wx/utils.h>
 #include <wx/window.h>
+#include <boost/locale/encoding_utf.hpp>
 
 #include "dialogs/PrinterList.h"
 #include "platform/WinUser.h"
@@ -35,7 +35,8 @@ private:
 // The parent takes no input while pages are made.
 class DisabledWindow {
 public:
-  explicit DisabledWindow(wxWindow * window) : mWindow(window != nullptr && window->IsEnabled() ? window : nullptr) {
+  explicit DisabledWindow(wxWindow * window)
+      : mWindow(window != nullptr && window->IsEnabled() ? window : nullptr) {
     if (mWindow != nullptr) {
       mWindow->Disable();
     }
@@ -52,12 +53,15 @@ private:
   wxWindow * mWindow;
 };
 
-WORD Clamp(int value, int low, int high) { return static_cast<WORD>(std::clamp(value, low, std::max(low, high))); }
+WORD Clamp(int value, int low, int high) {
+  return static_cast<WORD>(std::clamp(value, low, std::max(low, high)));
+}
 
 }  // namespace
 
 VXPrinter::VXPrinter()
-    : mDialog(new CPrintDialog(false, PD_NOSELECTION | PD_NOPAGENUMS | PD_COLLATE | PD_HIDEPRINTTOFILE,
+    : mDialog(new CPrintDialog(false,
+                               PD_NOSELECTION | PD_NOPAGENUMS | PD_COLLATE | PD_HIDEPRINTTOFILE,
                                wxTheApp != nullptr ? wxTheApp->GetTopWindow() : nullptr)) {}
 
 VXPrinter::VXPrinter(VXPrinter const & other) = default;
@@ -108,8 +112,8 @@ bool VXPrinter::Print(wxWindow * parent, PrintOut & out, bool showDialog) {
     if (!pd.hDevNames) {
       PrinterListing const printers = ListPrinters();
       if (!printers.names.empty()) {
-        pd.hDevNames = std::make_shared<DEVNAMES>(
-            DEVNAMES{L"CUPS", boost::locale::conv::utf_to_utf<wchar_t>(printers.names.front()), L""});
+        pd.hDevNames = std::make_shared<DEVNAMES>(DEVNAMES{
+            L"CUPS", boost::locale::conv::utf_to_utf<wchar_t>(printers.names.front()), L""});
       }
     }
     if (pd.hDevNames) {
@@ -171,7 +175,8 @@ bool VXPrinter::Print(wxWindow * parent, PrintOut & out, bool showDialog) {
       deviceCopies = std::max(taken, 1);
     }
     std::wstring const name = boost::locale::conv::utf_to_utf<wchar_t>(out.GetDocumentName());
-    DOCINFOW const info{sizeof(DOCINFOW), name.c_str(), port.empty() ? nullptr : port.c_str(), nullptr, 0};
+    DOCINFOW const info{sizeof(DOCINFOW), name.c_str(), port.empty() ? nullptr : port.c_str(),
+                        nullptr, 0};
     mSetupError = dc->StartDoc(info);
     out.StartDocument(first, last, pd.Flags);
     for (int page = first; mSetupError > 0; ++page) {
@@ -179,7 +184,8 @@ bool VXPrinter::Print(wxWindow * parent, PrintOut & out, bool showDialog) {
         break;
       }
       mSetupError = dc->StartPage();
-      if (mSetupError > 0 && mPrintable.right > mPrintable.left && mPrintable.bottom > mPrintable.top) {
+      if (mSetupError > 0 && mPrintable.right > mPrintable.left &&
+          mPrintable.bottom > mPrintable.top) {
         out.PrintPage(page, mPrintable, pd.Flags);
       }
       if (mSetupError > 0) {

@@ -52,6 +52,7 @@
 #include "lists/SelectItemDialog.h"
 #include "platform/WinUser.h"
 #include "platform/commctrl/CListCtrl.h"
+#include "printing/PrintDialog.h"
 #include "properties/VxModelessPropertySheet.h"
 #include "properties/VxPropertySheet.h"
 #include "utl/Utf.h"
@@ -99,6 +100,7 @@ enum class Opens {
   kAddCommand,        // the pane with the add-command dialog over it
   kSplash,            // the splash window over the frame
   kPrintPage,         // the print page's window over the frame
+  kPrintDialog,       // the print dialog (answered: cancelled)
 };
 
 struct Expected {
@@ -113,6 +115,8 @@ std::map<wxString, Expected> const kExpected = {
     {"File/Default Folder...", {Opens::kFolderDialog}},
     {"File/Search Folders...", {Opens::kFolderCollection}},
     {"File/Print Page...", {Opens::kPrintPage}},
+    {"File/Print...", {Opens::kPrintDialog}},
+    {"File/Print window...", {Opens::kPrintDialog}},
     {"File/Exit", {Opens::kCloseRequest}},
     {"Tools/Run calculation", {Opens::kCalculation}},
     {"Tools/Archive runs...", {Opens::kBatchQuestion}},
@@ -262,6 +266,7 @@ protected:
       fileRequests.push_back(request);
       return FileChooserAnswer{};  // cancelled
     });
+    mFormerPrint = SetPrintDialogFunction([this](PRINTDLGW &) { return ++printDialogs, IDCANCEL; });
     // The about command is the application's (VxApp binds it there).
     wxTheApp->Bind(wxEVT_MENU, &MainFrameMenuTest::OnAbout, this, MainFrame::kAboutCommand);
     frame->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent & event) {
@@ -272,6 +277,7 @@ protected:
   void TearDown() override {
     wxTheApp->Unbind(wxEVT_MENU, &MainFrameMenuTest::OnAbout, this, MainFrame::kAboutCommand);
     SetFileChooserFunction(mFormerFiles);
+    SetPrintDialogFunction(mFormerPrint);
     frame->Destroy();
     gui_test::Flush();
   }
@@ -285,9 +291,11 @@ protected:
   int aboutCommands = 0;
   int closeRequests = 0;
   int pickerRows = -1;
+  int printDialogs = 0;
 
 private:
   FileChooserFunction mFormerFiles;
+  PrintDialogFunction mFormerPrint;
 };
 
 TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
@@ -309,7 +317,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     }
     Expected const & expected = found->second;
     fileRequests.clear();
-    aboutCommands = closeRequests = 0;
+    aboutCommands = closeRequests = printDialogs = 0;
     bool calculated = false;
     frame->SetCalculationPlan({3, [&calculated](Progress & progress, int) {
                                  calculated = Progress::GetActiveProgress() == &progress;
@@ -449,6 +457,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       }
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
+      case Opens::kPrintDialog: EXPECT_EQ(printDialogs, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
       case Opens::kPrintPage: {
         wxWindow * const window = frame->FindWindowByName("SamplePrintPage", frame);

@@ -154,7 +154,7 @@ TEST(PrintDIB, ReportsEachFailureByItsCode) {
   struct Case {
     char const * what;
     HDIB dib;
-    HDC dc;
+    CDC * dc;
     unsigned short code;
   } const cases[] = {
       {"no DIB", nullptr, &device, 20},

@@ -73,15 +73,18 @@ private:
 // given, after noting what it was shown.
 class DialogAnswer {
 public:
-  explicit DialogAnswer(std::function<int(PRINTDLGW &)> answer) { mFormer = SetPrintDialogFunction(answer); }
+  explicit DialogAnswer(std::function<int(PRINTDLGW &)> answer) {
+    mFormer = SetPrintDialogFunction(std::move(answer));
+  }
   ~DialogAnswer() { SetPrintDialogFunction(mFormer); }
 
 private:
   PrintDialogFunction mFormer;
 };
 
-std::function<int(PRINTDLGW &)> ToFile(std::string const & path, DWORD flags, WORD from, WORD to, WORD copies,
-                                       PRINTDLGW * shown = nullptr, int * times = nullptr) {
+std::function<int(PRINTDLGW &)> ToFile(std::string const & path, DWORD flags, WORD from, WORD to,
+                                       WORD copies, PRINTDLGW * shown = nullptr,
+                                       int * times = nullptr) {
   return [=](PRINTDLGW & data) {
     if (shown != nullptr) {
       *shown = data;
@@ -109,13 +112,14 @@ TEST(VXPrinter, PrintsTheChosenPagesOnceForEveryCopyIntoOnePdf) {
     char const * calls;
     int pdfPages;
   } const cases[] = {
-      {"all pages, one copy", 0, 0, 0, 1, 0, 0, "info prepare begin name start1-2147483647 page1 page2 page3 end done",
-       3},
+      {"all pages, one copy", 0, 0, 0, 1, 0, 0,
+       "info prepare begin name start1-2147483647 page1 page2 page3 end done", 3},
       {"pages 2 to 3, two copies", PD_PAGENUMS, 2, 3, 2, 0, 0,
        "info prepare begin name start2-3 page2 page3 end name start2-3 page2 page3 end done", 4},
-      {"the selection", PD_SELECTION, 0, 0, 1, 3, 3, "info prepare begin name start3-3 page3 end done", 1},
-      {"a range past the pages", PD_PAGENUMS, 2, 9, 1, 0, 0, "info prepare begin name start2-9 page2 page3 end done",
-       2},
+      {"the selection", PD_SELECTION, 0, 0, 1, 3, 3,
+       "info prepare begin name start3-3 page3 end done", 1},
+      {"a range past the pages", PD_PAGENUMS, 2, 9, 1, 0, 0,
+       "info prepare begin name start2-9 page2 page3 end done", 2},
   };
   for (Case const & c : cases) {
     SCOPED_TRACE(c.what);
@@ -144,12 +148,15 @@ TEST(VXPrinter, ShowsTheDialogThePagesItCanChooseFrom) {
     DWORD set, cleared;
     WORD shownFrom, shownTo;
   } const cases[] = {
-      {1, 5, 0, 0, 9, PD_NOSELECTION | PD_RETURNDC, PD_NOPAGENUMS | PD_PRINTSETUP | PD_RETURNDEFAULT, 1, 5},
+      {1, 5, 0, 0, 9, PD_NOSELECTION | PD_RETURNDC,
+       PD_NOPAGENUMS | PD_PRINTSETUP | PD_RETURNDEFAULT, 1, 5},
       {2, 4, 3, 3, 3, PD_RETURNDC, PD_NOSELECTION | PD_NOPAGENUMS, 3, 3},
-      {0, 0, 0, 7, 8, PD_NOSELECTION | PD_NOPAGENUMS, 0, 7, 8},  // no page numbers: no clamps either
+      {0, 0, 0, 7, 8, PD_NOSELECTION | PD_NOPAGENUMS, 0, 7,
+       8},  // no page numbers: no clamps either
   };
   for (Case const & c : cases) {
-    SCOPED_TRACE(testing::Message() << c.minPage << "-" << c.maxPage << " from " << c.from << " to " << c.to);
+    SCOPED_TRACE(testing::Message()
+                 << c.minPage << "-" << c.maxPage << " from " << c.from << " to " << c.to);
     VXPrinter printer;
     PRINTDLGW preset = printer.GetSetup();
     EXPECT_EQ(preset.Flags & 0x10001C, DWORD(0x10001C)) << "the flags a printer starts with";
@@ -175,7 +182,9 @@ TEST(VXPrinter, ShowsTheDialogThePagesItCanChooseFrom) {
 }
 
 TEST(VXPrinter, ChoosesAgainWhenTheChosenPrinterIsGone) {
-  PrinterListFunction const former = SetPrinterListFunction([] { return PrinterListing{{"Office"}, ""}; });
+  PrinterListFunction const former = SetPrinterListFunction([] {
+    return PrinterListing{{"Office"}, ""};
+  });
   std::string const path = TempPath("again.pdf");
   int times = 0;
   PRINTDLGW shown;
@@ -201,7 +210,8 @@ TEST(VXPrinter, ChoosesAgainWhenTheChosenPrinterIsGone) {
 TEST(VXPrinter, FailsWithoutADeviceAndOnADeviceThatFails) {
   {
     DialogAnswer answer([](PRINTDLGW & data) {
-      data.hDevNames = std::make_shared<DEVNAMES>(DEVNAMES{L"PDF", L"", L""});  // no file: no device
+      data.hDevNames =
+          std::make_shared<DEVNAMES>(DEVNAMES{L"PDF", L"", L""});  // no file: no device
       return IDOK;
     });
     VXPrinter printer;

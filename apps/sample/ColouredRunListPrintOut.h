@@ -14,9 +14,9 @@ struct PrintedRun {
   bool retired;
 };
 
-class RunListPrintOut : public PrintOut {
+class ColouredRunListPrintOut : public PrintOut {
 public:
-  RunListPrintOut(std::vector<PrintedRun> rows, bool blackAndWhite);
+  ColouredRunListPrintOut(std::vector<PrintedRun> rows, bool blackAndWhite);
 
   // The pages the rows need on the device prepared last.
   int PageCount() const;

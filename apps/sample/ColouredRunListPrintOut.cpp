@@ -1,4 +1,4 @@
-#include "RunListPrintOut.h"
+#include "ColouredRunListPrintOut.h"
 
 #include <algorithm>
 
@@ -21,33 +21,33 @@ wxColour const kGreyText(0x60, 0x60, 0x60);
 
 }  // namespace
 
-RunListPrintOut::RunListPrintOut(std::vector<PrintedRun> rows, bool blackAndWhite)
+ColouredRunListPrintOut::ColouredRunListPrintOut(std::vector<PrintedRun> rows, bool blackAndWhite)
     : mRows(std::move(rows)), mBlackAndWhite(blackAndWhite) {}
 
-void RunListPrintOut::PrepareDevice(CDC & dc, wxSize const & pageSize) {
+void ColouredRunListPrintOut::PrepareDevice(CDC & dc, wxSize const & pageSize) {
   mDevice = &dc;
   mPageHeight = pageSize.y;
   mUnitsPerInch = std::max(1, dc.GetDeviceCaps(LOGPIXELSY));
 }
 
-int RunListPrintOut::RowsPerPage() const {
+int ColouredRunListPrintOut::RowsPerPage() const {
   double const inches = static_cast<double>(mPageHeight) / mUnitsPerInch - 2 * kMargin - kHeading;
   return std::max(1, static_cast<int>(inches / kRow));
 }
 
-int RunListPrintOut::PageCount() const {
+int ColouredRunListPrintOut::PageCount() const {
   int const rows = static_cast<int>(mRows.size());
   return std::max(1, (rows + RowsPerPage() - 1) / RowsPerPage());
 }
 
-void RunListPrintOut::GetPageInfo(int & minPage, int & maxPage, int & from, int & to) {
+void ColouredRunListPrintOut::GetPageInfo(int & minPage, int & maxPage, int & from, int & to) {
   minPage = 1;
   maxPage = PageCount();
   from = 0;  // nothing to select
   to = 0;
 }
 
-void RunListPrintOut::PrintPage(int page, RECT const & rect, DWORD) {
+void ColouredRunListPrintOut::PrintPage(int page, RECT const & rect, DWORD) {
   if (mDevice == nullptr) return;
   wxDC & dc = mDevice->GetDC();
   auto const units = [this](double inches) { return static_cast<int>(inches * mUnitsPerInch); };
