@@ -20,6 +20,7 @@
 #include "NotesDialog.h"
 #include "PictureCommands.h"
 #include "PrintCommands.h"
+#include "PrintPageWindow.h"
 #include "ProcessorLoadPane.h"
 #include "ProjectTreeWindow.h"
 #include "PropertiesCommand.h"
@@ -91,6 +92,8 @@ void MainFrame::BuildMenus() {
   auto * file = new wxMenu;
   AddFileCommands(*this, *file, [this] { return mRuns->Shown(); });
   AddOpenPictureCommand(*file, *this);
+  AddPrintPageCommand(
+      *file, *this, [this] { return mRuns->Shown(); }, &RunList::IsRetired);
   AddPrintCommands(*this, *file, [this] { return mRuns->Shown(); });
   file->Append(wxID_EXIT, Tr("Menu command", "E&xit"));
   auto * tools = new wxMenu;

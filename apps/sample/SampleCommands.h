@@ -14,6 +14,7 @@ enum SampleCommand : int {
   kDefaultFolderCommand,
   kSearchFoldersCommand,
   kOpenPictureCommand,
+  kPrintPageCommand,
   // Tools
   kRunCalculationCommand,
   kArchiveRunsCommand,

@@ -100,6 +100,7 @@ enum class Opens {
   kAddCommand,        // the pane with the add-command dialog over it
   kSplash,            // the splash window over the frame
   kTourWindow,        // the tour of the library
+  kPrintPage,         // the print page's window over the frame
   kPrintDialog,       // the print dialog (answered: cancelled)
 };
 
@@ -115,6 +116,7 @@ std::map<wxString, Expected> const kExpected = {
     {"File/Default Folder...", {Opens::kFolderDialog}},
     {"File/Search Folders...", {Opens::kFolderCollection}},
     {"File/Open picture...", {Opens::kFileChooserToOpen}},
+    {"File/Print Page...", {Opens::kPrintPage}},
     {"File/Print...", {Opens::kPrintDialog}},
     {"File/Print window...", {Opens::kPrintDialog}},
     {"File/Exit", {Opens::kCloseRequest}},
@@ -463,6 +465,13 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kPrintDialog: EXPECT_EQ(printDialogs, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kPrintPage: {
+        wxWindow * const window = frame->FindWindowByName("SamplePrintPage", frame);
+        ASSERT_NE(window, nullptr);
+        EXPECT_TRUE(window->IsShown());
+        window->Destroy();
+        break;
+      }
       case Opens::kFavouritesPane: {
         wxWindow * const pane = frame->FindWindowByName("SampleFavourites", frame);
         ASSERT_NE(pane, nullptr);

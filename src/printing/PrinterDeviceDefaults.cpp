@@ -1,0 +1,8 @@
+#include "printing/PrinterDeviceDefaults.h"
+
+#include <wx/cmndata.h>
+
+wxPrintData & PrinterDeviceDefaults() {
+  static wxPrintData defaults;
+  return defaults;
+}
