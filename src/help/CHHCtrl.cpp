@@ -25,7 +25,8 @@ namespace {
 // Image `index` of a strip of `size`-pixel images, magenta transparent.
 wxBitmap StripImage(wxBitmap const & strip, int index, int size) {
   if (!strip.IsOk() || strip.GetWidth() < (index + 1) * size) return wxBitmap(size, size);
-  wxBitmap image = strip.GetSubBitmap(wxRect(index * size, 0, size, std::min(size, strip.GetHeight())));
+  wxBitmap image =
+      strip.GetSubBitmap(wxRect(index * size, 0, size, std::min(size, strip.GetHeight())));
   image.SetMask(new wxMask(image, wxColour(0xFF, 0x00, 0xFF)));
   return image;
 }

@@ -116,6 +116,7 @@ bool ParseForeignChmLink(std::string_view url, std::string & file, std::string &
   }
   auto const separator = url.find("::");
   file = std::string(url.substr(0, separator));
-  topic = separator == std::string_view::npos ? std::string() : std::string(url.substr(separator + 2));
+  topic =
+      separator == std::string_view::npos ? std::string() : std::string(url.substr(separator + 2));
   return !file.empty();
 }

@@ -44,8 +44,7 @@ std::string MachineValue(wchar_t const * key, std::string const & name) {
   DWORD type = 0;
   DWORD size = 0;
   std::string value;
-  if (RegQueryValueExW(handle, wideName.c_str(), nullptr, &type, nullptr, &size) ==
-          ERROR_SUCCESS &&
+  if (RegQueryValueExW(handle, wideName.c_str(), nullptr, &type, nullptr, &size) == ERROR_SUCCESS &&
       (type == REG_SZ || type == REG_EXPAND_SZ) && size > 0) {
     std::vector<wchar_t> buffer(size / sizeof(wchar_t) + 1, L'\0');
     if (RegQueryValueExW(handle, wideName.c_str(), nullptr, &type,
@@ -64,7 +63,8 @@ std::string ReadText(std::string const & path) {
 
 std::string_view Trimmed(std::string_view s) {
   while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
-  while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r')) s.remove_suffix(1);
+  while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r'))
+    s.remove_suffix(1);
   return s;
 }
 
@@ -88,7 +88,8 @@ bool ReadHhIniFilesEntry(std::string_view ini, std::string_view key, std::string
     if (line.empty() || line[0] == ';') continue;
     if (line.front() == '[') {
       auto const close = line.find(']');
-      inFiles = close != std::string_view::npos && EqualNoCase(Trimmed(line.substr(1, close - 1)), "files");
+      inFiles = close != std::string_view::npos &&
+                EqualNoCase(Trimmed(line.substr(1, close - 1)), "files");
       continue;
     }
     if (!inFiles) continue;
@@ -105,7 +106,8 @@ ChmFileSearchPlaces CurrentChmFileSearchPlaces() {
   ChmFileSearchPlaces places;
   char buffer[PATH_MAX];
   ssize_t const n = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
-  if (n > 0) places.programFolder = VxGetDirectory(std::string(buffer, static_cast<std::size_t>(n)));
+  if (n > 0)
+    places.programFolder = VxGetDirectory(std::string(buffer, static_cast<std::size_t>(n)));
   if (::getcwd(buffer, sizeof buffer) != nullptr) places.currentFolder = buffer;
   char const * const dataDirs = std::getenv("XDG_DATA_DIRS");
   std::string first = dataDirs != nullptr ? dataDirs : "";

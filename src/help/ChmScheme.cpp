@@ -97,11 +97,11 @@ char const * ChmMimeType(std::string_view name) {
     char const * extension;
     char const * type;
   } const types[] = {
-      {".htm", "text/html"},  {".html", "text/html"},      {".css", "text/css"},
-      {".js", "text/javascript"}, {".png", "image/png"},   {".gif", "image/gif"},
-      {".jpg", "image/jpeg"}, {".jpeg", "image/jpeg"},     {".svg", "image/svg+xml"},
-      {".bmp", "image/bmp"},  {".ico", "image/x-icon"},    {".txt", "text/plain"},
-      {".xml", "text/xml"},   {".hhc", "text/html"},       {".hhk", "text/html"},
+      {".htm", "text/html"},      {".html", "text/html"},   {".css", "text/css"},
+      {".js", "text/javascript"}, {".png", "image/png"},    {".gif", "image/gif"},
+      {".jpg", "image/jpeg"},     {".jpeg", "image/jpeg"},  {".svg", "image/svg+xml"},
+      {".bmp", "image/bmp"},      {".ico", "image/x-icon"}, {".txt", "text/plain"},
+      {".xml", "text/xml"},       {".hhc", "text/html"},    {".hhk", "text/html"},
   };
   auto const dot = name.rfind('.');
   if (dot != std::string_view::npos) {

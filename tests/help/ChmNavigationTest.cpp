@@ -55,12 +55,12 @@ TEST(ChmHelpMap, EveryCodeOfALookup) {
       {"no file", "", 5, STG_E_PATHNOTFOUND},
       {"missing file", folder + "/none.chm", 5, STG_E_PATHNOTFOUND},
       {"not a help file", folder + "/junk.chm", 5, STG_E_PATHNOTFOUND},
-      {"no map", WithStreams(folder + "/nomap.chm", nullptr, 0, strings, 7), 5,
-       STG_E_FILENOTFOUND},
+      {"no map", WithStreams(folder + "/nomap.chm", nullptr, 0, strings, 7), 5, STG_E_FILENOTFOUND},
       {"map without its size", WithStreams(folder + "/short.chm", "\x08\0", 2, strings, 7), 5,
        STG_E_READFAULT},
-      {"size past the map", WithStreams(folder + "/past.chm", "\x10\0\0\0\x05\0\0\0", 8, strings, 7),
-       5, STG_E_READFAULT},
+      {"size past the map",
+       WithStreams(folder + "/past.chm", "\x10\0\0\0\x05\0\0\0", 8, strings, 7), 5,
+       STG_E_READFAULT},
       {"empty map", WithStreams(folder + "/empty.chm", "\0\0\0\0", 4, strings, 7), 5, E_FAIL},
       {"number not in the map", WithStreams(folder + "/one.chm", onePair, 12, strings, 7), 6,
        E_FAIL},
@@ -98,8 +98,8 @@ TEST(ChmHelpMap, TopicNamesThatCannotBeReadLeaveTheTopicOut) {
     put(pair.first);
     put(pair.second);
   }
-  std::string const path = WithStreams(folder + "/t.chm", ivb.data(), ivb.size(), strings.data(),
-                                       strings.size());
+  std::string const path =
+      WithStreams(folder + "/t.chm", ivb.data(), ivb.size(), strings.data(), strings.size());
   ChmHelpMap map;
   std::string address;
   ASSERT_EQ(map.Resolve(path, 1, address), S_OK);
@@ -213,8 +213,10 @@ TEST_F(ChmFileSearchTest, TheFirstPlaceThatHasTheFileWins) {
 }
 
 TEST_F(ChmFileSearchTest, AMissingFileIsAskedForUntilItComesOrTheUserCancels) {
-  chmtest::WriteFile(places.hhIniPath, "[files]\nlate.chm=" + root + "/disc/late.chm,Insert disc 2\n"
-                                       "gone.chm=" + root + "/disc/gone.chm,Insert disc 3\n");
+  chmtest::WriteFile(places.hhIniPath, "[files]\nlate.chm=" + root +
+                                           "/disc/late.chm,Insert disc 2\n"
+                                           "gone.chm=" +
+                                           root + "/disc/gone.chm,Insert disc 3\n");
   std::string result;
   EXPECT_TRUE(FindChmFile("late.chm", result, places));
   EXPECT_EQ(result, root + "/disc/late.chm");
