@@ -80,5 +80,6 @@ enum SampleCommand : int {
   // Help
   kReleaseNotesCommand,
   kSplashCommand,
+  kHelpPaneCommand,
   kEndOfSampleCommands
 };

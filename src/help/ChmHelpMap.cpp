@@ -32,6 +32,9 @@ HRESULT ChmHelpMap::Load(std::string const & chmPath) {
     auto pairs = ParseChmIdMap(ivb);
     if (!pairs) return STG_E_READFAULT;
     mPairs = std::move(*pairs);
+    mFirstPair.clear();
+    mFirstPair.reserve(mPairs.size());
+    for (std::size_t i = 0; i < mPairs.size(); ++i) mFirstPair.emplace(mPairs[i].helpId, i);
   } catch (std::bad_alloc const &) {
     return E_OUTOFMEMORY;
   }
@@ -42,6 +45,7 @@ HRESULT ChmHelpMap::Load(std::string const & chmPath) {
 void ChmHelpMap::Reset() {
   mLoaded = false;
   mPairs.clear();
+  mFirstPair.clear();
 }
 
 HRESULT ChmHelpMap::Resolve(std::string const & chmPath, std::uint32_t helpId,
@@ -53,9 +57,9 @@ HRESULT ChmHelpMap::Resolve(std::string const & chmPath, std::uint32_t helpId,
     if (loaded != S_OK) return loaded;
   }
   if (mPairs.empty()) return E_FAIL;
-  auto const pair = std::find_if(mPairs.begin(), mPairs.end(),
-                                 [helpId](ChmIdPair const & p) { return p.helpId == helpId; });
-  if (pair == mPairs.end()) return E_FAIL;
+  auto const found = mFirstPair.find(helpId);
+  if (found == mFirstPair.end()) return E_FAIL;
+  ChmIdPair const * const pair = &mPairs[found->second];
   HRESULT const opened = Open(chmPath);
   if (opened != S_OK) return opened == E_OUTOFMEMORY ? opened : STG_E_PATHNOTFOUND;
   if (!mStringsRead) {

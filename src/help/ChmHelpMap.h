@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "help/ChmArchive.h"
@@ -46,6 +47,7 @@ private:
 
   bool mLoaded = false;
   std::vector<ChmIdPair> mPairs;
+  std::unordered_map<std::uint32_t, std::size_t> mFirstPair;  // number -> its first pair
   std::string mOpenPath;
   std::unique_ptr<ChmArchive> mArchive;
   std::string mStrings;

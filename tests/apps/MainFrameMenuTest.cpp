@@ -98,6 +98,7 @@ enum class Opens {
   kFavouritesPane,    // the favourites pane window
   kAddCommand,        // the pane with the add-command dialog over it
   kSplash,            // the splash window over the frame
+  kHelpPane,          // the sample's help pane over the frame
 };
 
 struct Expected {
@@ -169,6 +170,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Audit Trail/Edit User Information...", {Opens::kInput}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/Splash window", {Opens::kSplash}},
+    {"Help/Help pane", {Opens::kHelpPane}},
     {"Help/About...", {Opens::kAboutBox}},
 };
 
@@ -448,8 +450,10 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kHelpPane:
       case Opens::kFavouritesPane: {
-        wxWindow * const pane = frame->FindWindowByName("SampleFavourites", frame);
+        wxWindow * const pane = frame->FindWindowByName(
+            expected.opens == Opens::kHelpPane ? "SampleHelpPane" : "SampleFavourites", frame);
         ASSERT_NE(pane, nullptr);
         EXPECT_TRUE(pane->IsShown());
         pane->Destroy();
