@@ -157,7 +157,7 @@ void * BareAlloc(mspack_system *, size_t bytes) { return std::malloc(bytes); }
 void BareFree(void * p) { std::free(p); }
 void BareCopy(void * from, void * to, size_t bytes) { std::memcpy(to, from, bytes); }
 
-mspack_system gBare = {&BareOpen,  &BareClose,   &BareRead,  &BareWrite, &BareSeek, &BareTell,
+mspack_system gBare = {&BareOpen,    &BareClose, &BareRead, &BareWrite, &BareSeek, &BareTell,
                        &BareMessage, &BareAlloc, &BareFree, &BareCopy,  nullptr};
 
 mschmd_file * BareFind(mschmd_header * chm, char const * name) {
@@ -219,7 +219,9 @@ void ChmHelpIdFirst_candidate(benchmark::State & state) {
     benchmark::DoNotOptimize(address.data());
   }
 }
-BENCHMARK(ChmHelpIdFirst_candidate)->Name("ChmHelpIdFirst/candidate")->Unit(benchmark::kMicrosecond);
+BENCHMARK(ChmHelpIdFirst_candidate)
+    ->Name("ChmHelpIdFirst/candidate")
+    ->Unit(benchmark::kMicrosecond);
 
 void ChmHelpIdFirst_baseline(benchmark::State & state) {
   std::string ivb;

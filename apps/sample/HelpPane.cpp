@@ -9,9 +9,9 @@
 #include "utl/Translation.h"
 
 CHHCtrl * OpenHelpPane(wxFrame & frame) {
-  auto * pane = new wxFrame(&frame, wxID_ANY, vx3::Tr("Sample help"), wxDefaultPosition,
-                            wxSize(560, 420), wxDEFAULT_FRAME_STYLE | wxFRAME_FLOAT_ON_PARENT,
-                            kHelpPaneName);
+  auto * pane =
+      new wxFrame(&frame, wxID_ANY, vx3::Tr("Sample help"), wxDefaultPosition, wxSize(560, 420),
+                  wxDEFAULT_FRAME_STYLE | wxFRAME_FLOAT_ON_PARENT, kHelpPaneName);
   auto * control = new CHHCtrl;
   control->Create(pane, wxRect(wxPoint(), pane->GetClientSize()), wxID_ANY, kSampleHelpFile);
   control->SetCmdMap({{"RunCalculation", kRunCalculationCommand}}, &frame);

@@ -43,9 +43,9 @@ TEST(SampleHelpPane, ShowsTheSampleHelpAndItsLinkRunsTheCalculation) {
 
   control->GetBrowser()->RunScript("document.getElementById('run').click()");
   ASSERT_TRUE(gui_test::WaitUntil([&] { return calculated; }, kLoadTimeoutMs));
-  EXPECT_TRUE(gui_test::WaitUntil(
-      [&] { return frame->GetStatusBar()->GetStatusText().StartsWith("Calculation finished"); }))
-      << frame->GetStatusBar()->GetStatusText();
+  EXPECT_TRUE(gui_test::WaitUntil([&] {
+    return frame->GetStatusBar()->GetStatusText().StartsWith("Calculation finished");
+  })) << frame->GetStatusBar()->GetStatusText();
   pane->Destroy();
   frame->Destroy();
   gui_test::Flush();
