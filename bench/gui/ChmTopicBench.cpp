@@ -31,7 +31,7 @@ TALVO_RATIO_LIMIT("NavigateChmTopic", 1.2);
 fs::path const & Folder() {
   static fs::path const folder = [] {
     char const * tmp = std::getenv("TMPDIR");
-    fs::path const made = fs::path(tmp != nullptr ? tmp : "/tmp") / "talvo-bench-chm-topic";
+    fs::path made = fs::path(tmp != nullptr ? tmp : "/tmp") / "talvo-bench-chm-topic";
     fs::create_directories(made / "files");
     std::string page = "<html><head><link rel=stylesheet href=style.css></head><body>";
     for (int row = 0; page.size() < 200000; ++row)

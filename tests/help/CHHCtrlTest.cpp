@@ -38,7 +38,7 @@ std::string HelpFile() {
                    "</body></html>"});
   files.push_back({"/topics/second page.htm",
                    "<html><head><title>Second</title></head><body>Second page</body></html>"});
-  std::string const path =
+  std::string path =
       std::string(std::getenv("TMPDIR") != nullptr ? std::getenv("TMPDIR") : "/tmp") +
       "/control help.chm";
   chmtest::WriteFile(path, chmwriter::BuildChm(files));
