@@ -81,5 +81,6 @@ enum SampleCommand : int {
   kReleaseNotesCommand,
   kSplashCommand,
   kHelpPaneCommand,
+  kTourCommand,
   kEndOfSampleCommands
 };
