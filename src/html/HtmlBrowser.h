@@ -58,7 +58,8 @@ public:
   // Finds `text` (empty: takes the highlights away), wrapping and
   // highlighting; the matches found, 0 or less for none.
   virtual long Find(wxString const & text, bool backwards) = 0;
-  // History and loading, as the browser's own buttons do them.
+  // History and loading, as the browser's own buttons do them. The blank
+  // document the browser starts with does not count as a page behind.
   virtual void GoBack() = 0;
   virtual void GoForward() = 0;
   virtual bool CanGoBack() const = 0;

@@ -56,7 +56,12 @@ public:
 
   void GoBack() override { mView->GoBack(); }
   void GoForward() override { mView->GoForward(); }
-  bool CanGoBack() const override { return mView->CanGoBack(); }
+  bool CanGoBack() const override {
+    // The blank document every browser starts with is no page to go back to.
+    for (auto const & item : mView->GetBackwardHistory())
+      if (item->GetUrl() != "about:blank") return true;
+    return false;
+  }
   bool CanGoForward() const override { return mView->CanGoForward(); }
   void Reload() override { mView->Reload(); }
   void Stop() override { mView->Stop(); }

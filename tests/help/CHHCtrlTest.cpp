@@ -104,6 +104,7 @@ TEST_F(HelpControl, ShowsTopicsByNumberAndByNameAndWalksTheHistory) {
   wxString const second = wxString::FromUTF8(MakeChmAddress(mPath, "/topics/second page.htm"));
   ASSERT_TRUE(WaitLoaded(second)) << mControl->GetLocationURL();
   EXPECT_TRUE(BodyText().Contains("Second page"));
+  EXPECT_FALSE(toolBar->GetToolEnabled(CHHCtrl::kBack)) << "only the blank start lies behind";
   EXPECT_EQ(mControl->GetLocationName(), "Second");
 
   ASSERT_EQ(mControl->NavigateChm(L"home.htm"), S_OK);
