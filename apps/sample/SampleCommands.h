@@ -83,6 +83,7 @@ enum SampleCommand : int {
   // Help
   kReleaseNotesCommand,
   kSplashCommand,
+  kHelpPaneCommand,
   kTourCommand,
   // File, printing (last, so that the ids before keep their numbers)
   kPrintCommand,

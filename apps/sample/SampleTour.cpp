@@ -83,6 +83,7 @@ std::vector<TourStop> TourStops() {
       {10, "AuditTrailView", Tr("Tour", "The audit trail"), kAuditTrailViewCommand, true},
       {11, "Service", Tr("Tour", "A service and its control"), kServiceCommand, true},
       {12, "Report", Tr("Tour", "A generated page whose links run commands"), kReportCommand, true},
+      {12, "HelpPane", Tr("Tour", "A help file shown inside a window"), kHelpPaneCommand, true},
       {13, "Edits", Tr("Tour", "Edits"), kEditsCommand, true},
       {13, "Notes", Tr("Tour", "A rich text pad"), kNotesCommand, true},
       {13, "ReleaseNotes", Tr("Tour", "Rich text from a resource"), kReleaseNotesCommand, true},

@@ -20,6 +20,7 @@
 #include "controls/WindowSnapshot.h"
 #include "dialogs/NativeChoosers.h"
 #include "frame/HandleExceptionPage.h"
+#include "help/CHHCtrl.h"
 #include "html/VxHtmlView.h"
 #include "lists/FilterListCtrlPopupBar.h"
 
@@ -51,6 +52,7 @@ bool PumpUntil(Done done, int ms) {
 
 bool HasPages(wxWindow & window) {
   if (dynamic_cast<VxHtmlView const *>(&window) != nullptr) return true;
+  if (dynamic_cast<CHHCtrl const *>(&window) != nullptr) return true;
   for (wxWindow * child : window.GetChildren())
     if (!child->IsTopLevel() && HasPages(*child)) return true;
   return false;
@@ -60,6 +62,7 @@ bool HasPages(wxWindow & window) {
 bool PagesReady(wxWindow & window) {
   if (auto const * view = dynamic_cast<VxHtmlView const *>(&window))
     return view->GetPageState() == VxHtmlView::PageState::Ready && !view->IsPending();
+  if (auto const * help = dynamic_cast<CHHCtrl const *>(&window)) return help->GetReadyState() == 4;
   for (wxWindow * child : window.GetChildren())
     if (!child->IsTopLevel() && !PagesReady(*child)) return false;
   return true;

@@ -99,6 +99,7 @@ enum class Opens {
   kFavouritesPane,    // the favourites pane window
   kAddCommand,        // the pane with the add-command dialog over it
   kSplash,            // the splash window over the frame
+  kHelpPane,          // the sample's help pane over the frame
   kTourWindow,        // the tour of the library
   kPrintPage,         // the print page's window over the frame
   kPrintDialog,       // the print dialog (answered: cancelled)
@@ -179,6 +180,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Help/Tour of the library", {Opens::kTourWindow}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/Splash window", {Opens::kSplash}},
+    {"Help/Help pane", {Opens::kHelpPane}},
     {"Help/About...", {Opens::kAboutBox}},
 };
 
@@ -472,8 +474,10 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         window->Destroy();
         break;
       }
+      case Opens::kHelpPane:
       case Opens::kFavouritesPane: {
-        wxWindow * const pane = frame->FindWindowByName("SampleFavourites", frame);
+        wxWindow * const pane = frame->FindWindowByName(
+            expected.opens == Opens::kHelpPane ? "SampleHelpPane" : "SampleFavourites", frame);
         ASSERT_NE(pane, nullptr);
         EXPECT_TRUE(pane->IsShown());
         pane->Destroy();
