@@ -22,12 +22,10 @@ std::string LocateHelpFile(std::string const & name) {
   std::error_code error;
   if (std::filesystem::is_regular_file(name, error)) return name;
   std::string base = name.substr(name.find_last_of("/\\") + 1);
-  std::filesystem::path const beside =
-      std::filesystem::path(VxGetExecutableDirectoryW()) / base;
+  std::filesystem::path const beside = std::filesystem::path(VxGetExecutableDirectoryW()) / base;
   if (std::filesystem::is_regular_file(beside, error)) return beside.string();
   return name;
 }
-
 
 }  // namespace
 
@@ -100,8 +98,7 @@ bool ChmHelpEngine::Execute(HelpRequest const & request) {
     }
     case HelpCommand::DisplayIndex: tab = HelpWindow::IndexTab; break;
     case HelpCommand::DisplaySearch: tab = HelpWindow::SearchTab; break;
-    default:
-      return Fail(request, "the command is not supported");
+    default: return Fail(request, "the command is not supported");
   }
   if (topic.empty()) topic = file->System().defaultTopic;
 
@@ -111,7 +108,8 @@ bool ChmHelpEngine::Execute(HelpRequest const & request) {
   bool const shown = topic.empty() ? false : window->ShowTopic(topic);
   window->Show();
   window->Raise();
-  if (!shown && (request.command == HelpCommand::DisplayTopic || request.command == HelpCommand::HelpContext))
+  if (!shown &&
+      (request.command == HelpCommand::DisplayTopic || request.command == HelpCommand::HelpContext))
     return Fail(request, "the help file has no topic \"" + topic + "\"");
   return true;
 }
@@ -145,13 +143,17 @@ HelpWindow * ChmHelpEngine::WindowFor(HelpFile & file, std::string const & windo
   window = new HelpWindow(windowType, file, m_browserFactory);
   m_windows[windowType] = window;
   // The user closes windows too: forget them as they go.
-  window->Bind(wxEVT_DESTROY, [this, window, windowType](wxWindowDestroyEvent & event) {
-    auto const found = m_windows.find(windowType);
-    if (event.GetEventObject() == window && found != m_windows.end() && found->second == window)
-      m_windows.erase(found);
-    event.Skip();
-  });
+  window->Bind(wxEVT_DESTROY, &ChmHelpEngine::OnWindowDestroyed, this);
   return window;
+}
+
+void ChmHelpEngine::OnWindowDestroyed(wxWindowDestroyEvent & event) {
+  event.Skip();
+  for (auto at = m_windows.begin(); at != m_windows.end(); ++at)
+    if (at->second == event.GetEventObject()) {
+      m_windows.erase(at);
+      return;
+    }
 }
 
 bool ChmHelpEngine::ShowPopup(HelpRequest const & request, HelpPath const & path) {
@@ -163,14 +165,14 @@ bool ChmHelpEngine::ShowPopup(HelpRequest const & request, HelpPath const & path
   HelpFile * file = OpenFile(path.file);
   if (file == nullptr) return Fail(request, "the help file cannot be opened");
   std::optional<std::string> const text = file->Popups(path.topic).Find(*contextId);
-  if (!text) return Fail(request, "the pop-up file has no text " + std::to_string(*contextId));
+  if (!text || text->empty())
+    return Fail(request, "the pop-up file has no text " + std::to_string(*contextId));
 
   if (m_popup != nullptr) m_popup->Close();
   wxWindow * control = request.window;
   // The tip window clears m_popup itself when it closes.
-  auto * popup = new wxTipWindow(control, wxString::FromUTF8(*text), kPopupWidth, &m_popup);
-  wxPoint const below = control->GetScreenPosition() + wxPoint(0, control->GetSize().y);
-  popup->Move(below);
+  m_popup = new wxTipWindow(control, wxString::FromUTF8(*text), kPopupWidth, &m_popup);
+  m_popup->Move(control->GetScreenPosition() + wxPoint(0, control->GetSize().y));
   return true;
 }
 
@@ -181,5 +183,8 @@ void ChmHelpEngine::CloseAll() {
   std::map<std::string, HelpWindow *> windows;
   windows.swap(m_windows);
   if (wxTheApp != nullptr)
-    for (auto & [type, window] : windows) window->Close(true);  // saves its placement
+    for (auto & [type, window] : windows) {
+      window->Unbind(wxEVT_DESTROY, &ChmHelpEngine::OnWindowDestroyed, this);
+      window->Close(true);  // saves its placement
+    }
 }

@@ -18,6 +18,7 @@
 class HelpFile;
 class HelpWindow;
 class wxTipWindow;
+class wxWindowDestroyEvent;
 
 // A help path "file.chm::/topic.htm>window" in its parts; each may be empty.
 struct HelpPath {
@@ -50,6 +51,7 @@ private:
   HelpWindow * WindowFor(HelpFile & file, std::string const & windowType);
   bool ShowPopup(HelpRequest const & request, HelpPath const & path);
   void CloseAll();
+  void OnWindowDestroyed(wxWindowDestroyEvent & event);
   bool Fail(HelpRequest const & request, std::string const & why) const;
 
   HelpArchiveOpener m_opener;

@@ -22,7 +22,7 @@ struct ChmSystemFile {
   std::string contentsFile;  // "/toc.hhc" form: with a leading "/"
   std::string indexFile;
   std::string defaultTopic;
-  std::string title;         // UTF-8
+  std::string title;  // UTF-8
   std::string defaultWindow;
   std::string compiledFile;
   // A record ran past the stream's end, or the stream was shorter than its

@@ -8,14 +8,14 @@
 
 void VxBindContextHelp(wxWindow & dialog, std::wstring popupTopic) {
   wxWindow * const owner = &dialog;
-  dialog.Bind(wxEVT_HELP, [owner, popupTopic](wxHelpEvent & event) {
+  dialog.Bind(wxEVT_HELP, [owner, topic = std::move(popupTopic)](wxHelpEvent & event) {
     auto * control = dynamic_cast<wxWindow *>(event.GetEventObject());
     HELPINFO info;
     info.iContextType = HELPINFO_WINDOW;
     info.iCtrlId = control != nullptr && control != owner ? control->GetId() : 0;
     info.hItemHandle = control;
     // Not a control (the dialog itself, a menu): the caller's own handling.
-    if (!VxHtmlHelp::Instance()->DisplayContextHelp(owner, &info, popupTopic.c_str())) event.Skip();
+    if (!VxHtmlHelp::Instance()->DisplayContextHelp(owner, &info, topic.c_str())) event.Skip();
   });
   // GTK has no F1 request of its own: the key becomes one for the control
   // that has the focus.

@@ -19,7 +19,8 @@ HelpIndex::HelpIndex(Sitemap const & sitemap) {
   // order); each keeps its sub-keywords in the file's order below it.
   std::vector<std::pair<std::u32string, SitemapEntry const *>> keywords;
   keywords.reserve(sitemap.entries.size());
-  for (SitemapEntry const & entry : sitemap.entries) keywords.emplace_back(Folded(entry.name), &entry);
+  for (SitemapEntry const & entry : sitemap.entries)
+    keywords.emplace_back(Folded(entry.name), &entry);
   std::stable_sort(keywords.begin(), keywords.end(),
                    [](auto const & a, auto const & b) { return a.first < b.first; });
   m_rows.reserve(sitemap.entryCount);
@@ -38,10 +39,9 @@ void HelpIndex::Add(SitemapEntry const & entry, unsigned level) {
 HelpIndexRange HelpIndex::Filter(std::string_view typed) const {
   std::u32string const prefix = Folded(typed);
   if (prefix.empty()) return {0, m_rows.size()};
-  auto const first = std::lower_bound(m_keys.begin(), m_keys.end(), prefix,
-                                      [](Key const & key, std::u32string const & value) {
-                                        return key.folded < value;
-                                      });
+  auto const first = std::lower_bound(
+      m_keys.begin(), m_keys.end(), prefix,
+      [](Key const & key, std::u32string const & value) { return key.folded < value; });
   // Past the last key that starts with the prefix: the first that, cut to
   // the prefix's length, sorts after it.
   auto const last = std::upper_bound(first, m_keys.end(), prefix,

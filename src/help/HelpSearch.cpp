@@ -50,7 +50,8 @@ void CollectText(xmlNode * node, HelpTopicText & topic, size_t depth) {
 
 bool IsWordCode(char32_t code) {
   if (code < 0x80) return (code >= '0' && code <= '9') || (code >= 'a' && code <= 'z');
-  return u_isalnum(static_cast<UChar32>(code)) != 0 || u_charType(static_cast<UChar32>(code)) == U_NON_SPACING_MARK;
+  return u_isalnum(static_cast<UChar32>(code)) != 0 ||
+         u_charType(static_cast<UChar32>(code)) == U_NON_SPACING_MARK;
 }
 
 }  // namespace
@@ -107,14 +108,16 @@ void HelpSearchIndex::Finish() {
 }
 
 std::vector<uint32_t> HelpSearchIndex::TopicsOf(std::string const & word, bool prefix) const {
-  auto first = std::lower_bound(m_words.begin(), m_words.end(), word,
-                                [](Word const & w, std::string const & value) { return w.folded < value; });
+  auto first =
+      std::lower_bound(m_words.begin(), m_words.end(), word,
+                       [](Word const & w, std::string const & value) { return w.folded < value; });
   if (!prefix) {
     if (first == m_words.end() || first->folded != word) return {};
     return first->topics;
   }
   std::vector<uint32_t> topics;
-  for (auto at = first; at != m_words.end() && at->folded.compare(0, word.size(), word) == 0; ++at) {
+  for (auto at = first; at != m_words.end() && at->folded.compare(0, word.size(), word) == 0;
+       ++at) {
     std::vector<uint32_t> merged;
     merged.reserve(topics.size() + at->topics.size());
     std::set_union(topics.begin(), topics.end(), at->topics.begin(), at->topics.end(),

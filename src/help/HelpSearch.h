@@ -48,7 +48,7 @@ private:
   };
   std::vector<uint32_t> TopicsOf(std::string const & word, bool prefix) const;
 
-  std::vector<Word> m_words;  // sorted by `folded` once finished
+  std::vector<Word> m_words;                            // sorted by `folded` once finished
   std::unordered_map<std::string, size_t> m_positions;  // while adding: word -> its place
   bool m_finished = false;
 };

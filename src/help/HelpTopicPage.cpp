@@ -78,8 +78,8 @@ wxString HelpTopicPage(std::string const & innerPath, std::string const & html) 
 
 wxString HelpMissingTopicPage(std::string const & file, std::string const & innerPath) {
   std::string const text =
-      (boost::format(vx3::Tr("The help file %1% has no topic %2%.").utf8_string()) %
-       Escaped(file) % Escaped(innerPath))
+      (boost::format(vx3::Tr("The help file %1% has no topic %2%.").utf8_string()) % Escaped(file) %
+       Escaped(innerPath))
           .str();
   return wxString::FromUTF8("<html><body><p>" + text + "</p></body></html>");
 }

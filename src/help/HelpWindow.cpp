@@ -64,8 +64,7 @@ constexpr int kTabsWidth = 260;
 
 }  // namespace
 
-HelpWindow::HelpWindow(std::string windowType, HelpFile & file,
-                       HtmlBrowserFactory browserFactory)
+HelpWindow::HelpWindow(std::string windowType, HelpFile & file, HtmlBrowserFactory browserFactory)
     : wxFrame(nullptr, wxID_ANY, wxString(), wxDefaultPosition,
               wxSize(kDefaultWidth, kDefaultHeight)),
       m_windowType(std::move(windowType)),
@@ -103,12 +102,13 @@ void HelpWindow::BuildTabs() {
   m_tabs->AddPage(m_contents, vx3::Tr("Help window tab", "Contents"));
 
   auto * indexPage = new wxPanel(m_tabs);
-  m_indexText = new wxTextCtrl(indexPage, wxID_ANY, wxString(), wxDefaultPosition,
-                               wxDefaultSize, wxTE_PROCESS_ENTER);
+  m_indexText = new wxTextCtrl(indexPage, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                               wxTE_PROCESS_ENTER);
   m_indexList = new IndexList(indexPage, *this);
   m_indexText->Bind(wxEVT_TEXT, [this](wxCommandEvent &) { FilterIndex(m_indexText->GetValue()); });
   m_indexText->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent &) {
-    OpenIndexRow(std::max(0L, m_indexList->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)));
+    OpenIndexRow(
+        std::max(0L, m_indexList->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)));
   });
   m_indexList->Bind(wxEVT_LIST_ITEM_ACTIVATED,
                     [this](wxListEvent & event) { OpenIndexRow(event.GetIndex()); });
@@ -119,8 +119,8 @@ void HelpWindow::BuildTabs() {
   m_tabs->AddPage(indexPage, vx3::Tr("Help window tab", "Index"));
 
   auto * searchPage = new wxPanel(m_tabs);
-  m_searchText = new wxTextCtrl(searchPage, wxID_ANY, wxString(), wxDefaultPosition,
-                                wxDefaultSize, wxTE_PROCESS_ENTER);
+  m_searchText = new wxTextCtrl(searchPage, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                wxTE_PROCESS_ENTER);
   auto * listTopics = new wxButton(searchPage, wxID_ANY, vx3::Tr("List Topics"));
   m_searchResults = new wxListBox(searchPage, wxID_ANY);
   auto const search = [this](wxCommandEvent &) { RunSearch(m_searchText->GetValue()); };
@@ -157,8 +157,8 @@ void HelpWindow::FillContents() {
 void HelpWindow::AddContents(wxTreeItemId parent, std::vector<SitemapEntry> const & entries) {
   for (SitemapEntry const & entry : entries) {
     std::string const local = entry.locals.empty() ? std::string() : entry.locals.front();
-    wxTreeItemId const item = m_contents->AppendItem(parent, wxString::FromUTF8(entry.name), -1,
-                                                     -1, new TopicData(local));
+    wxTreeItemId const item = m_contents->AppendItem(parent, wxString::FromUTF8(entry.name), -1, -1,
+                                                     new TopicData(local));
     AddContents(item, entry.children);
   }
 }
@@ -217,7 +217,8 @@ void HelpWindow::RunSearch(wxString const & query) {
   auto const & topics = m_file->SearchTopics();
   wxArrayString titles;
   titles.reserve(m_searchFound.size());
-  for (uint32_t const topic : m_searchFound) titles.push_back(wxString::FromUTF8(topics[topic].title));
+  for (uint32_t const topic : m_searchFound)
+    titles.push_back(wxString::FromUTF8(topics[topic].title));
   m_searchResults->Set(titles);
   if (!titles.empty()) m_searchResults->SetSelection(0);
 }
@@ -242,8 +243,8 @@ void HelpWindow::SavePlacement() {
 }
 
 void HelpWindow::RestorePlacement() {
-  std::string const text = AppProfile::GetProfileString(
-      PlacementSection().c_str(), PlacementEntry(m_windowType).c_str(), "");
+  std::string const text = AppProfile::GetProfileString(PlacementSection().c_str(),
+                                                        PlacementEntry(m_windowType).c_str(), "");
   WINDOWPLACEMENT placement{};
   if (!text.empty() && ParseWindowPlacement(text.c_str(), placement))
     VxSetWindowPlacement(*this, placement);

@@ -11,8 +11,8 @@
 
 #include <wx/frame.h>
 
-#include "html/HtmlBrowser.h"
 #include "help/HelpIndex.h"
+#include "html/HtmlBrowser.h"
 
 class HelpFile;
 class wxListBox;

@@ -97,8 +97,8 @@ Sitemap ParseSitemap(std::string_view bytes, SitemapLimits const & limits) {
   std::string const text = vx3::help::HelpTextToUtf8(bytes);
   int const options = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING |
                       HTML_PARSE_NONET | HTML_PARSE_NOIMPLIED;
-  std::unique_ptr<xmlDoc, DocumentDeleter> document(htmlReadMemory(
-      text.data(), static_cast<int>(text.size()), nullptr, "UTF-8", options));
+  std::unique_ptr<xmlDoc, DocumentDeleter> document(
+      htmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, "UTF-8", options));
   if (!document) return map;
   Builder builder(limits, map);
   builder.Walk(reinterpret_cast<xmlNode *>(document.get()), map.entries, 0);

@@ -12,8 +12,9 @@
 #include <vector>
 
 struct SitemapEntry {
-  std::string name;                  // the first "Name" (UTF-8)
-  std::vector<std::string> locals;   // every "Local" in order: a topic may be named twice in an index
+  std::string name;  // the first "Name" (UTF-8)
+  std::vector<std::string>
+      locals;  // every "Local" in order: a topic may be named twice in an index
   std::vector<SitemapEntry> children;
 };
 
@@ -24,8 +25,8 @@ struct SitemapLimits {
 
 struct Sitemap {
   std::vector<SitemapEntry> entries;
-  size_t entryCount = 0;  // entries in the whole tree
-  bool truncated = false; // entries were dropped or flattened by the limits
+  size_t entryCount = 0;   // entries in the whole tree
+  bool truncated = false;  // entries were dropped or flattened by the limits
 };
 
 // Reads a sitemap from its bytes. The text is taken as UTF-8 when it is valid

@@ -39,8 +39,8 @@ TEST(Sitemap, ReadsTheTreesThatHelpFilesHold) {
                              Object("End", "d.htm") + "</UL></BODY></HTML>";
   Case const cases[] = {
       {"nested lists", nested, "Start(One,Two),End"},
-      {"no closing tags at all",
-       "<ul>" + Object("A", "a.htm") + "<ul>" + Object("B", "b.htm"), "A(B)"},
+      {"no closing tags at all", "<ul>" + Object("A", "a.htm") + "<ul>" + Object("B", "b.htm"),
+       "A(B)"},
       {"lower-case tags and attributes",
        "<ul><li><object type=\"TEXT/SITEMAP\"><PARAM NAME=\"name\" VALUE=\"x\"></object></ul>",
        "x"},
@@ -146,7 +146,7 @@ TEST(ChmSystemFile, ReadsTheRecordsAndKeepsThemWhenLaterOnesAreDamaged) {
   std::string const good = version + Record(0, std::string("toc.hhc\0", 8)) +
                            Record(1, std::string("sub\\keys.hhk\0", 13)) +
                            Record(2, std::string("/start.htm\0", 11)) +
-                           Record(3, std::string("Help \x96 Sample\0", 15)) +
+                           Record(3, std::string("Help \x96 Sample\0", 14)) +
                            Record(4, std::string(28, '\x01')) + Record(5, "main");
   ChmSystemFile const system = ParseChmSystemFile(good);
   EXPECT_FALSE(system.damaged);
@@ -162,8 +162,9 @@ TEST(ChmSystemFile, ReadsTheRecordsAndKeepsThemWhenLaterOnesAreDamaged) {
     std::string bytes;
   };
   Case const damaged[] = {
-      {"shorter than the version", "\x03\x00"},
-      {"a record longer than the rest", version + Record(3, "Title") + std::string("\x02\x00\xff\x7f", 4) + "x"},
+      {"shorter than the version", std::string("\x03\x00", 2)},
+      {"a record longer than the rest",
+       version + Record(3, "Title") + std::string("\x02\x00\xff\x7f", 4) + "x"},
       {"half a record header", version + Record(3, "Title") + std::string("\x02\x00", 2)},
   };
   for (Case const & c : damaged) {
@@ -171,7 +172,8 @@ TEST(ChmSystemFile, ReadsTheRecordsAndKeepsThemWhenLaterOnesAreDamaged) {
     EXPECT_TRUE(read.damaged) << c.what;
     EXPECT_TRUE(read.defaultTopic.empty()) << c.what;
   }
-  EXPECT_EQ(ParseChmSystemFile(damaged[1].bytes).title, "Title") << "records before the damage stay";
+  EXPECT_EQ(ParseChmSystemFile(damaged[1].bytes).title, "Title")
+      << "records before the damage stay";
 }
 
 std::string Pairs(uint32_t size, std::vector<uint32_t> const & values) {
@@ -200,8 +202,8 @@ TEST(HelpNumberMap, DamagedMapsAndStringsGiveNoTopicButNoCrash) {
     uint32_t offset;
     std::optional<std::string> text;
   };
-  Case const cases[] = {{0, "a.htm"}, {6, "b\xc3\xa9.htm"}, {2, "htm"}, {13, std::nullopt},
-                        {25, std::nullopt}, {0xFFFFFFFF, std::nullopt}};
+  Case const cases[] = {{0, "a.htm"},       {6, "b\xc3\xa9.htm"}, {2, "htm"},
+                        {13, std::nullopt}, {25, std::nullopt},   {0xFFFFFFFF, std::nullopt}};
   for (Case const & c : cases) EXPECT_EQ(HelpStringAt(strings, c.offset), c.text) << c.offset;
 }
 

@@ -14,7 +14,8 @@
 namespace {
 
 SitemapEntry Keyword(std::string name, std::vector<SitemapEntry> children = {}) {
-  return SitemapEntry{std::move(name), {name + ".htm"}, std::move(children)};
+  std::string local = name + ".htm";
+  return SitemapEntry{std::move(name), {std::move(local)}, std::move(children)};
 }
 
 std::vector<std::string> Texts(HelpIndex const & index, HelpIndexRange range) {
@@ -26,8 +27,12 @@ std::vector<std::string> Texts(HelpIndex const & index, HelpIndexRange range) {
 TEST(HelpIndex, FiltersKeywordsByTheirStartWithoutRegardToCase) {
   Sitemap map;
   map.entries = {Keyword("calibration", {Keyword("curves"), Keyword("points")}),
-                 Keyword("Ändern"), Keyword("Baseline"), Keyword("CALCULATE"),
-                 Keyword("Straße"), Keyword("alpha"), Keyword("calc")};
+                 Keyword("Ändern"),
+                 Keyword("Baseline"),
+                 Keyword("CALCULATE"),
+                 Keyword("Straße"),
+                 Keyword("alpha"),
+                 Keyword("calc")};
   map.entryCount = 9;
   HelpIndex const index(map);
   using List = std::vector<std::string>;
@@ -87,8 +92,9 @@ TEST(HelpSearch, FindsTopicsThatHoldEveryWord) {
 TEST(HelpFile, NumbersLeadToTopicsAndAreReadOnce) {
   std::map<std::string, std::string> files{
       {"/#SYSTEM", SystemStream("toc.hhc", "keys.hhk", "start.htm", "Sample help")},
-      {"/toc.hhc", "<ul><li><object type=\"text/sitemap\"><param name=\"Name\" value=\"S\">"
-                   "<param name=\"Local\" value=\"start.htm\"></object></ul>"},
+      {"/toc.hhc",
+       "<ul><li><object type=\"text/sitemap\"><param name=\"Name\" value=\"S\">"
+       "<param name=\"Local\" value=\"start.htm\"></object></ul>"},
       {"/start.htm", "<title>Start</title>First page about runs"},
       {"/sub/b.htm", "<title>B</title>Second page about runs"},
   };

@@ -8,7 +8,8 @@
 
 class MemoryHelpArchive : public HelpArchive {
 public:
-  explicit MemoryHelpArchive(std::map<std::string, std::string> files) : m_files(std::move(files)) {}
+  explicit MemoryHelpArchive(std::map<std::string, std::string> files)
+      : m_files(std::move(files)) {}
 
   bool Read(std::string const & name, std::string & bytes) override {
     ++reads[name];
