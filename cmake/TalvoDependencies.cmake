@@ -17,6 +17,7 @@ pkg_check_modules(LIBXSLT REQUIRED IMPORTED_TARGET libxslt)
 pkg_check_modules(LIBZIP REQUIRED IMPORTED_TARGET libzip)
 pkg_check_modules(GSF REQUIRED IMPORTED_TARGET libgsf-1)
 pkg_check_modules(SYSTEMD REQUIRED IMPORTED_TARGET libsystemd)
+pkg_check_modules(MSPACK REQUIRED IMPORTED_TARGET libmspack)
 
 # wxBase only for the utility layer; the GUI library takes core, adv, html;
 # the web view (WebKitGTK) only the browser library of the HTML views.
