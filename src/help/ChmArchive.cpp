@@ -276,8 +276,8 @@ ChmError ChmArchive::Extract(std::string_view name, std::string & bytes) const {
   if (file->section == nullptr) return ChmError::Format;
   if (file->section->id == 0) {
     // Stored bytes must lie inside the file; the reader would read short.
-    auto const start = static_cast<std::uint64_t>(mHeader->sec0.offset) +
-                       static_cast<std::uint64_t>(file->offset);
+    auto const start =
+        static_cast<std::uint64_t>(mHeader->sec0.offset) + static_cast<std::uint64_t>(file->offset);
     auto const fileLength = static_cast<std::uint64_t>(mHeader->length);
     if (start > fileLength || length > fileLength - start) return ChmError::Format;
   }

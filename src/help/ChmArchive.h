@@ -29,7 +29,7 @@ enum class ChmError {
   Decompress,  // compressed data that cannot be decompressed
   TooLarge,    // past the caps of ChmLimits
   NoMemory,
-  NotFound,    // no such name in the archive
+  NotFound,  // no such name in the archive
 };
 
 // An English sentence for logs and error pages.

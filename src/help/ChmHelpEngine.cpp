@@ -6,8 +6,10 @@
 
 #include <filesystem>
 
+#include "help/ChmHelpArchive.h"
 #include "help/HelpFile.h"
 #include "help/HelpWindow.h"
+#include "html/HtmlBrowserModule.h"
 #include "settings/VxExecutablePath.h"
 #include "utl/Log.h"
 #include "utl/Utf.h"
@@ -26,6 +28,22 @@ std::string LocateHelpFile(std::string const & name) {
   if (std::filesystem::is_regular_file(beside, error)) return beside.string();
   return name;
 }
+
+// The engine of every process that loads the library: help shows as soon as
+// an application sets its help file.
+struct EngineInstaller {
+  EngineInstaller() {
+    VxSetHelpEngine(std::make_unique<ChmHelpEngine>(&OpenChmHelpArchive, [] {
+      std::string error;
+      HtmlBrowserFactory const factory = GetHtmlBrowserFactory(error);
+      if (factory == nullptr)
+        Log::WriteMessage("ChmHelpEngine", "IsAvailable", "Help cannot be shown: " + error,
+                          Log::Notice, false);
+      return factory;
+    }));
+  }
+};
+EngineInstaller const installer;
 
 }  // namespace
 
@@ -100,7 +118,7 @@ bool ChmHelpEngine::Execute(HelpRequest const & request) {
     case HelpCommand::DisplaySearch: tab = HelpWindow::SearchTab; break;
     default: return Fail(request, "the command is not supported");
   }
-  if (topic.empty()) topic = file->System().defaultTopic;
+  if (topic.empty()) topic = file->DefaultTopic();
 
   HelpWindow * window = WindowFor(*file, path.window);
   if (request.command != HelpCommand::HelpContext && request.command != HelpCommand::DisplayTopic)

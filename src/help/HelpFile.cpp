@@ -2,16 +2,7 @@
 
 #include <unordered_set>
 
-#include "help/HelpText.h"
-
 namespace {
-
-uint32_t LittleEndian32(std::string const & bytes, size_t at) {
-  uint32_t value = 0;
-  for (size_t i = 0; i < 4; ++i)
-    value |= static_cast<uint32_t>(static_cast<unsigned char>(bytes[at + i])) << (8 * i);
-  return value;
-}
 
 void CollectLocals(std::vector<SitemapEntry> const & entries, std::vector<std::string> & locals) {
   for (SitemapEntry const & entry : entries) {
@@ -22,28 +13,14 @@ void CollectLocals(std::vector<SitemapEntry> const & entries, std::vector<std::s
 
 }  // namespace
 
-HelpNumberMap ParseHelpNumberMap(std::string const & bytes) {
-  HelpNumberMap map;
-  if (bytes.size() < 4) {
-    map.damaged = true;
-    return map;
-  }
-  size_t size = LittleEndian32(bytes, 0);
-  if (size > bytes.size() - 4 || size % 8 != 0) {
-    map.damaged = true;
-    size = std::min(size, bytes.size() - 4);
-  }
-  map.pairs.reserve(size / 8);
-  for (size_t at = 4; at + 8 <= 4 + size; at += 8)
-    map.pairs.emplace_back(LittleEndian32(bytes, at), LittleEndian32(bytes, at + 4));
-  return map;
-}
-
-std::optional<std::string> HelpStringAt(std::string const & strings, uint32_t offset) {
-  if (offset >= strings.size()) return std::nullopt;
-  size_t const zero = strings.find('\0', offset);
-  if (zero == std::string::npos) return std::nullopt;
-  return vx3::help::HelpTextToUtf8(std::string_view(strings).substr(offset, zero - offset));
+std::string ChmInnerPath(std::string_view name) {
+  std::string path;
+  path.reserve(name.size() + 1);
+  for (char const c : name) path.push_back(c == '\\' ? '/' : c);
+  size_t slashes = 0;
+  while (slashes < path.size() && path[slashes] == '/') ++slashes;
+  if (slashes == path.size()) return {};
+  return "/" + path.substr(slashes);
 }
 
 std::string ResolveHelpLink(std::string const & from, std::string const & link) {
@@ -79,7 +56,10 @@ std::string ResolveHelpLink(std::string const & from, std::string const & link) 
 HelpFile::HelpFile(std::string path, std::unique_ptr<HelpArchive> archive)
     : m_path(std::move(path)), m_archive(std::move(archive)) {
   std::string bytes;
-  if (m_archive->Read("/#SYSTEM", bytes)) m_system = ParseChmSystemFile(bytes);
+  // A damaged stream keeps the records before the damage.
+  if (m_archive->Read("/#SYSTEM", bytes)) ParseChmSystem(bytes, m_system);
+  m_title = ChmTextToUtf8(m_system.title);
+  m_defaultTopic = ChmInnerPath(m_system.defaultTopic);
 }
 
 bool HelpFile::Read(std::string const & innerPath, std::string & bytes) {
@@ -89,7 +69,7 @@ bool HelpFile::Read(std::string const & innerPath, std::string & bytes) {
 Sitemap const & HelpFile::Contents() {
   if (!m_contents) {
     std::string bytes;
-    if (!m_system.contentsFile.empty()) m_archive->Read(m_system.contentsFile, bytes);
+    if (!m_system.contentsFile.empty()) m_archive->Read(ChmInnerPath(m_system.contentsFile), bytes);
     m_contents = ParseSitemap(bytes);
   }
   return *m_contents;
@@ -98,7 +78,7 @@ Sitemap const & HelpFile::Contents() {
 HelpIndex const & HelpFile::Index() {
   if (!m_index) {
     std::string bytes;
-    if (!m_system.indexFile.empty()) m_archive->Read(m_system.indexFile, bytes);
+    if (!m_system.indexFile.empty()) m_archive->Read(ChmInnerPath(m_system.indexFile), bytes);
     m_indexMap = ParseSitemap(bytes);
     m_index.emplace(*m_indexMap);
   }
@@ -109,14 +89,14 @@ std::optional<std::string> HelpFile::TopicOfNumber(uint32_t number) {
   if (!m_numbers) {
     std::string bytes;
     m_archive->Read("/#IVB", bytes);
-    m_numbers = ParseHelpNumberMap(bytes);
+    m_numbers = ParseChmIdMap(bytes).value_or(std::vector<ChmIdPair>());
     m_archive->Read("/#STRINGS", m_strings);
   }
-  for (auto const & [id, offset] : m_numbers->pairs) {
-    if (id != number) continue;
-    std::optional<std::string> topic = HelpStringAt(m_strings, offset);
+  for (ChmIdPair const & pair : *m_numbers) {
+    if (pair.helpId != number) continue;
+    std::optional<std::string> const topic = ChmStringAt(m_strings, pair.stringOffset);
     if (!topic || topic->empty()) return std::nullopt;
-    return ResolveHelpLink("/", *topic);
+    return ResolveHelpLink("/", ChmTextToUtf8(*topic));
   }
   return std::nullopt;
 }
@@ -145,7 +125,7 @@ void HelpFile::BuildSearch() {
   if (m_search) return;
   m_search.emplace();
   std::vector<std::string> locals;
-  if (!m_system.defaultTopic.empty()) locals.push_back(m_system.defaultTopic);
+  if (!m_defaultTopic.empty()) locals.push_back(m_defaultTopic);
   CollectLocals(Contents().entries, locals);
   Index();
   CollectLocals(m_indexMap->entries, locals);

@@ -11,31 +11,22 @@
 #include <string>
 #include <vector>
 
-#include "help/ChmSystemFile.h"
+#include "help/ChmSystemStreams.h"
 #include "help/HelpArchive.h"
 #include "help/HelpIndex.h"
 #include "help/HelpSearch.h"
 #include "help/PopupText.h"
 #include "help/Sitemap.h"
 
-// The pairs of "#IVB": a 32-bit size, then pairs of a help number and an
-// offset into "#STRINGS", in the file's order.
-struct HelpNumberMap {
-  std::vector<std::pair<uint32_t, uint32_t>> pairs;
-  bool damaged = false;  // the size ran past the stream, or was no multiple of 8
-};
-HelpNumberMap ParseHelpNumberMap(std::string const & bytes);
-
-// The zero-terminated text at `offset` in "#STRINGS" (UTF-8, else
-// Windows-1252); none past the end or without its zero.
-std::optional<std::string> HelpStringAt(std::string const & strings, uint32_t offset);
-
 class HelpFile {
 public:
   HelpFile(std::string path, std::unique_ptr<HelpArchive> archive);
 
   std::string const & Path() const { return m_path; }
-  ChmSystemFile const & System() const { return m_system; }
+  // The title of "#SYSTEM" (UTF-8), empty when it has none.
+  std::string const & Title() const { return m_title; }
+  // The default topic of "#SYSTEM" as an inner path, empty when it has none.
+  std::string const & DefaultTopic() const { return m_defaultTopic; }
 
   // The file's bytes; false when it is not there.
   bool Read(std::string const & innerPath, std::string & bytes);
@@ -60,16 +51,22 @@ private:
 
   std::string m_path;
   std::unique_ptr<HelpArchive> m_archive;
-  ChmSystemFile m_system;
+  ChmSystemInfo m_system;
+  std::string m_title;
+  std::string m_defaultTopic;
   std::optional<Sitemap> m_contents;
   std::optional<Sitemap> m_indexMap;
   std::optional<HelpIndex> m_index;
-  std::optional<HelpNumberMap> m_numbers;
+  std::optional<std::vector<ChmIdPair>> m_numbers;  // empty when "#IVB" is missing or damaged
   std::string m_strings;
   std::map<std::string, PopupText> m_popups;
   std::optional<HelpSearchIndex> m_search;
   std::vector<SearchTopic> m_searchTopics;
 };
+
+// `name` as stored in "#SYSTEM" or a help path ("toc.hhc", "sub\\a.htm") as an
+// inner path with one leading "/" and forward slashes; empty for no name.
+std::string ChmInnerPath(std::string_view name);
 
 // A topic named in a sitemap or link ("a.htm", "sub\\b.htm#part") as an inner
 // path ("/a.htm", "/sub/b.htm") relative to the folder of `from`.

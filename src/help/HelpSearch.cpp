@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "help/ChmSystemStreams.h"
 #include "help/HelpText.h"
 #include "utl/CaseFolding.h"
 #include "utl/Utf.h"
@@ -59,7 +60,7 @@ bool IsWordCode(char32_t code) {
 HelpTopicText ExtractHelpTopicText(std::string_view html) {
   HelpTopicText topic;
   if (html.empty() || html.size() > static_cast<size_t>(INT32_MAX)) return topic;
-  std::string const text = vx3::help::HelpTextToUtf8(html);
+  std::string const text = ChmTextToUtf8(html);
   int const options =
       HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET;
   std::unique_ptr<xmlDoc, DocumentDeleter> document(

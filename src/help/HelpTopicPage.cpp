@@ -2,6 +2,7 @@
 
 #include <boost/format.hpp>
 
+#include "help/ChmSystemStreams.h"
 #include "help/HelpFile.h"
 #include "help/HelpText.h"
 #include "utl/Translation.h"
@@ -73,7 +74,7 @@ wxString HelpTopicPage(std::string const & innerPath, std::string const & html) 
       "<base href=\"" + std::string(kScheme) + PercentEncodedPath(folder) + "\">";
   // A <base> counts anywhere before the first link; in front of everything
   // it needs no parsing of the page.
-  return wxString::FromUTF8(base + vx3::help::HelpTextToUtf8(html));
+  return wxString::FromUTF8(base + ChmTextToUtf8(html));
 }
 
 wxString HelpMissingTopicPage(std::string const & file, std::string const & innerPath) {

@@ -138,7 +138,7 @@ void HelpWindow::BuildTabs() {
 
 void HelpWindow::SetFile(HelpFile & file) {
   m_file = &file;
-  std::string const & title = file.System().title;
+  std::string const & title = file.Title();
   SetTitle(title.empty() ? vx3::Tr("Help") : wxString::FromUTF8(title));
   FillContents();
   m_indexText->ChangeValue(wxString());

@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "help/ChmSystemStreams.h"
 #include "help/HelpText.h"
 
 namespace {
@@ -50,7 +51,7 @@ void CutAtCharacter(std::string & text, size_t limit) {
 
 PopupText PopupText::Parse(std::string_view bytes) {
   PopupText result;
-  std::string const text = vx3::help::HelpTextToUtf8(bytes);
+  std::string const text = ChmTextToUtf8(bytes);
   std::string * current = nullptr;
   size_t pendingBlankLines = 0;
   size_t at = 0;

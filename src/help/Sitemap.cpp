@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 
+#include "help/ChmSystemStreams.h"
 #include "help/HelpText.h"
 
 namespace {
@@ -94,7 +95,7 @@ struct DocumentDeleter {
 Sitemap ParseSitemap(std::string_view bytes, SitemapLimits const & limits) {
   Sitemap map;
   if (bytes.empty() || bytes.size() > static_cast<size_t>(INT32_MAX)) return map;
-  std::string const text = vx3::help::HelpTextToUtf8(bytes);
+  std::string const text = ChmTextToUtf8(bytes);
   int const options = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING |
                       HTML_PARSE_NONET | HTML_PARSE_NOIMPLIED;
   std::unique_ptr<xmlDoc, DocumentDeleter> document(

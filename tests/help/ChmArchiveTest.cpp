@@ -26,8 +26,8 @@ TEST(ChmArchive, GivesBackWhatWasStored) {
   }
   files.push_back({"/Mixed Case.HTM", "mixed"});
   files.push_back({"/empty.htm", ""});
-  std::string const path = std::string(std::getenv("TMPDIR") ? std::getenv("TMPDIR") : "/tmp") +
-                           "/stored.chm";
+  std::string const path =
+      std::string(std::getenv("TMPDIR") ? std::getenv("TMPDIR") : "/tmp") + "/stored.chm";
   chmtest::WriteFile(path, chmwriter::BuildChm(files));
 
   ChmError error = ChmError::Format;

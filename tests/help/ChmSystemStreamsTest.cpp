@@ -85,10 +85,10 @@ TEST(ChmSystemStreams, TopicTextsAreUtf8ElseWindows1252) {
   };
   Case const cases[] = {
       {"plain.htm", "plain.htm"},
-      {"caf\xC3\xA9.htm", "caf\xC3\xA9.htm"},           // UTF-8 stays
-      {"caf\xE9.htm", "caf\xC3\xA9.htm"},               // é in Windows-1252
-      {"\x80uro", "\xE2\x82\xACuro"},                   // the euro sign
-      {"\xC3", "\xC3\x83"},                             // a cut sequence is not UTF-8
+      {"caf\xC3\xA9.htm", "caf\xC3\xA9.htm"},            // UTF-8 stays
+      {"caf\xE9.htm", "caf\xC3\xA9.htm"},                // é in Windows-1252
+      {"\x80uro", "\xE2\x82\xACuro"},                    // the euro sign
+      {"\xC3", "\xC3\x83"},                              // a cut sequence is not UTF-8
       {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"},  // nor is a surrogate
   };
   for (auto const & c : cases) EXPECT_EQ(ChmTextToUtf8(c.in), c.out) << c.in;

@@ -5,8 +5,6 @@
 
 #include <string>
 
-#include "help/ChmSystemFile.h"
-#include "help/HelpFile.h"
 #include "help/PopupText.h"
 #include "help/Sitemap.h"
 
@@ -130,81 +128,6 @@ TEST(PopupText, LongEntriesAreCutAtACharacter) {
   std::string const text = *PopupText::Parse(".topic 5\nx" + line + "\n").Find(5);
   EXPECT_LE(text.size(), PopupText::MaxTextBytes);
   EXPECT_EQ(text.size() % 2, 1u) << "no half of a two-byte character at the end";
-}
-
-std::string Record(uint16_t code, std::string const & data) {
-  std::string record;
-  record.push_back(static_cast<char>(code & 0xFF));
-  record.push_back(static_cast<char>(code >> 8));
-  record.push_back(static_cast<char>(data.size() & 0xFF));
-  record.push_back(static_cast<char>(data.size() >> 8));
-  return record + data;
-}
-
-TEST(ChmSystemFile, ReadsTheRecordsAndKeepsThemWhenLaterOnesAreDamaged) {
-  std::string const version("\x03\x00\x00\x00", 4);
-  std::string const good = version + Record(0, std::string("toc.hhc\0", 8)) +
-                           Record(1, std::string("sub\\keys.hhk\0", 13)) +
-                           Record(2, std::string("/start.htm\0", 11)) +
-                           Record(3, std::string("Help \x96 Sample\0", 14)) +
-                           Record(4, std::string(28, '\x01')) + Record(5, "main");
-  ChmSystemFile const system = ParseChmSystemFile(good);
-  EXPECT_FALSE(system.damaged);
-  EXPECT_EQ(system.version, 3u);
-  EXPECT_EQ(system.contentsFile, "/toc.hhc");
-  EXPECT_EQ(system.indexFile, "/sub/keys.hhk");
-  EXPECT_EQ(system.defaultTopic, "/start.htm");
-  EXPECT_EQ(system.title, "Help \xe2\x80\x93 Sample") << "Windows-1252 dash";
-  EXPECT_EQ(system.defaultWindow, "main") << "a record without its zero";
-
-  struct Case {
-    char const * what;
-    std::string bytes;
-  };
-  Case const damaged[] = {
-      {"shorter than the version", std::string("\x03\x00", 2)},
-      {"a record longer than the rest",
-       version + Record(3, "Title") + std::string("\x02\x00\xff\x7f", 4) + "x"},
-      {"half a record header", version + Record(3, "Title") + std::string("\x02\x00", 2)},
-  };
-  for (Case const & c : damaged) {
-    ChmSystemFile const read = ParseChmSystemFile(c.bytes);
-    EXPECT_TRUE(read.damaged) << c.what;
-    EXPECT_TRUE(read.defaultTopic.empty()) << c.what;
-  }
-  EXPECT_EQ(ParseChmSystemFile(damaged[1].bytes).title, "Title")
-      << "records before the damage stay";
-}
-
-std::string Pairs(uint32_t size, std::vector<uint32_t> const & values) {
-  std::string bytes;
-  auto put = [&bytes](uint32_t value) {
-    for (int i = 0; i < 4; ++i) bytes.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
-  };
-  put(size);
-  for (uint32_t const value : values) put(value);
-  return bytes;
-}
-
-TEST(HelpNumberMap, DamagedMapsAndStringsGiveNoTopicButNoCrash) {
-  HelpNumberMap const good = ParseHelpNumberMap(Pairs(16, {10, 0, 20, 6}));
-  EXPECT_FALSE(good.damaged);
-  ASSERT_EQ(good.pairs.size(), 2u);
-  EXPECT_EQ(good.pairs[1], (std::pair<uint32_t, uint32_t>{20, 6}));
-
-  HelpNumberMap const past = ParseHelpNumberMap(Pairs(0xFFFFFFF0, {10, 0, 20}));
-  EXPECT_TRUE(past.damaged);
-  EXPECT_EQ(past.pairs.size(), 1u) << "only the whole pairs that are there";
-  EXPECT_TRUE(ParseHelpNumberMap("ab").damaged);
-
-  std::string const strings("a.htm\0b\xe9.htm\0unterminated", 25);
-  struct Case {
-    uint32_t offset;
-    std::optional<std::string> text;
-  };
-  Case const cases[] = {{0, "a.htm"},       {6, "b\xc3\xa9.htm"}, {2, "htm"},
-                        {13, std::nullopt}, {25, std::nullopt},   {0xFFFFFFFF, std::nullopt}};
-  for (Case const & c : cases) EXPECT_EQ(HelpStringAt(strings, c.offset), c.text) << c.offset;
 }
 
 }  // namespace

@@ -102,7 +102,7 @@ TEST(HelpFile, NumbersLeadToTopicsAndAreReadOnce) {
   auto archive = std::make_unique<MemoryHelpArchive>(files);
   MemoryHelpArchive const & reads = *archive;
   HelpFile file("sample.chm", std::move(archive));
-  EXPECT_EQ(file.System().title, "Sample help");
+  EXPECT_EQ(file.Title(), "Sample help");
   EXPECT_EQ(file.TopicOfNumber(100), "/start.htm");
   EXPECT_EQ(file.TopicOfNumber(200), "/sub/b.htm");
   EXPECT_EQ(file.TopicOfNumber(300), std::nullopt) << "an empty name is no topic";
@@ -113,6 +113,23 @@ TEST(HelpFile, NumbersLeadToTopicsAndAreReadOnce) {
   EXPECT_EQ(file.SearchIndex().Find("runs").size(), 1u);
   ASSERT_EQ(file.SearchTopics().size(), 1u);
   EXPECT_EQ(file.SearchTopics()[0].title, "Start");
+}
+
+TEST(HelpFile, DamagedStreamsGiveNoTopicButKeepWhatCanBeRead) {
+  std::map<std::string, std::string> files{
+      // The title record is whole; the one after it claims more than is there.
+      {"/#SYSTEM",
+       SystemStream("", "", "", "Kept \x96 title") + std::string("\x02\x00\xff\x7f", 4)},
+      {"/#IVB", std::string("\xf0\xff\xff\xff\x64\x00\x00\x00\x00\x00\x00\x00", 12)},
+      {"/#STRINGS", "a.htm"},
+      {"/a.htm", "page"},
+  };
+  HelpFile file("damaged.chm", std::make_unique<MemoryHelpArchive>(files));
+  EXPECT_EQ(file.Title(), "Kept \xe2\x80\x93 title");
+  EXPECT_EQ(file.TopicOfNumber(100), std::nullopt) << "a map size past its stream";
+  EXPECT_TRUE(file.Contents().entries.empty());
+  EXPECT_TRUE(file.Index().Rows().empty());
+  EXPECT_TRUE(file.SearchTopics().empty());
 }
 
 TEST(HelpLinks, StayInsideTheHelpFile) {

@@ -30,8 +30,7 @@ HtmlBrowserEvents * g_lastEvents = nullptr;
 
 class RecordingBrowser : public HtmlBrowser {
 public:
-  RecordingBrowser(wxWindow * parent, HtmlBrowserEvents * events)
-      : m_panel(new wxPanel(parent)) {
+  RecordingBrowser(wxWindow * parent, HtmlBrowserEvents * events) : m_panel(new wxPanel(parent)) {
     g_lastEvents = events;
   }
   wxWebView * GetWebView() const override { return nullptr; }
@@ -83,7 +82,8 @@ protected:
     g_lastPage.clear();
     auto files = SampleFiles();
     m_engine = std::make_unique<ChmHelpEngine>(
-        [files, this](std::string const & path, std::string & error) -> std::unique_ptr<HelpArchive> {
+        [files, this](std::string const & path,
+                      std::string & error) -> std::unique_ptr<HelpArchive> {
           ++m_opened;
           if (path != "sample.chm") {
             error = "no such file";
@@ -214,7 +214,9 @@ TEST_F(HelpEngineWindows, EachWindowTypeComesBackWhereItWasLeft) {
 TEST_F(HelpEngineWindows, NoBrowserMeansNoHelpAndIsTriedOnce) {
   int tries = 0;
   ChmHelpEngine engine(
-      [](std::string const &, std::string &) { return std::make_unique<MemoryHelpArchive>(SampleFiles()); },
+      [](std::string const &, std::string &) {
+        return std::make_unique<MemoryHelpArchive>(SampleFiles());
+      },
       [&tries]() -> HtmlBrowserFactory {
         ++tries;
         return nullptr;
@@ -256,8 +258,9 @@ TEST_F(HelpEngineWindows, F1OnAControlShowsItsPopupBesideIt) {
   gui_test::PressKey(dialog, WXK_F1);
   wxTipWindow * popup = (*engine).GetPopup();
   ASSERT_NE(popup, nullptr);
-  EXPECT_LE(std::abs(popup->GetScreenPosition().y -
-                     (named->GetScreenPosition().y + named->GetSize().y)), 2)
+  EXPECT_LE(
+      std::abs(popup->GetScreenPosition().y - (named->GetScreenPosition().y + named->GetSize().y)),
+      2)
       << "below the control";
   popup->Close();
   ASSERT_TRUE(gui_test::WaitUntil([&] { return (*engine).GetPopup() == nullptr; }));
