@@ -54,8 +54,8 @@ int main(int argc, char ** argv) {
     fs::path const folder = argv[2];
     for (auto const & entry : fs::recursive_directory_iterator(folder)) {
       if (!entry.is_regular_file()) continue;
-      files.push_back({"/" + fs::relative(entry.path(), folder).generic_string(),
-                       ReadAll(entry.path())});
+      files.push_back(
+          {"/" + fs::relative(entry.path(), folder).generic_string(), ReadAll(entry.path())});
     }
     WriteAtomically(argv[3], chmwriter::BuildChm(std::move(files), project.lcid));
   } catch (std::exception const & e) {

@@ -20,15 +20,12 @@ constexpr std::uint32_t kItspHeaderSize = 0x54;
 constexpr std::uint32_t kChunkHeaderPmgl = 20;
 constexpr std::uint32_t kChunkHeaderPmgi = 8;
 
-constexpr std::array<unsigned char, 16> kItsfGuid1 = {0x10, 0xFD, 0x01, 0x7C, 0xAA, 0x7B,
-                                                      0xD0, 0x11, 0x9E, 0x0C, 0x00, 0xA0,
-                                                      0xC9, 0x22, 0xE6, 0xEC};
-constexpr std::array<unsigned char, 16> kItsfGuid2 = {0x11, 0xFD, 0x01, 0x7C, 0xAA, 0x7B,
-                                                      0xD0, 0x11, 0x9E, 0x0C, 0x00, 0xA0,
-                                                      0xC9, 0x22, 0xE6, 0xEC};
-constexpr std::array<unsigned char, 16> kItspGuid = {0x6A, 0x92, 0x02, 0x5D, 0x2E, 0x21,
-                                                     0xD0, 0x11, 0x9D, 0xF9, 0x00, 0xA0,
-                                                     0xC9, 0x22, 0xE6, 0xEC};
+constexpr std::array<unsigned char, 16> kItsfGuid1 = {
+    0x10, 0xFD, 0x01, 0x7C, 0xAA, 0x7B, 0xD0, 0x11, 0x9E, 0x0C, 0x00, 0xA0, 0xC9, 0x22, 0xE6, 0xEC};
+constexpr std::array<unsigned char, 16> kItsfGuid2 = {
+    0x11, 0xFD, 0x01, 0x7C, 0xAA, 0x7B, 0xD0, 0x11, 0x9E, 0x0C, 0x00, 0xA0, 0xC9, 0x22, 0xE6, 0xEC};
+constexpr std::array<unsigned char, 16> kItspGuid = {
+    0x6A, 0x92, 0x02, 0x5D, 0x2E, 0x21, 0xD0, 0x11, 0x9D, 0xF9, 0x00, 0xA0, 0xC9, 0x22, 0xE6, 0xEC};
 
 void Put16(std::string & out, std::uint32_t v) {
   out.push_back(static_cast<char>(v & 0xFF));
@@ -156,7 +153,9 @@ std::vector<ChmFile> SystemStreams(ChmProject const & project) {
   std::string system;
   Put32(system, 3);
   // Records without the leading "/" of a name, as topics are stored.
-  auto const bare = [](std::string const & n) { return n.empty() || n[0] != '/' ? n : n.substr(1); };
+  auto const bare = [](std::string const & n) {
+    return n.empty() || n[0] != '/' ? n : n.substr(1);
+  };
   if (!project.contentsFile.empty()) PutSystemRecord(system, 0, bare(project.contentsFile));
   if (!project.indexFile.empty()) PutSystemRecord(system, 1, bare(project.indexFile));
   if (!project.defaultTopic.empty()) PutSystemRecord(system, 2, bare(project.defaultTopic));

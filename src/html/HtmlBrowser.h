@@ -28,6 +28,8 @@ public:
   virtual void OnBrowserContextMenu(bool keyboard, wxPoint screenPoint) = 0;
   // The web process ended; the page is gone.
   virtual void OnBrowserProcessGone() = 0;
+  // The browser went to `url` (its document starts loading).
+  virtual void OnBrowserNavigated(wxString const & /*url*/) {}
 
 protected:
   ~HtmlBrowserEvents() = default;
@@ -56,10 +58,36 @@ public:
   // Finds `text` (empty: takes the highlights away), wrapping and
   // highlighting; the matches found, 0 or less for none.
   virtual long Find(wxString const & text, bool backwards) = 0;
+  // History and loading, as the browser's own buttons do them.
+  virtual void GoBack() = 0;
+  virtual void GoForward() = 0;
+  virtual bool CanGoBack() const = 0;
+  virtual bool CanGoForward() const = 0;
+  virtual void Reload() = 0;
+  virtual void Stop() = 0;
+  virtual bool IsBusy() const = 0;
   // Saves the loaded page as MHTML to `path` (written beside it and renamed
   // over it). False with the reason in `error`.
   virtual bool SaveAsMhtml(std::string const & path, std::string & error) = 0;
 };
+
+// Serves the addresses of a scheme of the application's own to every
+// browser of the process. Called on the GUI thread.
+class UriSchemeServer {
+public:
+  // The bytes and MIME type for `uri`; false with a reason in `error` when
+  // there is nothing to serve (the browser shows its error page).
+  virtual bool Serve(std::string const & uri, std::string & bytes, std::string & mimeType,
+                     std::string & error) = 0;
+
+protected:
+  ~UriSchemeServer() = default;
+};
+
+// Registers `server` for `scheme` once a process (a second call for the
+// same scheme is refused). The server must live as long as the process.
+using UriSchemeRegistrar = bool (*)(char const * scheme, UriSchemeServer * server);
+constexpr char const * kUriSchemeEntryPoint = "TalvoRegisterUriScheme";
 
 // The browser library's entry point: a new browser in `parent` showing
 // about:blank, or null when no browser can be made.

@@ -8,6 +8,7 @@ namespace {
 
 struct LoadedLibrary {
   HtmlBrowserFactory factory = nullptr;
+  UriSchemeRegistrar registrar = nullptr;
   std::string error;
 };
 
@@ -37,6 +38,7 @@ LoadedLibrary Load() {
     return loaded;
   }
   loaded.factory = reinterpret_cast<HtmlBrowserFactory>(::dlsym(handle, kHtmlBrowserEntryPoint));
+  loaded.registrar = reinterpret_cast<UriSchemeRegistrar>(::dlsym(handle, kUriSchemeEntryPoint));
   if (loaded.factory == nullptr) {
     loaded.error = path + " exports no " + kHtmlBrowserEntryPoint;
     ::dlclose(handle);
@@ -54,6 +56,16 @@ HtmlBrowserFactory GetHtmlBrowserFactory(std::string & error) {
   gLoaded = &loaded;
   error = loaded.error;
   return loaded.factory;
+}
+
+UriSchemeRegistrar GetUriSchemeRegistrar(std::string & error) {
+  std::string loadError;
+  if (GetHtmlBrowserFactory(loadError) == nullptr) {
+    error = loadError;
+    return nullptr;
+  }
+  if (gLoaded->registrar == nullptr) error = std::string("no ") + kUriSchemeEntryPoint;
+  return gLoaded->registrar;
 }
 
 bool IsHtmlBrowserLoaded() { return gLoaded != nullptr && gLoaded->factory != nullptr; }

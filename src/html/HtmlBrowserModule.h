@@ -12,6 +12,10 @@
 // the reason in `error` (the first failure is kept and given again).
 HtmlBrowserFactory GetHtmlBrowserFactory(std::string & error);
 
+// The browser library's registrar of URI schemes (loading the library if
+// need be); null when it cannot be loaded, with the reason in `error`.
+UriSchemeRegistrar GetUriSchemeRegistrar(std::string & error);
+
 // Whether the browser library is loaded (a process that showed no HTML view
 // has not loaded it).
 bool IsHtmlBrowserLoaded();

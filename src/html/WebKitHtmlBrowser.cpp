@@ -16,6 +16,7 @@ public:
     mView->Bind(wxEVT_WEBVIEW_LOADED, &WebKitHtmlBrowser::OnLoaded, this);
     mView->Bind(wxEVT_WEBVIEW_ERROR, &WebKitHtmlBrowser::OnLoaded, this);
     mView->Bind(wxEVT_WEBVIEW_NAVIGATING, &WebKitHtmlBrowser::OnNavigating, this);
+    mView->Bind(wxEVT_WEBVIEW_NAVIGATED, &WebKitHtmlBrowser::OnNavigated, this);
   }
 
   WebKitHtmlBrowser(WebKitHtmlBrowser const &) = delete;
@@ -31,6 +32,7 @@ public:
     mView->Unbind(wxEVT_WEBVIEW_LOADED, &WebKitHtmlBrowser::OnLoaded, this);
     mView->Unbind(wxEVT_WEBVIEW_ERROR, &WebKitHtmlBrowser::OnLoaded, this);
     mView->Unbind(wxEVT_WEBVIEW_NAVIGATING, &WebKitHtmlBrowser::OnNavigating, this);
+    mView->Unbind(wxEVT_WEBVIEW_NAVIGATED, &WebKitHtmlBrowser::OnNavigated, this);
     mEvents = nullptr;
   }
 
@@ -52,6 +54,14 @@ public:
     return mView->Find(text, flags);
   }
 
+  void GoBack() override { mView->GoBack(); }
+  void GoForward() override { mView->GoForward(); }
+  bool CanGoBack() const override { return mView->CanGoBack(); }
+  bool CanGoForward() const override { return mView->CanGoForward(); }
+  void Reload() override { mView->Reload(); }
+  void Stop() override { mView->Stop(); }
+  bool IsBusy() const override { return mView->IsBusy(); }
+
   bool SaveAsMhtml(std::string const & path, std::string & error) override {
     return WebKitBrowser::SaveAsMhtml(*mView, path, error);
   }
@@ -64,6 +74,11 @@ private:
   void OnNavigating(wxWebViewEvent & event) {
     event.Skip();
     if (mEvents != nullptr && mEvents->OnBrowserNavigating(event.GetURL())) event.Veto();
+  }
+
+  void OnNavigated(wxWebViewEvent & event) {
+    event.Skip();
+    if (mEvents != nullptr) mEvents->OnBrowserNavigated(event.GetURL());
   }
 
   wxWebView * mView;

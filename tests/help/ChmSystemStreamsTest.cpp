@@ -33,7 +33,7 @@ TEST(ChmSystemStreams, ReadsTheWritersStreams) {
   for (auto const & p : *pairs) topics[p.helpId] = ChmStringAt(strings, p.stringOffset).value();
   EXPECT_EQ(topics[7], "index.htm");
   EXPECT_EQ(topics[1001], "index.htm");
-  EXPECT_EQ(topics[1002], "sub dir/b#1.htm");
+  EXPECT_EQ(topics[1002], "sub dir/b 1.htm");
 }
 
 TEST(ChmSystemStreams, HelpMapAndTopicNamesRefuseWhatLiesPastTheirEnd) {

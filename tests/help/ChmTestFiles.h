@@ -53,10 +53,10 @@ inline std::string SmallHelp() {
   project.title = "Small help";
   project.defaultTopic = "/index.htm";
   project.contentsFile = "/toc.hhc";
-  project.aliases = {{1001, "/index.htm"}, {1002, "/sub dir/b#1.htm"}, {7, "/index.htm"}};
+  project.aliases = {{1001, "/index.htm"}, {1002, "/sub dir/b 1.htm"}, {7, "/index.htm"}};
   auto files = chmwriter::SystemStreams(project);
-  files.push_back({"/index.htm", "<html><body><a href='sub dir/b%231.htm'>B</a></body></html>"});
-  files.push_back({"/sub dir/b#1.htm", "<html><body>B page</body></html>"});
+  files.push_back({"/index.htm", "<html><body><a href='sub%20dir/b%201.htm'>B</a></body></html>"});
+  files.push_back({"/sub dir/b 1.htm", "<html><body>B page</body></html>"});
   files.push_back({"/pic.png", std::string("\x89PNG\r\n\x1a\n\0\0binary", 16)});
   files.push_back({"/toc.hhc", "<ul><li><object type='text/sitemap'></object></ul>"});
   return chmwriter::BuildChm(files);
