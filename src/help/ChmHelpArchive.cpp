@@ -12,6 +12,8 @@ public:
     return m_archive->Extract(name, bytes) == ChmError::None;
   }
 
+  bool Contains(std::string const & name) const override { return m_archive->Contains(name); }
+
 private:
   std::unique_ptr<ChmArchive> m_archive;
 };

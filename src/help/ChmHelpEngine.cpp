@@ -4,13 +4,11 @@
 #include <wx/tipwin.h>
 #include <wx/window.h>
 
-#include <filesystem>
-
+#include "help/ChmFileSearch.h"
 #include "help/ChmHelpArchive.h"
 #include "help/HelpFile.h"
 #include "help/HelpWindow.h"
 #include "html/HtmlBrowserModule.h"
-#include "settings/VxExecutablePath.h"
 #include "utl/Log.h"
 #include "utl/Utf.h"
 
@@ -18,29 +16,25 @@ namespace {
 
 constexpr int kPopupWidth = 360;
 
-// Where a help file named without a folder is looked for: as given (from
-// the current folder), then beside the program.
+// A help file is looked for where the help control looks (ChmFileSearch.h);
+// one not found anywhere is tried as named, for the reader's own error.
 std::string LocateHelpFile(std::string const & name) {
-  std::error_code error;
-  if (std::filesystem::is_regular_file(name, error)) return name;
-  std::string base = name.substr(name.find_last_of("/\\") + 1);
-  std::filesystem::path const beside = std::filesystem::path(VxGetExecutableDirectoryW()) / base;
-  if (std::filesystem::is_regular_file(beside, error)) return beside.string();
-  return name;
+  std::string found;
+  return FindChmFile(name, found) ? found : name;
 }
 
 // The engine of every process that loads the library: help shows as soon as
 // an application sets its help file.
 struct EngineInstaller {
   EngineInstaller() {
-    VxSetHelpEngine(std::make_unique<ChmHelpEngine>(&OpenChmHelpArchive, [] {
-      std::string error;
-      HtmlBrowserFactory const factory = GetHtmlBrowserFactory(error);
-      if (factory == nullptr)
-        Log::WriteMessage("ChmHelpEngine", "IsAvailable", "Help cannot be shown: " + error,
-                          Log::Notice, false);
-      return factory;
-    }));
+    VxSetHelpEngine(
+        std::make_unique<ChmHelpEngine>(&OpenChmHelpArchive, &MakeHelpControlViewer, [] {
+          std::string error;
+          if (GetHtmlBrowserFactory(error) != nullptr) return true;
+          Log::WriteMessage("ChmHelpEngine", "IsAvailable", "Help cannot be shown: " + error,
+                            Log::Notice, false);
+          return false;
+        }));
   }
 };
 EngineInstaller const installer;
@@ -64,15 +58,17 @@ HelpPath ParseHelpPath(std::wstring const & widePath) {
   return path;
 }
 
-ChmHelpEngine::ChmHelpEngine(HelpArchiveOpener opener, BrowserLoader browserLoader)
-    : m_opener(std::move(opener)), m_browserLoader(std::move(browserLoader)) {}
+ChmHelpEngine::ChmHelpEngine(HelpArchiveOpener opener, HelpTopicViewerFactory viewers,
+                             BrowserCheck canBrowse)
+    : m_opener(std::move(opener)),
+      m_viewers(std::move(viewers)),
+      m_canBrowse(std::move(canBrowse)) {}
 
 ChmHelpEngine::~ChmHelpEngine() { CloseAll(); }
 
 bool ChmHelpEngine::IsAvailable() const {
   if (m_browserState < 0) {
-    m_browserFactory = m_browserLoader ? m_browserLoader() : nullptr;
-    m_browserState = m_browserFactory != nullptr ? 1 : 0;
+    m_browserState = m_canBrowse && m_canBrowse() ? 1 : 0;
   }
   return m_browserState == 1;
 }
@@ -158,7 +154,7 @@ HelpWindow * ChmHelpEngine::WindowFor(HelpFile & file, std::string const & windo
     if (&window->GetFile() != &file) window->SetFile(file);
     return window;
   }
-  window = new HelpWindow(windowType, file, m_browserFactory);
+  window = new HelpWindow(windowType, file, m_viewers);
   m_windows[windowType] = window;
   // The user closes windows too: forget them as they go.
   window->Bind(wxEVT_DESTROY, &ChmHelpEngine::OnWindowDestroyed, this);

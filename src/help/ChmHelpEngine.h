@@ -12,8 +12,8 @@
 #include <string>
 
 #include "help/HelpArchive.h"
+#include "help/HelpTopicViewer.h"
 #include "html/HelpEngine.h"
-#include "html/HtmlBrowser.h"
 
 class HelpFile;
 class HelpWindow;
@@ -30,11 +30,11 @@ HelpPath ParseHelpPath(std::wstring const & path);
 
 class ChmHelpEngine : public HelpEngine {
 public:
-  // The browser library's factory, null when it cannot be loaded.
-  using BrowserLoader = std::function<HtmlBrowserFactory()>;
+  // Whether a browser can be made; asked once.
+  using BrowserCheck = std::function<bool()>;
 
-  // `opener` opens the files; `browserLoader` gives the windows' browser.
-  ChmHelpEngine(HelpArchiveOpener opener, BrowserLoader browserLoader);
+  // `opener` opens the files, `viewers` makes the windows' topic panes.
+  ChmHelpEngine(HelpArchiveOpener opener, HelpTopicViewerFactory viewers, BrowserCheck canBrowse);
   ~ChmHelpEngine() override;
 
   bool IsAvailable() const override;
@@ -55,9 +55,9 @@ private:
   bool Fail(HelpRequest const & request, std::string const & why) const;
 
   HelpArchiveOpener m_opener;
-  BrowserLoader m_browserLoader;
+  HelpTopicViewerFactory m_viewers;
+  BrowserCheck m_canBrowse;
   mutable int m_browserState = -1;  // -1 not tried yet, 0 failed, 1 loaded
-  mutable HtmlBrowserFactory m_browserFactory = nullptr;
   std::map<std::string, std::unique_ptr<HelpFile>> m_files;
   std::map<std::string, HelpWindow *> m_windows;
   wxTipWindow * m_popup = nullptr;

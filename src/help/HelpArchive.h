@@ -14,6 +14,8 @@ public:
   // The bytes of `name` (with its leading "/" where the file has one); false
   // when there is no such file or it cannot be read.
   virtual bool Read(std::string const & name, std::string & bytes) = 0;
+  // Whether the file has `name`, without reading it.
+  virtual bool Contains(std::string const & name) const = 0;
 };
 
 // Opens the compiled help file at `path`; null with the reason in `error`.

@@ -30,6 +30,7 @@ public:
 
   // The file's bytes; false when it is not there.
   bool Read(std::string const & innerPath, std::string & bytes);
+  bool Contains(std::string const & innerPath) const { return m_archive->Contains(innerPath); }
 
   Sitemap const & Contents();
   HelpIndex const & Index();

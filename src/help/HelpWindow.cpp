@@ -12,7 +12,6 @@
 
 #include "frame/AppProfile.h"
 #include "help/HelpFile.h"
-#include "help/HelpTopicPage.h"
 #include "settings/TopLevelWindowPlacement.h"
 #include "settings/WindowPlacement.h"
 #include "utl/Log.h"
@@ -64,7 +63,8 @@ constexpr int kTabsWidth = 260;
 
 }  // namespace
 
-HelpWindow::HelpWindow(std::string windowType, HelpFile & file, HtmlBrowserFactory browserFactory)
+HelpWindow::HelpWindow(std::string windowType, HelpFile & file,
+                       HelpTopicViewerFactory const & viewers)
     : wxFrame(nullptr, wxID_ANY, wxString(), wxDefaultPosition,
               wxSize(kDefaultWidth, kDefaultHeight)),
       m_windowType(std::move(windowType)),
@@ -73,9 +73,9 @@ HelpWindow::HelpWindow(std::string windowType, HelpFile & file, HtmlBrowserFacto
                                     wxSP_LIVE_UPDATE | wxSP_3DSASH);
   m_splitter->SetMinimumPaneSize(80);
   BuildTabs();
-  if (browserFactory != nullptr) m_browser.reset(browserFactory(m_splitter, this));
-  if (m_browser)
-    m_splitter->SplitVertically(m_tabs, m_browser->GetWindow(), kTabsWidth);
+  if (viewers) m_viewer = viewers(m_splitter);
+  if (m_viewer)
+    m_splitter->SplitVertically(m_tabs, m_viewer->GetWindow(), kTabsWidth);
   else
     m_splitter->Initialize(m_tabs);
   SetFile(file);
@@ -86,9 +86,7 @@ HelpWindow::HelpWindow(std::string windowType, HelpFile & file, HtmlBrowserFacto
   });
 }
 
-HelpWindow::~HelpWindow() {
-  if (m_browser) m_browser->Disconnect();
-}
+HelpWindow::~HelpWindow() = default;
 
 void HelpWindow::BuildTabs() {
   m_tabs = new wxNotebook(m_splitter, wxID_ANY);
@@ -164,25 +162,14 @@ void HelpWindow::AddContents(wxTreeItemId parent, std::vector<SitemapEntry> cons
 }
 
 bool HelpWindow::ShowTopic(std::string const & innerPath) {
-  std::string html;
-  bool const found = !innerPath.empty() && m_file->Read(innerPath, html);
+  bool const found = !innerPath.empty() && m_file->Contains(innerPath);
   m_topic = found ? innerPath : std::string();
   if (!found)
     Log::WriteMessage("HelpWindow", "ShowTopic",
                       "The help file " + m_file->Path() + " has no topic \"" + innerPath + "\"",
                       Log::Notice, false);
-  if (m_browser)
-    m_browser->SetPage(found ? HelpTopicPage(innerPath, html)
-                             : HelpMissingTopicPage(m_file->Path(), innerPath));
+  if (m_viewer) m_viewer->Show(m_file->Path(), innerPath);
   return found;
-}
-
-bool HelpWindow::OnBrowserNavigating(wxString const & url) {
-  std::string const address = url.utf8_string();
-  std::string inner;
-  if (!HelpTopicFromAddress(address, inner)) return false;  // about:blank, the page itself
-  ShowTopic(inner);
-  return true;
 }
 
 void HelpWindow::ShowTab(Tab tab) {

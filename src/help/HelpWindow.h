@@ -12,7 +12,7 @@
 #include <wx/frame.h>
 
 #include "help/HelpIndex.h"
-#include "html/HtmlBrowser.h"
+#include "help/HelpTopicViewer.h"
 
 class HelpFile;
 class wxListBox;
@@ -24,15 +24,15 @@ class wxTreeCtrl;
 class wxTreeItemId;
 struct SitemapEntry;
 
-class HelpWindow : public wxFrame, private HtmlBrowserEvents {
+class HelpWindow : public wxFrame {
 public:
   enum Tab { ContentsTab = 0, IndexTab = 1, SearchTab = 2 };
 
   // A window of type `windowType` ("" for the default one) on `file`, which
   // must outlive it (the engine keeps its files until it closes every
-  // window). `browserFactory` makes the topic's browser; null shows the
-  // tabs only.
-  HelpWindow(std::string windowType, HelpFile & file, HtmlBrowserFactory browserFactory);
+  // window). `viewers` makes the pane that shows topics; without one only
+  // the tabs show.
+  HelpWindow(std::string windowType, HelpFile & file, HelpTopicViewerFactory const & viewers);
   ~HelpWindow() override;
 
   std::string const & GetWindowType() const { return m_windowType; }
@@ -40,8 +40,8 @@ public:
   // Shows another file's contents, index and topics.
   void SetFile(HelpFile & file);
 
-  // Shows `innerPath` ("/a.htm") of the file; false, with a page saying so,
-  // when the file has no such topic.
+  // Shows `innerPath` ("/a.htm") of the file; false when the file has no
+  // such topic (the viewer shows a page that says so).
   bool ShowTopic(std::string const & innerPath);
   std::string const & GetCurrentTopic() const { return m_topic; }
   void ShowTab(Tab tab);
@@ -64,7 +64,7 @@ public:
   wxListCtrl * GetIndexList() const { return m_indexList; }
   wxTextCtrl * GetSearchText() const { return m_searchText; }
   wxListBox * GetSearchResults() const { return m_searchResults; }
-  HtmlBrowser * GetBrowser() const { return m_browser.get(); }
+  HelpTopicViewer * GetViewer() const { return m_viewer.get(); }
 
   // The profile section and entry of a window type's placement.
   static std::string PlacementSection();
@@ -76,13 +76,6 @@ private:
   void AddContents(wxTreeItemId parent, std::vector<SitemapEntry> const & entries);
   void SavePlacement();
   void RestorePlacement();
-
-  // HtmlBrowserEvents
-  void OnBrowserLoaded() override {}
-  bool OnBrowserNavigating(wxString const & url) override;
-  bool OnBrowserKey(int, int) override { return false; }
-  void OnBrowserContextMenu(bool, wxPoint) override {}
-  void OnBrowserProcessGone() override {}
 
   std::string m_windowType;
   HelpFile * m_file;
@@ -96,5 +89,5 @@ private:
   wxTextCtrl * m_searchText = nullptr;
   wxListBox * m_searchResults = nullptr;
   std::vector<uint32_t> m_searchFound;
-  std::unique_ptr<HtmlBrowser> m_browser;
+  std::unique_ptr<HelpTopicViewer> m_viewer;
 };

@@ -9,7 +9,6 @@
 #include "help/HelpFile.h"
 #include "help/HelpIndex.h"
 #include "help/HelpSearch.h"
-#include "help/HelpTopicPage.h"
 
 namespace {
 
@@ -147,16 +146,6 @@ TEST(HelpLinks, StayInsideTheHelpFile) {
       {"/", "./d/./e.htm", "/d/e.htm"},
   };
   for (Case const & c : cases) EXPECT_EQ(ResolveHelpLink(c.from, c.link), c.path) << c.link;
-
-  std::string inner;
-  EXPECT_TRUE(HelpTopicFromAddress("help:/sub/my%20page.htm#x", inner));
-  EXPECT_EQ(inner, "/sub/my page.htm");
-  EXPECT_TRUE(HelpTopicFromAddress("HELP:/a/../../b.htm", inner));
-  EXPECT_EQ(inner, "/b.htm");
-  EXPECT_FALSE(HelpTopicFromAddress("about:blank", inner));
-  EXPECT_FALSE(HelpTopicFromAddress("https://example.org/help:/a", inner));
-  EXPECT_FALSE(HelpTopicFromAddress("help:", inner));
-  EXPECT_TRUE(HelpTopicPage("/sub/a b.htm", "<p>x</p>").Contains("help:/sub/\">"));
 }
 
 TEST(HelpPath, SplitsFileTopicAndWindow) {

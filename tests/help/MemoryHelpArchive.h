@@ -19,6 +19,8 @@ public:
     return true;
   }
 
+  bool Contains(std::string const & name) const override { return m_files.count(name) != 0; }
+
   std::map<std::string, int> reads;
 
 private:
