@@ -25,8 +25,8 @@ constexpr int kWordsPerTopic = 300;
 // Words of a data-analysis help text, made up from syllables.
 std::vector<std::string> const & Vocabulary() {
   static std::vector<std::string> const words = [] {
-    char const * const syllables[] = {"cal", "ib", "ra", "tion", "se", "ries", "run", "peak",
-                                      "base", "line", "sam", "ple", "in", "te", "gral", "Ä"};
+    char const * const syllables[] = {"cal",  "ib",   "ra",  "tion", "se", "ries", "run",  "peak",
+                                      "base", "line", "sam", "ple",  "in", "te",   "gral", "Ä"};
     std::mt19937 random(7);
     std::vector<std::string> made;
     for (int i = 0; i < 3000; ++i) {
@@ -62,7 +62,9 @@ void HelpIndexFilter_candidate(benchmark::State & state) {
     benchmark::DoNotOptimize(range.first);
   }
 }
-BENCHMARK(HelpIndexFilter_candidate)->Name("HelpIndexFilter/candidate")->Unit(benchmark::kMicrosecond);
+BENCHMARK(HelpIndexFilter_candidate)
+    ->Name("HelpIndexFilter/candidate")
+    ->Unit(benchmark::kMicrosecond);
 
 void HelpIndexFilter_baseline(benchmark::State & state) {
   std::vector<std::u32string> folded;
@@ -80,7 +82,9 @@ void HelpIndexFilter_baseline(benchmark::State & state) {
     benchmark::DoNotOptimize(matches);
   }
 }
-BENCHMARK(HelpIndexFilter_baseline)->Name("HelpIndexFilter/baseline")->Unit(benchmark::kMicrosecond);
+BENCHMARK(HelpIndexFilter_baseline)
+    ->Name("HelpIndexFilter/baseline")
+    ->Unit(benchmark::kMicrosecond);
 
 std::vector<std::string> const & TopicTexts() {
   static std::vector<std::string> const texts = [] {
@@ -88,7 +92,8 @@ std::vector<std::string> const & TopicTexts() {
     std::vector<std::string> made;
     for (int t = 0; t < kTopics; ++t) {
       std::string text;
-      for (int w = 0; w < kWordsPerTopic; ++w) text += Vocabulary()[random() % Vocabulary().size()] + " ";
+      for (int w = 0; w < kWordsPerTopic; ++w)
+        text += Vocabulary()[random() % Vocabulary().size()] + " ";
       made.push_back(text);
     }
     return made;

@@ -38,7 +38,9 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
     at = end + 2;
   }
   std::map<std::string, std::string> files{
-      {"/#SYSTEM", parts[0]}, {"/#IVB", parts[1]}, {"/#STRINGS", parts[2]},
+      {"/#SYSTEM", parts[0]},
+      {"/#IVB", parts[1]},
+      {"/#STRINGS", parts[2]},
       // Whatever "#SYSTEM" names as contents, index or default topic may be one of these.
       {"/toc.hhc", "<ul><li><object type=\"text/sitemap\"><param name=\"Local\" value=\"a.htm\">"},
       {"/a.htm", "<title>A</title>words"}};
