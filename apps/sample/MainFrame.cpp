@@ -31,6 +31,7 @@
 #include "RunSettingsSheet.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "SampleHelp.h"
 #include "SampleMenuResource.h"
 #include "SampleSplash.h"
 #include "SeriesDialog.h"
@@ -110,6 +111,7 @@ void MainFrame::BuildMenus() {
   AddRunSettingsCommands(*tools, *this);
   AddPropertyListCommand(*tools, *this);
   auto * help = new wxMenu;
+  AddHelpCommands(*help, *this);
   AddReleaseNotesCommand(*help, *this);
   AddSplashCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));

@@ -80,5 +80,10 @@ enum SampleCommand : int {
   // Help
   kReleaseNotesCommand,
   kSplashCommand,
+  kHelpContentsCommand,
+  kHelpIndexCommand,
+  kHelpSearchCommand,
+  kHelpOnRunsCommand,
+  kPopupHelpDialogCommand,
   kEndOfSampleCommands
 };

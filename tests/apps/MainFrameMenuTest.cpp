@@ -28,6 +28,7 @@
 #include "PropertyEditorsDialog.h"
 #include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
+#include "SampleHelp.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
@@ -48,6 +49,7 @@
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "html/HelpEngine.h"
 #include "lists/FilterListCtrlPopupBar.h"
 #include "lists/SelectItemDialog.h"
 #include "platform/WinUser.h"
@@ -98,6 +100,8 @@ enum class Opens {
   kFavouritesPane,    // the favourites pane window
   kAddCommand,        // the pane with the add-command dialog over it
   kSplash,            // the splash window over the frame
+  kHelp,              // a request to the help engine
+  kPopupHelpDialog,   // the dialog with pop-up help
 };
 
 struct Expected {
@@ -170,6 +174,22 @@ std::map<wxString, Expected> const kExpected = {
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/Splash window", {Opens::kSplash}},
     {"Help/About...", {Opens::kAboutBox}},
+    {"Help/Contents", {Opens::kHelp}},
+    {"Help/Index", {Opens::kHelp}},
+    {"Help/Search", {Opens::kHelp}},
+    {"Help/Help on runs", {Opens::kHelp}},
+    {"Help/Pop-up help...", {Opens::kPopupHelpDialog}},
+};
+
+// Counts the help requests instead of showing help windows.
+class CountingHelpEngine : public HelpEngine {
+public:
+  explicit CountingHelpEngine(int & requests) : m_requests(requests) {}
+  bool IsAvailable() const override { return true; }
+  bool Execute(HelpRequest const &) override { return ++m_requests > 0; }
+
+private:
+  int & m_requests;
 };
 
 // What kind of dialog a command showed.
@@ -254,6 +274,7 @@ protected:
     // The don't-show-again box asks only while no answer is stored.
     AppProfile::WriteProfileString(vx3::WideToUtf8(GetDontShowAgainRegistrySection()).c_str(),
                                    nullptr, nullptr);
+    mFormerHelp = VxSetHelpEngine(std::make_unique<CountingHelpEngine>(helpRequests));
     frame = new MainFrame;
     ASSERT_TRUE(gui_test::ShowAndWait(*frame));
     mFormerFiles = SetFileChooserFunction([this](FileChooserRequest const & request) {
@@ -270,6 +291,7 @@ protected:
   void TearDown() override {
     wxTheApp->Unbind(wxEVT_MENU, &MainFrameMenuTest::OnAbout, this, MainFrame::kAboutCommand);
     SetFileChooserFunction(mFormerFiles);
+    VxSetHelpEngine(std::move(mFormerHelp));
     frame->Destroy();
     gui_test::Flush();
   }
@@ -283,9 +305,11 @@ protected:
   int aboutCommands = 0;
   int closeRequests = 0;
   int pickerRows = -1;
+  int helpRequests = 0;
 
 private:
   FileChooserFunction mFormerFiles;
+  std::unique_ptr<HelpEngine> mFormerHelp;
 };
 
 TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
@@ -307,7 +331,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     }
     Expected const & expected = found->second;
     fileRequests.clear();
-    aboutCommands = closeRequests = 0;
+    aboutCommands = closeRequests = helpRequests = 0;
     bool calculated = false;
     frame->SetCalculationPlan({3, [&calculated](Progress & progress, int) {
                                  calculated = Progress::GetActiveProgress() == &progress;
@@ -443,6 +467,16 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         ASSERT_NE(splash, nullptr);
         EXPECT_TRUE(splash->IsShown());
         splash->Destroy();  // and the splash with it
+        break;
+      }
+      case Opens::kHelp: EXPECT_EQ(helpRequests, 1); break;
+      case Opens::kPopupHelpDialog: {
+        wxWindow * dialog = nullptr;
+        for (wxWindow * window : wxTopLevelWindows)
+          if (dynamic_cast<PopupHelpDialog *>(window) != nullptr && window->IsShown())
+            dialog = window;
+        ASSERT_NE(dialog, nullptr);
+        dialog->Destroy();
         break;
       }
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
