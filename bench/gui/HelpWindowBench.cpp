@@ -44,8 +44,8 @@ constexpr int kTopics = 40;
 std::filesystem::path Folder() {
   static std::filesystem::path const folder = [] {
     char const * temp = std::getenv("TMPDIR");
-    std::filesystem::path made =
-        std::filesystem::path(temp != nullptr ? temp : "/tmp") / ("talvo-help-bench-" + std::to_string(getpid()));
+    std::filesystem::path made = std::filesystem::path(temp != nullptr ? temp : "/tmp") /
+                                 ("talvo-help-bench-" + std::to_string(getpid()));
     std::filesystem::create_directories(made / "pages");
     return made;
   }();
@@ -53,8 +53,8 @@ std::filesystem::path Folder() {
 }
 
 std::string Page(int topic) {
-  std::string page = "<html><head><title>Topic " + std::to_string(topic) + "</title></head><body><h1>Topic " +
-                     std::to_string(topic) + "</h1>";
+  std::string page = "<html><head><title>Topic " + std::to_string(topic) +
+                     "</title></head><body><h1>Topic " + std::to_string(topic) + "</h1>";
   for (int p = 0; p < 20; ++p)
     page += "<p>Calibration runs and their series; baseline, peaks and integrals of sample " +
             std::to_string(p) + ".</p>";
@@ -81,8 +81,8 @@ std::string const & HelpFilePath() {
     }
     for (int k = 0; k < kKeywords; ++k)
       index += "<li><object type=\"text/sitemap\"><param name=\"Name\" value=\"keyword " +
-               std::to_string(k) + "\"><param name=\"Local\" value=\"t" + std::to_string(k % kTopics) +
-               ".htm\"></object>";
+               std::to_string(k) + "\"><param name=\"Local\" value=\"t" +
+               std::to_string(k % kTopics) + ".htm\"></object>";
     files.push_back({"/toc.hhc", toc + "</ul>"});
     files.push_back({"/index.hhk", index + "</ul>"});
     std::string const chm = (Folder() / "bench.chm").string();
@@ -119,8 +119,7 @@ CHHCtrl & ControlOf(HelpWindow & window) {
 }
 
 bool Show(ChmHelpEngine & engine, std::string const & topic, char const * windowType) {
-  std::wstring const path =
-      vx3::Utf8ToWide(HelpFilePath() + "::/" + topic + ">" + windowType);
+  std::wstring const path = vx3::Utf8ToWide(HelpFilePath() + "::/" + topic + ">" + windowType);
   bool const shown = engine.Execute(HelpRequest{nullptr, path, HelpCommand::DisplayTopic, 0});
   CHHCtrl & control = ControlOf(*engine.FindWindow(windowType));
   RunUntil([&control] { return control.GetReadyState() == 4; });
@@ -194,7 +193,9 @@ void HelpWindowTopicWarm_baseline(benchmark::State & state) {
   int topic = 0;
   auto const load = [&] {
     loaded = false;
-    view->LoadURL("file://" + (Folder() / "pages" / ("t" + std::to_string(topic++ % kTopics) + ".htm")).string());
+    view->LoadURL(
+        "file://" +
+        (Folder() / "pages" / ("t" + std::to_string(topic++ % kTopics) + ".htm")).string());
     RunUntil([&loaded] { return loaded; });
   };
   load();
@@ -206,12 +207,14 @@ BENCHMARK(HelpWindowTopicWarm_baseline)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(20);
 
-std::vector<std::string> const kTyped{"k", "ke", "key", "keyw", "keyword 1", "keyword 12", "keyword 123"};
+std::vector<std::string> const kTyped{"k",         "ke",         "key",        "keyw",
+                                      "keyword 1", "keyword 12", "keyword 123"};
 
 void HelpIndexKeystroke_candidate(benchmark::State & state) {
   if (!Prepared(state)) return;
   ChmHelpEngine engine = MakeEngine();
-  engine.Execute(HelpRequest{nullptr, vx3::Utf8ToWide(HelpFilePath() + ">index"), HelpCommand::DisplayIndex, 0});
+  engine.Execute(HelpRequest{nullptr, vx3::Utf8ToWide(HelpFilePath() + ">index"),
+                             HelpCommand::DisplayIndex, 0});
   HelpWindow & window = *engine.FindWindow("index");
   window.FilterIndex(wxString());
   size_t keystroke = 0;
