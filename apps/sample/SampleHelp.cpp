@@ -49,12 +49,14 @@ void AddHelpCommands(wxMenu & menu, wxFrame & frame) {
   menu.Append(kHelpSearchCommand, vx3::Tr("Menu command", "&Search"));
   menu.Append(kHelpOnRunsCommand, vx3::Tr("Menu command", "Help on &runs"));
   menu.Append(kPopupHelpDialogCommand, vx3::Tr("Menu command", "&Pop-up help..."));
-  frame.Bind(wxEVT_MENU, [](wxCommandEvent &) { VxHtmlHelp::Instance()->DisplayDefaultTopic(); },
-             kHelpContentsCommand);
-  frame.Bind(wxEVT_MENU, [](wxCommandEvent &) { VxHtmlHelp::Instance()->DisplayIndex(); },
-             kHelpIndexCommand);
-  frame.Bind(wxEVT_MENU, [](wxCommandEvent &) { VxHtmlHelp::Instance()->Search(); },
-             kHelpSearchCommand);
+  frame.Bind(
+      wxEVT_MENU, [](wxCommandEvent &) { VxHtmlHelp::Instance()->DisplayDefaultTopic(); },
+      kHelpContentsCommand);
+  frame.Bind(
+      wxEVT_MENU, [](wxCommandEvent &) { VxHtmlHelp::Instance()->DisplayIndex(); },
+      kHelpIndexCommand);
+  frame.Bind(
+      wxEVT_MENU, [](wxCommandEvent &) { VxHtmlHelp::Instance()->Search(); }, kHelpSearchCommand);
   frame.Bind(
       wxEVT_MENU, [](wxCommandEvent &) { VxHtmlHelp::Instance()->DisplayTopic(kRunsHelpTopic); },
       kHelpOnRunsCommand);
@@ -62,7 +64,8 @@ void AddHelpCommands(wxMenu & menu, wxFrame & frame) {
       wxEVT_MENU,
       [&frame](wxCommandEvent &) {
         auto * dialog = new PopupHelpDialog(&frame);
-        dialog->Bind(wxEVT_BUTTON, [dialog](wxCommandEvent &) { dialog->Destroy(); }, wxID_OK);
+        dialog->Bind(
+            wxEVT_BUTTON, [dialog](wxCommandEvent &) { dialog->Destroy(); }, wxID_OK);
         dialog->Show();
       },
       kPopupHelpDialogCommand);

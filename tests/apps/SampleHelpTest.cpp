@@ -46,7 +46,8 @@ TEST(SampleHelp, TheBuiltHelpFileIsWhole) {
   ExpectTopicsThere(file, file.Contents().entries);
   ASSERT_FALSE(file.Index().Rows().empty());
   for (HelpIndexRow const & row : file.Index().Rows())
-    for (std::string const & local : row.locals) EXPECT_TRUE(file.Contains(ResolveHelpLink("/", local)));
+    for (std::string const & local : row.locals)
+      EXPECT_TRUE(file.Contains(ResolveHelpLink("/", local)));
   for (int popup : {PopupHelpDialog::kRunNamePopup, PopupHelpDialog::kInstrumentPopup,
                     PopupHelpDialog::kPointsPopup})
     EXPECT_TRUE(file.Popups("/popups.txt").Find(static_cast<uint32_t>(popup))) << popup;
