@@ -85,7 +85,7 @@ std::string const & HelpFilePath() {
                std::to_string(k % kTopics) + ".htm\"></object>";
     files.push_back({"/toc.hhc", toc + "</ul>"});
     files.push_back({"/index.hhk", index + "</ul>"});
-    std::string const chm = (Folder() / "bench.chm").string();
+    std::string chm = (Folder() / "bench.chm").string();
     std::ofstream(chm, std::ios::binary) << chmwriter::BuildChm(std::move(files));
     return chm;
   }();
