@@ -42,7 +42,7 @@ std::string WriteHelpFile() {
                                 "value='second'><param name='Local' value='sub/second.htm'>"
                                 "</object></ul>"});
   char const * temp = std::getenv("TMPDIR");
-  std::string const path = std::string(temp != nullptr ? temp : "/tmp") + "/webkit help.chm";
+  std::string path = std::string(temp != nullptr ? temp : "/tmp") + "/webkit help.chm";
   chmtest::WriteFile(path, chmwriter::BuildChm(files));
   return path;
 }
