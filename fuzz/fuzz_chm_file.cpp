@@ -21,7 +21,8 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   for (auto const & name : archive->GetNames()) {
     std::string bytes;
     ChmError const result = archive->Extract(name, bytes);
-    if (result == ChmError::None && static_cast<std::int64_t>(bytes.size()) != archive->GetSize(name))
+    if (result == ChmError::None &&
+        static_cast<std::int64_t>(bytes.size()) != archive->GetSize(name))
       __builtin_trap();
     if (result != ChmError::None && !bytes.empty()) __builtin_trap();
   }

@@ -4,7 +4,7 @@
 //   talvo-chm PROJECT FOLDER OUTPUT
 //       PROJECT  "[options]" title, default, contents, index, lcid;
 //                "[map]" number=topic (the help map of "#IVB")
-//       FOLDER   every file below it goes in as "/<path below FOLDER>"
+//       FOLDER   every file below it (but PROJECT) goes in as "/<path below FOLDER>"
 //       OUTPUT   written beside itself and renamed over it
 //
 // Exit codes: 0 done, 1 failed (the reason on stderr), 2 wrong usage.
@@ -53,7 +53,8 @@ int main(int argc, char ** argv) {
     std::vector<chmwriter::ChmFile> files = chmwriter::SystemStreams(project);
     fs::path const folder = argv[2];
     for (auto const & entry : fs::recursive_directory_iterator(folder)) {
-      if (!entry.is_regular_file()) continue;
+      // The project file may lie among the pages; it is no page.
+      if (!entry.is_regular_file() || fs::equivalent(entry.path(), argv[1])) continue;
       files.push_back(
           {"/" + fs::relative(entry.path(), folder).generic_string(), ReadAll(entry.path())});
     }

@@ -15,6 +15,7 @@
 #include "FavouritesCommand.h"
 #include "FavouritesPane.h"
 #include "FileCommands.h"
+#include "HelpPane.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
 #include "NotesDialog.h"
@@ -114,6 +115,7 @@ void MainFrame::BuildMenus() {
   AddHelpCommands(*help, *this);
   AddReleaseNotesCommand(*help, *this);
   AddSplashCommand(*help, *this);
+  AddHelpPaneCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));

@@ -85,5 +85,6 @@ enum SampleCommand : int {
   kHelpSearchCommand,
   kHelpOnRunsCommand,
   kPopupHelpDialogCommand,
+  kHelpPaneCommand,
   kEndOfSampleCommands
 };

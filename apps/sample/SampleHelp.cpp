@@ -8,6 +8,7 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include "HelpPane.h"
 #include "SampleCommands.h"
 #include "help/ContextHelpBinding.h"
 #include "html/VxHtmlHelp.h"
@@ -15,8 +16,6 @@
 #include "utl/Paths.h"
 #include "utl/Translation.h"
 #include "utl/Utf.h"
-
-char const kSampleHelpFile[] = "SampleHelp.chm";
 
 PopupHelpDialog::PopupHelpDialog(wxWindow * parent)
     : wxDialog(parent, wxID_ANY, vx3::Tr("Pop-up help"), wxDefaultPosition, wxDefaultSize,
@@ -42,7 +41,7 @@ PopupHelpDialog::PopupHelpDialog(wxWindow * parent)
 }
 
 void AddHelpCommands(wxMenu & menu, wxFrame & frame) {
-  std::string const file = VxGetExecutableDirectory() + "/" + kSampleHelpFile;
+  std::string const file = VxGetExecutableDirectory() + "/" + vx3::WideToUtf8(kSampleHelpFile);
   VxHtmlHelp::Instance()->SetHelpFile(vx3::Utf8ToWide(file).c_str());
   menu.Append(kHelpContentsCommand, vx3::Tr("Menu command", "&Contents"));
   menu.Append(kHelpIndexCommand, vx3::Tr("Menu command", "&Index"));

@@ -2,14 +2,13 @@
 // The sample's help: Help > Contents, Index, Search and "Help on runs" (a
 // topic by its number) in the help window, and a dialog whose controls show
 // pop-up help on F1. The help file, SampleHelp.chm, is built with the sample
-// from help/ and lies beside the executable.
+// from help/ and lies beside the executable (kSampleHelpFile, HelpPane.h).
 
 #include <wx/dialog.h>
 
 class wxFrame;
 class wxMenu;
 
-extern char const kSampleHelpFile[];
 // The topic number of "Runs" in the help file's map.
 constexpr int kRunsHelpTopic = 1001;
 

@@ -26,7 +26,21 @@ struct Handle {
   std::uint64_t sinkCap = 0;
   bool * overflow = nullptr;
   off_t pos = 0;
+  // Read-ahead of a file on disk: the reader asks for many small pieces.
+  std::unique_ptr<char[]> ahead;
+  off_t aheadStart = 0;
+  std::size_t aheadLength = 0;
 };
+
+constexpr std::size_t kReadAhead = 64 * 1024;
+
+ssize_t ReadAt(int fd, void * buffer, std::size_t bytes, off_t at) {
+  ssize_t n = 0;
+  do {
+    n = ::pread(fd, buffer, bytes, at);
+  } while (n < 0 && errno == EINTR);
+  return n;
+}
 
 Handle * HandleOf(mspack_file * file) { return reinterpret_cast<Handle *>(file); }
 
@@ -101,12 +115,27 @@ struct ChmArchive::System {
       handle->pos += n;
       return n;
     }
-    ssize_t n = 0;
-    do {
-      n = ::pread(handle->fd, buffer, static_cast<std::size_t>(bytes), handle->pos);
-    } while (n < 0 && errno == EINTR);
-    if (n < 0) return -1;
-    handle->pos += n;
+    auto const wanted = static_cast<std::size_t>(bytes);
+    if (wanted >= kReadAhead) {
+      ssize_t const n = ReadAt(handle->fd, buffer, wanted, handle->pos);
+      if (n < 0) return -1;
+      handle->pos += n;
+      return static_cast<int>(n);
+    }
+    bool const inside = handle->ahead && handle->pos >= handle->aheadStart &&
+                        handle->pos + static_cast<off_t>(wanted) <=
+                            handle->aheadStart + static_cast<off_t>(handle->aheadLength);
+    if (!inside) {
+      if (!handle->ahead) handle->ahead = std::make_unique<char[]>(kReadAhead);
+      ssize_t const n = ReadAt(handle->fd, handle->ahead.get(), kReadAhead, handle->pos);
+      if (n < 0) return -1;
+      handle->aheadStart = handle->pos;
+      handle->aheadLength = static_cast<std::size_t>(n);
+    }
+    auto const skip = static_cast<std::size_t>(handle->pos - handle->aheadStart);
+    std::size_t const n = std::min(wanted, handle->aheadLength - skip);
+    std::memcpy(buffer, handle->ahead.get() + skip, n);
+    handle->pos += static_cast<off_t>(n);
     return static_cast<int>(n);
   }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <new>
 
 #include "help/ChmAddress.h"
 
@@ -28,20 +27,53 @@ HRESULT ChmHelpMap::Load(std::string const & chmPath) {
     case ChmError::NoMemory: return E_OUTOFMEMORY;
     default: return STG_E_READFAULT;
   }
-  try {
-    auto pairs = ParseChmIdMap(ivb);
-    if (!pairs) return STG_E_READFAULT;
-    mPairs = std::move(*pairs);
-  } catch (std::bad_alloc const &) {
-    return E_OUTOFMEMORY;
-  }
+  // A 32-bit size and that many bytes of pairs.
+  if (ivb.size() < 4) return STG_E_READFAULT;
+  std::uint32_t size = 0;
+  for (int k = 3; k >= 0; --k) size = (size << 8) | static_cast<unsigned char>(ivb[k]);
+  if (size > ivb.size() - 4) return STG_E_READFAULT;
+  mMap = std::move(ivb);
+  mPairCount = size / 8;
+  mLookups = 0;
+  mIndex.clear();
   mLoaded = true;
   return S_OK;
 }
 
 void ChmHelpMap::Reset() {
   mLoaded = false;
-  mPairs.clear();
+  mMap.clear();
+  mPairCount = 0;
+  mLookups = 0;
+  mIndex.clear();
+}
+
+bool ChmHelpMap::Find(std::uint32_t helpId, std::uint32_t & offset) {
+  auto const value = [this](std::size_t pair, int half) {
+    auto const * const bytes =
+        reinterpret_cast<unsigned char const *>(mMap.data() + 4 + 8 * pair + 4 * half);
+    return static_cast<std::uint32_t>(bytes[0]) | (static_cast<std::uint32_t>(bytes[1]) << 8) |
+           (static_cast<std::uint32_t>(bytes[2]) << 16) |
+           (static_cast<std::uint32_t>(bytes[3]) << 24);
+  };
+  if (++mLookups == 2) {
+    mIndex.reserve(mPairCount);
+    for (std::size_t pair = 0; pair < mPairCount; ++pair)
+      mIndex.emplace_back(value(pair, 0), static_cast<std::uint32_t>(pair));
+    std::sort(mIndex.begin(), mIndex.end());
+  }
+  if (mIndex.empty()) {
+    for (std::size_t pair = 0; pair < mPairCount; ++pair) {
+      if (value(pair, 0) != helpId) continue;
+      offset = value(pair, 1);
+      return true;
+    }
+    return false;
+  }
+  auto const found = std::lower_bound(mIndex.begin(), mIndex.end(), std::make_pair(helpId, 0U));
+  if (found == mIndex.end() || found->first != helpId) return false;
+  offset = value(found->second, 1);
+  return true;
 }
 
 HRESULT ChmHelpMap::Resolve(std::string const & chmPath, std::uint32_t helpId,
@@ -52,10 +84,8 @@ HRESULT ChmHelpMap::Resolve(std::string const & chmPath, std::uint32_t helpId,
     HRESULT const loaded = Load(chmPath);
     if (loaded != S_OK) return loaded;
   }
-  if (mPairs.empty()) return E_FAIL;
-  auto const pair = std::find_if(mPairs.begin(), mPairs.end(),
-                                 [helpId](ChmIdPair const & p) { return p.helpId == helpId; });
-  if (pair == mPairs.end()) return E_FAIL;
+  std::uint32_t stringOffset = 0;
+  if (mPairCount == 0 || !Find(helpId, stringOffset)) return E_FAIL;
   HRESULT const opened = Open(chmPath);
   if (opened != S_OK) return opened == E_OUTOFMEMORY ? opened : STG_E_PATHNOTFOUND;
   if (!mStringsRead) {
@@ -64,7 +94,7 @@ HRESULT ChmHelpMap::Resolve(std::string const & chmPath, std::uint32_t helpId,
     mStringsRead = true;
   }
   std::string topic;
-  if (!ReadTopic(pair->stringOffset, MakeChmAddress(chmPath, "").size(), topic)) topic.clear();
+  if (!ReadTopic(stringOffset, MakeChmAddress(chmPath, "").size(), topic)) topic.clear();
   address = MakeChmAddress(chmPath, ChmTextToUtf8(topic));
   return S_OK;
 }

@@ -3,13 +3,14 @@
 // does it: the help map ("#IVB") is read from the first file it is asked
 // of and kept (a later file uses the same map until the map is reset),
 // the topic name comes from "#STRINGS" of the current file. The archive
-// and its names stay open between calls, so that later lookups cost a
-// search of the pairs only.
+// and its names stay open between calls, so that later lookups cost an
+// index search only.
 
 #include <climits>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "help/ChmArchive.h"
@@ -35,7 +36,7 @@ public:
   HRESULT Resolve(std::string const & chmPath, std::uint32_t helpId, std::string & address);
 
   bool IsLoaded() const { return mLoaded; }
-  std::size_t GetPairCount() const { return mPairs.size(); }
+  std::size_t GetPairCount() const { return mPairCount; }
   // Forgets the map (the next lookup reads it again).
   void Reset();
 
@@ -43,9 +44,17 @@ private:
   HRESULT Load(std::string const & chmPath);
   HRESULT Open(std::string const & chmPath);
   bool ReadTopic(std::uint32_t offset, std::size_t used, std::string & topic) const;
+  // The offset into "#STRINGS" of the first pair of `helpId`.
+  bool Find(std::uint32_t helpId, std::uint32_t & offset);
 
   bool mLoaded = false;
-  std::vector<ChmIdPair> mPairs;
+  // The pairs as read: the first lookup searches them in place (cheaper
+  // than any index); from the second on, a sorted index of (number, pair)
+  // answers.
+  std::string mMap;
+  std::size_t mPairCount = 0;
+  int mLookups = 0;
+  std::vector<std::pair<std::uint32_t, std::uint32_t>> mIndex;
   std::string mOpenPath;
   std::unique_ptr<ChmArchive> mArchive;
   std::string mStrings;

@@ -102,6 +102,7 @@ enum class Opens {
   kSplash,            // the splash window over the frame
   kHelp,              // a request to the help engine
   kPopupHelpDialog,   // the dialog with pop-up help
+  kHelpPane,          // the sample's help pane over the frame
 };
 
 struct Expected {
@@ -173,6 +174,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Audit Trail/Edit User Information...", {Opens::kInput}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/Splash window", {Opens::kSplash}},
+    {"Help/Help pane", {Opens::kHelpPane}},
     {"Help/About...", {Opens::kAboutBox}},
     {"Help/Contents", {Opens::kHelp}},
     {"Help/Index", {Opens::kHelp}},
@@ -482,8 +484,10 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
+      case Opens::kHelpPane:
       case Opens::kFavouritesPane: {
-        wxWindow * const pane = frame->FindWindowByName("SampleFavourites", frame);
+        wxWindow * const pane = frame->FindWindowByName(
+            expected.opens == Opens::kHelpPane ? "SampleHelpPane" : "SampleFavourites", frame);
         ASSERT_NE(pane, nullptr);
         EXPECT_TRUE(pane->IsShown());
         pane->Destroy();

@@ -7,6 +7,7 @@
 #include <wx/frame.h>
 #include <wx/menu.h>
 
+#include "HelpPane.h"
 #include "MainFrame.h"
 #include "SampleCommands.h"
 #include "SampleHelp.h"
@@ -19,7 +20,9 @@
 
 namespace {
 
-std::string HelpFilePath() { return VxGetExecutableDirectory() + "/" + kSampleHelpFile; }
+std::string HelpFilePath() {
+  return VxGetExecutableDirectory() + "/" + vx3::WideToUtf8(kSampleHelpFile);
+}
 
 void ExpectTopicsThere(HelpFile & file, std::vector<SitemapEntry> const & entries) {
   for (SitemapEntry const & entry : entries) {
@@ -34,7 +37,7 @@ TEST(SampleHelp, TheBuiltHelpFileIsWhole) {
   std::unique_ptr<HelpArchive> archive = OpenChmHelpArchive(HelpFilePath(), error);
   ASSERT_TRUE(archive) << HelpFilePath() << ": " << error;
   HelpFile file(HelpFilePath(), std::move(archive));
-  EXPECT_EQ(file.Title(), "Sample Analyst Help");
+  EXPECT_EQ(file.Title(), "Sample help");
   EXPECT_TRUE(file.Contains(file.DefaultTopic())) << file.DefaultTopic();
   for (int number : {1000, kRunsHelpTopic, 1002, 1003}) {
     std::optional<std::string> const topic = file.TopicOfNumber(static_cast<uint32_t>(number));

@@ -1,6 +1,7 @@
 // The help control in a real WebKit browser: pages by number and by name
 // come from the help file through "its:", the tool bar walks the history,
-// "app:" links reach the application, a missing file is told once.
+// "app:" links reach the application, links written for other viewers open
+// the file they name, a missing file is told once.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -32,13 +33,18 @@ std::string HelpFile() {
   auto files = chmwriter::SystemStreams(project);
   files.push_back({"/home.htm",
                    "<html><head><title>Home</title></head><body>Home page "
-                   "<a id='run' href='app:RunIt'>run</a></body></html>"});
+                   "<a id='run' href='app:RunIt'>run</a> "
+                   "<a id='other' href='ms-its:C:\\somewhere\\other.chm::/x.htm'>other</a>"
+                   "</body></html>"});
   files.push_back({"/topics/second page.htm",
                    "<html><head><title>Second</title></head><body>Second page</body></html>"});
-  std::string const path =
+  std::string path =
       std::string(std::getenv("TMPDIR") != nullptr ? std::getenv("TMPDIR") : "/tmp") +
       "/control help.chm";
   chmtest::WriteFile(path, chmwriter::BuildChm(files));
+  // A second file beside it, named by a link written for another viewer.
+  chmtest::WriteFile(path.substr(0, path.rfind('/')) + "/other.chm",
+                     chmwriter::BuildChm({{"/x.htm", "<html><title>Other</title>x</html>"}}));
   return path;
 }
 
@@ -126,6 +132,19 @@ TEST_F(HelpControl, AppLinksPostTheirCommandToTheApplication) {
   ASSERT_TRUE(gui_test::WaitUntil([&] { return !mCommands.empty(); }, kLoadTimeoutMs));
   EXPECT_EQ(mCommands, std::vector<int>{kRunCommand});
   EXPECT_EQ(mControl->GetLocationURL(), home) << "the link goes nowhere else";
+}
+
+TEST_F(HelpControl, LinksForOtherViewersOpenTheFileBesideTheCurrentOne) {
+  ASSERT_EQ(mControl->NavigateChm(10U), S_OK);
+  ASSERT_TRUE(WaitLoaded(wxString::FromUTF8(MakeChmAddress(mPath, "/home.htm"))));
+  mControl->GetBrowser()->RunScript("document.getElementById('other').click()");
+  wxString text;
+  std::string const other = mPath.substr(0, mPath.rfind('/')) + "/other.chm";
+  ASSERT_TRUE(WaitLoaded(wxString::FromUTF8(MakeChmAddress(other, "/x.htm"))))
+      << mControl->GetLocationURL();
+  EXPECT_TRUE(mControl->GetBrowser()->RunScript("document.body.textContent", &text) && text == "x")
+      << text;
+  EXPECT_TRUE(ChmScheme::Instance().IsRegistered(other));
 }
 
 TEST_F(HelpControl, AMissingFileIsToldAndTheOldOneStays) {

@@ -103,7 +103,7 @@ TEST(ChmScheme, ServesOnlyRegisteredArchives) {
   ASSERT_TRUE(scheme.Serve(MakeChmAddress(path, "/PIC.PNG"), bytes, mime, error));
   EXPECT_EQ(mime, "image/png");
   EXPECT_EQ(bytes.size(), 16U);
-  for (std::string const url :
+  for (std::string const & url :
        {MakeChmAddress(path, "/missing.htm"), MakeChmAddress(path, "/../outside.png"),
         "its:" + folder + "/outside.png", std::string("its:/abs.png")}) {
     EXPECT_FALSE(scheme.Serve(url, bytes, mime, error)) << url;

@@ -40,16 +40,17 @@ protected:
     chmtest::WriteFile((folder / "site" / "img" / "p.png").string(), std::string(5000, '\x89'));
     std::string many;
     for (int i = 0; i < 400; ++i) {
-      chmtest::WriteFile((folder / "site" / ("page-with-a-long-name-" + std::to_string(i) + ".htm"))
-                             .string(),
-                         "page " + std::to_string(i));
+      chmtest::WriteFile(
+          (folder / "site" / ("page-with-a-long-name-" + std::to_string(i) + ".htm")).string(),
+          "page " + std::to_string(i));
     }
     chmtest::WriteFile((folder / "project.ini").string(),
                        "[options]\ntitle=External\ndefault=index.htm\n[map]\n"
                        "100=index.htm\n200=img/p.png\n");
     chm = (folder / "help.chm").string();
-    std::string const command = std::string(TALVO_CHM_TOOL) + " '" + (folder / "project.ini").string() +
-                                "' '" + (folder / "site").string() + "' '" + chm + "'";
+    std::string const command = std::string(TALVO_CHM_TOOL) + " '" +
+                                (folder / "project.ini").string() + "' '" +
+                                (folder / "site").string() + "' '" + chm + "'";
     ASSERT_EQ(std::system(command.c_str()), 0) << command;
   }
   fs::path folder;
@@ -59,8 +60,8 @@ protected:
 TEST_F(ExternalReaders, ListAndExtractWhatIsServed) {
   if (!Have("enum_chmLib") || !Have("extract_chmLib")) GTEST_SKIP() << "libchm-bin is missing";
   std::string const listing = Output("enum_chmLib '" + chm + "'");
-  for (char const * name : {"/index.htm", "/img/p.png", "/page-with-a-long-name-399.htm",
-                            "/#IVB", "/#STRINGS", "/#SYSTEM"})
+  for (char const * name : {"/index.htm", "/img/p.png", "/page-with-a-long-name-399.htm", "/#IVB",
+                            "/#STRINGS", "/#SYSTEM"})
     EXPECT_NE(listing.find(name), std::string::npos) << name << "\n" << listing;
 
   Output("extract_chmLib '" + chm + "' '" + (folder / "out").string() + "'");
@@ -72,7 +73,8 @@ TEST_F(ExternalReaders, ListAndExtractWhatIsServed) {
     std::string bytes;
     std::string mime;
     std::string error;
-    ASSERT_TRUE(ChmScheme::Instance().Serve(MakeChmAddress(chm, inner), bytes, mime, error)) << inner;
+    ASSERT_TRUE(ChmScheme::Instance().Serve(MakeChmAddress(chm, inner), bytes, mime, error))
+        << inner;
     EXPECT_EQ(bytes, chmtest::ReadFile((folder / "out").string() + inner)) << inner;
     ++compared;
   }
@@ -83,7 +85,8 @@ TEST_F(ExternalReaders, ListAndExtractWhatIsServed) {
 TEST_F(ExternalReaders, AnArchiverListsEveryFile) {
   if (!Have("7zz")) GTEST_SKIP() << "7zip is missing";
   std::string const listing = Output("7zz l '" + chm + "'");
-  EXPECT_NE(listing.find("405 files"), std::string::npos) << listing.substr(listing.size() > 400 ? listing.size() - 400 : 0);
+  EXPECT_NE(listing.find("405 files"), std::string::npos)
+      << listing.substr(listing.size() > 400 ? listing.size() - 400 : 0);
   EXPECT_NE(listing.find("img/p.png"), std::string::npos);
 }
 

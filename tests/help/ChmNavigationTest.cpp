@@ -114,6 +114,23 @@ TEST(ChmHelpMap, TopicNamesThatCannotBeReadLeaveTheTopicOut) {
   EXPECT_EQ(address, MakeChmAddress(path, "/"));
 }
 
+TEST(ChmHelpMap, ANumberGivenTwiceTakesItsFirstPairOnEveryLookup) {
+  std::string const folder = Scratch("twice");
+  char const pairs[] = "\x18\0\0\0\x09\0\0\0\x01\0\0\0\x05\0\0\0\x07\0\0\0\x05\0\0\0\x01\0\0\0";
+  char const strings[] = "\0a.htm\0b.htm\0";
+  std::string const path = WithStreams(folder + "/t.chm", pairs, 28, strings, 13);
+  ChmHelpMap map;
+  // The first lookup searches in place, later ones through the index.
+  for (int lookup = 0; lookup < 3; ++lookup) {
+    std::string address;
+    ASSERT_EQ(map.Resolve(path, 5, address), S_OK);
+    EXPECT_EQ(address, MakeChmAddress(path, "/b.htm")) << lookup;
+    ASSERT_EQ(map.Resolve(path, 9, address), S_OK);
+    EXPECT_EQ(address, MakeChmAddress(path, "/a.htm")) << lookup;
+    EXPECT_EQ(map.Resolve(path, 6, address), E_FAIL);
+  }
+}
+
 TEST(ChmHelpMap, TheMapIsReadOnceAndOutlivesAChangeOfFile) {
   std::string const folder = Scratch("kept");
   chmtest::WriteFile(folder + "/first.chm", chmtest::SmallHelp());

@@ -29,18 +29,21 @@ std::string WriteHelpFile() {
   project.indexFile = "/keys.hhk";
   project.aliases = {{2, "/sub/second.htm"}};
   auto files = chmwriter::SystemStreams(project);
-  files.push_back({"/start.htm", "<html><title>Start</title><body><h1>Start</h1>"
-                                 "<p>The first topic.</p></body></html>"});
-  files.push_back({"/sub/second.htm", "<html><title>Second</title><body><h1>Second</h1>"
-                                      "<a href='../start.htm'>back</a></body></html>"});
-  files.push_back(
-      {"/toc.hhc", "<ul><li><object type='text/sitemap'><param name='Name' value='Start'>"
+  files.push_back({"/start.htm",
+                   "<html><title>Start</title><body><h1>Start</h1>"
+                   "<p>The first topic.</p></body></html>"});
+  files.push_back({"/sub/second.htm",
+                   "<html><title>Second</title><body><h1>Second</h1>"
+                   "<a href='../start.htm'>back</a></body></html>"});
+  files.push_back({"/toc.hhc",
+                   "<ul><li><object type='text/sitemap'><param name='Name' value='Start'>"
                    "<param name='Local' value='start.htm'></object><ul><li><object "
                    "type='text/sitemap'><param name='Name' value='Second'><param name='Local' "
                    "value='sub/second.htm'></object></ul></ul>"});
-  files.push_back({"/keys.hhk", "<ul><li><object type='text/sitemap'><param name='Name' "
-                                "value='second'><param name='Local' value='sub/second.htm'>"
-                                "</object></ul>"});
+  files.push_back({"/keys.hhk",
+                   "<ul><li><object type='text/sitemap'><param name='Name' "
+                   "value='second'><param name='Local' value='sub/second.htm'>"
+                   "</object></ul>"});
   char const * temp = std::getenv("TMPDIR");
   std::string path = std::string(temp != nullptr ? temp : "/tmp") + "/webkit help.chm";
   chmtest::WriteFile(path, chmwriter::BuildChm(files));
@@ -81,8 +84,8 @@ TEST(HelpWindowWebKit, TopicsLoadInTheHelpControl) {
   gui_test::Flush();
   gui_test::Snapshot(*window, "help-window-index");
 
-  EXPECT_FALSE(engine.Execute(
-      HelpRequest{nullptr, path + L"::/missing.htm", HelpCommand::DisplayTopic, 0}));
+  EXPECT_FALSE(
+      engine.Execute(HelpRequest{nullptr, path + L"::/missing.htm", HelpCommand::DisplayTopic, 0}));
   EXPECT_TRUE(gui_test::WaitUntil(
       [control] { return control->GetReadyState() == 4 && control->GetLocationName() != "Second"; },
       kLoadTimeoutMs));
