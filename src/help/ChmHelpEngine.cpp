@@ -116,7 +116,7 @@ bool ChmHelpEngine::Execute(HelpRequest const & request) {
   }
   if (topic.empty()) topic = file->DefaultTopic();
 
-  HelpWindow * window = WindowFor(*file, path.window);
+  HelpWindow * window = WindowFor(*file, path.window.empty() ? file->DefaultWindow() : path.window);
   if (request.command != HelpCommand::HelpContext && request.command != HelpCommand::DisplayTopic)
     window->ShowTab(tab);
   bool const shown = topic.empty() ? false : window->ShowTopic(topic);

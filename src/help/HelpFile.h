@@ -27,6 +27,8 @@ public:
   std::string const & Title() const { return m_title; }
   // The default topic of "#SYSTEM" as an inner path, empty when it has none.
   std::string const & DefaultTopic() const { return m_defaultTopic; }
+  // The window type of "#SYSTEM" that a path without ">" opens in.
+  std::string const & DefaultWindow() const { return m_system.defaultWindow; }
 
   // The file's bytes; false when it is not there.
   bool Read(std::string const & innerPath, std::string & bytes);

@@ -194,6 +194,21 @@ TEST_F(HelpEngineWindows, EachWindowTypeComesBackWhereItWasLeft) {
   EXPECT_NE(m_engine->FindWindow("fresh")->GetSize(), left) << "another type keeps its own";
 }
 
+TEST_F(HelpEngineWindows, APathWithoutWindowOpensTheFilesDefaultWindow) {
+  auto files = SampleFiles();
+  files["/#SYSTEM"] = SystemStream("toc.hhc", "keys.hhk", "start.htm", "Sample help", "main");
+  ChmHelpEngine engine(
+      [files](std::string const &, std::string &) {
+        return std::make_unique<MemoryHelpArchive>(files);
+      },
+      &MakeRecordingViewer, [] { return true; });
+  ASSERT_TRUE(engine.Execute(HelpRequest{nullptr, L"sample.chm", HelpCommand::DisplayToc, 0}));
+  EXPECT_NE(engine.FindWindow("main"), nullptr);
+  ASSERT_TRUE(engine.Execute(HelpRequest{nullptr, L"sample.chm>side", HelpCommand::DisplayToc, 0}));
+  EXPECT_EQ(engine.WindowCount(), 2u) << "a named window type wins";
+  EXPECT_EQ(engine.FindWindow(""), nullptr);
+}
+
 TEST_F(HelpEngineWindows, NoBrowserMeansNoHelpAndIsTriedOnce) {
   int tries = 0;
   ChmHelpEngine engine(

@@ -29,7 +29,8 @@ private:
 
 // "#SYSTEM" with the contents, index and default topic given.
 inline std::string SystemStream(std::string const & contents, std::string const & index,
-                                std::string const & defaultTopic, std::string const & title) {
+                                std::string const & defaultTopic, std::string const & title,
+                                std::string const & defaultWindow = std::string()) {
   std::string bytes("\x03\x00\x00\x00", 4);
   auto record = [&bytes](int code, std::string text) {
     text.push_back('\0');
@@ -43,6 +44,7 @@ inline std::string SystemStream(std::string const & contents, std::string const 
   record(1, index);
   record(2, defaultTopic);
   record(3, title);
+  if (!defaultWindow.empty()) record(5, defaultWindow);
   return bytes;
 }
 
