@@ -35,6 +35,7 @@
 #include "SampleHelp.h"
 #include "SampleMenuResource.h"
 #include "SampleSplash.h"
+#include "SampleTour.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
@@ -112,6 +113,7 @@ void MainFrame::BuildMenus() {
   AddRunSettingsCommands(*tools, *this);
   AddPropertyListCommand(*tools, *this);
   auto * help = new wxMenu;
+  AddTourCommand(*help, *this);
   AddHelpCommands(*help, *this);
   AddReleaseNotesCommand(*help, *this);
   AddSplashCommand(*help, *this);

@@ -86,5 +86,6 @@ enum SampleCommand : int {
   kHelpOnRunsCommand,
   kPopupHelpDialogCommand,
   kHelpPaneCommand,
+  kTourCommand,
   kEndOfSampleCommands
 };
