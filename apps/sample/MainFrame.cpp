@@ -35,6 +35,7 @@
 #include "RunSettingsSheet.h"
 #include "SampleCalculation.h"
 #include "SampleCommands.h"
+#include "SampleHelp.h"
 #include "SampleMenuResource.h"
 #include "SampleSplash.h"
 #include "SampleTour.h"
@@ -121,6 +122,7 @@ void MainFrame::BuildMenus() {
   AddSaveWindowPictureCommand(*tools, *this);
   auto * help = new wxMenu;
   AddTourCommand(*help, *this);
+  AddHelpCommands(*help, *this);
   AddReleaseNotesCommand(*help, *this);
   AddSplashCommand(*help, *this);
   AddHelpPaneCommand(*help, *this);

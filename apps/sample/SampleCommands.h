@@ -83,6 +83,11 @@ enum SampleCommand : int {
   // Help
   kReleaseNotesCommand,
   kSplashCommand,
+  kHelpContentsCommand,
+  kHelpIndexCommand,
+  kHelpSearchCommand,
+  kHelpOnRunsCommand,
+  kPopupHelpDialogCommand,
   kHelpPaneCommand,
   kTourCommand,
   // File, printing (last, so that the ids before keep their numbers)

@@ -28,6 +28,7 @@
 #include "PropertyEditorsDialog.h"
 #include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
+#include "SampleHelp.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
@@ -48,6 +49,7 @@
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
+#include "html/HelpEngine.h"
 #include "lists/FilterListCtrlPopupBar.h"
 #include "lists/SelectItemDialog.h"
 #include "platform/WinUser.h"
@@ -99,6 +101,8 @@ enum class Opens {
   kFavouritesPane,    // the favourites pane window
   kAddCommand,        // the pane with the add-command dialog over it
   kSplash,            // the splash window over the frame
+  kHelp,              // a request to the help engine
+  kPopupHelpDialog,   // the dialog with pop-up help
   kHelpPane,          // the sample's help pane over the frame
   kTourWindow,        // the tour of the library
   kPrintPage,         // the print page's window over the frame
@@ -182,6 +186,22 @@ std::map<wxString, Expected> const kExpected = {
     {"Help/Splash window", {Opens::kSplash}},
     {"Help/Help pane", {Opens::kHelpPane}},
     {"Help/About...", {Opens::kAboutBox}},
+    {"Help/Contents", {Opens::kHelp}},
+    {"Help/Index", {Opens::kHelp}},
+    {"Help/Search", {Opens::kHelp}},
+    {"Help/Help on runs", {Opens::kHelp}},
+    {"Help/Pop-up help...", {Opens::kPopupHelpDialog}},
+};
+
+// Counts the help requests instead of showing help windows.
+class CountingHelpEngine : public HelpEngine {
+public:
+  explicit CountingHelpEngine(int & requests) : m_requests(requests) {}
+  bool IsAvailable() const override { return true; }
+  bool Execute(HelpRequest const &) override { return ++m_requests > 0; }
+
+private:
+  int & m_requests;
 };
 
 // What kind of dialog a command showed.
@@ -266,6 +286,7 @@ protected:
     // The don't-show-again box asks only while no answer is stored.
     AppProfile::WriteProfileString(vx3::WideToUtf8(GetDontShowAgainRegistrySection()).c_str(),
                                    nullptr, nullptr);
+    mFormerHelp = VxSetHelpEngine(std::make_unique<CountingHelpEngine>(helpRequests));
     frame = new MainFrame;
     ASSERT_TRUE(gui_test::ShowAndWait(*frame));
     mFormerFiles = SetFileChooserFunction([this](FileChooserRequest const & request) {
@@ -284,6 +305,7 @@ protected:
     wxTheApp->Unbind(wxEVT_MENU, &MainFrameMenuTest::OnAbout, this, MainFrame::kAboutCommand);
     SetFileChooserFunction(mFormerFiles);
     SetPrintDialogFunction(mFormerPrint);
+    VxSetHelpEngine(std::move(mFormerHelp));
     frame->Destroy();
     gui_test::Flush();
   }
@@ -298,10 +320,12 @@ protected:
   int closeRequests = 0;
   int pickerRows = -1;
   int printDialogs = 0;
+  int helpRequests = 0;
 
 private:
   FileChooserFunction mFormerFiles;
   PrintDialogFunction mFormerPrint;
+  std::unique_ptr<HelpEngine> mFormerHelp;
 };
 
 TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
@@ -323,7 +347,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     }
     Expected const & expected = found->second;
     fileRequests.clear();
-    aboutCommands = closeRequests = printDialogs = 0;
+    aboutCommands = closeRequests = printDialogs = helpRequests = 0;
     bool calculated = false;
     frame->SetCalculationPlan({3, [&calculated](Progress & progress, int) {
                                  calculated = Progress::GetActiveProgress() == &progress;
@@ -461,6 +485,16 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         ASSERT_NE(splash, nullptr);
         EXPECT_TRUE(splash->IsShown());
         splash->Destroy();  // and the splash with it
+        break;
+      }
+      case Opens::kHelp: EXPECT_EQ(helpRequests, 1); break;
+      case Opens::kPopupHelpDialog: {
+        wxWindow * dialog = nullptr;
+        for (wxWindow * window : wxTopLevelWindows)
+          if (dynamic_cast<PopupHelpDialog *>(window) != nullptr && window->IsShown())
+            dialog = window;
+        ASSERT_NE(dialog, nullptr);
+        dialog->Destroy();
         break;
       }
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;

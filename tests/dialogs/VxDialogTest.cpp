@@ -172,6 +172,8 @@ TEST(VxDialog, HelpIsEnabledOnlyWithATopicAndAnEngineThatCanShowIt) {
     return enabled;
   };
   VxHtmlHelp::Instance()->SetHelpFile(L"/usr/share/doc/sample/Sample.chm");
+  // The library installs its engine when it loads; the default one replaces it.
+  std::unique_ptr<HelpEngine> const installed = VxSetHelpEngine(nullptr);
   EXPECT_FALSE(helpEnabled(77));  // the default engine cannot show topics
 
   std::vector<HelpRequest> requests;
