@@ -8,12 +8,14 @@
 #include <wx/stattext.h>
 #include "AddCommandMenu.h"
 #include "AuditTrailMenu.h"
+#include "BackgroundCommands.h"
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
 #include "DateFormatCommand.h"
 #include "EditsDialog.h"
 #include "FavouritesCommand.h"
 #include "FavouritesPane.h"
+#include "FeedbackCommand.h"
 #include "FileCommands.h"
 #include "InstrumentsDialog.h"
 #include "MessagesMenu.h"
@@ -109,9 +111,11 @@ void MainFrame::BuildMenus() {
   AddPropertyEditorsCommand(*tools, *this);
   AddRunSettingsCommands(*tools, *this);
   AddPropertyListCommand(*tools, *this);
+  AddBackgroundCommands(*tools, *this);
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
   AddSplashCommand(*help, *this);
+  AddSendFeedbackCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));

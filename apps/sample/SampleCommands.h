@@ -30,6 +30,9 @@ enum SampleCommand : int {
   kPropertyEditorsCommand,
   kRunSettingsCommand,
   kNewRunWizardCommand,
+  kRunInBackgroundCommand,
+  kFailingBackgroundRunCommand,
+  kBackgroundResultCommand,
   // View
   kPropertiesCommand,
   kServiceCommand,
@@ -80,5 +83,6 @@ enum SampleCommand : int {
   // Help
   kReleaseNotesCommand,
   kSplashCommand,
+  kSendFeedbackCommand,
   kEndOfSampleCommands
 };

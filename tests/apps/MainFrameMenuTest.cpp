@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <map>
 #include <set>
@@ -28,9 +29,11 @@
 #include "PropertyEditorsDialog.h"
 #include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
+#include "SampleCommands.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
+#include "controls/VxSendMail.h"
 #include "controls/VxSplashWindow.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
@@ -40,6 +43,7 @@
 #include "dialogs/FolderCollectionDialog.h"
 #include "dialogs/InfoDialog.h"
 #include "dialogs/NativeChoosers.h"
+#include "dialogs/ProgressDialog.h"
 #include "dialogs/ScrollMessageBox.h"
 #include "dialogs/SelectNewClassDialog.h"
 #include "dialogs/VxInputDialog.h"
@@ -50,6 +54,7 @@
 #include "harness/ModalDialogScript.h"
 #include "lists/FilterListCtrlPopupBar.h"
 #include "lists/SelectItemDialog.h"
+#include "platform/ResourceModule.h"
 #include "platform/WinUser.h"
 #include "platform/commctrl/CListCtrl.h"
 #include "properties/VxModelessPropertySheet.h"
@@ -69,35 +74,38 @@ enum class Opens {
   kBatchQuestion,
   kDateFormat,
   kTimeGrid,
-  kRunPicker,         // the filter popup over the sample's runs
-  kInstruments,       // the instruments dialog
-  kReportWindow,      // the report window opens over the frame
-  kCalibrationList,   // the sample's report list
-  kSeries,            // the sample's tree list
-  kMessageBox,        // a CustomMessageBoxDlg of `boxType` (buttons and icon)
-  kDetails,           // a details dialog
-  kInfo,              // an information dialog
-  kScrollBox,         // a message box whose text scrolls
-  kNothing,           // says so in the status bar
-  kAboutBox,          // the application's about command
-  kCloseRequest,      // the frame is asked to close
-  kProjectTree,       // the runs by project window
-  kEdits,             // the edits dialog
-  kNotes,             // the notes pad
-  kSheet,             // a property sheet
-  kWizard,            // a property sheet as a wizard
-  kProperties,        // the modeless Properties window
-  kReleaseNotes,      // the release notes
-  kInput,             // an input dialog
-  kSelectItem,        // the item selection
-  kSelectClass,       // the class or phase choice
-  kPropertyEditors,   // the property editors
-  kService,           // the service dialog
-  kPropertyList,      // the run settings in a property list
-  kAuditTrailWindow,  // the audit trail's window opens over the frame
-  kFavouritesPane,    // the favourites pane window
-  kAddCommand,        // the pane with the add-command dialog over it
-  kSplash,            // the splash window over the frame
+  kRunPicker,          // the filter popup over the sample's runs
+  kInstruments,        // the instruments dialog
+  kReportWindow,       // the report window opens over the frame
+  kCalibrationList,    // the sample's report list
+  kSeries,             // the sample's tree list
+  kMessageBox,         // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,            // a details dialog
+  kInfo,               // an information dialog
+  kScrollBox,          // a message box whose text scrolls
+  kNothing,            // says so in the status bar
+  kAboutBox,           // the application's about command
+  kCloseRequest,       // the frame is asked to close
+  kProjectTree,        // the runs by project window
+  kEdits,              // the edits dialog
+  kNotes,              // the notes pad
+  kSheet,              // a property sheet
+  kWizard,             // a property sheet as a wizard
+  kProperties,         // the modeless Properties window
+  kReleaseNotes,       // the release notes
+  kInput,              // an input dialog
+  kSelectItem,         // the item selection
+  kSelectClass,        // the class or phase choice
+  kPropertyEditors,    // the property editors
+  kService,            // the service dialog
+  kPropertyList,       // the run settings in a property list
+  kAuditTrailWindow,   // the audit trail's window opens over the frame
+  kFavouritesPane,     // the favourites pane window
+  kAddCommand,         // the pane with the add-command dialog over it
+  kSplash,             // the splash window over the frame
+  kBackgroundRun,      // the waiting dialog, cancelled
+  kBackgroundFailure,  // the waiting dialog, then the failure told
+  kNoMailProgram,      // the channel says there is no mail program
 };
 
 struct Expected {
@@ -135,6 +143,9 @@ std::map<wxString, Expected> const kExpected = {
     {"Tools/New run...", {Opens::kWizard}},
     {"View/Properties", {Opens::kProperties}},
     {"Tools/Property list...", {Opens::kPropertyList}},
+    {"Tools/Run in background", {Opens::kBackgroundRun}},
+    {"Tools/Failing background run", {Opens::kBackgroundFailure}},
+    {"Tools/Background result", {Opens::kNothing}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -169,6 +180,8 @@ std::map<wxString, Expected> const kExpected = {
     {"Audit Trail/Edit User Information...", {Opens::kInput}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/Splash window", {Opens::kSplash}},
+    // No mail program in the walk: the box says so.
+    {"Help/Send feedback...", {Opens::kNoMailProgram}},
     {"Help/About...", {Opens::kAboutBox}},
 };
 
@@ -356,6 +369,23 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       });
     }
     if (expected.opens == Opens::kBatchQuestion) script.Answer(wxID_OK);  // the account
+    if (expected.opens == Opens::kBackgroundRun) {
+      script.Act([&seen](wxDialog & d) {
+        seen.push_back(Look(d));
+        gui_test::Click(d, ProgressDialog::kCancelButton);  // the work ends the dialog
+      });
+    }
+    if (expected.opens == Opens::kBackgroundFailure) {
+      script.Act([&seen](wxDialog & d) { seen.push_back(Look(d)); });  // the work ends it
+      script.Answer(wxID_OK);                                          // the failure's box
+    }
+    if (expected.opens == Opens::kNoMailProgram) script.Answer(wxID_OK);
+    // The mail program is looked for on PATH.
+    std::string const formerPath = std::getenv("PATH");
+    if (item.id == kSendFeedbackCommand) {
+      ::setenv("PATH", "/nonexistent", 1);
+      VxSendMail::ForgetMailProgram();
+    }
 
     // The run picker runs its own loop: it is seen there, then closed.
     pickerRows = -1;
@@ -373,6 +403,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     wxCommandEvent command(wxEVT_MENU, item.id);
     command.SetEventObject(frame);
     frame->ProcessWindowEvent(command);
+    ::setenv("PATH", formerPath.c_str(), 1);
+    VxSendMail::ForgetMailProgram();
 
     if (opensDialog) {
       ASSERT_EQ(seen.size(), 1u);
@@ -445,6 +477,19 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         splash->Destroy();  // and the splash with it
         break;
       }
+      case Opens::kBackgroundRun:
+        ASSERT_EQ(seen.size(), 1u);
+        EXPECT_TRUE(Status().StartsWith("Background run cancelled after ")) << Status();
+        break;
+      case Opens::kBackgroundFailure:
+        ASSERT_EQ(script.Shown().size(), 2u);
+        EXPECT_EQ(script.Shown()[1].message, "The reference run R-017 is missing.");
+        EXPECT_EQ(Status(), "Background run failed.");
+        break;
+      case Opens::kNoMailProgram:
+        ASSERT_EQ(script.Shown().size(), 1u);
+        EXPECT_EQ(script.Shown()[0].message, LoadResourceString(61840));
+        break;
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kCloseRequest: EXPECT_EQ(closeRequests, 1); break;
