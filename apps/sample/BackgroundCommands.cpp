@@ -96,8 +96,7 @@ void AddBackgroundCommands(wxMenu & menu, wxFrame & frame) {
   menu.Append(kFailingBackgroundRunCommand, Tr("Menu command", "&Failing background run"));
   menu.Append(kBackgroundResultCommand, Tr("Menu command", "Background res&ult"));
   frame.Bind(
-      wxEVT_MENU,
-      [&frame](wxCommandEvent &) { frame.SetStatusText(RunInBackground(&frame, {})); },
+      wxEVT_MENU, [&frame](wxCommandEvent &) { frame.SetStatusText(RunInBackground(&frame, {})); },
       kRunInBackgroundCommand);
   frame.Bind(
       wxEVT_MENU,

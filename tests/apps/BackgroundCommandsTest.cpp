@@ -7,11 +7,11 @@
 #include <wx/statusbr.h>
 
 #include "BackgroundCommands.h"
+#include "BatchCommand.h"
 #include "MainFrame.h"
 #include "SampleCommands.h"
 #include "controls/IndeterminateProgressCtrl.h"
 #include "dialogs/ProgressDialog.h"
-#include "BatchCommand.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/WindowMessage.h"
@@ -91,8 +91,8 @@ TEST_F(BackgroundCommandsTest, TheResultArrivesByMessageWhileTheWindowStaysUsabl
   // Started again at once: the first run is stopped, and only the second
   // one's message arrives.
   Fire(kBackgroundResultCommand);
-  ASSERT_TRUE(gui_test::WaitUntil([this] { return Status() != "Computing in the background..."; },
-                                  20000));
+  ASSERT_TRUE(
+      gui_test::WaitUntil([this] { return Status() != "Computing in the background..."; }, 20000));
   // The sum of 1/k^2, which tends to pi^2/6.
   EXPECT_EQ(Status(), "Background result: 1.64493");
   gui_test::Flush();

@@ -15,10 +15,10 @@
 
 #include <wx/statusbr.h>
 
+#include "BatchCommand.h"
 #include "FeedbackCommand.h"
 #include "MainFrame.h"
 #include "SampleCommands.h"
-#include "BatchCommand.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/ResourceModule.h"
