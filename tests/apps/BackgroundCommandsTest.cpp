@@ -59,6 +59,7 @@ TEST_F(BackgroundCommandsTest, CancelEndsTheRunEarlyAndLeftAloneItFinishes) {
       pole = dialog.GetBar() != nullptr && dialog.GetBar()->IsShown();
       wxWindow * cancel = dialog.GetDlgItem(ProgressDialog::kCancelButton);
       cancelShown = cancel != nullptr && cancel->IsShown();
+      gui_test::Snapshot(d, "sample-background-run");
       if (c.cancel) gui_test::Click(d, ProgressDialog::kCancelButton);
     });
     wxString const outcome = RunInBackground(frame, c.plan);
