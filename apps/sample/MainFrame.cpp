@@ -35,6 +35,7 @@
 #include "SampleCommands.h"
 #include "SampleMenuResource.h"
 #include "SampleSplash.h"
+#include "SampleTour.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
@@ -113,6 +114,7 @@ void MainFrame::BuildMenus() {
   AddPropertyListCommand(*tools, *this);
   AddBackgroundCommands(*tools, *this);
   auto * help = new wxMenu;
+  AddTourCommand(*help, *this);
   AddReleaseNotesCommand(*help, *this);
   AddSplashCommand(*help, *this);
   AddSendFeedbackCommand(*help, *this);

@@ -84,5 +84,6 @@ enum SampleCommand : int {
   kReleaseNotesCommand,
   kSplashCommand,
   kSendFeedbackCommand,
+  kTourCommand,
   kEndOfSampleCommands
 };
