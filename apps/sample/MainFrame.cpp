@@ -8,12 +8,14 @@
 #include <wx/stattext.h>
 #include "AddCommandMenu.h"
 #include "AuditTrailMenu.h"
+#include "BackgroundCommands.h"
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
 #include "DateFormatCommand.h"
 #include "EditsDialog.h"
 #include "FavouritesCommand.h"
 #include "FavouritesPane.h"
+#include "FeedbackCommand.h"
 #include "FileCommands.h"
 #include "HelpPane.h"
 #include "InstrumentsDialog.h"
@@ -120,12 +122,14 @@ void MainFrame::BuildMenus() {
   AddRunSettingsCommands(*tools, *this);
   AddPropertyListCommand(*tools, *this);
   AddSaveWindowPictureCommand(*tools, *this);
+  AddBackgroundCommands(*tools, *this);
   auto * help = new wxMenu;
   AddTourCommand(*help, *this);
   AddHelpCommands(*help, *this);
   AddReleaseNotesCommand(*help, *this);
   AddSplashCommand(*help, *this);
   AddHelpPaneCommand(*help, *this);
+  AddSendFeedbackCommand(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));

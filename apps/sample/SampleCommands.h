@@ -33,6 +33,9 @@ enum SampleCommand : int {
   kRunSettingsCommand,
   kNewRunWizardCommand,
   kSaveWindowPictureCommand,
+  kRunInBackgroundCommand,
+  kFailingBackgroundRunCommand,
+  kBackgroundResultCommand,
   // View
   kPropertiesCommand,
   kServiceCommand,
@@ -89,6 +92,7 @@ enum SampleCommand : int {
   kHelpOnRunsCommand,
   kPopupHelpDialogCommand,
   kHelpPaneCommand,
+  kSendFeedbackCommand,
   kTourCommand,
   // File, printing (last, so that the ids before keep their numbers)
   kPrintCommand,

@@ -63,6 +63,8 @@ std::vector<TourStop> TourStops() {
       {3, "Open", Tr("Tour", "Choosing a file"), kOpenCommand, true},
       {3, "SearchFolders", Tr("Tour", "A collection of folders"), kSearchFoldersCommand, true},
       {4, "RunCalculation", Tr("Tour", "Progress that can be stopped"), kRunCalculationCommand, true},
+      {4, "RunInBackground", Tr("Tour", "Work on a thread behind a waiting dialog"), kRunInBackgroundCommand, true},
+      {4, "BackgroundResult", Tr("Tour", "A result posted from a low-priority thread"), kBackgroundResultCommand, true},
       {5, "Splash", Tr("Tour", "A picture shaped by its colours (the splash)"), kSplashCommand, true},
       {6, "DateFormat", Tr("Tour", "The date format"), kDateFormatCommand, true},
       {6, "TimeGrid", Tr("Tour", "Date and time controls"), kTimeGridCommand, true},

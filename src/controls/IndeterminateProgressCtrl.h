@@ -3,9 +3,12 @@
 // in five shades of the highlight colour, moving one pixel every 50 ms and
 // repeating every 25 pixels.
 
+#include <wx/bitmap.h>
 #include <wx/pen.h>
 #include <wx/timer.h>
 #include <wx/window.h>
+
+#include <array>
 
 class IndeterminateProgressCtrl : public wxWindow {
 public:
@@ -17,11 +20,14 @@ public:
                             wxPoint const & pos = wxDefaultPosition,
                             wxSize const & size = wxDefaultSize);
 
-  // The timer's step: the stripes move one pixel and the bar repaints now.
+  // The timer's step: the stripes move one pixel and the bar is repainted
+  // in the desktop's next frame.
   void Step();
   int GetPosition() const { return mPosition; }
   // Draws the bar as it stands into `dc`, `size` large.
   void Draw(wxDC & dc, wxSize const & size) const;
+  // The bar's pixels at `position`, `size` large, as RGB rows.
+  void RenderFrame(unsigned char * rgb, wxSize const & size, int position) const;
 
   // A colour with every channel moved by `shift`, clamped to 0..255.
   static wxColour Shift(wxColour const & colour, int shift);
@@ -29,8 +35,14 @@ public:
 private:
   void OnPaint(wxPaintEvent & event);
 
+  wxBitmap const & Frame(wxSize const & size) const;
+
   int mPosition = 0;
   wxPen mPens[5];  // darkest first
   wxColour mBackground;
   wxTimer mTimer;
+  // The picture of each position at one size, made when first shown: a
+  // frame is then one copy of a picture.
+  mutable std::array<wxBitmap, kPeriod> mFrames;
+  mutable wxSize mFramesSize;
 };

@@ -3,6 +3,8 @@
 #include <wx/dc.h>
 #include <wx/tokenzr.h>
 
+#include <map>
+
 namespace {
 
 // Words that fit the width, one line each; a word wider than the width
@@ -78,11 +80,16 @@ std::vector<SplashTextPiece> LayoutSplashText(wxString const & text, wxRect cons
 }
 
 void DrawSplashText(wxDC & dc, wxString const & text, wxRect const & rect, unsigned format) {
-  auto const pieces = LayoutSplashText(text, rect, format, [&dc](wxString const & line) {
+  // The layout asks for a line's size more than once: measured once each,
+  // the splash's first paint shapes each text once.
+  std::map<wxString, wxSize> measured;
+  auto const pieces = LayoutSplashText(text, rect, format, [&dc, &measured](wxString const & line) {
+    auto const known = measured.find(line);
+    if (known != measured.end()) return known->second;
     wxCoord width = 0;
     wxCoord height = 0;
     dc.GetTextExtent(line.empty() ? wxString(" ") : line, &width, &height);
-    return wxSize(line.empty() ? 0 : width, height);
+    return measured.emplace(line, wxSize(line.empty() ? 0 : width, height)).first->second;
   });
   bool const clip = (format & DT_NOCLIP) == 0;
   if (clip) dc.SetClippingRegion(rect);

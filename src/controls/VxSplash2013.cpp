@@ -1,6 +1,6 @@
 #include "controls/VxSplash2013.h"
 
-#include <wx/fontenum.h>
+#include <gtk/gtk.h>
 #include <wx/settings.h>
 
 #include "utl/Translation.h"
@@ -26,10 +26,28 @@ wxString VxSplash2013::ChooseFace(std::function<bool(wxString const &)> const & 
   return fallback;
 }
 
+bool VxSplash2013::HasFace(wxString const & face) {
+  if (face.empty()) return false;
+  PangoFontMap * map = pango_cairo_font_map_get_default();  // the one text is drawn with
+  PangoContext * context = pango_font_map_create_context(map);
+  PangoFontDescription * wanted = pango_font_description_new();
+  pango_font_description_set_family(wanted, face.utf8_str());
+  bool found = false;
+  if (PangoFont * font = pango_font_map_load_font(map, context, wanted)) {
+    PangoFontDescription * got = pango_font_describe(font);
+    char const * family = pango_font_description_get_family(got);
+    found = family != nullptr && face.CmpNoCase(wxString::FromUTF8(family)) == 0;
+    pango_font_description_free(got);
+    g_object_unref(font);
+  }
+  pango_font_description_free(wanted);
+  g_object_unref(context);
+  return found;
+}
+
 void VxSplash2013::InitFonts() {
   wxString const face =
-      ChooseFace([](wxString const & name) { return wxFontEnumerator::IsValidFacename(name); },
-                 wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetFaceName());
+      ChooseFace(&HasFace, wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetFaceName());
   std::wstring const & name = face.ToStdWstring();
   InitFont(mNameFont, name.c_str(), 9, 1);
   InitFont(mVersionFont, name.c_str(), 9, 0);

@@ -27,6 +27,10 @@ public:
   // (the default GUI font's face).
   static wxString ChooseFace(std::function<bool(wxString const &)> const & hasFace,
                              wxString const & fallback);
+  // Whether the system has a font of that family (not merely one that
+  // stands in for it), asked of the font that text in it would be drawn
+  // with: listing every family first costs the start-up milliseconds.
+  static bool HasFace(wxString const & face);
 
 protected:
   void OnPictureChanged() override;

@@ -1,6 +1,7 @@
 #include "frame/AboutDialog.h"
 
 #include <wx/button.h>
+#include <wx/dcscreen.h>
 #include <wx/settings.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
@@ -17,6 +18,33 @@
 namespace {
 
 wxString FromWide(wchar_t const * text) { return text != nullptr ? wxString(text) : wxString(); }
+
+// `text` broken at blanks into lines no wider than `width` in `font`. The
+// text is measured once; a label's own wrapping measures it again for every
+// word, through a device context that asks the desktop's style each time.
+wxString WrapToWidth(wxString const & text, wxFont const & font, int width) {
+  wxScreenDC dc;
+  dc.SetFont(font);
+  wxArrayInt extents;  // extents[i]: the width of the text up to character i
+  if (!dc.GetPartialTextExtents(text, extents) || extents.size() != text.size()) return text;
+  wxString wrapped(text);
+  int lineStart = 0;
+  size_t blank = wxString::npos;
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == ' ') blank = i;
+    if (extents[i] - lineStart > width && blank != wxString::npos) {
+      wrapped[blank] = '\n';
+      lineStart = extents[blank];
+      blank = wxString::npos;
+    }
+  }
+  return wrapped;
+}
+
+// A native button rebuilds its label on every change, even to the same text.
+void SetLabelIfNew(wxWindow & button, wxString const & label) {
+  if (button.GetLabel() != label) button.SetLabel(label);
+}
 
 }  // namespace
 
@@ -66,18 +94,25 @@ bool AboutDialog::OnInitDialog() {
     else
       picture->Hide();
   }
+  // The texts keep the places and sizes of the template: measuring a text
+  // again for each new font or label costs the opening more than it shows.
+  // The dialog's font is the desktop's GUI font; asking a control for it
+  // would build a throw-away widget to read its style.
+  wxFont const dialogFont = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
   if (auto * name = dynamic_cast<wxStaticText *>(GetDlgItem(kNameId))) {
+    name->SetWindowStyleFlag(name->GetWindowStyleFlag() | wxST_NO_AUTORESIZE);
     name->SetLabelText(mAppName);
-    name->SetFont(name->GetFont().Bold().Scaled(1.3F));
+    name->SetFont(dialogFont.Bold().Scaled(1.3F));
   }
   if (auto * version = dynamic_cast<wxStaticText *>(GetDlgItem(kVersionId))) {
+    version->SetWindowStyleFlag(version->GetWindowStyleFlag() | wxST_NO_AUTORESIZE);
     wxString text = vx3::Tr("Version %1%");
     text.Replace("%1%", wxString::FromUTF8(VxSystemInfo::GetApplicationVersionAndBuild()));
     version->SetLabelText(text);
   }
 
   // The two notices share one font, a little smaller than the dialog's.
-  wxFont const noticeFont = GetFont().Scaled(0.9F);
+  wxFont const noticeFont = dialogFont.Scaled(0.9F);
   struct Notice {
     int id;
     wxString text;
@@ -94,21 +129,21 @@ bool AboutDialog::OnInitDialog() {
   for (Notice const & notice : notices) {
     auto * text = dynamic_cast<wxStaticText *>(GetDlgItem(notice.id));
     if (text == nullptr) continue;
+    text->SetWindowStyleFlag(text->GetWindowStyleFlag() | wxST_NO_AUTORESIZE);
     text->SetFont(noticeFont);
-    text->SetLabelText(notice.text);
-    text->Wrap(text->GetSize().GetWidth());
+    text->SetLabelText(WrapToWidth(notice.text, noticeFont, text->GetSize().GetWidth()));
   }
 
   if (auto * details = dynamic_cast<wxButton *>(GetDlgItem(kDetailsButtonId))) {
     details->Show(!mDetailsText.empty());
-    details->SetLabel(mDetailsButtonText.empty() ? vx3::Tr("About application", "&Details...")
-                                                 : mDetailsButtonText);
+    SetLabelIfNew(*details, mDetailsButtonText.empty() ? vx3::Tr("About application", "&Details...")
+                                                       : mDetailsButtonText);
     Bind(wxEVT_BUTTON, &AboutDialog::OnDetailsButton, this, kDetailsButtonId);
   }
   if (auto * company = dynamic_cast<wxButton *>(GetDlgItem(kCompanyButtonId))) {
     company->Show(mCompanyButton);
-    company->SetLabel(mCompanyCaption.empty() ? vx3::Tr("About company", "About &Us...")
-                                              : mCompanyCaption);
+    SetLabelIfNew(*company, mCompanyCaption.empty() ? vx3::Tr("About company", "About &Us...")
+                                                    : mCompanyCaption);
     Bind(wxEVT_BUTTON, &AboutDialog::OnAboutKarvinButton, this, kCompanyButtonId);
   }
   OnCtlColor();

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <map>
 #include <set>
@@ -29,9 +30,11 @@
 #include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
 #include "SampleHelp.h"
+#include "SampleCommands.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
+#include "controls/VxSendMail.h"
 #include "controls/VxSplashWindow.h"
 #include "datetime/SpecifyDateFormat.h"
 #include "dialogs/CSelectFolderDialog.h"
@@ -41,6 +44,7 @@
 #include "dialogs/FolderCollectionDialog.h"
 #include "dialogs/InfoDialog.h"
 #include "dialogs/NativeChoosers.h"
+#include "dialogs/ProgressDialog.h"
 #include "dialogs/ScrollMessageBox.h"
 #include "dialogs/SelectNewClassDialog.h"
 #include "dialogs/VxInputDialog.h"
@@ -52,6 +56,7 @@
 #include "html/HelpEngine.h"
 #include "lists/FilterListCtrlPopupBar.h"
 #include "lists/SelectItemDialog.h"
+#include "platform/ResourceModule.h"
 #include "platform/WinUser.h"
 #include "platform/commctrl/CListCtrl.h"
 #include "printing/PrintDialog.h"
@@ -107,6 +112,9 @@ enum class Opens {
   kTourWindow,        // the tour of the library
   kPrintPage,         // the print page's window over the frame
   kPrintDialog,       // the print dialog (answered: cancelled)
+  kBackgroundRun,      // the waiting dialog, cancelled
+  kBackgroundFailure,  // the waiting dialog, then the failure told
+  kNoMailProgram,      // the channel says there is no mail program
 };
 
 struct Expected {
@@ -149,6 +157,9 @@ std::map<wxString, Expected> const kExpected = {
     {"View/Properties", {Opens::kProperties}},
     {"Tools/Property list...", {Opens::kPropertyList}},
     {"Tools/Save window as picture (BMP, PNG or JPEG)...", {Opens::kFileChooserToSave}},
+    {"Tools/Run in background", {Opens::kBackgroundRun}},
+    {"Tools/Failing background run", {Opens::kBackgroundFailure}},
+    {"Tools/Background result", {Opens::kNothing}},
     {"Messages/Information (OK)", {Opens::kMessageBox, MB_OK | MB_ICONINFORMATION}},
     {"Messages/Warning (OK, Cancel)", {Opens::kMessageBox, MB_OKCANCEL | MB_ICONWARNING}},
     {"Messages/Question (Yes, No)", {Opens::kMessageBox, MB_YESNO | MB_ICONQUESTION}},
@@ -185,6 +196,8 @@ std::map<wxString, Expected> const kExpected = {
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/Splash window", {Opens::kSplash}},
     {"Help/Help pane", {Opens::kHelpPane}},
+    // No mail program in the walk: the box says so.
+    {"Help/Send feedback...", {Opens::kNoMailProgram}},
     {"Help/About...", {Opens::kAboutBox}},
     {"Help/Contents", {Opens::kHelp}},
     {"Help/Index", {Opens::kHelp}},
@@ -396,6 +409,23 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
       });
     }
     if (expected.opens == Opens::kBatchQuestion) script.Answer(wxID_OK);  // the account
+    if (expected.opens == Opens::kBackgroundRun) {
+      script.Act([&seen](wxDialog & d) {
+        seen.push_back(Look(d));
+        gui_test::Click(d, ProgressDialog::kCancelButton);  // the work ends the dialog
+      });
+    }
+    if (expected.opens == Opens::kBackgroundFailure) {
+      script.Act([&seen](wxDialog & d) { seen.push_back(Look(d)); });  // the work ends it
+      script.Answer(wxID_OK);                                          // the failure's box
+    }
+    if (expected.opens == Opens::kNoMailProgram) script.Answer(wxID_OK);
+    // The mail program is looked for on PATH.
+    std::string const formerPath = std::getenv("PATH");
+    if (item.id == kSendFeedbackCommand) {
+      ::setenv("PATH", "/nonexistent", 1);
+      VxSendMail::ForgetMailProgram();
+    }
 
     // The run picker runs its own loop: it is seen there, then closed.
     pickerRows = -1;
@@ -413,6 +443,8 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     wxCommandEvent command(wxEVT_MENU, item.id);
     command.SetEventObject(frame);
     frame->ProcessWindowEvent(command);
+    ::setenv("PATH", formerPath.c_str(), 1);
+    VxSendMail::ForgetMailProgram();
 
     if (opensDialog) {
       ASSERT_EQ(seen.size(), 1u);
@@ -497,6 +529,19 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         dialog->Destroy();
         break;
       }
+      case Opens::kBackgroundRun:
+        ASSERT_EQ(seen.size(), 1u);
+        EXPECT_TRUE(Status().StartsWith("Background run cancelled after ")) << Status();
+        break;
+      case Opens::kBackgroundFailure:
+        ASSERT_EQ(script.Shown().size(), 2u);
+        EXPECT_EQ(script.Shown()[1].message, "The reference run R-017 is missing.");
+        EXPECT_EQ(Status(), "Background run failed.");
+        break;
+      case Opens::kNoMailProgram:
+        ASSERT_EQ(script.Shown().size(), 1u);
+        EXPECT_EQ(script.Shown()[0].message, LoadResourceString(61840));
+        break;
       case Opens::kNothing: EXPECT_FALSE(Status().empty()); break;
       case Opens::kAboutBox: EXPECT_EQ(aboutCommands, 1); break;
       case Opens::kPrintDialog: EXPECT_EQ(printDialogs, 1); break;

@@ -9,9 +9,11 @@
 #include <wx/app.h>
 #include <wx/dcmemory.h>
 #include <wx/display.h>
+#include <wx/fontenum.h>
 #include <wx/frame.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <fstream>
 #include <string>
 
@@ -250,6 +252,22 @@ TEST(VxSplash2013, DrawsVersionAndRightsOnThePicture) {
   splash->Hide();
   Idle();
   EXPECT_TRUE(deleted);
+}
+
+// The quick question agrees with the list of every family, for families
+// the system has, stand-ins (fontconfig draws "Arial" with another family
+// where it is missing) and names of nothing. The generic names the list
+// also holds ("Sans") name no font.
+TEST(Splash2013, HasFaceAgreesWithTheListOfFamilies) {
+  wxArrayString const families = wxFontEnumerator::GetFacenames();
+  for (char const * face : {"DejaVu Sans", "dejavu sans", "Liberation Sans", "Arial", "Segoe UI",
+                            "No Such Face 17", ""}) {
+    wxString const name = wxString::FromUTF8(face);
+    bool const listed = std::any_of(families.begin(), families.end(),
+                                    [&name](wxString const & f) { return f.CmpNoCase(name) == 0; });
+    EXPECT_EQ(VxSplash2013::HasFace(name), listed) << face;
+  }
+  EXPECT_FALSE(VxSplash2013::HasFace("Sans"));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <wx/frame.h>
 
 #include <atomic>
+#include <cstring>
 #include <future>
 #include <stdexcept>
 
@@ -160,6 +161,61 @@ TEST(IndeterminateProgressCtrl, ShadesStepBy51AndStripesLeanRightEvery25Pixels) 
   int darkest = 0;
   for (int x = 0; x < 20; ++x) darkest += at(x, 0) == shade(-2) ? 1 : 0;
   EXPECT_GE(darkest, 1);
+}
+
+// The bar's pictures, made once for each position, against the lines drawn
+// one by one as the bar's algorithm states them: sizes narrower than a
+// period, taller than a stripe is wide, and widths that end mid-stripe.
+TEST(IndeterminateProgressCtrl, FramesMatchTheLinesDrawnOneByOne) {
+  wxFrame frame(nullptr, wxID_ANY, "bar");
+  auto * bar = new IndeterminateProgressCtrl(&frame, wxID_ANY, wxPoint(0, 0), wxSize(300, 20));
+  wxColour const base = GetSysColour(COLOR_HIGHLIGHT);
+  wxColour const dark1 = IndeterminateProgressCtrl::Shift(base, -51);
+  wxColour const light1 = IndeterminateProgressCtrl::Shift(base, 51);
+  wxColour const light2 = IndeterminateProgressCtrl::Shift(light1, 51);
+  wxColour const background = IndeterminateProgressCtrl::Shift(light2, 51);
+  struct Line {
+    int offset;
+    wxColour colour;
+  } const lines[] = {{-8, IndeterminateProgressCtrl::Shift(dark1, -51)},
+                     {-7, dark1},
+                     {-6, base},
+                     {-5, light1},
+                     {-4, light2},
+                     {-2, light2},
+                     {-1, light1},
+                     {0, base},
+                     {1, dark1}};
+  auto reference = [&](wxSize size, int position) {
+    wxImage image(size);
+    image.SetRGB(wxRect(size), background.Red(), background.Green(), background.Blue());
+    int const h = size.y + 1;
+    int const x0 = position - 25 + h + 9;
+    for (int i = 0; i < size.x / 25 + 2; ++i) {
+      int const d = x0 + 25 * i - h;
+      for (Line const & line : lines)
+        for (int y = 0; y < size.y; ++y)  // (d + o, 0) to (d + o + h - 1, bottom), end excluded
+          if (int const x = d + line.offset + y; x >= 0 && x < size.x)
+            image.SetRGB(x, y, line.colour.Red(), line.colour.Green(), line.colour.Blue());
+    }
+    return image;
+  };
+  for (wxSize const size : {wxSize(300, 20), wxSize(20, 10), wxSize(324, 41), wxSize(1, 1)}) {
+    for (int step = 0; step < 25; ++step) {
+      SCOPED_TRACE(testing::Message() << size.x << " x " << size.y << " at " << bar->GetPosition());
+      wxBitmap bitmap(size, 24);
+      {
+        wxMemoryDC dc(bitmap);
+        bar->Draw(dc, size);
+      }
+      wxImage const drawn = bitmap.ConvertToImage();
+      wxImage const expected = reference(size, bar->GetPosition());
+      ASSERT_EQ(std::memcmp(drawn.GetData(), expected.GetData(),
+                            static_cast<size_t>(size.x) * static_cast<size_t>(size.y) * 3),
+                0);
+      bar->Step();
+    }
+  }
 }
 
 }  // namespace
