@@ -61,7 +61,11 @@ void FavouriteCommandItem::Load(ConfigurationSection const * section) {
 
 FavouriteItem * FavouriteCommandItem::Copy() const { return new FavouriteCommandItem(*this); }
 
-wxString FavouriteCommandItem::GetType() const { return kType; }
+wxString FavouriteCommandItem::GetType() const {
+  // Asked for every row drawn or loaded: converted once.
+  static wxString const type = wxString::FromAscii(kType);
+  return type;
+}
 
 bool FavouriteCommandItem::IsGlobal() const { return true; }
 

@@ -62,7 +62,11 @@ void FavouriteFileItem::Load(ConfigurationSection const * section) {
 
 FavouriteItem * FavouriteFileItem::Copy() const { return new FavouriteFileItem(*this); }
 
-wxString FavouriteFileItem::GetType() const { return kType; }
+wxString FavouriteFileItem::GetType() const {
+  // Asked for every row drawn or loaded: converted once.
+  static wxString const type = wxString::FromAscii(kType);
+  return type;
+}
 
 bool FavouriteFileItem::IsGlobal() const { return true; }
 

@@ -30,6 +30,10 @@ void FavouriteFolderItem::Load(ConfigurationSection const * section) {
 
 FavouriteItem * FavouriteFolderItem::Copy() const { return new FavouriteFolderItem(*this); }
 
-wxString FavouriteFolderItem::GetType() const { return kType; }
+wxString FavouriteFolderItem::GetType() const {
+  // Asked for every row drawn or loaded: converted once.
+  static wxString const type = wxString::FromAscii(kType);
+  return type;
+}
 
 bool FavouriteFolderItem::IsGlobal() const { return true; }

@@ -225,7 +225,7 @@ void FavouritesManager::GetIcon(FavouriteItem const * item, wxIcon & normal, wxI
       normal = StandardIcon(kFolderClosedImage);
       expanded = StandardIcon(kFolderOpenImage);
     }
-  } else if (item->GetType() == "RootItem") {
+  } else if (item->GetType() == wxS("RootItem")) {
     // A root row has no icon of its own.
   } else if (auto const * const command = dynamic_cast<FavouriteCommandItem const *>(item)) {
     if (!mCommandImagesLoaded) {

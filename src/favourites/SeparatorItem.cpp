@@ -6,7 +6,11 @@ void SeparatorItem::Load(ConfigurationSection const * /*section*/) {}
 
 FavouriteItem * SeparatorItem::Copy() const { return nullptr; }
 
-wxString SeparatorItem::GetType() const { return kType; }
+wxString SeparatorItem::GetType() const {
+  // Asked for every row drawn or loaded: converted once.
+  static wxString const type = wxString::FromAscii(kType);
+  return type;
+}
 
 bool SeparatorItem::IsGlobal() const { return true; }
 

@@ -291,6 +291,17 @@ void PropertyListCtrl::Refresh() {
   ShowInPlaceControl(true);
 }
 
+void PropertyListCtrl::Refresh(bool eraseBackground, wxRect const * rect) {
+  if (rect == nullptr && mDetails != nullptr && mShowDetails) {
+    // A full repaint of the rows would otherwise draw the pane's wrapped
+    // text again, and send its pixels to the display, for nothing.
+    wxRect const rows(GetClientSize());
+    wxVListBox::Refresh(eraseBackground, &rows);
+    return;
+  }
+  wxVListBox::Refresh(eraseBackground, rect);
+}
+
 // ---------------------------------------------------------------------------
 // Selection
 

@@ -72,10 +72,10 @@ public:
 
   // Redraws every value from the top row down and makes the editor anew.
   void Refresh();
-  // The window's own invalidation, as wx calls it.
-  void Refresh(bool eraseBackground, wxRect const * rect = nullptr) override {
-    wxVListBox::Refresh(eraseBackground, rect);
-  }
+  // The window's own invalidation, as wx calls it. Without a rectangle it
+  // covers the rows only: the details pane shows the selection, and
+  // RefreshDetails redraws it when that changes.
+  void Refresh(bool eraseBackground, wxRect const * rect = nullptr) override;
 
   // Shows or hides the details pane; the rows take its room when hidden.
   void ShowDetails(bool show);

@@ -122,7 +122,12 @@ std::shared_ptr<XercesSettingsDocument> XercesSettingsDocument::FromString(std::
 
 void XercesSettingsDocument::Adopt(XmlDocumentPtr document) {
   mIndexes.clear();
+  mNames.clear();
   mDocument = std::move(document);
+}
+
+std::u16string_view XercesSettingsDocument::Intern(std::u16string_view name) {
+  return *mNames.emplace(name).first;
 }
 
 Element * XercesSettingsDocument::Root() const { return Out(mDocument->getDocumentElement()); }
@@ -158,9 +163,14 @@ std::u16string XercesSettingsDocument::KeyValue(Element const * key) const {
   return value;
 }
 
-XercesSettingsDocument::ChildIndex * XercesSettingsDocument::IndexFor(Dom * section) {
+XercesSettingsDocument::ChildIndex * XercesSettingsDocument::ExistingIndex(Dom * section) {
   auto const found = mIndexes.find(section);
   return found == mIndexes.end() ? nullptr : &found->second;
+}
+
+XercesSettingsDocument::ChildIndex & XercesSettingsDocument::IndexFor(Dom * section) {
+  ChildIndex * const existing = ExistingIndex(section);
+  return existing != nullptr ? *existing : BuildIndex(section);
 }
 
 XercesSettingsDocument::ChildIndex & XercesSettingsDocument::BuildIndex(Dom * section) {
@@ -185,21 +195,9 @@ Element * XercesSettingsDocument::FindKey(Element * section, std::u16string_view
 }
 
 Dom * XercesSettingsDocument::FindKeyElement(Dom * section, std::u16string_view name) {
-  if (ChildIndex * index = IndexFor(section)) {
-    auto const found = index->keys.find(name);
-    return found == index->keys.end() ? nullptr : found->second;
-  }
-  int seen = 0;
-  for (Dom * child = FirstChildElement(section); child != nullptr;
-       child = NextSiblingElement(child)) {
-    if (++seen > kIndexThreshold) {
-      ChildIndex const & index = BuildIndex(section);
-      auto const found = index.keys.find(name);
-      return found == index.keys.end() ? nullptr : found->second;
-    }
-    if (IsKey(child) && NameOfElement(child) == name) return child;
-  }
-  return nullptr;
+  ChildIndex const & index = IndexFor(section);
+  auto const found = index.keys.find(name);
+  return found == index.keys.end() ? nullptr : found->second;
 }
 
 Element * XercesSettingsDocument::FindSection(Element * section, std::u16string_view name,
@@ -209,23 +207,11 @@ Element * XercesSettingsDocument::FindSection(Element * section, std::u16string_
 
 Dom * XercesSettingsDocument::FindSectionElement(Dom * section, std::u16string_view name,
                                                  int number) {
-  auto const lookUp = [&](ChildIndex const & index) -> Dom * {
-    auto const named = index.sections.find(name);
-    if (named == index.sections.end()) return nullptr;
-    auto const found = named->second.find(number);
-    return found == named->second.end() ? nullptr : found->second;
-  };
-  if (ChildIndex * index = IndexFor(section)) return lookUp(*index);
-  int seen = 0;
-  for (Dom * child = FirstChildElement(section); child != nullptr;
-       child = NextSiblingElement(child)) {
-    if (++seen > kIndexThreshold) return lookUp(BuildIndex(section));
-    int childNumber = 0;
-    if (IsSection(child) && NameOfElement(child) == name && IndexOfElement(child, childNumber) &&
-        childNumber == number)
-      return child;
-  }
-  return nullptr;
+  ChildIndex const & index = IndexFor(section);
+  auto const named = index.sections.find(name);
+  if (named == index.sections.end()) return nullptr;
+  auto const found = named->second.find(number);
+  return found == named->second.end() ? nullptr : found->second;
 }
 
 Element * XercesSettingsDocument::ProvideSection(Element * parent, std::u16string_view name,
@@ -236,8 +222,9 @@ Element * XercesSettingsDocument::ProvideSection(Element * parent, std::u16strin
   child->setAttribute(kNameAttribute, std::u16string(name).c_str());
   if (indexed) child->setAttribute(kIndexAttribute, Utf8ToXml(FormatInt(number)).c_str());
   section->appendChild(child);
-  if (ChildIndex * index = IndexFor(section))
-    index->sections[NameOfElement(child)].emplace(number, child);
+  IndexFor(section).sections[Intern(name)].emplace(number, child);
+  // A new section is empty: its index starts so, without a look at it.
+  mIndexes.emplace(child, ChildIndex());
   return Out(child);
 }
 
@@ -249,7 +236,7 @@ std::vector<Element *> XercesSettingsDocument::Sections(Element * section,
 std::vector<Dom *> XercesSettingsDocument::SectionElements(Dom * section,
                                                            std::u16string_view name) {
   std::vector<std::pair<int, Dom *>> numbered;
-  if (ChildIndex * index = IndexFor(section)) {
+  if (ChildIndex * index = ExistingIndex(section)) {
     auto const named = index->sections.find(name);
     if (named != index->sections.end()) numbered.assign(named->second.begin(), named->second.end());
   } else {
@@ -273,7 +260,7 @@ std::vector<Dom *> XercesSettingsDocument::SectionElements(Dom * section,
 }
 
 int XercesSettingsDocument::CountSections(Element * section, std::u16string_view name) {
-  if (ChildIndex * index = IndexFor(In(section))) {
+  if (ChildIndex * index = ExistingIndex(In(section))) {
     auto const named = index->sections.find(name);
     return named == index->sections.end() ? 0 : static_cast<int>(named->second.size());
   }
@@ -315,12 +302,12 @@ void XercesSettingsDocument::SetKey(Element * parent, std::u16string_view name,
   key->setAttribute(kNameAttribute, std::u16string(name).c_str());
   if (!text.empty()) key->appendChild(mDocument->createTextNode(text.c_str()));
   section->appendChild(key);
-  if (ChildIndex * index = IndexFor(section)) index->keys.emplace(NameOfElement(key), key);
+  if (ChildIndex * index = ExistingIndex(section)) index->keys.emplace(Intern(name), key);
 }
 
 bool XercesSettingsDocument::RemoveKey(Element * parent, std::u16string_view name) {
   Dom * section = In(parent);
-  ChildIndex * index = IndexFor(section);
+  ChildIndex * index = ExistingIndex(section);
   std::vector<Dom *> doomed;
   if (index != nullptr && !index->hasDuplicates) {
     auto const found = index->keys.find(name);
@@ -346,7 +333,7 @@ Element * XercesSettingsDocument::RemoveSection(Element * removed) {
   Dom * child = In(removed);
   Dom * parent = In(Parent(removed));
   if (parent == nullptr) return nullptr;
-  if (ChildIndex * index = IndexFor(parent)) {
+  if (ChildIndex * index = ExistingIndex(parent)) {
     int number = 0;
     auto const named = index->sections.find(NameOfElement(child));
     if (index->hasDuplicates) {

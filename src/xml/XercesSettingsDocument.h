@@ -1,13 +1,15 @@
 #pragma once
-// XmlSettingsDocument on a Xerces-C DOM, with an index of each large
-// section's children. Internal to the XML module.
+// XmlSettingsDocument on a Xerces-C DOM, with an index of each section's
+// children. Internal to the XML module.
 //
-// Lookups: a section with few children is searched in place; once a search
-// passes more than kIndexThreshold elements, the section gets a hash index
-// of its keys and of its sub-sections by name and then by index, built
-// once and kept up to date by every change. So each lookup in a favourites
-// file of 100,000 items is O(1) and nothing is quadratic; listing all
-// sections of a name sorts them by index.
+// Lookups: the first lookup in a section gives it a hash index of its keys
+// and of its sub-sections by name and then by index, built once and kept up
+// to date by every change; a section made here starts with an empty one.
+// Reading an element's name from the DOM costs far more than a hash
+// lookup, and a row of a favourites file is read key by key, so even small
+// sections are indexed. Each lookup in a favourites file of 100,000 items
+// is O(1) and nothing is quadratic; listing all sections of a name sorts
+// them by index.
 
 #include <xercesc/dom/DOMElement.hpp>
 
@@ -15,6 +17,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "utl/XmlSettingsDocument.h"
@@ -60,11 +63,15 @@ private:
     // A later element repeated a key name or a section name and index.
     bool hasDuplicates = false;
   };
-  static constexpr int kIndexThreshold = 16;
-
   void Adopt(XmlDocumentPtr document);
-  ChildIndex * IndexFor(Dom * section);
+  // The section's index, or null while it has none.
+  ChildIndex * ExistingIndex(Dom * section);
+  // The section's index, built now when it has none.
+  ChildIndex & IndexFor(Dom * section);
   ChildIndex & BuildIndex(Dom * section);
+  // A lasting copy of a name that this document wrote: the index then
+  // needs no read of the name back from the DOM, which is dear.
+  std::u16string_view Intern(std::u16string_view name);
   Dom * FindKeyElement(Dom * section, std::u16string_view name);
   Dom * FindSectionElement(Dom * section, std::u16string_view name, int index);
   std::vector<Dom *> SectionElements(Dom * section, std::u16string_view name);
@@ -72,6 +79,7 @@ private:
   std::string mPath;
   XmlDocumentPtr mDocument;
   std::unordered_map<Dom const *, ChildIndex> mIndexes;
+  std::unordered_set<std::u16string> mNames;
 };
 
 }  // namespace vx3

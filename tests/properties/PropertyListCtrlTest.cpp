@@ -249,6 +249,9 @@ TEST_F(PropertyListTest, SetCurSelByIdOpensACollapsedCategoryAndMakesTheEditor) 
 TEST_F(PropertyListTest, EditorsMessageCommitsToTheSelectedRowAndASelectionChangeDoesNot) {
   Fill();
   Show();
+  // A size event still on its way would make the selected row's editor
+  // anew, as it should, and count as a second one below.
+  for (int i = 0; i < 20; ++i) gui_test::Flush();
   list->SetCurSel(1);
   list->ShowInPlaceControl(true);
   auto * editor = dynamic_cast<wxTextCtrl *>(list->GetInPlaceControl());
@@ -453,6 +456,53 @@ TEST_F(PropertyListTest, PaintsTheGridTheExpanderAndTheDetailsPane) {
   list->ShowDetails(false);
   gui_test::Flush();
   EXPECT_EQ(list->GetClientSize().y, height);
+}
+
+// The pane shows the selection, not the rows: a full repaint of the rows
+// leaves it alone, a new selection draws it anew, and without the pane the
+// rows' repaint covers the whole window.
+TEST_F(PropertyListTest, RepaintingTheRowsLeavesTheDetailsPaneAlone) {
+  Fill();
+  Show();
+  wxWindow * pane = nullptr;
+  for (wxWindow * child : list->GetChildren())
+    if (child->IsShown() && child->GetPosition().y == list->GetClientSize().y) pane = child;
+  ASSERT_NE(pane, nullptr);
+  int panePaints = 0;
+  int rowPaints = 0;
+  int paintedBottom = -1;
+  pane->Bind(wxEVT_PAINT, [&](wxPaintEvent & event) {
+    ++panePaints;
+    event.Skip();
+  });
+  list->Bind(wxEVT_PAINT, [&](wxPaintEvent & event) {
+    ++rowPaints;
+    paintedBottom = list->GetUpdateRegion().GetBox().GetBottom();
+    event.Skip();
+  });
+  // What showing the frame left to draw is drawn first.
+  for (int i = 0; i < 20; ++i) gui_test::Flush();
+  list->Update();
+  panePaints = rowPaints = 0;
+  list->Refresh(false);
+  list->Update();
+  EXPECT_GE(rowPaints, 1);
+  EXPECT_EQ(panePaints, 0);
+  EXPECT_LT(paintedBottom, list->GetClientSize().y);
+
+  wxCommandEvent select(wxEVT_LISTBOX, list->GetId());
+  list->SetCurSel(1);
+  list->GetEventHandler()->ProcessEvent(select);
+  list->Update();
+  EXPECT_GE(panePaints, 1) << "a new selection draws the pane";
+
+  list->ShowDetails(false);
+  gui_test::Flush();
+  rowPaints = 0;
+  list->Refresh(false);
+  list->Update();
+  EXPECT_GE(rowPaints, 1);
+  EXPECT_EQ(paintedBottom, list->GetClientSize().y - 1) << "the rows take the pane's room";
 }
 
 // The library's own items and editors in a dialog, driven by real keys.

@@ -1,5 +1,5 @@
 // The XML settings file: its grammar, shared documents, exact round trips,
-// the index of large sections, and files that must be refused untouched.
+// the index of every section, and files that must be refused untouched.
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
@@ -190,36 +190,41 @@ TEST(XercesXMLSection, UnindexedSectionIsIndexOneAndListsFollowTheIndex) {
   EXPECT_EQ(root->NumSubSections("Item"), 3);
 }
 
-// Sections with more children than a scan covers are indexed; every change
-// must keep the index and the document in step.
-TEST(XercesXMLSection, LargeSectionsStayConsistentThroughChanges) {
-  XercesXMLSection root;
-  for (int i = 1; i <= 60; ++i) {
-    root.WriteInt(("k" + std::to_string(i)).c_str(), i);
-    Section(root.CreateSubSection("Row", i))->WriteInt("i", i);
-  }
-  EXPECT_EQ(root.NumSubSections("Row"), 60);
-  for (int i = 1; i <= 60; i += 3) {
-    EXPECT_TRUE(root.DeleteKey(("k" + std::to_string(i)).c_str()));
-    Section row(root.CopyAndChangeSubSection("Row", i));
-    ASSERT_TRUE(row);
-    EXPECT_TRUE(row->DeleteSection());
-  }
-  EXPECT_FALSE(root.DeleteKey("k1"));
-  EXPECT_EQ(root.NumSubSections("Row"), 40);
-  root.WriteKey("k1", "back");
-  Section(root.CreateSubSection("Row", 1))->WriteKey("i", "back");
+// Every section is indexed, the small ones too, and a new section starts
+// with an empty index; every change must keep the index and the document
+// in step, whatever the section's size.
+TEST(XercesXMLSection, SectionsStayConsistentThroughChanges) {
+  for (int const count : {4, 60}) {
+    SCOPED_TRACE(count);
+    XercesXMLSection root;
+    for (int i = 1; i <= count; ++i) {
+      root.WriteInt(("k" + std::to_string(i)).c_str(), i);
+      Section(root.CreateSubSection("Row", i))->WriteInt("i", i);
+    }
+    EXPECT_EQ(root.NumSubSections("Row"), count);
+    int deleted = 0;
+    for (int i = 1; i <= count; i += 3, ++deleted) {
+      EXPECT_TRUE(root.DeleteKey(("k" + std::to_string(i)).c_str()));
+      Section row(root.CopyAndChangeSubSection("Row", i));
+      ASSERT_TRUE(row);
+      EXPECT_TRUE(row->DeleteSection());
+    }
+    EXPECT_FALSE(root.DeleteKey("k1"));
+    EXPECT_EQ(root.NumSubSections("Row"), count - deleted);
+    root.WriteKey("k1", "back");
+    Section(root.CreateSubSection("Row", 1))->WriteKey("i", "back");
 
-  std::unique_ptr<XercesXMLSection> reloaded(
-      XercesXMLSection::CreateXMLSectionFromString(root.ToXmlString().c_str()));
-  for (XercesXMLSection const * tree : {&root, reloaded.get()}) {
-    for (int i = 1; i <= 60; ++i) {
-      SCOPED_TRACE(i);
-      bool const deleted = (i - 1) % 3 == 0 && i != 1;
-      std::string const expected = i == 1 ? "back" : deleted ? "<absent>" : std::to_string(i);
-      EXPECT_EQ(Read(*tree, ("k" + std::to_string(i)).c_str()), expected);
-      Section row(tree->CopyAndChangeSubSection("Row", i));
-      EXPECT_EQ(row ? Read(*row, "i") : "<absent>", expected);
+    std::unique_ptr<XercesXMLSection> reloaded(
+        XercesXMLSection::CreateXMLSectionFromString(root.ToXmlString().c_str()));
+    for (XercesXMLSection const * tree : {&root, reloaded.get()}) {
+      for (int i = 1; i <= count; ++i) {
+        SCOPED_TRACE(i);
+        bool const gone = (i - 1) % 3 == 0 && i != 1;
+        std::string const expected = i == 1 ? "back" : gone ? "<absent>" : std::to_string(i);
+        EXPECT_EQ(Read(*tree, ("k" + std::to_string(i)).c_str()), expected);
+        Section row(tree->CopyAndChangeSubSection("Row", i));
+        EXPECT_EQ(row ? Read(*row, "i") : "<absent>", expected);
+      }
     }
   }
 }
