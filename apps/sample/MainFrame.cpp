@@ -10,6 +10,7 @@
 #include "AuditTrailMenu.h"
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
+#include "CrashCommands.h"
 #include "DateFormatCommand.h"
 #include "EditsDialog.h"
 #include "FavouritesCommand.h"
@@ -112,6 +113,7 @@ void MainFrame::BuildMenus() {
   auto * help = new wxMenu;
   AddReleaseNotesCommand(*help, *this);
   AddSplashCommand(*help, *this);
+  AddCrashCommands(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));

@@ -24,6 +24,7 @@
 #include "SampleSplash.h"
 #include "controls/VxSplash2013.h"
 #include "controls/WindowSnapshot.h"
+#include "crash/MiniDumper.h"
 #include "frame/MuteAskUserComm.h"
 #include "frame/VxApp.h"
 #include "frame/VxAppCustomization.h"
@@ -105,6 +106,7 @@ bool SampleApp::OnInit() {
   // settings location.
   Customize();
   SetRegistryLocation();
+  MiniDumper::Initialize();  // a crash leaves a dump, then talvo-crash-report shows it
   if (!mScreenshotPath.empty() || mExitOnPaint) {
     // Nobody answers a box in a scripted run: what it would tell is logged.
     static MuteAskUserComm unattended;

@@ -80,5 +80,8 @@ enum SampleCommand : int {
   // Help
   kReleaseNotesCommand,
   kSplashCommand,
+  kCrashNullWriteCommand,
+  kCrashAbortCommand,
+  kCrashWorkerExceptionCommand,
   kEndOfSampleCommands
 };
