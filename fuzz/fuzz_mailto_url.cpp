@@ -29,12 +29,15 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   std::string fields[4];
   size_t field = 0;
   for (char const c : input) {
-    if (c == '\0' && field < 3) ++field;
-    else fields[field].push_back(c);
+    if (c == '\0' && field < 3)
+      ++field;
+    else
+      fields[field].push_back(c);
   }
   std::string const url = crash_report::MailtoUrl(fields[0], fields[1], fields[2], fields[3]);
   for (char const c : url)
-    if (static_cast<unsigned char>(c) <= ' ' || static_cast<unsigned char>(c) >= 0x7f) __builtin_trap();
+    if (static_cast<unsigned char>(c) <= ' ' || static_cast<unsigned char>(c) >= 0x7f)
+      __builtin_trap();
   size_t const query = url.find('?');
   if (query == std::string::npos || url.find('?', query + 1) != std::string::npos) __builtin_trap();
   if (Decode(url.substr(7, query - 7)) != fields[0]) __builtin_trap();
@@ -42,7 +45,8 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
   if (body == std::string::npos || url.compare(query, 9, "?subject=") != 0) __builtin_trap();
   if (Decode(url.substr(query + 9, body - query - 9)) != fields[1]) __builtin_trap();
   std::string const text = Decode(url.substr(body + 6));
-  if (text.size() < fields[2].size() || text.compare(text.size() - fields[2].size(), std::string::npos, fields[2]) != 0)
+  if (text.size() < fields[2].size() ||
+      text.compare(text.size() - fields[2].size(), std::string::npos, fields[2]) != 0)
     __builtin_trap();
   for (crash_report::Run const & run : crash_report::SplitLinks(fields[1]))
     if (run.text.size() > fields[1].size()) __builtin_trap();

@@ -16,7 +16,6 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
       dump.ModuleAt(thread.context.rip);
     }
     dump.MemoryContains("MDMP");
-  } catch (std::runtime_error const &) {
-  }
+  } catch (std::runtime_error const &) {}
   return 0;
 }

@@ -30,8 +30,10 @@ void AddCrashCommands(wxMenu & help, wxFrame & frame) {
   crash->Append(kCrashAbortCommand, vx3::Tr("Menu command", "&Abort"));
   crash->Append(kCrashWorkerExceptionCommand, vx3::Tr("Menu command", "&Worker exception"));
   help.AppendSubMenu(crash, vx3::Tr("Menu command", "&Crash now"));
-  frame.Bind(wxEVT_MENU, [](wxCommandEvent &) { CrashByNullWrite(); }, kCrashNullWriteCommand);
-  frame.Bind(wxEVT_MENU, [](wxCommandEvent &) { CrashByAbort(); }, kCrashAbortCommand);
-  frame.Bind(wxEVT_MENU, [](wxCommandEvent &) { CrashByWorkerException(); },
-             kCrashWorkerExceptionCommand);
+  frame.Bind(
+      wxEVT_MENU, [](wxCommandEvent &) { CrashByNullWrite(); }, kCrashNullWriteCommand);
+  frame.Bind(
+      wxEVT_MENU, [](wxCommandEvent &) { CrashByAbort(); }, kCrashAbortCommand);
+  frame.Bind(
+      wxEVT_MENU, [](wxCommandEvent &) { CrashByWorkerException(); }, kCrashWorkerExceptionCommand);
 }

@@ -20,7 +20,8 @@ std::string SupportAddress() {
 }
 
 std::string SupportPage() {
-  return AppProfile::GetProfileString(kSection, "SupportPage", VxSystemInfo::GetSupportPage().c_str());
+  return AppProfile::GetProfileString(kSection, "SupportPage",
+                                      VxSystemInfo::GetSupportPage().c_str());
 }
 
 std::string Content(std::string const & application, std::string const & dumpPath,
@@ -37,11 +38,12 @@ std::string Content(std::string const & application, std::string const & dumpPat
                                .str()) %
              dumpPath)
                 .str();
-    text += (boost::format(bl::translate("\n\nPlease send this file to us with \"Send error report\", "
-                                         "or mail it to <A HREF=\"mailto:%1%\">%1%</A>.")
-                               .str()) %
-             address)
-                .str();
+    text +=
+        (boost::format(bl::translate("\n\nPlease send this file to us with \"Send error report\", "
+                                     "or mail it to <A HREF=\"mailto:%1%\">%1%</A>.")
+                           .str()) %
+         address)
+            .str();
   } else {
     text += (boost::format(bl::translate("\n\nPlease send a mail to <A HREF=\"mailto:%1%\">%1%</A> "
                                          "that describes how to reproduce the problem.")
@@ -58,8 +60,10 @@ std::vector<Run> SplitLinks(std::string const & markup) {
   size_t at = 0;
   while (at < markup.size()) {
     size_t const start = markup.find(open, at);
-    size_t const targetEnd = start == std::string::npos ? start : markup.find("\">", start + open.size());
-    size_t const close = targetEnd == std::string::npos ? targetEnd : markup.find("</A>", targetEnd + 2);
+    size_t const targetEnd =
+        start == std::string::npos ? start : markup.find("\">", start + open.size());
+    size_t const close =
+        targetEnd == std::string::npos ? targetEnd : markup.find("</A>", targetEnd + 2);
     if (close == std::string::npos) {
       runs.push_back({markup.substr(at), {}});
       break;
@@ -77,11 +81,12 @@ std::string Subject(std::string const & application, std::string const & version
 }
 
 std::string Body() {
-  return (boost::format(bl::translate("Please describe how to reproduce the problem or what you were "
-                                      "trying to do before it crashed. If possible, please also "
-                                      "attach the %1% file you were working with. We will treat the "
-                                      "file as confidential.")
-                            .str()) %
+  return (boost::format(
+              bl::translate("Please describe how to reproduce the problem or what you were "
+                            "trying to do before it crashed. If possible, please also "
+                            "attach the %1% file you were working with. We will treat the "
+                            "file as confidential.")
+                  .str()) %
           bl::translate("project").str())
       .str();
 }
@@ -91,8 +96,8 @@ std::string PercentEncode(std::string const & text) {
   std::string encoded;
   for (char const c : text) {
     auto const byte = static_cast<unsigned char>(c);
-    if ((byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9') ||
-        byte == '-' || byte == '.' || byte == '_' || byte == '~') {
+    if ((byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') ||
+        (byte >= '0' && byte <= '9') || byte == '-' || byte == '.' || byte == '_' || byte == '~') {
       encoded.push_back(c);
     } else {
       encoded.push_back('%');
@@ -107,7 +112,8 @@ std::string MailtoUrl(std::string const & address, std::string const & subject,
                       std::string const & body, std::string const & dumpPath) {
   std::string text;
   if (!dumpPath.empty())
-    text = (boost::format(bl::translate("Please attach the file \"%1%\". ").str()) % dumpPath).str();
+    text =
+        (boost::format(bl::translate("Please attach the file \"%1%\". ").str()) % dumpPath).str();
   text += body;
   // The address is kept as it is but for what would end it early or is no
   // plain ASCII.
@@ -118,7 +124,8 @@ std::string MailtoUrl(std::string const & address, std::string const & subject,
       safeAddress += PercentEncode(std::string(1, c));
     else
       safeAddress.push_back(c);
-  return "mailto:" + safeAddress + "?subject=" + PercentEncode(subject) + "&body=" + PercentEncode(text);
+  return "mailto:" + safeAddress + "?subject=" + PercentEncode(subject) +
+         "&body=" + PercentEncode(text);
 }
 
 }  // namespace crash_report

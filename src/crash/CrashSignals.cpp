@@ -42,8 +42,7 @@ void SetDefaultAction(int signal) {
 }
 
 void ReadFully(int fd, char * byte) {
-  while (::read(fd, byte, 1) < 0 && errno == EINTR) {
-  }
+  while (::read(fd, byte, 1) < 0 && errno == EINTR) {}
 }
 
 // The writer process: a copy of the crashed one at the moment of the crash.
@@ -64,8 +63,7 @@ int WriterMain(void *) {
   ::alarm(gWriter.writeSeconds);
   bool const written = gWriter.write != nullptr && gWriter.write(gCrash);
   if (written) {
-    while (::write(gResultPipe[1], &kWritten, 1) < 0 && errno == EINTR) {
-    }
+    while (::write(gResultPipe[1], &kWritten, 1) < 0 && errno == EINTR) {}
   }
   ::alarm(gWriter.reportSeconds);
   if (gWriter.report != nullptr) gWriter.report(written);
@@ -85,11 +83,9 @@ bool RunWriter() {
   ::prctl(PR_SET_DUMPABLE, 1, 0, 0, 0);
   ::prctl(PR_SET_PTRACER, static_cast<unsigned long>(writer), 0, 0, 0);
   char const go = 'g';
-  while (::write(gGoPipe[1], &go, 1) < 0 && errno == EINTR) {
-  }
+  while (::write(gGoPipe[1], &go, 1) < 0 && errno == EINTR) {}
   int status = 0;
-  while (::waitpid(writer, &status, __WALL) < 0 && errno == EINTR) {
-  }
+  while (::waitpid(writer, &status, __WALL) < 0 && errno == EINTR) {}
   char result = 0;
   ::fcntl(gResultPipe[0], F_SETFL, O_NONBLOCK);
   return ::read(gResultPipe[0], &result, 1) == 1 && result == kWritten;

@@ -37,7 +37,8 @@ std::vector<uint8_t> BuildIdInNotes(std::vector<char> const & notes) {
 
 std::vector<uint8_t> ReadBuildId(pid_t pid, uint64_t base, Elf64_Ehdr const & header) {
   std::vector<Elf64_Phdr> phdrs(header.e_phnum);
-  if (!ReadProcessMemory(pid, base + header.e_phoff, phdrs.data(), phdrs.size() * sizeof(Elf64_Phdr)))
+  if (!ReadProcessMemory(pid, base + header.e_phoff, phdrs.data(),
+                         phdrs.size() * sizeof(Elf64_Phdr)))
     return {};
   // The load bias: where the first loaded segment's page landed.
   uint64_t bias = base;

@@ -52,7 +52,8 @@ void Report(bool written) {
   try {
     if (written && state.onSuccess) state.onSuccess(state.path.wc_str());
     if (!written && state.onFailure)
-      state.onFailure(state.path.wc_str(), static_cast<unsigned long>(state.error != 0 ? state.error : EIO));
+      state.onFailure(state.path.wc_str(),
+                      static_cast<unsigned long>(state.error != 0 ? state.error : EIO));
   } catch (...) {
     // The process ends either way.
   }
@@ -102,6 +103,5 @@ void MiniDumper::ShowCrashReport(wchar_t const * path) {
   pid_t child = 0;
   if (::posix_spawnp(&child, program.c_str(), nullptr, nullptr, argv.data(), environ) != 0) return;
   int status = 0;
-  while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
-  }
+  while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {}
 }

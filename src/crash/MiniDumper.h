@@ -10,8 +10,8 @@
 // (the dialog that offers to send the dump; GTK must not run in a crashed
 // process) and waits for it; a failure is silent.
 
-#include <boost/function.hpp>
 #include <wx/string.h>
+#include <boost/function.hpp>
 
 class MiniDumper {
 public:

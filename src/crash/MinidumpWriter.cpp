@@ -56,8 +56,10 @@ public:
     while (mError == 0 && done < mBuffer.size()) {
       ssize_t const wrote = ::write(mFd, mBuffer.data() + done, mBuffer.size() - done);
       if (wrote < 0 && errno == EINTR) continue;
-      if (wrote <= 0) mError = wrote < 0 ? errno : EIO;
-      else done += static_cast<size_t>(wrote);
+      if (wrote <= 0)
+        mError = wrote < 0 ? errno : EIO;
+      else
+        done += static_cast<size_t>(wrote);
     }
     mOffset += mBuffer.size();
     mBuffer.clear();
@@ -84,7 +86,11 @@ std::u16string Utf16(std::string const & utf8) {
   size_t i = 0;
   while (i < utf8.size()) {
     auto const lead = static_cast<unsigned char>(utf8[i]);
-    size_t const extra = lead < 0x80 ? 0 : lead >= 0xf0 ? 3 : lead >= 0xe0 ? 2 : lead >= 0xc2 ? 1 : 9;
+    size_t const extra = lead < 0x80    ? 0
+                         : lead >= 0xf0 ? 3
+                         : lead >= 0xe0 ? 2
+                         : lead >= 0xc2 ? 1
+                                        : 9;
     char32_t code = lead & (0x7f >> extra);
     bool valid = extra <= 3 && i + extra < utf8.size();
     for (size_t k = 1; valid && k <= extra; ++k) {
@@ -158,7 +164,8 @@ SystemInfo MakeSystemInfo(DumpFile & file) {
   if (__get_cpuid(1, &eax, &ebx, &ecx, &edx) != 0) {
     unsigned const family = (eax >> 8) & 0xf;
     unsigned const model = (eax >> 4) & 0xf;
-    info.processorLevel = static_cast<uint16_t>(family == 0xf ? family + ((eax >> 20) & 0xff) : family);
+    info.processorLevel =
+        static_cast<uint16_t>(family == 0xf ? family + ((eax >> 20) & 0xff) : family);
     info.processorRevision = static_cast<uint16_t>(
         ((family == 0x6 || family == 0xf ? model | (((eax >> 16) & 0xf) << 4) : model) << 8) |
         (eax & 0xf));
@@ -204,9 +211,9 @@ int Write(DumpFile & file, CrashContext const & crash, int dumpType) {
   std::vector<StoppedThread> stopped = StopThreads(pid, crash.tid);
   std::vector<ThreadRecord> threads;
   if (crash.tid != 0)
-    threads.push_back({crash.tid,
-                       ContextFromSignal(crash.context, crash.hasFpState ? &crash.fpState : nullptr),
-                       true});
+    threads.push_back(
+        {crash.tid, ContextFromSignal(crash.context, crash.hasFpState ? &crash.fpState : nullptr),
+         true});
   for (StoppedThread const & t : stopped) threads.push_back({t.tid, t.context, false});
 
   std::string const mapsText = ReadProcFile(pid, "maps");
@@ -259,8 +266,8 @@ int Write(DumpFile & file, CrashContext const & crash, int dumpType) {
   auto const threadCount = static_cast<uint32_t>(threadList.size());
   uint32_t const threadRva = file.Append(threadCount);
   file.Append(threadList.data(), threadList.size() * sizeof(Thread));
-  directory.push_back(
-      {kThreadListStream, {static_cast<uint32_t>(4 + threadList.size() * sizeof(Thread)), threadRva}});
+  directory.push_back({kThreadListStream,
+                       {static_cast<uint32_t>(4 + threadList.size() * sizeof(Thread)), threadRva}});
 
   if (crash.tid != 0) {
     ExceptionStream exception{};
@@ -310,15 +317,16 @@ int Write(DumpFile & file, CrashContext const & crash, int dumpType) {
   auto const moduleCount = static_cast<uint32_t>(moduleList.size());
   uint32_t const moduleRva = file.Append(moduleCount);
   file.Append(moduleList.data(), moduleList.size() * sizeof(Module));
-  directory.push_back(
-      {kModuleListStream, {static_cast<uint32_t>(4 + moduleList.size() * sizeof(Module)), moduleRva}});
+  directory.push_back({kModuleListStream,
+                       {static_cast<uint32_t>(4 + moduleList.size() * sizeof(Module)), moduleRva}});
 
   file.Align(8);
   auto const memoryCount = static_cast<uint32_t>(memory.size());
   uint32_t const memoryRva = file.Append(memoryCount);
   file.Append(memory.data(), memory.size() * sizeof(MemoryDescriptor));
   directory.push_back(
-      {kMemoryListStream, {static_cast<uint32_t>(4 + memory.size() * sizeof(MemoryDescriptor)), memoryRva}});
+      {kMemoryListStream,
+       {static_cast<uint32_t>(4 + memory.size() * sizeof(MemoryDescriptor)), memoryRva}});
 
   if (dumpType >= kTypeFullMemory) {
     // Every readable range but the kernel's vvar page, which cannot be read
@@ -333,8 +341,9 @@ int Write(DumpFile & file, CrashContext const & crash, int dumpType) {
     uint64_t const baseRva = file.Offset() + 8 + ranges.size() * sizeof(MemoryDescriptor64);
     file.Append(baseRva);
     file.Append(ranges.data(), ranges.size() * sizeof(MemoryDescriptor64));
-    directory.push_back({kMemory64ListStream,
-                         {static_cast<uint32_t>(16 + ranges.size() * sizeof(MemoryDescriptor64)), listRva}});
+    directory.push_back(
+        {kMemory64ListStream,
+         {static_cast<uint32_t>(16 + ranges.size() * sizeof(MemoryDescriptor64)), listRva}});
     std::vector<char> chunk;
     for (MemoryDescriptor64 const & r : ranges)
       for (uint64_t at = 0; at < r.size && file.Error() == 0; at += kChunk) {

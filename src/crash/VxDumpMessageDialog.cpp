@@ -110,9 +110,9 @@ void VxDumpMessageDialog::Layout460() {
       label->Wrap(textWidth);
       piece = label;
     } else {
-      auto * link = new wxHyperlinkCtrl(this, wxID_ANY, FromUtf8(run.text), FromUtf8(run.target),
-                                        wxPoint(textLeft, y), wxDefaultSize,
-                                        wxHL_ALIGN_LEFT | wxNO_BORDER);
+      auto * link =
+          new wxHyperlinkCtrl(this, wxID_ANY, FromUtf8(run.text), FromUtf8(run.target),
+                              wxPoint(textLeft, y), wxDefaultSize, wxHL_ALIGN_LEFT | wxNO_BORDER);
       link->SetMaxSize(wxSize(textWidth, -1));
       link->SetSize(std::min(link->GetBestSize().x, textWidth), -1);
       piece = link;
@@ -123,7 +123,8 @@ void VxDumpMessageDialog::Layout460() {
 
   std::vector<std::pair<int, wxString>> buttons;
   if (!mPath.empty()) {
-    buttons = {{kSendButton, vx3::Tr("Send error report")}, {kDontSendButton, vx3::Tr("Don't send")}};
+    buttons = {{kSendButton, vx3::Tr("Send error report")},
+               {kDontSendButton, vx3::Tr("Don't send")}};
   } else {
     buttons = {{IDCLOSE, vx3::Tr("Close")}};
   }

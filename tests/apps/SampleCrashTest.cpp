@@ -62,11 +62,10 @@ TEST(SampleCrash, EachCrashCommandLeavesADumpThenTheReport) {
     pid_t const child = ::fork();
     if (child == 0) {
       // The report is a note here: the real one is a window of its own program.
-      MiniDumper::Initialize([dump] { return wxString::FromUTF8(dump); },
-                             [report](wchar_t const * path) {
-                               std::ofstream(report) << wxString(path).utf8_string();
-                             },
-                             {}, 0);
+      MiniDumper::Initialize(
+          [dump] { return wxString::FromUTF8(dump); },
+          [report](wchar_t const * path) { std::ofstream(report) << wxString(path).utf8_string(); },
+          {}, 0);
       wxCommandEvent command(wxEVT_MENU, id);
       command.SetEventObject(frame);
       frame->ProcessWindowEvent(command);

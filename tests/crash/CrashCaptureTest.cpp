@@ -25,6 +25,7 @@
 #include "crash/MiniDumper.h"
 #include "crash/MinidumpReader.h"
 #include "crash/MinidumpWriter.h"
+#include "work/InThread.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #define TALVO_UNDER_ASAN 1
@@ -136,8 +137,10 @@ protected:
       rlimit const anyCore{RLIM_INFINITY, RLIM_INFINITY};
       ::setrlimit(RLIMIT_CORE, &anyCore);
       if (::chdir(mFolder.c_str()) != 0) ::_exit(90);
-      if (setup) setup();
-      else InstallCapture(mFolder + "/dump.dmp", minidump::kTypeStacks);
+      if (setup)
+        setup();
+      else
+        InstallCapture(mFolder + "/dump.dmp", minidump::kTypeStacks);
       crash();
       ::_exit(91);  // no crash at all
     }
@@ -158,13 +161,13 @@ protected:
 
   void InstallCapture(std::string const & path, int type) {
     std::string const folder = mFolder;
-    MiniDumper::Initialize([path] { return wxString::FromUTF8(path); },
-                           [folder](wchar_t const * p) { WriteFile(folder + "/success", wxString(p).utf8_string()); },
-                           [folder](wchar_t const * p, unsigned long error) {
-                             WriteFile(folder + "/failure",
-                                       wxString(p).utf8_string() + " " + std::to_string(error));
-                           },
-                           type);
+    MiniDumper::Initialize(
+        [path] { return wxString::FromUTF8(path); },
+        [folder](wchar_t const * p) { WriteFile(folder + "/success", wxString(p).utf8_string()); },
+        [folder](wchar_t const * p, unsigned long error) {
+          WriteFile(folder + "/failure", wxString(p).utf8_string() + " " + std::to_string(error));
+        },
+        type);
   }
 
   std::string mFolder;
@@ -226,6 +229,20 @@ TEST_F(CrashCapture, EachFatalSignalLeavesADumpAndTheSameSignalWithoutACore) {
   }
 }
 
+TEST_F(CrashCapture, AStackOverflowOnTheLibrarysOwnThreadIsStillReported) {
+  // Without a signal stack of its own the handler could not run at all.
+  Outcome const outcome = Run([] {
+    InThread worker([](bool &) { return static_cast<float>(Recurse(0)); }, nullptr, 0);
+    worker.Start();
+    worker.get();
+  });
+  EXPECT_EQ(outcome.signal, SIGSEGV);
+  EXPECT_FALSE(outcome.core);
+  ASSERT_FALSE(outcome.dump.empty());
+  MinidumpReader const dump(outcome.dump);
+  EXPECT_NE(dump.exceptionThread, static_cast<uint32_t>(mChild));
+}
+
 TEST_F(CrashCapture, EveryThreadIsInTheDumpWithItsOwnStack) {
   Outcome const outcome = Run([] {
     std::atomic<int> running{0};
@@ -257,15 +274,17 @@ TEST_F(CrashCapture, LargerTypesKeepModuleDataOrAllMemory) {
     bool moduleData;
     bool heap;
   };
-  for (Case const c : {Case{minidump::kTypeStacks, false, false}, Case{minidump::kTypeWithModuleData, true, false},
-                       Case{minidump::kTypeFullMemory, true, true}}) {
+  for (Case const c :
+       {Case{minidump::kTypeStacks, false, false}, Case{minidump::kTypeWithModuleData, true, false},
+        Case{minidump::kTypeFullMemory, true, true}}) {
     SCOPED_TRACE(c.type);
     ::unlink((mFolder + "/dump.dmp").c_str());
     Outcome const outcome = Run(
         [] {
           std::string heap = "heap-marker-";
           heap += "c41d2e";  // made at run time, so only the heap holds it whole
-          *static_cast<char volatile *>(&gCrashTestDataMarker[0]) = 'D';  // only the live copy changes
+          *static_cast<char volatile *>(&gCrashTestDataMarker[0]) =
+              'D';  // only the live copy changes
           WriteThroughNull();
         },
         [this, c] { InstallCapture(mFolder + "/dump.dmp", c.type); });
@@ -284,8 +303,8 @@ TEST_F(CrashCapture, FailuresEndInTheSystemsHandlingNeverAHang) {
   };
   std::string const folder = mFolder;
   Case const cases[] = {
-      {"unwritable folder",
-       [this] { InstallCapture("/dev/null/dump.dmp", minidump::kTypeStacks); }, true},
+      {"unwritable folder", [this] { InstallCapture("/dev/null/dump.dmp", minidump::kTypeStacks); },
+       true},
       {"full disk",
        [this] {
          rlimit const tiny{8192, 8192};
@@ -295,27 +314,32 @@ TEST_F(CrashCapture, FailuresEndInTheSystemsHandlingNeverAHang) {
        true},
       {"throwing name provider",
        [folder] {
-         MiniDumper::Initialize([]() -> wxString { throw std::runtime_error("no name"); },
-                                [folder](wchar_t const *) { WriteFile(folder + "/success", "x"); },
-                                [folder](wchar_t const *, unsigned long) { WriteFile(folder + "/failure", "x"); },
-                                0);
+         MiniDumper::Initialize(
+             []() -> wxString { throw std::runtime_error("no name"); },
+             [folder](wchar_t const *) { WriteFile(folder + "/success", "x"); },
+             [folder](wchar_t const *, unsigned long) { WriteFile(folder + "/failure", "x"); }, 0);
        },
        false},
       {"hanging name provider",
        [folder] {
-         MiniDumper::Initialize([]() -> wxString { for (;;) ::pause(); },
-                                [folder](wchar_t const *) { WriteFile(folder + "/success", "x"); },
-                                [folder](wchar_t const *, unsigned long) { WriteFile(folder + "/failure", "x"); },
-                                0);
+         MiniDumper::Initialize(
+             []() -> wxString {
+               for (;;) ::pause();
+             },
+             [folder](wchar_t const *) { WriteFile(folder + "/success", "x"); },
+             [folder](wchar_t const *, unsigned long) { WriteFile(folder + "/failure", "x"); }, 0);
          SetCrashWriterLimits(1, 1);
        },
        false},
       {"crash while naming the dump",
        [folder] {
-         MiniDumper::Initialize([]() -> wxString { WriteThroughNull(); return {}; },
-                                [folder](wchar_t const *) { WriteFile(folder + "/success", "x"); },
-                                [folder](wchar_t const *, unsigned long) { WriteFile(folder + "/failure", "x"); },
-                                0);
+         MiniDumper::Initialize(
+             []() -> wxString {
+               WriteThroughNull();
+               return {};
+             },
+             [folder](wchar_t const *) { WriteFile(folder + "/success", "x"); },
+             [folder](wchar_t const *, unsigned long) { WriteFile(folder + "/failure", "x"); }, 0);
        },
        false},
       {"no name provider", [] { MiniDumper::Initialize({}, {}, {}, 0); }, false},
@@ -334,8 +358,8 @@ TEST_F(CrashCapture, FailuresEndInTheSystemsHandlingNeverAHang) {
 }
 
 TEST_F(CrashCapture, AFailedWriteTellsTheFailureCallbackWhy) {
-  Outcome const outcome =
-      Run(WriteThroughNull, [this] { InstallCapture("/dev/null/dump.dmp", minidump::kTypeStacks); });
+  Outcome const outcome = Run(
+      WriteThroughNull, [this] { InstallCapture("/dev/null/dump.dmp", minidump::kTypeStacks); });
   EXPECT_EQ(outcome.failure, "/dev/null/dump.dmp " + std::to_string(ENOTDIR));
 }
 
@@ -343,8 +367,7 @@ TEST_F(CrashCapture, TwoThreadsCrashingAtOnceMakeOneDump) {
   Outcome const outcome = Run([] {
     std::atomic<bool> go{false};
     std::thread other([&go] {
-      while (!go) {
-      }
+      while (!go) {}
       WriteThroughNull();
     });
     go = true;
@@ -360,7 +383,8 @@ TEST_F(CrashCapture, TwoThreadsCrashingAtOnceMakeOneDump) {
 TEST_F(CrashCapture, OnlyTheFirstInitializeCounts) {
   Outcome const outcome = Run(WriteThroughNull, [this] {
     InstallCapture(mFolder + "/dump.dmp", minidump::kTypeStacks);
-    MiniDumper::Initialize([this] { return wxString::FromUTF8(mFolder + "/other.dmp"); }, {}, {}, 2);
+    MiniDumper::Initialize([this] { return wxString::FromUTF8(mFolder + "/other.dmp"); }, {}, {},
+                           2);
   });
   EXPECT_FALSE(outcome.dump.empty());
   EXPECT_EQ(ReadFile(mFolder + "/other.dmp"), "");

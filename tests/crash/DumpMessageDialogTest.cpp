@@ -77,7 +77,8 @@ TEST_F(DumpMessageDialogTest, WithADumpItOffersToSendItAndLinksTheFileAndTheAddr
               std::string("mailto:") + crash_report::kDefaultSupportAddress);
     // Every piece lies inside the dialog's width.
     for (wxWindow * child : d.GetChildren())
-      EXPECT_LE(child->GetRect().GetRight(), d.GetClientSize().x) << child->GetClassInfo()->GetClassName();
+      EXPECT_LE(child->GetRect().GetRight(), d.GetClientSize().x)
+          << child->GetClassInfo()->GetClassName();
     gui_test::Click(d, VxDumpMessageDialog::kDontSendButton);
   });
   EXPECT_EQ(dialog.DoModal(), VxDumpMessageDialog::kDontSendButton);
@@ -132,12 +133,15 @@ TEST_F(DumpMessageDialogTest, SendFallsBackToAMailtoLinkWithoutAMailProgram) {
   ::setenv("PATH", "/usr/bin:/bin", 1);
   VxSendMail::ForgetMailProgram();
   ASSERT_EQ(launched.size(), 1U);
-  EXPECT_EQ(launched[0], crash_report::MailtoUrl(crash_report::kDefaultSupportAddress,
-                                                 "CRASH: Analyzer 6.3.2", crash_report::Body(), path));
-  EXPECT_NE(launched[0].find("?subject=CRASH%3A%20Analyzer%206.3.2&body=Please%20attach%20the%20file%20%22"),
+  EXPECT_EQ(launched[0],
+            crash_report::MailtoUrl(crash_report::kDefaultSupportAddress, "CRASH: Analyzer 6.3.2",
+                                    crash_report::Body(), path));
+  EXPECT_NE(launched[0].find(
+                "?subject=CRASH%3A%20Analyzer%206.3.2&body=Please%20attach%20the%20file%20%22"),
             std::string::npos)
       << launched[0];
-  EXPECT_NE(launched[0].find("x%26y.dmp%22.%20Please%20describe"), std::string::npos) << launched[0];
+  EXPECT_NE(launched[0].find("x%26y.dmp%22.%20Please%20describe"), std::string::npos)
+      << launched[0];
   EXPECT_FALSE(dialog.OnButtonClicked(1234));  // any other button leaves it open
 }
 

@@ -1,8 +1,8 @@
 #include "crash/MinidumpReader.h"
 
 #include <cstring>
-#include <string_view>
 #include <stdexcept>
+#include <string_view>
 
 using namespace minidump;
 
@@ -52,91 +52,94 @@ void MinidumpReader::ReadStream(Directory const & entry) {
   uint32_t const size = entry.location.dataSize;
   Bytes(rva, size);  // the whole stream lies in the file
   switch (entry.streamType) {
-  case kSystemInfoStream: {
-    auto const info = Record<SystemInfo>(rva);
-    architecture = info.processorArchitecture;
-    platform = info.platformId;
-    break;
-  }
-  case kMiscInfoStream:
-    if (Record<MiscInfo>(rva).flags1 & kMiscProcessId) processId = Record<MiscInfo>(rva).processId;
-    break;
-  case kThreadListStream: {
-    auto const count = Record<uint32_t>(rva);
-    if (count > kMostRecords || uint64_t{count} * sizeof(minidump::Thread) + 4 > size)
-      throw std::runtime_error("thread list longer than its stream");
-    for (uint32_t i = 0; i < count; ++i) {
-      auto const t = Record<minidump::Thread>(uint64_t{rva} + 4 + i * sizeof(minidump::Thread));
-      ThreadInfo info;
-      info.tid = t.threadId;
-      if (t.context.dataSize < sizeof(ContextAmd64)) throw std::runtime_error("short thread context");
-      info.context = Record<ContextAmd64>(t.context.rva);
-      info.stackStart = t.stack.start;
-      info.stackSize = t.stack.memory.dataSize;
-      Bytes(t.stack.memory.rva, t.stack.memory.dataSize);
-      threads.push_back(info);
+    case kSystemInfoStream: {
+      auto const info = Record<SystemInfo>(rva);
+      architecture = info.processorArchitecture;
+      platform = info.platformId;
+      break;
     }
-    break;
-  }
-  case kModuleListStream: {
-    auto const count = Record<uint32_t>(rva);
-    if (count > kMostRecords || uint64_t{count} * sizeof(Module) + 4 > size)
-      throw std::runtime_error("module list longer than its stream");
-    for (uint32_t i = 0; i < count; ++i) {
-      auto const m = Record<Module>(uint64_t{rva} + 4 + i * sizeof(Module));
-      ModuleInfo info;
-      info.base = m.baseOfImage;
-      info.size = m.sizeOfImage;
-      info.name = Utf16String(m.moduleNameRva);
-      if (m.cvRecord.dataSize >= 4 && Record<uint32_t>(m.cvRecord.rva) == kCodeViewBuildId) {
-        static char const hex[] = "0123456789abcdef";
-        for (char const byte : Bytes(uint64_t{m.cvRecord.rva} + 4, m.cvRecord.dataSize - 4)) {
-          info.buildId.push_back(hex[(static_cast<unsigned char>(byte) >> 4) & 0xf]);
-          info.buildId.push_back(hex[static_cast<unsigned char>(byte) & 0xf]);
-        }
+    case kMiscInfoStream:
+      if (Record<MiscInfo>(rva).flags1 & kMiscProcessId)
+        processId = Record<MiscInfo>(rva).processId;
+      break;
+    case kThreadListStream: {
+      auto const count = Record<uint32_t>(rva);
+      if (count > kMostRecords || uint64_t{count} * sizeof(minidump::Thread) + 4 > size)
+        throw std::runtime_error("thread list longer than its stream");
+      for (uint32_t i = 0; i < count; ++i) {
+        auto const t = Record<minidump::Thread>(uint64_t{rva} + 4 + i * sizeof(minidump::Thread));
+        ThreadInfo info;
+        info.tid = t.threadId;
+        if (t.context.dataSize < sizeof(ContextAmd64))
+          throw std::runtime_error("short thread context");
+        info.context = Record<ContextAmd64>(t.context.rva);
+        info.stackStart = t.stack.start;
+        info.stackSize = t.stack.memory.dataSize;
+        Bytes(t.stack.memory.rva, t.stack.memory.dataSize);
+        threads.push_back(info);
       }
-      modules.push_back(info);
+      break;
     }
-    break;
-  }
-  case kMemoryListStream: {
-    auto const count = Record<uint32_t>(rva);
-    if (count > kMostRecords || uint64_t{count} * sizeof(MemoryDescriptor) + 4 > size)
-      throw std::runtime_error("memory list longer than its stream");
-    for (uint32_t i = 0; i < count; ++i) {
-      auto const d = Record<MemoryDescriptor>(uint64_t{rva} + 4 + i * sizeof(MemoryDescriptor));
-      Bytes(d.memory.rva, d.memory.dataSize);
-      mMemory.push_back({d.start, d.memory.dataSize, d.memory.rva});
+    case kModuleListStream: {
+      auto const count = Record<uint32_t>(rva);
+      if (count > kMostRecords || uint64_t{count} * sizeof(Module) + 4 > size)
+        throw std::runtime_error("module list longer than its stream");
+      for (uint32_t i = 0; i < count; ++i) {
+        auto const m = Record<Module>(uint64_t{rva} + 4 + i * sizeof(Module));
+        ModuleInfo info;
+        info.base = m.baseOfImage;
+        info.size = m.sizeOfImage;
+        info.name = Utf16String(m.moduleNameRva);
+        if (m.cvRecord.dataSize >= 4 && Record<uint32_t>(m.cvRecord.rva) == kCodeViewBuildId) {
+          static char const hex[] = "0123456789abcdef";
+          for (char const byte : Bytes(uint64_t{m.cvRecord.rva} + 4, m.cvRecord.dataSize - 4)) {
+            info.buildId.push_back(hex[(static_cast<unsigned char>(byte) >> 4) & 0xf]);
+            info.buildId.push_back(hex[static_cast<unsigned char>(byte) & 0xf]);
+          }
+        }
+        modules.push_back(info);
+      }
+      break;
     }
-    break;
-  }
-  case kMemory64ListStream: {
-    auto const count = Record<uint64_t>(rva);
-    uint64_t at = Record<uint64_t>(uint64_t{rva} + 8);
-    if (count > kMostRecords || count * sizeof(MemoryDescriptor64) + 16 > size)
-      throw std::runtime_error("memory list longer than its stream");
-    for (uint64_t i = 0; i < count; ++i) {
-      auto const d = Record<MemoryDescriptor64>(uint64_t{rva} + 16 + i * sizeof(MemoryDescriptor64));
-      if (at > mBytes.size() || mBytes.size() - at < d.size)
-        throw std::runtime_error("memory past the end of the dump");
-      mMemory.push_back({d.start, d.size, at});
-      at += d.size;
+    case kMemoryListStream: {
+      auto const count = Record<uint32_t>(rva);
+      if (count > kMostRecords || uint64_t{count} * sizeof(MemoryDescriptor) + 4 > size)
+        throw std::runtime_error("memory list longer than its stream");
+      for (uint32_t i = 0; i < count; ++i) {
+        auto const d = Record<MemoryDescriptor>(uint64_t{rva} + 4 + i * sizeof(MemoryDescriptor));
+        Bytes(d.memory.rva, d.memory.dataSize);
+        mMemory.push_back({d.start, d.memory.dataSize, d.memory.rva});
+      }
+      break;
     }
-    break;
-  }
-  case kExceptionStream: {
-    auto const e = Record<ExceptionStream>(rva);
-    hasException = true;
-    exceptionThread = e.threadId;
-    exceptionCode = e.exception.exceptionCode;
-    exceptionAddress = e.exception.exceptionAddress;
-    break;
-  }
-  case kLinuxMaps: maps = Bytes(rva, size); break;
-  case kLinuxProcStatus: status = Bytes(rva, size); break;
-  case kLinuxCmdLine: commandLine = Bytes(rva, size); break;
-  case kLinuxAuxv: auxv = Bytes(rva, size); break;
-  default: break;
+    case kMemory64ListStream: {
+      auto const count = Record<uint64_t>(rva);
+      uint64_t at = Record<uint64_t>(uint64_t{rva} + 8);
+      if (count > kMostRecords || count * sizeof(MemoryDescriptor64) + 16 > size)
+        throw std::runtime_error("memory list longer than its stream");
+      for (uint64_t i = 0; i < count; ++i) {
+        auto const d =
+            Record<MemoryDescriptor64>(uint64_t{rva} + 16 + i * sizeof(MemoryDescriptor64));
+        if (at > mBytes.size() || mBytes.size() - at < d.size)
+          throw std::runtime_error("memory past the end of the dump");
+        mMemory.push_back({d.start, d.size, at});
+        at += d.size;
+      }
+      break;
+    }
+    case kExceptionStream: {
+      auto const e = Record<ExceptionStream>(rva);
+      hasException = true;
+      exceptionThread = e.threadId;
+      exceptionCode = e.exception.exceptionCode;
+      exceptionAddress = e.exception.exceptionAddress;
+      break;
+    }
+    case kLinuxMaps: maps = Bytes(rva, size); break;
+    case kLinuxProcStatus: status = Bytes(rva, size); break;
+    case kLinuxCmdLine: commandLine = Bytes(rva, size); break;
+    case kLinuxAuxv: auxv = Bytes(rva, size); break;
+    default: break;
   }
 }
 
