@@ -13,6 +13,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
@@ -62,7 +63,8 @@ public:
       ::kill(mPid, SIGKILL);
       ::waitpid(mPid, nullptr, 0);
     }
-    std::system(("rm -rf '" + mFolder + "'").c_str());
+    std::error_code ignored;
+    std::filesystem::remove_all(mFolder, ignored);
   }
   DumpedProcess(DumpedProcess const &) = delete;
   DumpedProcess & operator=(DumpedProcess const &) = delete;

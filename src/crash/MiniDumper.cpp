@@ -60,7 +60,7 @@ void Report(bool written) {
 }
 
 std::string ReportProgram() {
-  std::string const beside = VxPathAppend(VxGetExecutableDirectory(), "talvo-crash-report");
+  std::string beside = VxPathAppend(VxGetExecutableDirectory(), "talvo-crash-report");
   if (::access(beside.c_str(), X_OK) == 0) return beside;
   return "talvo-crash-report";  // looked up on PATH
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <vector>
@@ -175,11 +176,14 @@ SystemInfo MakeSystemInfo(DumpFile & file) {
   utsname name{};
   std::string version = "Linux";
   if (::uname(&name) == 0) {
-    unsigned major = 0, minor = 0, build = 0;
-    std::sscanf(name.release, "%u.%u.%u", &major, &minor, &build);
-    info.majorVersion = major;
-    info.minorVersion = minor;
-    info.buildNumber = build;
+    // "6.1.0-18-amd64": major, minor, build; what is no number counts as 0.
+    char * at = name.release;
+    uint32_t * const parts[] = {&info.majorVersion, &info.minorVersion, &info.buildNumber};
+    for (uint32_t * part : parts) {
+      *part = static_cast<uint32_t>(std::strtoul(at, &at, 10));
+      if (*at != '.') break;
+      ++at;
+    }
     version = std::string("Linux ") + name.release + " " + name.version + " " + name.machine;
   }
   info.csdVersionRva = AppendString(file, version);

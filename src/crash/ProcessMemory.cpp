@@ -5,28 +5,49 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cinttypes>
-#include <cstdio>
+#include <cstdlib>
 #include <sstream>
+
+namespace {
+
+// The next field of a maps line, up to a space (or `separator`).
+bool Field(char const *& at, char separator, std::string & field) {
+  while (*at == ' ') ++at;
+  char const * start = at;
+  while (*at != '\0' && *at != ' ' && *at != separator) ++at;
+  field.assign(start, at);
+  if (*at == separator && separator != ' ') ++at;
+  return !field.empty();
+}
+
+bool Hex(std::string const & text, uint64_t & value) {
+  char * end = nullptr;
+  errno = 0;
+  value = std::strtoull(text.c_str(), &end, 16);
+  return errno == 0 && end != text.c_str() && *end == '\0';
+}
+
+}  // namespace
 
 std::vector<Mapping> ParseMaps(std::string const & text) {
   std::vector<Mapping> mappings;
   std::istringstream lines(text);
   std::string line;
   while (std::getline(lines, line)) {
-    Mapping mapping;
-    char perms[5] = {};
-    int pathStart = 0;
     // start-end perms offset dev inode [path]
-    if (std::sscanf(line.c_str(), "%" SCNx64 "-%" SCNx64 " %4s %" SCNx64 " %*s %*s %n",
-                    &mapping.start, &mapping.end, perms, &mapping.offset, &pathStart) < 4 ||
-        mapping.end <= mapping.start)
+    Mapping mapping;
+    char const * at = line.c_str();
+    std::string start, end, perms, offset, device, inode;
+    if (!Field(at, '-', start) || !Field(at, ' ', end) || !Field(at, ' ', perms) ||
+        !Field(at, ' ', offset) || !Field(at, ' ', device) || !Field(at, ' ', inode) ||
+        !Hex(start, mapping.start) || !Hex(end, mapping.end) || !Hex(offset, mapping.offset) ||
+        mapping.end <= mapping.start || perms.size() < 3)
       continue;
     mapping.readable = perms[0] == 'r';
     mapping.writable = perms[1] == 'w';
     mapping.executable = perms[2] == 'x';
-    if (pathStart > 0 && static_cast<size_t>(pathStart) <= line.size())
-      mapping.path = line.substr(static_cast<size_t>(pathStart));
+    while (*at == ' ') ++at;
+    mapping.path = at;  // may hold spaces
     mappings.push_back(mapping);
   }
   return mappings;

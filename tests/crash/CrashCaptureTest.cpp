@@ -13,6 +13,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <sstream>
@@ -125,7 +126,8 @@ protected:
     mFolder = folder.data();
   }
   void TearDown() override {
-    if (!mFolder.empty()) std::system(("rm -rf '" + mFolder + "'").c_str());
+    std::error_code ignored;
+    if (!mFolder.empty()) std::filesystem::remove_all(mFolder, ignored);
   }
 
   // Runs `crash` in a child that installed capture with `setup` (by
@@ -155,7 +157,9 @@ protected:
     outcome.success = ReadFile(mFolder + "/success");
     outcome.failure = ReadFile(mFolder + "/failure");
     mChild = child;
-    std::system(("rm -f '" + mFolder + "'/core*").c_str());
+    for (auto const & entry : std::filesystem::directory_iterator(mFolder))
+      if (entry.path().filename().string().compare(0, 4, "core") == 0)
+        std::filesystem::remove(entry.path());
     return outcome;
   }
 
@@ -247,6 +251,7 @@ TEST_F(CrashCapture, EveryThreadIsInTheDumpWithItsOwnStack) {
   Outcome const outcome = Run([] {
     std::atomic<int> running{0};
     std::vector<std::thread> threads;
+    threads.reserve(5);
     for (int i = 0; i < 5; ++i)
       threads.emplace_back([&running] {
         ++running;

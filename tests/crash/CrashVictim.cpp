@@ -24,6 +24,7 @@ int main(int argc, char ** argv) {
                          argc > 2 ? std::atoi(argv[2]) : 0);
   std::atomic<int> running{0};
   std::vector<std::thread> threads;
+  threads.reserve(2);
   for (int i = 0; i < 2; ++i)
     threads.emplace_back([&running] {
       ++running;
