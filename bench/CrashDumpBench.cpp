@@ -149,7 +149,7 @@ void CrashDumpSize_candidate(benchmark::State & state) {
 void CrashDumpSize_baseline(benchmark::State & state) {
   Size(state, [] { return Process().Core(); });
 }
-BENCHMARK(CrashDumpTime_candidate)->Name("CrashDumpTime/candidate")->UseManualTime()->Iterations(3);
+BENCHMARK(CrashDumpTime_candidate)->Name("CrashDumpTime/candidate")->UseManualTime()->Iterations(1);
 BENCHMARK(CrashDumpTime_baseline)->Name("CrashDumpTime/baseline")->UseManualTime()->Iterations(1);
 BENCHMARK(CrashDumpSize_candidate)->Name("CrashDumpSize/candidate")->UseManualTime()->Iterations(1);
 BENCHMARK(CrashDumpSize_baseline)->Name("CrashDumpSize/baseline")->UseManualTime()->Iterations(1);

@@ -13,9 +13,9 @@ TEST(ProcessMaps, LinesTable) {
       "7f0000000000-7f0000001000 ---p 00000000 00:00 0 \n"
       "7f0000001000-7f0000002000 r-xp 00001000 fe:00 99 /lib/x86_64-linux-gnu/libc.so.6\n"
       "garbage line\n"
-      "2000-1000 r--p 00000000 00:00 0\n"          // ends before it starts
-      "zz00-3000 r--p 00000000 00:00 0\n"          // no number
-      "1000-2000 r-\n";                            // cut short
+      "2000-1000 r--p 00000000 00:00 0\n"  // ends before it starts
+      "zz00-3000 r--p 00000000 00:00 0\n"  // no number
+      "1000-2000 r-\n";                    // cut short
   std::vector<Mapping> const maps = ParseMaps(text);
   ASSERT_EQ(maps.size(), 4U);
   EXPECT_EQ(maps[0].start, 0x55d0c0a00000U);
