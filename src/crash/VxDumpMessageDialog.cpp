@@ -5,6 +5,7 @@
 #include <wx/artprov.h>
 #include <wx/button.h>
 #include <wx/clipbrd.h>
+#include <wx/dcclient.h>
 #include <wx/hyperlink.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
@@ -93,32 +94,73 @@ void VxDumpMessageDialog::Layout460() {
   wxFont bigger = instruction->GetFont().Bold();
   bigger.SetPointSize(bigger.GetPointSize() + 2);
   instruction->SetFont(bigger);
+  instruction->SetSize(instruction->GetTextExtent(instruction->GetLabel()));
   int y = margin + std::max(icon, instruction->GetSize().y) + margin;
 
+  // The content flows as text does: a link or a short text goes on the line
+  // where the text before it ended, when it fits there.
+  int const right = textLeft + textWidth;
+  int x = textLeft;
+  int lineHeight = 0;
+  auto const newLine = [&] {
+    y += lineHeight;
+    x = textLeft;
+    lineHeight = 0;
+  };
   std::string const content = crash_report::Content(VxSystemInfo::GetApplicationName(), mPath,
                                                     crash_report::SupportAddress());
   for (crash_report::Run const & run : crash_report::SplitLinks(content)) {
-    wxWindow * piece = nullptr;
     if (run.target.empty()) {
-      std::string text = run.text;
-      while (!text.empty() && text.front() == '\n') {  // paragraph breaks become space
+      wxString text = FromUtf8(run.text);
+      // What is left of the line after a link ("." say) goes on beside it.
+      wxString const head = text.BeforeFirst('\n');
+      if (x > textLeft && !head.empty()) {
+        wxSize const extent = GetTextExtent(head);
+        if (x + extent.x <= right) {
+          new wxStaticText(this, wxID_ANY, head, wxPoint(x, y), extent);
+          x += extent.x;
+          lineHeight = std::max(lineHeight, extent.y);
+          text = text.Mid(head.size());
+        }
+      }
+      for (bool first = true; text.StartsWith("\n"); first = false) {
         text.erase(0, 1);
-        y += margin / 2;
+        if (first)
+          newLine();
+        else
+          y += margin / 2;  // a paragraph's space
       }
       if (text.empty()) continue;
-      auto * label = new wxStaticText(this, wxID_ANY, FromUtf8(text), wxPoint(textLeft, y));
+      if (x > textLeft) newLine();
+      auto * label = new wxStaticText(this, wxID_ANY, text, wxPoint(textLeft, y));
       label->Wrap(textWidth);
-      piece = label;
+      label->SetSize(textLeft, y, textWidth, label->GetBestSize().y);
+      // Where its last line ends, the next piece may go on.
+      wxString const last = label->GetLabel().AfterLast('\n');
+      wxSize const lastExtent = label->GetTextExtent(last);
+      y += label->GetSize().y - lastExtent.y;
+      x = textLeft + lastExtent.x;
+      lineHeight = lastExtent.y;
     } else {
-      auto * link =
-          new wxHyperlinkCtrl(this, wxID_ANY, FromUtf8(run.text), FromUtf8(run.target),
-                              wxPoint(textLeft, y), wxDefaultSize, wxHL_ALIGN_LEFT | wxNO_BORDER);
-      link->SetMaxSize(wxSize(textWidth, -1));
-      link->SetSize(std::min(link->GetBestSize().x, textWidth), -1);
-      piece = link;
+      // A long path is shortened in its middle, leaving room for the full
+      // stop after it; its tip shows it whole. The generic control: GTK's
+      // link button shows underscores doubled.
+      auto * link = new wxGenericHyperlinkCtrl(this, wxID_ANY, wxString(), FromUtf8(run.target),
+                                               wxDefaultPosition, wxDefaultSize,
+                                               wxHL_ALIGN_LEFT | wxNO_BORDER);
+      wxString const label =
+          wxControl::Ellipsize(FromUtf8(run.text), wxClientDC(link), wxELLIPSIZE_MIDDLE,
+                               textWidth - link->GetTextExtent(". ").x, wxELLIPSIZE_FLAGS_NONE);
+      link->SetLabel(label);
+      wxSize const best = link->GetBestSize();
+      if (x > textLeft && x + best.x > right) newLine();
+      link->SetSize(x, y, std::min(best.x, textWidth), best.y);
+      link->SetToolTip(FromUtf8(run.text));
+      x += link->GetSize().x;
+      lineHeight = std::max(lineHeight, best.y);
     }
-    y += piece->GetSize().y + 2;
   }
+  newLine();
   y += margin;
 
   std::vector<std::pair<int, wxString>> buttons;
@@ -128,13 +170,13 @@ void VxDumpMessageDialog::Layout460() {
   } else {
     buttons = {{IDCLOSE, vx3::Tr("Close")}};
   }
-  int x = width - margin;
+  int buttonRight = width - margin;
   for (auto it = buttons.rbegin(); it != buttons.rend(); ++it) {
     auto * button = new wxButton(this, it->first, it->second);
     int const buttonWidth = std::max(button->GetBestSize().x, FromDIP(80));
-    x -= buttonWidth;
-    button->SetSize(x, y, buttonWidth, FromDIP(kButtonHeight));
-    x -= FromDIP(kButtonGap);
+    buttonRight -= buttonWidth;
+    button->SetSize(buttonRight, y, buttonWidth, FromDIP(kButtonHeight));
+    buttonRight -= FromDIP(kButtonGap);
     if (it + 1 == buttons.rend()) button->SetDefault();
   }
   SetClientSize(width, y + FromDIP(kButtonHeight) + margin);

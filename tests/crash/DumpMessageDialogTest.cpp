@@ -30,10 +30,10 @@ std::string ClipboardText() {
   return text;
 }
 
-std::vector<wxHyperlinkCtrl *> Links(wxWindow & dialog) {
-  std::vector<wxHyperlinkCtrl *> links;
+std::vector<wxGenericHyperlinkCtrl *> Links(wxWindow & dialog) {
+  std::vector<wxGenericHyperlinkCtrl *> links;
   for (wxWindow * child : dialog.GetChildren())
-    if (auto * link = dynamic_cast<wxHyperlinkCtrl *>(child)) links.push_back(link);
+    if (auto * link = dynamic_cast<wxGenericHyperlinkCtrl *>(child)) links.push_back(link);
   return links;
 }
 
@@ -70,7 +70,7 @@ TEST_F(DumpMessageDialogTest, WithADumpItOffersToSendItAndLinksTheFileAndTheAddr
     ASSERT_NE(dontSend, nullptr);
     EXPECT_EQ(send->GetLabel(), "Send error report");
     EXPECT_EQ(dontSend->GetLabel(), "Don't send");
-    std::vector<wxHyperlinkCtrl *> const links = Links(d);
+    std::vector<wxGenericHyperlinkCtrl *> const links = Links(d);
     ASSERT_EQ(links.size(), 2U);
     EXPECT_EQ(links[0]->GetURL().utf8_string(), path);
     EXPECT_EQ(links[1]->GetURL().utf8_string(),
