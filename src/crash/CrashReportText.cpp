@@ -4,7 +4,6 @@
 #include <boost/locale/message.hpp>
 
 #include "frame/AppProfile.h"
-#include "utl/VxSystemInfo.h"
 
 namespace crash_report {
 
@@ -17,11 +16,6 @@ char const kDefaultSupportAddress[] = "support@karvinel.example";
 
 std::string SupportAddress() {
   return AppProfile::GetProfileString(kSection, "SupportAddress", kDefaultSupportAddress);
-}
-
-std::string SupportPage() {
-  return AppProfile::GetProfileString(kSection, "SupportPage",
-                                      VxSystemInfo::GetSupportPage().c_str());
 }
 
 std::string Content(std::string const & application, std::string const & dumpPath,

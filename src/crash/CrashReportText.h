@@ -7,11 +7,10 @@
 
 namespace crash_report {
 
-// Where reports go: the profile's "Crash diagnostics" section, entries
-// "SupportAddress" and "SupportPage"; defaults when the application set none.
+// Where reports go: the profile's "Crash diagnostics" section, entry
+// "SupportAddress"; kDefaultSupportAddress when the application set none.
 extern char const kDefaultSupportAddress[];
 std::string SupportAddress();
-std::string SupportPage();
 
 // The dialog's content for `application`, with `dumpPath` ("" when no dump
 // was written) and `address`.
