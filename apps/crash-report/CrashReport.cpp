@@ -4,8 +4,8 @@
 //
 //   talvo-crash-report --application NAME --version VERSION [DUMP]
 //
-// Exit codes: the dialog's answer (101 send, 8 don't send or close), 2 for
-// a bad command line.
+// Exit codes: 101 sent, 8 not sent (Don't send, Close, Escape or the close
+// box), 2 a bad command line.
 
 #include <wx/app.h>
 
@@ -41,7 +41,9 @@ public:
     translation.catalogPaths = vx3::DefaultCatalogPaths();
     vx3::InstallTranslation(translation);
     VxDumpMessageDialog dialog(dump);
-    mResult = dialog.DoModal();
+    int const answer = dialog.DoModal();
+    mResult =
+        answer == VxDumpMessageDialog::kSendButton ? answer : VxDumpMessageDialog::kDontSendButton;
     return false;  // no main loop: the answer is the exit code
   }
   int Result() const { return mResult; }
