@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "WideInput.h"
 #include "utl/NumberTakeBack.h"
-#include "utl/Utf.h"
 
 namespace {
 
@@ -34,14 +34,7 @@ int Expected(std::wstring const & text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
-  std::string const input(reinterpret_cast<char const *>(data), size);
-  std::wstring const text = vx3::Utf8ToWide(input);
-  std::wstring raw(size / sizeof(wchar_t), L'\0');
-  for (size_t i = 0; i < raw.size(); ++i) {
-    uint32_t unit = 0;
-    for (size_t b = 0; b < sizeof(wchar_t); ++b) unit |= uint32_t(data[i * 4 + b]) << (8 * b);
-    raw[i] = static_cast<wchar_t>(unit);
-  }
+  auto const [text, raw] = WideInputs(data, size);
   for (std::wstring const * candidate : {&text, static_cast<std::wstring const *>(&raw)}) {
     // The text ends at its first NUL, as a C string does.
     std::wstring const asString(candidate->c_str());

@@ -7,19 +7,11 @@
 #include <cwchar>
 #include <string>
 
-#include "utl/Utf.h"
+#include "WideInput.h"
 #include "utl/VxString.h"
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const * data, size_t size) {
-  std::string const input(reinterpret_cast<char const *>(data), size);
-  // As text, and as raw 32-bit units (which may be no code points at all).
-  std::wstring const text = vx3::Utf8ToWide(input);
-  std::wstring raw(size / sizeof(wchar_t), L'\0');
-  for (size_t i = 0; i < raw.size(); ++i) {
-    uint32_t unit = 0;
-    for (size_t b = 0; b < sizeof(wchar_t); ++b) unit |= uint32_t(data[i * 4 + b]) << (8 * b);
-    raw[i] = static_cast<wchar_t>(unit);
-  }
+  auto const [text, raw] = WideInputs(data, size);
   for (std::wstring const * candidate : {&text, static_cast<std::wstring const *>(&raw)}) {
     wchar_t const * const chars = candidate->c_str();
     int integer = 0x5eed;

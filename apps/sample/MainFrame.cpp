@@ -34,6 +34,7 @@
 #include "SampleCommands.h"
 #include "SampleMenuResource.h"
 #include "SampleSplash.h"
+#include "SampleTour.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
@@ -111,6 +112,7 @@ void MainFrame::BuildMenus() {
   AddRunSettingsCommands(*tools, *this);
   AddPropertyListCommand(*tools, *this);
   auto * help = new wxMenu;
+  AddTourCommand(*help, *this);
   AddReleaseNotesCommand(*help, *this);
   AddSplashCommand(*help, *this);
   AddCrashCommands(*help, *this);

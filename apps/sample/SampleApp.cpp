@@ -4,7 +4,7 @@
 // read once the window has painted: the XML parser is loaded then, so the
 // window appears without waiting for it.
 //
-//   talvo-sample [--screenshot FILE] [--exit-on-paint] [--splash]
+//   talvo-sample [--screenshot FILE] [--exit-on-paint] [--splash] [--tour DIR]
 //
 // At start a splash shows the sample's painted picture (not in scripted
 // runs). A customization package ("*.appconfig") beside the executable
@@ -13,6 +13,7 @@
 // put beside the executable unless you copy it there.
 #include <wx/cmdline.h>
 #include <wx/crt.h>
+#include <wx/filefn.h>
 #include <wx/iconbndl.h>
 #include <wx/timer.h>
 
@@ -22,6 +23,7 @@
 #include "MainFrame.h"
 #include "SampleAbout.h"
 #include "SampleSplash.h"
+#include "TourWalk.h"
 #include "controls/VxSplash2013.h"
 #include "controls/WindowSnapshot.h"
 #include "crash/MiniDumper.h"
@@ -58,6 +60,7 @@ protected:
   void PrepareAboutDialog(AboutDialog & dialog) override { PrepareSampleAbout(dialog); }
 
 private:
+  bool Scripted() const { return !mScreenshotPath.empty() || mExitOnPaint || !mTourFolder.empty(); }
   void Customize();
   void CountStart();
   void PlaceFrame();
@@ -65,8 +68,10 @@ private:
   void WatchFirstPaint();
   void AfterFirstPaint();
   void TakeScreenshotWhenPainted();
+  void WalkTourAndExit();
 
   wxString mScreenshotPath;
+  wxString mTourFolder;
   bool mExitOnPaint = false;
   bool mForceSplash = false;
   bool mPainted = false;
@@ -84,11 +89,16 @@ void SampleApp::OnInitCmdLine(wxCmdLineParser & parser) {
                    wxCMD_LINE_VAL_STRING);
   parser.AddSwitch("", "exit-on-paint",
                    "print \"painted\" when the main window has been painted once, then exit");
+  parser.AddOption("", "tour",
+                   "walk every command of the tour, write a PNG of each window it opens into "
+                   "DIR, then exit (1 when a command failed)",
+                   wxCMD_LINE_VAL_STRING);
   parser.AddSwitch("", "splash", "show the start-up splash also with the two options above");
 }
 
 bool SampleApp::OnCmdLineParsed(wxCmdLineParser & parser) {
   parser.Found("screenshot", &mScreenshotPath);
+  parser.Found("tour", &mTourFolder);
   mExitOnPaint = parser.Found("exit-on-paint");
   mForceSplash = parser.Found("splash");
   return VxApp::OnCmdLineParsed(parser);
@@ -129,8 +139,7 @@ bool SampleApp::OnInit() {
   PlaceFrame();
   mFrame->Bind(wxEVT_CLOSE_WINDOW, &SampleApp::SavePlacement, this);
   SetTopWindow(mFrame);
-  bool const scripted = !mScreenshotPath.empty() || mExitOnPaint;
-  if (!scripted || mForceSplash)
+  if (!Scripted() || mForceSplash)
     ShowSampleSplash(
         nullptr, mCustomization != nullptr ? mCustomization->GetSplashBitmap() : wxBitmap(), 2000,
         VxSplash2013::kCentreOnScreen | VxSplash2013::kFadeIn | VxSplash2013::kFadeOut |
@@ -192,6 +201,24 @@ void SampleApp::WatchFirstPaint() {
 void SampleApp::AfterFirstPaint() {
   CountStart();
   if (mExitOnPaint) mFrame->Close(true);
+  if (!mTourFolder.empty()) WalkTourAndExit();
+}
+
+void SampleApp::WalkTourAndExit() {
+  if (!wxDirExists(mTourFolder) && !wxMkdir(mTourFolder)) {
+    wxFprintf(stderr, "could not make the folder %s\n", mTourFolder);
+    mExitCode = 1;
+    mFrame->Close(true);
+    return;
+  }
+  TourWalkResult const result = WalkTour(*mFrame, mTourFolder);
+  for (TourWalkResult::Shot const & shot : result.shots)
+    wxPrintf("%s: %s \"%s\" %s\n", shot.link, shot.windowClass, shot.title, shot.file);
+  for (wxString const & failure : result.failures) wxFprintf(stderr, "tour: %s\n", failure);
+  wxPrintf("tour: %zu stops, %zu windows, %zu failures\n", result.walked.size(),
+           result.shots.size(), result.failures.size());
+  if (!result.failures.empty()) mExitCode = 1;
+  mFrame->Close(true);
 }
 
 void SampleApp::TakeScreenshotWhenPainted() {

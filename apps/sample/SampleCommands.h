@@ -80,6 +80,7 @@ enum SampleCommand : int {
   // Help
   kReleaseNotesCommand,
   kSplashCommand,
+  kTourCommand,
   kCrashNullWriteCommand,
   kCrashAbortCommand,
   kCrashWorkerExceptionCommand,

@@ -6,7 +6,10 @@
 
 wxImage CaptureWindowImage(wxWindow & window) {
   GtkWidget * widget = window.GetHandle();
-  if (widget == nullptr || !window.IsShownOnScreen()) return wxImage();
+  // The toolkit's own dialogs (message boxes) are shown by GTK, not wx:
+  // mapped, though wx does not know them as shown.
+  if (widget == nullptr || (!window.IsShownOnScreen() && gtk_widget_get_mapped(widget) == 0))
+    return wxImage();
   GdkWindow * gdkWindow = gtk_widget_get_window(widget);
   if (gdkWindow == nullptr || !gdk_window_is_viewable(gdkWindow)) return wxImage();
   // Make sure every pending paint has reached the server before reading.

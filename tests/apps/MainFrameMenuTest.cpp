@@ -98,6 +98,7 @@ enum class Opens {
   kFavouritesPane,    // the favourites pane window
   kAddCommand,        // the pane with the add-command dialog over it
   kSplash,            // the splash window over the frame
+  kTourWindow,        // the tour of the library
   kCrash,             // ends the process: SampleCrashTest fires it in a child
 };
 
@@ -168,6 +169,7 @@ std::map<wxString, Expected> const kExpected = {
     {"Audit Trail/Clear...", {Opens::kNothing}},  // the sample's trail is off
     {"Audit Trail/Save As...", {Opens::kNothing}},
     {"Audit Trail/Edit User Information...", {Opens::kInput}},
+    {"Help/Tour of the library", {Opens::kTourWindow}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
     {"Help/Splash window", {Opens::kSplash}},
     {"Help/Crash now/Null write", {Opens::kCrash}},
@@ -430,12 +432,14 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         EXPECT_EQ(Status(), "No run picked.");
         break;
       case Opens::kAuditTrailWindow:
+      case Opens::kTourWindow:
       case Opens::kReportWindow: {
+        std::map<Opens, int> const windowIds{{Opens::kReportWindow, wxID_HIGHEST + 900},
+                                             {Opens::kAuditTrailWindow, wxID_HIGHEST + 910},
+                                             {Opens::kTourWindow, wxID_HIGHEST + 920}};
         wxWindow * report = nullptr;
         for (wxWindow * child : frame->GetChildren())
-          if (child->IsTopLevel() &&
-              child->GetId() == wxID_HIGHEST + (expected.opens == Opens::kReportWindow ? 900 : 910))
-            report = child;
+          if (child->IsTopLevel() && child->GetId() == windowIds.at(expected.opens)) report = child;
         ASSERT_NE(report, nullptr);
         report->Destroy();
         break;

@@ -31,8 +31,8 @@ TEST(StandardCrashReport, ADumpThenTheReportProgramThenTheSignal) {
     ::_exit(91);
   }
   // The report's window bears the application's name; the user closes it.
-  int const shown =
-      std::system("timeout 60 xdotool search --sync --onlyvisible --name '^Crash Probe$' >/dev/null");
+  int const shown = std::system(
+      "timeout 60 xdotool search --sync --onlyvisible --name '^Crash Probe$' >/dev/null");
   std::system("xdotool search --onlyvisible --name '^Crash Probe$' windowfocus --sync key Escape");
   int status = 0;
   ASSERT_EQ(::waitpid(child, &status, 0), child);
