@@ -12,7 +12,7 @@ include(CMakePackageConfigHelpers)
 set(TALVO_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/TALVOutlwin)
 set(TALVO_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/talvoutlwin)
 
-install(TARGETS TALVOutl TALVOregistry TALVOappcore TALVOutlwin EXPORT TALVOutlwinTargets
+install(TARGETS TALVOutl TALVOregistry TALVOappcore TALVOcrash TALVOutlwin EXPORT TALVOutlwinTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev
   INCLUDES DESTINATION ${TALVO_INSTALL_INCLUDEDIR})
 if(TARGET TALVOservice)
@@ -32,7 +32,7 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${TALVO_INSTALL_INCLUDE
   COMPONENT dev FILES_MATCHING PATTERN "*.h" PATTERN "xml" EXCLUDE PATTERN "resources" EXCLUDE)
 
 if(TARGET talvo-reg)
-  install(TARGETS talvo-reg talvo-art RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+  install(TARGETS talvo-reg talvo-art talvo-crash-report RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
 endif()
 
 # The library's own catalogs, po/<language>.po, in the domain "talvoutlwin":

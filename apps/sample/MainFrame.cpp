@@ -11,6 +11,7 @@
 #include "BackgroundCommands.h"
 #include "BatchCommand.h"
 #include "CalibrationListDialog.h"
+#include "CrashCommands.h"
 #include "DateFormatCommand.h"
 #include "EditsDialog.h"
 #include "FavouritesCommand.h"
@@ -130,6 +131,7 @@ void MainFrame::BuildMenus() {
   AddSplashCommand(*help, *this);
   AddHelpPaneCommand(*help, *this);
   AddSendFeedbackCommand(*help, *this);
+  AddCrashCommands(*help, *this);
   help->Append(wxID_ABOUT, Tr("Menu command", "&About..."));
   auto * bar = new wxMenuBar;
   bar->Append(file, Tr("Menu", "&File"));

@@ -26,6 +26,7 @@
 #include "TourWalk.h"
 #include "controls/VxSplash2013.h"
 #include "controls/WindowSnapshot.h"
+#include "crash/MiniDumper.h"
 #include "frame/MuteAskUserComm.h"
 #include "frame/VxApp.h"
 #include "frame/VxAppCustomization.h"
@@ -115,6 +116,7 @@ bool SampleApp::OnInit() {
   // settings location.
   Customize();
   SetRegistryLocation();
+  MiniDumper::Initialize();  // a crash leaves a dump, then talvo-crash-report shows it
   if (!mScreenshotPath.empty() || mExitOnPaint) {
     // Nobody answers a box in a scripted run: what it would tell is logged.
     static MuteAskUserComm unattended;

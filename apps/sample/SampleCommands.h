@@ -97,5 +97,8 @@ enum SampleCommand : int {
   // File, printing (last, so that the ids before keep their numbers)
   kPrintCommand,
   kPrintWindowCommand,
+  kCrashNullWriteCommand,
+  kCrashAbortCommand,
+  kCrashWorkerExceptionCommand,
   kEndOfSampleCommands
 };

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "dialogs/ProgressDialog.h"
+#include "platform/AlternateSignalStack.h"
 #include "platform/PostedWindowMessages.h"
 
 namespace {
@@ -24,6 +25,7 @@ void Execute(boost::function<void()> const & work, boost::function<void()> const
   std::exception_ptr failure;
   ProgressDialog dialog(caption, &ready, cancel, parent);
   std::thread worker([&work, &ready, &failure, &dialog] {
+    AlternateSignalStack const signalStack;  // a crash here is still reported
     try {
       work();  // an empty function throws boost::bad_function_call
     } catch (...) {

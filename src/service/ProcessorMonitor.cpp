@@ -7,6 +7,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/AlternateSignalStack.h"
+
 bool ProcStatTimesSource::Read(ProcessorTimes & times) {
   int const fd = ::open("/proc/stat", O_RDONLY | O_CLOEXEC);
   if (fd < 0) return false;
@@ -60,6 +62,7 @@ bool ProcessorMonitor::WaitUntil(std::chrono::steady_clock::time_point deadline)
 }
 
 void ProcessorMonitor::ThreadProc() {
+  AlternateSignalStack const signalStack;  // a crash here is still reported
   Callback const callback = m_callback;
   void * const param = m_param;
   int const valueLimit = m_valueLimit;

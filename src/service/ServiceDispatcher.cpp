@@ -13,6 +13,7 @@
 #include <system_error>
 #include <thread>
 
+#include "platform/AlternateSignalStack.h"
 #include "service/ServiceUnit.h"
 
 namespace VxService {
@@ -93,9 +94,15 @@ uint32_t ServiceDispatcher::Run() {
   gEnded = false;
   uint32_t result = 0;
   try {
-    std::thread control([this, signals] { ControlLoop(signals); });
+    std::thread control([this, signals] {
+      AlternateSignalStack const signalStack;  // a crash here is still reported
+      ControlLoop(signals);
+    });
     try {
-      std::thread service([this] { mServiceMain(); });
+      std::thread service([this] {
+        AlternateSignalStack const signalStack;
+        mServiceMain();
+      });
       service.join();
     } catch (std::system_error &) {
       result = kErrorThreadNotCreated;

@@ -1,8 +1,8 @@
 #include "work/InThread.h"
-
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include "platform/AlternateSignalStack.h"
 #include "platform/PostedWindowMessages.h"
 
 InThread::InThread(Work work, wxWindow * window, unsigned long message)
@@ -19,6 +19,7 @@ InThread::~InThread() {
 }
 
 void InThread::Run(std::shared_ptr<Data> const & data) {
+  AlternateSignalStack const signalStack;  // a crash here is still reported
   // Low, but not idle: an idle-class thread waits for as long as the user
   // interface keeps a processor busy.
   ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), kNiceness);
