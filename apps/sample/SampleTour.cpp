@@ -47,6 +47,7 @@ std::vector<TourStop> TourStops() {
   return {
       {1, "About", Tr("Tour", "The about box"), wxID_ABOUT, true},
       {1, "FailingHandler", Tr("Tour", "A failure inside a dialog's handler"), kFailingHandlerCommand, true},
+      {1, "CrashNullWrite", Tr("Tour", "A crash: a dump, then the report (ends the application)"), kCrashNullWriteCommand, false},
       {2, "DefaultFolder", Tr("Tour", "The default folder, kept in the settings"), kDefaultFolderCommand, true},
       {2, "AuditTrailUserInfo", Tr("Tour", "User information kept in the registry"), kAuditTrailUserInfoCommand, true},
       {3, "MessageOk", Tr("Tour", "A message box"), kOkBoxCommand, true},
@@ -66,6 +67,10 @@ std::vector<TourStop> TourStops() {
       {4, "RunInBackground", Tr("Tour", "Work on a thread behind a waiting dialog"), kRunInBackgroundCommand, true},
       {4, "BackgroundResult", Tr("Tour", "A result posted from a low-priority thread"), kBackgroundResultCommand, true},
       {5, "Splash", Tr("Tour", "A picture shaped by its colours (the splash)"), kSplashCommand, true},
+      {5, "OpenPicture", Tr("Tour", "Opening a picture"), kOpenPictureCommand, true},
+      {5, "SaveWindowPicture", Tr("Tour", "A window saved as BMP, PNG or JPEG"), kSaveWindowPictureCommand, true},
+      {5, "PrintPage", Tr("Tour", "The print page with its preview"), kPrintPageCommand, true},
+      {5, "Print", Tr("Tour", "Printing the run list"), kPrintCommand, true},
       {6, "DateFormat", Tr("Tour", "The date format"), kDateFormatCommand, true},
       {6, "TimeGrid", Tr("Tour", "Date and time controls"), kTimeGridCommand, true},
       {7, "CalibrationList", Tr("Tour", "The report list"), kCalibrationListCommand, true},
@@ -86,9 +91,13 @@ std::vector<TourStop> TourStops() {
       {11, "Service", Tr("Tour", "A service and its control"), kServiceCommand, true},
       {12, "Report", Tr("Tour", "A generated page whose links run commands"), kReportCommand, true},
       {12, "HelpPane", Tr("Tour", "A help file shown inside a window"), kHelpPaneCommand, true},
+      {12, "HelpContents", Tr("Tour", "The help window"), kHelpContentsCommand, true},
+      {12, "HelpOnRuns", Tr("Tour", "A help topic by number"), kHelpOnRunsCommand, true},
+      {12, "PopupHelp", Tr("Tour", "Pop-up help on F1"), kPopupHelpDialogCommand, true},
       {13, "Edits", Tr("Tour", "Edits"), kEditsCommand, true},
       {13, "Notes", Tr("Tour", "A rich text pad"), kNotesCommand, true},
       {13, "ReleaseNotes", Tr("Tour", "Rich text from a resource"), kReleaseNotesCommand, true},
+      {13, "SendFeedback", Tr("Tour", "Mail through the desktop's mail program"), kSendFeedbackCommand, false},
   };
   // clang-format on
 }

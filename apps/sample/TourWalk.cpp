@@ -23,6 +23,8 @@
 #include "help/CHHCtrl.h"
 #include "html/VxHtmlView.h"
 #include "lists/FilterListCtrlPopupBar.h"
+#include "platform/WinUser.h"
+#include "printing/PrintDialog.h"
 
 #include <gtk/gtk.h>
 
@@ -87,12 +89,17 @@ public:
       mResult.shots.push_back({mLink, "folder chooser", wxString(), wxString()});
       return FolderChooserAnswer{};
     });
+    mFormerPrint = SetPrintDialogFunction([this](PRINTDLGW &) {
+      mResult.shots.push_back({mLink, "print dialog", wxString(), wxString()});
+      return IDCANCEL;
+    });
     mSweep.Start(50);
     for (TourStop const & stop : TourStops()) {
       if (!stop.walked) continue;
       Visit(frame, stop);
     }
     mSweep.Stop();
+    SetPrintDialogFunction(mFormerPrint);
     SetFolderChooserFunction(mFormerFolders);
     SetFileChooserFunction(mFormerFiles);
     sCurrent = nullptr;
@@ -250,6 +257,7 @@ private:
   wxAssertHandler_t mFormerAssert = nullptr;
   FileChooserFunction mFormerFiles;
   FolderChooserFunction mFormerFolders;
+  PrintDialogFunction mFormerPrint;
 };
 
 Walker * Walker::sCurrent = nullptr;

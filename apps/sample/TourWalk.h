@@ -4,8 +4,9 @@
 // modal dialogs are cancelled once painted, other windows closed. It notes
 // what a person would call broken: a command nobody handles, a wx assertion,
 // the internal-error dialog, a window that never painted. The file choosers
-// are answered "cancelled" without showing (a native chooser does not end
-// on request).
+// and the print dialog are answered "cancelled" without showing (the
+// toolkit's own do not end on request). Stops that end the process or start
+// another program are not walked.
 //
 //   talvo-sample --tour DIR      (scripts/run-sample --tour DIR)
 

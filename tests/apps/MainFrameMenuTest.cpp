@@ -29,8 +29,8 @@
 #include "PropertyEditorsDialog.h"
 #include "PropertyListDialog.h"
 #include "ReleaseNotesDialog.h"
-#include "SampleHelp.h"
 #include "SampleCommands.h"
+#include "SampleHelp.h"
 #include "SeriesDialog.h"
 #include "ServiceDialog.h"
 #include "TimeGridDialog.h"
@@ -77,45 +77,45 @@ enum class Opens {
   kBatchQuestion,
   kDateFormat,
   kTimeGrid,
-  kRunPicker,         // the filter popup over the sample's runs
-  kInstruments,       // the instruments dialog
-  kReportWindow,      // the report window opens over the frame
-  kCalibrationList,   // the sample's report list
-  kSeries,            // the sample's tree list
-  kMessageBox,        // a CustomMessageBoxDlg of `boxType` (buttons and icon)
-  kDetails,           // a details dialog
-  kInfo,              // an information dialog
-  kScrollBox,         // a message box whose text scrolls
-  kNothing,           // says so in the status bar
-  kAboutBox,          // the application's about command
-  kCloseRequest,      // the frame is asked to close
-  kProjectTree,       // the runs by project window
-  kEdits,             // the edits dialog
-  kNotes,             // the notes pad
-  kSheet,             // a property sheet
-  kWizard,            // a property sheet as a wizard
-  kProperties,        // the modeless Properties window
-  kReleaseNotes,      // the release notes
-  kInput,             // an input dialog
-  kSelectItem,        // the item selection
-  kSelectClass,       // the class or phase choice
-  kPropertyEditors,   // the property editors
-  kService,           // the service dialog
-  kPropertyList,      // the run settings in a property list
-  kAuditTrailWindow,  // the audit trail's window opens over the frame
-  kFavouritesPane,    // the favourites pane window
-  kAddCommand,        // the pane with the add-command dialog over it
-  kSplash,            // the splash window over the frame
-  kHelp,              // a request to the help engine
-  kPopupHelpDialog,   // the dialog with pop-up help
-  kHelpPane,          // the sample's help pane over the frame
-  kTourWindow,        // the tour of the library
-  kPrintPage,         // the print page's window over the frame
-  kPrintDialog,       // the print dialog (answered: cancelled)
+  kRunPicker,          // the filter popup over the sample's runs
+  kInstruments,        // the instruments dialog
+  kReportWindow,       // the report window opens over the frame
+  kCalibrationList,    // the sample's report list
+  kSeries,             // the sample's tree list
+  kMessageBox,         // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kDetails,            // a details dialog
+  kInfo,               // an information dialog
+  kScrollBox,          // a message box whose text scrolls
+  kNothing,            // says so in the status bar
+  kAboutBox,           // the application's about command
+  kCloseRequest,       // the frame is asked to close
+  kProjectTree,        // the runs by project window
+  kEdits,              // the edits dialog
+  kNotes,              // the notes pad
+  kSheet,              // a property sheet
+  kWizard,             // a property sheet as a wizard
+  kProperties,         // the modeless Properties window
+  kReleaseNotes,       // the release notes
+  kInput,              // an input dialog
+  kSelectItem,         // the item selection
+  kSelectClass,        // the class or phase choice
+  kPropertyEditors,    // the property editors
+  kService,            // the service dialog
+  kPropertyList,       // the run settings in a property list
+  kAuditTrailWindow,   // the audit trail's window opens over the frame
+  kFavouritesPane,     // the favourites pane window
+  kAddCommand,         // the pane with the add-command dialog over it
+  kSplash,             // the splash window over the frame
+  kHelp,               // a request to the help engine
+  kPopupHelpDialog,    // the dialog with pop-up help
+  kHelpPane,           // the sample's help pane over the frame
+  kTourWindow,         // the tour of the library
+  kPrintPage,          // the print page's window over the frame
+  kPrintDialog,        // the print dialog (answered: cancelled)
   kBackgroundRun,      // the waiting dialog, cancelled
   kBackgroundFailure,  // the waiting dialog, then the failure told
   kNoMailProgram,      // the channel says there is no mail program
-  kCrash,             // ends the process: SampleCrashTest fires it in a child
+  kCrash,              // ends the process: SampleCrashTest fires it in a child
 };
 
 struct Expected {

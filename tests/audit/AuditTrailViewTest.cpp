@@ -54,6 +54,13 @@ public:
   void Print() override {}
   void SelectAll() override {}
   long Find(wxString const &, bool) override { return 0; }
+  void GoBack() override {}
+  void GoForward() override {}
+  bool CanGoBack() const override { return false; }
+  bool CanGoForward() const override { return false; }
+  void Reload() override {}
+  void Stop() override {}
+  bool IsBusy() const override { return false; }
   bool SaveAsMhtml(std::string const &, std::string &) override { return false; }
 
   void Loaded() { events->OnBrowserLoaded(); }
