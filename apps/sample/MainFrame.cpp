@@ -1,7 +1,6 @@
 #include "MainFrame.h"
 
 #include <wx/app.h>
-#include <wx/dcscreen.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
@@ -47,37 +46,12 @@
 #include "TimeGridDialog.h"
 #include "TreeViewWindow.h"
 
+#include "controls/WrapToWidth.h"
 #include "utl/Translation.h"
 #include "utl/VxSystemInfo.h"
 #include "work/VxStatusBar.h"
 
 using vx3::Tr;
-
-namespace {
-
-// `text` broken at blanks into lines of at most `width` pixels in `window`'s
-// font. wxStaticText::Wrap would measure the text anew for every word, some
-// milliseconds of the start; this measures it once.
-wxString WrapText(wxWindow const & window, wxString const & text, int width) {
-  wxScreenDC dc;
-  dc.SetFont(window.GetFont());
-  wxArrayInt extents;  // extents[i]: the width of the text up to character i
-  if (!dc.GetPartialTextExtents(text, extents) || extents.size() != text.size()) return text;
-  wxString wrapped(text);
-  int lineStart = 0;
-  size_t blank = wxString::npos;
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == ' ') blank = i;
-    if (extents[i] - lineStart > width && blank != wxString::npos) {
-      wrapped[blank] = '\n';
-      lineStart = extents[blank];
-      blank = wxString::npos;
-    }
-  }
-  return wrapped;
-}
-
-}  // namespace
 
 MainFrame::MainFrame()
     : wxFrame(nullptr, wxID_ANY, wxString::FromUTF8(VxSystemInfo::GetApplicationName()),
@@ -174,12 +148,11 @@ void MainFrame::BuildPage() {
   auto * page = new wxPanel(this);
   auto * sizer = new wxBoxSizer(wxVERTICAL);
   auto * intro = new wxStaticText(page, wxID_ANY, wxString());
-  intro->SetLabel(WrapText(
-      *intro,
+  intro->SetLabel(WrapToWidth(
       Tr("This application shows the manner of working that every application of the family "
          "shares: settings, questions and messages, progress, lists, favourites, pictures and "
          "help. Use the menus to try what is there."),
-      640));
+      intro->GetFont(), 640));
   // The window title names the application; a heading in another font
   // face would cost the start-up a font load (several milliseconds).
   sizer->Add(intro, 0, wxLEFT | wxRIGHT | wxTOP, 16);

@@ -1,11 +1,11 @@
 #include "frame/AboutDialog.h"
 
 #include <wx/button.h>
-#include <wx/dcscreen.h>
 #include <wx/settings.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
 
+#include "controls/WrapToWidth.h"
 #include "dialogs/DetailsDialog.h"
 #include "frame/AboutKarvinelDialog.h"
 #include "frame/VxAppCustomization.h"
@@ -18,28 +18,6 @@
 namespace {
 
 wxString FromWide(wchar_t const * text) { return text != nullptr ? wxString(text) : wxString(); }
-
-// `text` broken at blanks into lines no wider than `width` in `font`. The
-// text is measured once; a label's own wrapping measures it again for every
-// word, through a device context that asks the desktop's style each time.
-wxString WrapToWidth(wxString const & text, wxFont const & font, int width) {
-  wxScreenDC dc;
-  dc.SetFont(font);
-  wxArrayInt extents;  // extents[i]: the width of the text up to character i
-  if (!dc.GetPartialTextExtents(text, extents) || extents.size() != text.size()) return text;
-  wxString wrapped(text);
-  int lineStart = 0;
-  size_t blank = wxString::npos;
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == ' ') blank = i;
-    if (extents[i] - lineStart > width && blank != wxString::npos) {
-      wrapped[blank] = '\n';
-      lineStart = extents[blank];
-      blank = wxString::npos;
-    }
-  }
-  return wrapped;
-}
 
 // A native button rebuilds its label on every change, even to the same text.
 void SetLabelIfNew(wxWindow & button, wxString const & label) {
