@@ -6,7 +6,7 @@
 //   3. the base name in the program's folder (/proc/self/exe);
 //   4. in the current folder;
 //   5. in the folder named by the value <base> of the key
-//      "Software\HTML Help" under HKEY_LOCAL_MACHINE;
+//      "Software\Compiled Help" under HKEY_LOCAL_MACHINE;
 //   6. in "help" under the shared folder: the value "SharedDir" of
 //      "Software\Setup" under HKEY_LOCAL_MACHINE, else the first XDG data
 //      folder ($XDG_DATA_DIRS, default /usr/local/share);
@@ -20,7 +20,7 @@
 #include <string>
 #include <string_view>
 
-constexpr wchar_t const * kChmFolderKey = L"Software\\HTML Help";
+constexpr wchar_t const * kChmFolderKey = L"Software\\Compiled Help";
 constexpr wchar_t const * kSharedFolderKey = L"Software\\Setup";
 
 struct ChmFileSearchPlaces {
