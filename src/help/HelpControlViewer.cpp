@@ -39,7 +39,15 @@ public:
     };
   }
 
-  wxWindow * GetWindow() const override { return m_control; }
+  // The control, a child window, outlives the viewer while its window is
+  // taken down: it must not call back into the viewer then.
+  ~HelpControlViewer() override {
+    if (m_control) m_control->navigated = nullptr;
+  }
+  HelpControlViewer(HelpControlViewer const &) = delete;
+  HelpControlViewer & operator=(HelpControlViewer const &) = delete;
+
+  wxWindow * GetWindow() const override { return m_control.get(); }
 
   void Show(std::string const & chmPath, std::string const & innerPath) override {
     std::wstring const file = vx3::Utf8ToWide(chmPath);
@@ -54,7 +62,7 @@ public:
   }
 
 private:
-  HelpWindowControl * m_control;  // a child of the parent, which owns it
+  wxWeakRef<HelpWindowControl> m_control;  // a child of the parent, which owns it
 };
 
 }  // namespace
