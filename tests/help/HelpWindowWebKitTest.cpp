@@ -132,6 +132,7 @@ TEST(HelpWindowWebKit, LinksReachTheMainWindowAndTheContentsFollow) {
       [control] { return control->GetReadyState() == 4 && control->GetLocationName() == "Start"; },
       kLoadTimeoutMs));
   EXPECT_EQ(selected(), "Start");
+  gui_test::Snapshot(*window, "help-window-followed-link");
   EXPECT_EQ(window->GetCurrentTopic(), "/start.htm");
   gui_test::Flush();
   EXPECT_TRUE(control->GetLocationURL().EndsWith("start.htm"))
