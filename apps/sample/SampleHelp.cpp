@@ -11,6 +11,7 @@
 #include "HelpPane.h"
 #include "SampleCommands.h"
 #include "help/ContextHelpBinding.h"
+#include "help/HelpTopicViewer.h"
 #include "html/VxHtmlHelp.h"
 #include "html/WindowContextHelpId.h"
 #include "utl/Paths.h"
@@ -43,6 +44,8 @@ PopupHelpDialog::PopupHelpDialog(wxWindow * parent)
 void AddHelpCommands(wxMenu & menu, wxFrame & frame) {
   std::string const file = VxGetExecutableDirectory() + "/" + vx3::WideToUtf8(kSampleHelpFile);
   VxHtmlHelp::Instance()->SetHelpFile(vx3::Utf8ToWide(file).c_str());
+  // The help topics' "app:" links, as the help pane has them.
+  SetHelpWindowCommands({{"RunCalculation", kRunCalculationCommand}});
   menu.Append(kHelpContentsCommand, vx3::Tr("Menu command", "&Contents"));
   menu.Append(kHelpIndexCommand, vx3::Tr("Menu command", "&Index"));
   menu.Append(kHelpSearchCommand, vx3::Tr("Menu command", "&Search"));

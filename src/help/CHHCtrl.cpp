@@ -1,8 +1,12 @@
 #include "help/CHHCtrl.h"
 
+#include <cmath>
+
 #include <wx/app.h>
+#include <wx/filename.h>
 #include <wx/sizer.h>
 #include <wx/toolbar.h>
+#include <wx/webview.h>
 
 #include "help/ChmAddress.h"
 #include "help/ChmFileSearch.h"
@@ -36,6 +40,11 @@ void IgnoreFrame(wchar_t const * frame) {
     Log::WriteMessage("CHHCtrl", "Navigate",
                       "Frame '" + vx3::WideToUtf8(frame) + "' ignored: pages open in the control",
                       Log::Routine, false);
+}
+
+void LogIgnored(char const * operation, std::string const & what) {
+  Log::WriteMessage("CHHCtrl", operation, what + " ignored: the browser has no such choice",
+                    Log::Routine, false);
 }
 
 }  // namespace
@@ -151,6 +160,125 @@ HRESULT CHHCtrl::Navigate(wxString const & url, wchar_t const * frame) {
   return S_OK;
 }
 
+HRESULT CHHCtrl::Navigate2(wxString const & url, unsigned long flags, wchar_t const * frame,
+                           wchar_t const * headers, void const * postData,
+                           unsigned long postDataLength) {
+  if (postData != nullptr && postDataLength > 0) {
+    Log::WriteMessage("CHHCtrl", "Navigate2",
+                      "Cannot post data to " + url.utf8_string() + ": the browser only loads",
+                      Log::Error, false);
+    return kNotImplemented;
+  }
+  if (flags != 0) LogIgnored("Navigate2", "Flags " + std::to_string(flags));
+  if (headers != nullptr && *headers != L'\0')
+    LogIgnored("Navigate2", "Headers '" + vx3::WideToUtf8(headers) + "'");
+  return Navigate(url, frame);
+}
+
+HRESULT CHHCtrl::Navigate2(wxString const & url, unsigned long flags,
+                           std::vector<unsigned char> const & postData, wchar_t const * frame,
+                           wchar_t const * headers) {
+  return Navigate2(url, flags, frame, headers, postData.data(),
+                   static_cast<unsigned long>(postData.size()));
+}
+
+HRESULT CHHCtrl::Navigate2(wxFileName const & file, unsigned long flags, wchar_t const * frame) {
+  if (!file.IsOk()) return E_INVALIDARG;
+  return Navigate2(wxFileName::FileNameToURL(file), flags, frame);
+}
+
+HRESULT CHHCtrl::GoSearch() {
+  Log::WriteMessage("CHHCtrl", "GoSearch", "The browser has no search page", Log::Notice, false);
+  return kNotImplemented;
+}
+
+// The browser's members are called through its window's virtual table: the
+// browser library that holds them is loaded at run time (html/HtmlBrowser.h).
+void CHHCtrl::Refresh(RefreshLevel level) {
+  if (!mBrowser) return;
+  mBrowser->GetWebView()->Reload(level == kRefreshCompletely ? wxWEBVIEW_RELOAD_NO_CACHE
+                                                             : wxWEBVIEW_RELOAD_DEFAULT);
+}
+
+void CHHCtrl::Refresh2(int level) {
+  Refresh(level == kRefreshCompletely ? kRefreshCompletely : kRefreshNormal);
+}
+
+// A help topic is read-only: of the editing commands only those on the
+// selection are offered. WebKit answers "can copy" even with nothing
+// selected, so the page itself is asked.
+bool CHHCtrl::HasSelection() const {
+  wxString answer;
+  return mBrowser && mBrowser->RunScript("String(!window.getSelection().isCollapsed)", &answer) &&
+         answer == "true";
+}
+
+int CHHCtrl::QueryStatusWB(int command) const {
+  bool enabled = mBrowser != nullptr;
+  switch (command) {
+    case kCmdCopy:
+    case kCmdClearSelection: enabled = enabled && HasSelection(); break;
+    case kCmdStop: enabled = enabled && mBrowser->IsBusy(); break;
+    case kCmdPrint:
+    case kCmdSelectAll:
+    case kCmdRefresh:
+    case kCmdZoom: break;
+    default: return 0;
+  }
+  return kCmdSupported | (enabled ? kCmdEnabled : 0);
+}
+
+HRESULT CHHCtrl::ExecWB(int command, int /*options*/, wxVariant const * in, wxVariant * out) {
+  int const status = QueryStatusWB(command);
+  if ((status & kCmdSupported) == 0 || (status & kCmdEnabled) == 0) {
+    Log::WriteMessage(
+        "CHHCtrl", "ExecWB",
+        "Command " + std::to_string(command) +
+            ((status & kCmdSupported) == 0 ? " unknown to the browser" : " cannot run now"),
+        Log::Notice, false);
+    return (status & kCmdSupported) == 0 ? kCmdNotSupported : kCmdDisabled;
+  }
+  wxWebView * view = mBrowser->GetWebView();
+  switch (command) {
+    case kCmdPrint: view->Print(); break;
+    case kCmdCopy: view->Copy(); break;
+    case kCmdSelectAll: view->SelectAll(); break;
+    case kCmdClearSelection: mBrowser->RunScript("window.getSelection().removeAllRanges()"); break;
+    case kCmdRefresh: Refresh(kRefreshNormal); break;
+    case kCmdStop: view->Stop(); break;
+    case kCmdZoom:
+      if (in != nullptr && !in->IsNull()) {
+        long percent = 0;
+        if (!in->Convert(&percent) || percent < 10 || percent > 1000) return E_INVALIDARG;
+        view->SetZoomFactor(static_cast<float>(percent) / 100.0F);
+      }
+      if (out != nullptr) *out = std::lround(view->GetZoomFactor() * 100.0F);
+      break;
+    default: break;
+  }
+  return S_OK;
+}
+
+void CHHCtrl::PutProperty(wxString const & name, wxVariant const & value) {
+  mProperties[name] = value;
+}
+
+bool CHHCtrl::GetProperty(wxString const & name, wxVariant & value) const {
+  auto const found = mProperties.find(name);
+  if (found == mProperties.end()) {
+    value.MakeNull();
+    return false;
+  }
+  value = found->second;
+  return true;
+}
+
+wxVariant CHHCtrl::GetProperty(wxString const & name) const {
+  wxVariant value;
+  GetProperty(name, value);
+  return value;
+}
+
 void CHHCtrl::GoBack() {
   if (mBrowser && mBrowser->CanGoBack()) mBrowser->GoBack();
 }
@@ -166,10 +294,6 @@ void CHHCtrl::GoHome() {
   ChmSystemInfo info;
   if (archive && ReadChmSystem(*archive, info) == ChmError::None && !info.defaultTopic.empty())
     NavigateChm(vx3::Utf8ToWide(ChmTextToUtf8(info.defaultTopic)).c_str());
-}
-
-void CHHCtrl::Refresh2(int /*level*/) {
-  if (mBrowser) mBrowser->Reload();
 }
 
 void CHHCtrl::Stop() {

@@ -15,14 +15,17 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 #include <wx/string.h>
+#include <wx/variant.h>
 #include <wx/weakref.h>
 #include <wx/window.h>
 
 #include "help/ChmHelpMap.h"
 #include "html/HtmlBrowser.h"
 
+class wxFileName;
 class wxToolBar;
 class wxCommandEvent;
 
@@ -41,6 +44,38 @@ public:
   enum Button { kHome = 100, kBack, kForward };
   // OnCommandStateChange's commands.
   enum CommandState { kNavigateForward = 1, kNavigateBack = 2 };
+
+  // Navigate2's flags: the browser has no such choices; they are logged.
+  enum NavigateFlag { kOpenInNewWindow = 0x1, kNoHistory = 0x2, kNoReadFromCache = 0x4 };
+  // Refresh levels: the first three reload as the cache allows, the last
+  // asks every part of the page again.
+  enum RefreshLevel {
+    kRefreshNormal = 0,
+    kRefreshIfExpired = 1,
+    kRefreshContinue = 2,
+    kRefreshCompletely = 3
+  };
+  // The commands ExecWB and QueryStatusWB know, by their numbers.
+  // Help topics are read-only: the editing commands (cut, paste, undo)
+  // are unknown to the control.
+  enum BrowserCommand {
+    kCmdPrint = 6,
+    kCmdCopy = 12,
+    kCmdSelectAll = 17,
+    kCmdClearSelection = 18,
+    kCmdRefresh = 22,
+    kCmdStop = 23,
+    kCmdZoom = 63  // the page's zoom in percent: in sets it, out gets it
+  };
+  // QueryStatusWB's answer: bits of a known command, and of one that would
+  // run now.
+  static constexpr int kCmdSupported = 0x1;
+  static constexpr int kCmdEnabled = 0x2;
+  // ExecWB's code for a command the browser does not have, or cannot run now.
+  static constexpr HRESULT kCmdNotSupported = static_cast<HRESULT>(0x80040100u);
+  static constexpr HRESULT kCmdDisabled = static_cast<HRESULT>(0x80040101u);
+  // What the browser cannot do at all (GoSearch; posting data).
+  static constexpr HRESULT kNotImplemented = static_cast<HRESULT>(0x80004001u);
 
   CHHCtrl();
   ~CHHCtrl() override;
@@ -73,11 +108,44 @@ public:
   // The browser's own operations. A frame name is logged and ignored: the
   // browser cannot target one.
   HRESULT Navigate(wxString const & url, wchar_t const * frame = nullptr);
+  // Navigate with flags, headers and data to post. Flags and headers are
+  // logged and ignored; data to post is refused (kNotImplemented, nothing
+  // loads), as a plain load would be a different request.
+  HRESULT Navigate2(wxString const & url, unsigned long flags = 0, wchar_t const * frame = nullptr,
+                    wchar_t const * headers = nullptr, void const * postData = nullptr,
+                    unsigned long postDataLength = 0);
+  HRESULT Navigate2(wxString const & url, unsigned long flags,
+                    std::vector<unsigned char> const & postData, wchar_t const * frame = nullptr,
+                    wchar_t const * headers = nullptr);
+  // A file by its name (the shell item of other systems), as a file: URL.
+  HRESULT Navigate2(wxFileName const & file, unsigned long flags = 0,
+                    wchar_t const * frame = nullptr);
   void GoBack();
   void GoForward();
   void GoHome();  // the file's default topic
-  void Refresh2(int level = 0);
+  // The browser has no search page: logged, kNotImplemented.
+  HRESULT GoSearch();
+  // The browser's reload. wxWindow::Refresh (a repaint) keeps its name and
+  // stays callable as it is: the browser's form takes a level, of a type of
+  // its own so that Refresh() and Refresh(true) still mean the repaint.
+  using wxWindow::Refresh;
+  void Refresh(RefreshLevel level);
+  void Refresh2(int level = kRefreshNormal);
   void Stop();
+  // Runs command `command` (BrowserCommand) on the page: S_OK, or
+  // kCmdNotSupported for a command the browser has not, kCmdDisabled when
+  // it cannot run now (logged). `options` (prompt or not) is ignored: the
+  // browser never asks. Only kCmdZoom reads `in` and writes `out`.
+  HRESULT ExecWB(int command, int options, wxVariant const * in = nullptr,
+                 wxVariant * out = nullptr);
+  // kCmdSupported | kCmdEnabled as they hold now; 0 for an unknown command.
+  int QueryStatusWB(int command) const;
+  // Values a caller keeps with the browser under names of its own; the
+  // browser does nothing with them. GetProperty is false (and `value` null)
+  // for a name never put.
+  void PutProperty(wxString const & name, wxVariant const & value);
+  bool GetProperty(wxString const & name, wxVariant & value) const;
+  wxVariant GetProperty(wxString const & name) const;
   wxString GetLocationURL() const;
   wxString GetLocationName() const;
   bool GetBusy() const;
@@ -110,6 +178,7 @@ private:
 
   void OnToolBar(wxCommandEvent & event);
   void UpdateButtons();
+  bool HasSelection() const;
   bool OpenForeignLink(wxString const & url);
   void Serve(std::string const & path);
 
@@ -121,5 +190,6 @@ private:
   wxToolBar * mToolBar = nullptr;
   std::unique_ptr<HtmlBrowser> mBrowser;
   std::set<std::string> mServed;  // files registered with the scheme
+  std::map<wxString, wxVariant> mProperties;
   int mReadyState = 0;
 };

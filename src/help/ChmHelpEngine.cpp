@@ -64,7 +64,19 @@ ChmHelpEngine::ChmHelpEngine(HelpArchiveOpener opener, HelpTopicViewerFactory vi
       m_viewers(std::move(viewers)),
       m_canBrowse(std::move(canBrowse)) {}
 
-ChmHelpEngine::~ChmHelpEngine() { CloseAll(); }
+ChmHelpEngine::~ChmHelpEngine() {
+  CloseAll();
+  // The files go with the engine: a window closed but not yet destroyed
+  // (wx destroys closed frames when idle) would paint from a freed file.
+  if (wxTheApp == nullptr) return;
+  std::set<HelpWindow *> closing;
+  closing.swap(m_closing);
+  for (HelpWindow * window : closing) {
+    window->Unbind(wxEVT_DESTROY, &ChmHelpEngine::OnWindowDestroyed, this);
+    wxPendingDelete.DeleteObject(window);
+    delete window;
+  }
+}
 
 bool ChmHelpEngine::IsAvailable() const {
   if (m_browserState < 0) {
@@ -163,6 +175,12 @@ HelpWindow * ChmHelpEngine::WindowFor(HelpFile & file, std::string const & windo
 
 void ChmHelpEngine::OnWindowDestroyed(wxWindowDestroyEvent & event) {
   event.Skip();
+  // By now only the wxWindow part is left: compare addresses, cast nothing.
+  for (auto at = m_closing.begin(); at != m_closing.end(); ++at)
+    if (*at == event.GetEventObject()) {
+      m_closing.erase(at);
+      break;
+    }
   for (auto at = m_windows.begin(); at != m_windows.end(); ++at)
     if (at->second == event.GetEventObject()) {
       m_windows.erase(at);
@@ -198,7 +216,7 @@ void ChmHelpEngine::CloseAll() {
   windows.swap(m_windows);
   if (wxTheApp != nullptr)
     for (auto & [type, window] : windows) {
-      window->Unbind(wxEVT_DESTROY, &ChmHelpEngine::OnWindowDestroyed, this);
-      window->Close(true);  // saves its placement
+      m_closing.insert(window);  // until wx destroys it
+      window->Close(true);       // saves its placement
     }
 }

@@ -9,6 +9,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "help/HelpArchive.h"
@@ -60,5 +61,6 @@ private:
   mutable int m_browserState = -1;  // -1 not tried yet, 0 failed, 1 loaded
   std::map<std::string, std::unique_ptr<HelpFile>> m_files;
   std::map<std::string, HelpWindow *> m_windows;
+  std::set<HelpWindow *> m_closing;  // closed, not yet destroyed
   wxTipWindow * m_popup = nullptr;
 };

@@ -75,6 +75,10 @@ HelpWindow::HelpWindow(std::string windowType, HelpFile & file,
   BuildTabs();
   if (viewers) m_viewer = viewers(m_splitter);
   if (m_viewer)
+    m_viewer->SetTopicReached([this](std::string const & chmPath, std::string const & innerPath) {
+      OnTopicReached(chmPath, innerPath);
+    });
+  if (m_viewer)
     m_splitter->SplitVertically(m_tabs, m_viewer->GetWindow(), kTabsWidth);
   else
     m_splitter->Initialize(m_tabs);
@@ -95,7 +99,8 @@ void HelpWindow::BuildTabs() {
                               wxTR_DEFAULT_STYLE | wxTR_HIDE_ROOT | wxTR_SINGLE);
   m_contents->Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent & event) {
     auto const * data = dynamic_cast<TopicData *>(m_contents->GetItemData(event.GetItem()));
-    if (data != nullptr && !data->Local().empty()) ShowTopic(ResolveHelpLink("/", data->Local()));
+    if (data != nullptr && !data->Local().empty() && !m_followingTopic)
+      ShowTopic(ResolveHelpLink("/", data->Local()));
   });
   m_tabs->AddPage(m_contents, vx3::Tr("Help window tab", "Contents"));
 
@@ -159,6 +164,34 @@ void HelpWindow::AddContents(wxTreeItemId parent, std::vector<SitemapEntry> cons
                                                      new TopicData(local));
     AddContents(item, entry.children);
   }
+}
+
+// A topic reached by a link: the Contents tab shows where the reader is.
+void HelpWindow::OnTopicReached(std::string const & chmPath, std::string const & innerPath) {
+  if (chmPath != m_file->Path() || !m_file->Contains(innerPath)) return;
+  m_topic = innerPath;
+  m_followingTopic = true;
+  if (!SelectContentsEntry(m_contents->GetRootItem(), innerPath)) m_contents->UnselectAll();
+  m_followingTopic = false;
+}
+
+bool HelpWindow::SelectContentsEntry(wxTreeItemId parent, std::string const & innerPath) {
+  if (!parent.IsOk()) return false;
+  wxTreeItemIdValue cookie;
+  for (wxTreeItemId item = m_contents->GetFirstChild(parent, cookie); item.IsOk();
+       item = m_contents->GetNextChild(parent, cookie)) {
+    auto const * data = dynamic_cast<TopicData *>(m_contents->GetItemData(item));
+    // Names inside a help file are compared without case, as its readers do.
+    if (data != nullptr && !data->Local().empty() &&
+        wxString::FromUTF8(ResolveHelpLink("/", data->Local()))
+            .IsSameAs(wxString::FromUTF8(innerPath), false)) {
+      if (m_contents->GetSelection() != item) m_contents->SelectItem(item);
+      m_contents->EnsureVisible(item);
+      return true;
+    }
+    if (SelectContentsEntry(item, innerPath)) return true;
+  }
+  return false;
 }
 
 bool HelpWindow::ShowTopic(std::string const & innerPath) {

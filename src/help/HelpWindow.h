@@ -74,12 +74,15 @@ private:
   void BuildTabs();
   void FillContents();
   void AddContents(wxTreeItemId parent, std::vector<SitemapEntry> const & entries);
+  void OnTopicReached(std::string const & chmPath, std::string const & innerPath);
+  bool SelectContentsEntry(wxTreeItemId parent, std::string const & innerPath);
   void SavePlacement();
   void RestorePlacement();
 
   std::string m_windowType;
   HelpFile * m_file;
   std::string m_topic;
+  bool m_followingTopic = false;  // selecting the entry of a topic shown already
   wxSplitterWindow * m_splitter = nullptr;
   wxNotebook * m_tabs = nullptr;
   wxTreeCtrl * m_contents = nullptr;

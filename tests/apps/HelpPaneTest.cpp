@@ -1,15 +1,18 @@
 // The sample's help pane: its help file was built with the sample, its
 // first topic shows, and the page's "app:" link runs the calculation in the
-// main window.
+// main window, as it does from the help window of Help > Contents.
 #include <gtest/gtest.h>
 
+#include <wx/app.h>
 #include <wx/frame.h>
+#include <wx/toplevel.h>
 
 #include "HelpPane.h"
 #include "MainFrame.h"
 #include "SampleCommands.h"
 #include "harness/GuiTestUtilities.h"
 #include "help/CHHCtrl.h"
+#include "help/HelpWindow.h"
 #include "html/HtmlBrowser.h"
 #include "work/Progress.h"
 
@@ -47,6 +50,36 @@ TEST(SampleHelpPane, ShowsTheSampleHelpAndItsLinkRunsTheCalculation) {
     return frame->GetStatusBar()->GetStatusText().StartsWith("Calculation finished");
   })) << frame->GetStatusBar()->GetStatusText();
   pane->Destroy();
+  frame->Destroy();
+  gui_test::Flush();
+}
+
+TEST(SampleHelpPane, TheHelpWindowsLinkRunsTheCalculationToo) {
+  auto * frame = new MainFrame;
+  wxTheApp->SetTopWindow(frame);
+  ASSERT_TRUE(gui_test::ShowAndWait(*frame));
+  bool calculated = false;
+  frame->SetCalculationPlan({2, [&calculated](Progress & progress, int) {
+                               calculated = true;
+                               return progress.Set(1);
+                             }});
+  wxCommandEvent command(wxEVT_MENU, kHelpContentsCommand);
+  command.SetEventObject(frame);
+  frame->ProcessWindowEvent(command);
+  HelpWindow * window = nullptr;
+  for (wxWindow * top : wxTopLevelWindows)
+    if (auto * found = dynamic_cast<HelpWindow *>(top)) window = found;
+  ASSERT_NE(window, nullptr);
+  auto * control = dynamic_cast<CHHCtrl *>(window->GetViewer()->GetWindow());
+  ASSERT_NE(control, nullptr);
+  ASSERT_TRUE(gui_test::WaitUntil(
+      [&] { return control->GetReadyState() == 4 && control->GetLocationName() == "Sample help"; },
+      kLoadTimeoutMs))
+      << control->GetLocationURL();
+
+  control->GetBrowser()->RunScript("document.getElementById('run').click()");
+  EXPECT_TRUE(gui_test::WaitUntil([&] { return calculated; }, kLoadTimeoutMs));
+  window->Destroy();
   frame->Destroy();
   gui_test::Flush();
 }

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include <wx/filename.h>
 #include <wx/frame.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -122,6 +123,72 @@ TEST_F(HelpControl, ShowsTopicsByNumberAndByNameAndWalksTheHistory) {
 
   EXPECT_EQ(mControl->NavigateChm(99U), E_FAIL);
   EXPECT_TRUE(mControl->GetHelpMap().IsLoaded());
+}
+
+TEST_F(HelpControl, Navigate2LoadsWhatTheBrowserCanAndRefusesPosting) {
+  wxString const home = wxString::FromUTF8(MakeChmAddress(mPath, "/home.htm"));
+  ASSERT_EQ(mControl->Navigate2(home, CHHCtrl::kNoHistory, nullptr, L"X-A: b"), S_OK);
+  ASSERT_TRUE(WaitLoaded(home));
+  wxString const second = wxString::FromUTF8(MakeChmAddress(mPath, "/topics/second page.htm"));
+  std::vector<unsigned char> const form{'a', '=', '1'};
+  EXPECT_EQ(mControl->Navigate2(second, 0, form), CHHCtrl::kNotImplemented);
+  EXPECT_EQ(mControl->GoSearch(), CHHCtrl::kNotImplemented);
+  gui_test::Flush();
+  EXPECT_EQ(mControl->GetLocationURL(), home) << "a refused request loads nothing";
+
+  std::string const page = mPath.substr(0, mPath.rfind('/')) + "/plain page.html";
+  chmtest::WriteFile(page, "<html><body>On disk</body></html>");
+  wxFileName const file(wxString::FromUTF8(page));
+  ASSERT_EQ(mControl->Navigate2(file), S_OK);
+  ASSERT_TRUE(WaitLoaded(wxFileName::FileNameToURL(file))) << mControl->GetLocationURL();
+  EXPECT_EQ(BodyText(), "On disk");
+}
+
+TEST_F(HelpControl, BrowserCommandsRunWhenTheyCanAndRefreshReloads) {
+  wxString const home = wxString::FromUTF8(MakeChmAddress(mPath, "/home.htm"));
+  ASSERT_EQ(mControl->NavigateChm(10U), S_OK);
+  ASSERT_TRUE(WaitLoaded(home));
+
+  int const known = CHHCtrl::kCmdSupported;
+  int const ready = CHHCtrl::kCmdSupported | CHHCtrl::kCmdEnabled;
+  EXPECT_EQ(mControl->QueryStatusWB(CHHCtrl::kCmdCopy), known) << "nothing selected";
+  EXPECT_EQ(mControl->ExecWB(CHHCtrl::kCmdCopy, 0), CHHCtrl::kCmdDisabled);
+  EXPECT_EQ(mControl->ExecWB(CHHCtrl::kCmdSelectAll, 0), S_OK);
+  EXPECT_TRUE(
+      gui_test::WaitUntil([&] { return mControl->QueryStatusWB(CHHCtrl::kCmdCopy) == ready; }));
+  EXPECT_EQ(mControl->ExecWB(CHHCtrl::kCmdClearSelection, 0), S_OK);
+  EXPECT_TRUE(
+      gui_test::WaitUntil([&] { return mControl->QueryStatusWB(CHHCtrl::kCmdCopy) == known; }));
+  EXPECT_EQ(mControl->QueryStatusWB(9999), 0);
+  EXPECT_EQ(mControl->ExecWB(9999, 0), CHHCtrl::kCmdNotSupported);
+
+  wxVariant zoom;
+  wxVariant const bigger(150L);
+  EXPECT_EQ(mControl->ExecWB(CHHCtrl::kCmdZoom, 0, &bigger, &zoom), S_OK);
+  EXPECT_EQ(zoom.GetLong(), 150);
+  wxVariant const tiny(2L);
+  EXPECT_EQ(mControl->ExecWB(CHHCtrl::kCmdZoom, 0, &tiny, &zoom), E_INVALIDARG);
+
+  // A repaint keeps the page; the browser's refresh loads it again.
+  auto const marked = [&] {
+    wxString mark;
+    mControl->GetBrowser()->RunScript("String(document.body.getAttribute('data-mark'))", &mark);
+    return mark == "1";
+  };
+  mControl->GetBrowser()->RunScript("document.body.setAttribute('data-mark', '1')");
+  ASSERT_TRUE(marked());
+  mControl->Refresh();
+  gui_test::Flush();
+  EXPECT_TRUE(marked());
+  mControl->Refresh(CHHCtrl::kRefreshCompletely);
+  EXPECT_TRUE(gui_test::WaitUntil([&] { return !marked(); }, kLoadTimeoutMs));
+
+  // Named values kept with the browser for its caller.
+  mControl->PutProperty("owner", wxVariant(wxString("report")));
+  EXPECT_EQ(mControl->GetProperty("owner").GetString(), "report");
+  wxVariant absent("x");
+  EXPECT_FALSE(mControl->GetProperty("never", absent));
+  EXPECT_TRUE(absent.IsNull());
 }
 
 TEST_F(HelpControl, AppLinksPostTheirCommandToTheApplication) {

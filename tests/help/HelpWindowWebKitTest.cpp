@@ -5,9 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <vector>
 
+#include <wx/app.h>
+#include <wx/frame.h>
 #include <wx/listctrl.h>
 #include <wx/textctrl.h>
+#include <wx/treectrl.h>
 
 #include "ChmTestFiles.h"
 #include "harness/GuiTestUtilities.h"
@@ -20,6 +24,7 @@
 namespace {
 
 constexpr int kLoadTimeoutMs = 20000;
+constexpr int kRecalculate = 31007;
 
 std::string WriteHelpFile() {
   chmwriter::ChmProject project;
@@ -34,7 +39,8 @@ std::string WriteHelpFile() {
                    "<p>The first topic.</p></body></html>"});
   files.push_back({"/sub/second.htm",
                    "<html><title>Second</title><body><h1>Second</h1>"
-                   "<a href='../start.htm'>back</a></body></html>"});
+                   "<a id='back' href='../start.htm'>back</a> "
+                   "<a id='run' href='APP:Recalculate'>run</a></body></html>"});
   files.push_back({"/toc.hhc",
                    "<ul><li><object type='text/sitemap'><param name='Name' value='Start'>"
                    "<param name='Local' value='start.htm'></object><ul><li><object "
@@ -90,6 +96,52 @@ TEST(HelpWindowWebKit, TopicsLoadInTheHelpControl) {
       [control] { return control->GetReadyState() == 4 && control->GetLocationName() != "Second"; },
       kLoadTimeoutMs));
   engine.Execute(HelpRequest{nullptr, L"", HelpCommand::CloseAll, 0});
+}
+
+TEST(HelpWindowWebKit, LinksReachTheMainWindowAndTheContentsFollow) {
+  std::string const file = WriteHelpFile();
+  auto * mainWindow = new wxFrame(nullptr, wxID_ANY, "Main");
+  wxTheApp->SetTopWindow(mainWindow);
+  std::vector<int> commands;
+  mainWindow->Bind(wxEVT_MENU, [&](wxCommandEvent & e) { commands.push_back(e.GetId()); });
+  SetHelpWindowCommands({{"Recalculate", kRecalculate}, {"recalculate", kRecalculate + 1}});
+
+  ChmHelpEngine engine(&OpenChmHelpArchive, &MakeHelpControlViewer, [] { return true; });
+  std::wstring const path = vx3::Utf8ToWide(file);
+  ASSERT_TRUE(engine.Execute(HelpRequest{nullptr, path, HelpCommand::HelpContext, 2}));
+  HelpWindow * window = engine.FindWindow("");
+  ASSERT_NE(window, nullptr);
+  auto * control = dynamic_cast<CHHCtrl *>(window->GetViewer()->GetWindow());
+  ASSERT_NE(control, nullptr);
+  wxTreeCtrl * tree = window->GetContentsTree();
+  auto const selected = [tree] {
+    wxTreeItemId const item = tree->GetSelection();
+    return item.IsOk() ? tree->GetItemText(item) : wxString();
+  };
+  ASSERT_TRUE(gui_test::WaitUntil(
+      [control] { return control->GetReadyState() == 4 && control->GetLocationName() == "Second"; },
+      kLoadTimeoutMs));
+  EXPECT_EQ(selected(), "Second") << "a topic asked for by number is found in the contents";
+
+  control->GetBrowser()->RunScript("document.getElementById('run').click()");
+  ASSERT_TRUE(gui_test::WaitUntil([&] { return !commands.empty(); }, kLoadTimeoutMs));
+  EXPECT_EQ(commands, std::vector<int>{kRecalculate});
+
+  control->GetBrowser()->RunScript("document.getElementById('back').click()");
+  ASSERT_TRUE(gui_test::WaitUntil(
+      [control] { return control->GetReadyState() == 4 && control->GetLocationName() == "Start"; },
+      kLoadTimeoutMs));
+  EXPECT_EQ(selected(), "Start");
+  gui_test::Snapshot(*window, "help-window-followed-link");
+  EXPECT_EQ(window->GetCurrentTopic(), "/start.htm");
+  gui_test::Flush();
+  EXPECT_TRUE(control->GetLocationURL().EndsWith("start.htm"))
+      << "selecting the entry does not load the topic again elsewhere";
+
+  engine.Execute(HelpRequest{nullptr, L"", HelpCommand::CloseAll, 0});
+  SetHelpWindowCommands({});
+  mainWindow->Destroy();
+  gui_test::Flush();
 }
 
 }  // namespace
