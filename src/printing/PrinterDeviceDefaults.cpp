@@ -20,7 +20,7 @@ void ApplyPrinterDeviceDefaults(DEVMODEW & mode) {
 
 int DoPrintDialog(CPrintDialog & dialog) {
   PRINTDLGW & pd = dialog.m_pd;
-  // A copy: the former job's mode stays as it was if the dialog is cancelled.
+  // A copy: the mode may be shared with what GetSetup handed out earlier.
   auto mode = std::make_shared<DEVMODEW>(pd.hDevMode ? *pd.hDevMode : DEVMODEW{});
   ApplyPrinterDeviceDefaults(*mode);
   pd.hDevMode = mode;
