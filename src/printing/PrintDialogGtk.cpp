@@ -120,6 +120,15 @@ int RunDesktopPrintDialog(PRINTDLGW & data) {
   gtk_print_unix_dialog_set_support_selection(dialog, (data.Flags & PD_NOSELECTION) == 0);
   gtk_print_unix_dialog_set_has_selection(dialog, (data.Flags & PD_NOSELECTION) == 0);
   gtk_print_unix_dialog_set_embed_page_setup(dialog, TRUE);
+  if (data.hDevMode) {
+    // The orientation the application starts from (the backstage page's).
+    GtkPageSetup * setup = gtk_page_setup_new();
+    gtk_page_setup_set_orientation(setup, data.hDevMode->dmOrientation == DMORIENT_LANDSCAPE
+                                              ? GTK_PAGE_ORIENTATION_LANDSCAPE
+                                              : GTK_PAGE_ORIENTATION_PORTRAIT);
+    gtk_print_unix_dialog_set_page_setup(dialog, setup);
+    g_object_unref(setup);
+  }
   int result = IDCANCEL;
   if (gtk_dialog_run(GTK_DIALOG(widget)) == GTK_RESPONSE_OK &&
       gtk_print_unix_dialog_get_selected_printer(dialog) != nullptr) {

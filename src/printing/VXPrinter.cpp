@@ -10,6 +10,7 @@
 
 #include "dialogs/PrinterList.h"
 #include "platform/WinUser.h"
+#include "printing/PrinterDeviceDefaults.h"
 #include "utl/Exception.h"
 
 namespace {
@@ -70,7 +71,7 @@ VXPrinter::~VXPrinter() = default;
 
 bool VXPrinter::ExecPrintDialog(wxWindow * parent) {
   mDialog->m_pd.hwndOwner = parent != nullptr ? parent : mDialog->m_pd.hwndOwner;
-  return mDialog->DoModal() == IDOK;
+  return DoPrintDialog(*mDialog) == IDOK;
 }
 
 bool VXPrinter::PrinterSetup(wxWindow * parent) { return ExecPrintDialog(parent); }
@@ -116,18 +117,22 @@ bool VXPrinter::Print(wxWindow * parent, PrintOut & out, bool showDialog) {
             L"CUPS", boost::locale::conv::utf_to_utf<wchar_t>(printers.names.front()), L""});
       }
     }
+    if (!pd.hDevMode) {
+      pd.hDevMode = std::make_shared<DEVMODEW>();
+      ApplyPrinterDeviceDefaults(*pd.hDevMode);
+    }
     if (pd.hDevNames) {
       dc = CreateDC(*pd.hDevNames, pd.hDevMode.get());
     }
   } else {
     pd.Flags = (pd.Flags & ~(PD_RETURNDEFAULT | PD_PRINTSETUP)) | PD_RETURNDC;
     pd.hwndOwner = parent != nullptr ? parent : pd.hwndOwner;
-    if (mDialog->DoModal() != IDOK) {
+    if (DoPrintDialog(*mDialog) != IDOK) {
       if (mDialog->CommDlgExtendedError() != PDERR_PRINTERNOTFOUND) {
         return false;
       }
       ClearDevice();  // the printer chosen last time is gone: choose again
-      if (mDialog->DoModal() != IDOK) {
+      if (DoPrintDialog(*mDialog) != IDOK) {
         return false;
       }
     }

@@ -22,7 +22,8 @@ public:
   VXPrinter & operator=(VXPrinter const & other);
   virtual ~VXPrinter();
 
-  // The print dialog; true on IDOK.
+  // The print dialog, opening with the printer defaults' orientation
+  // (PrinterDeviceDefaults), which an accepted choice updates; true on IDOK.
   bool ExecPrintDialog(wxWindow * parent);
   // The dialog as it stands, modal; true on IDOK.
   bool PrinterSetup(wxWindow * parent);
@@ -33,8 +34,9 @@ public:
   std::unique_ptr<CDC> TransferDC();
 
   // Prints `out`: through the dialog when `showDialog`, else on the device
-  // its names give. False on a cancel or a failing device; throws an
-  // Exception when no device can be had at all.
+  // its names give. Pages take the printer defaults' orientation (the
+  // backstage print page's choice) unless the dialog chose another. False on a cancel or a failing
+  // device; throws an Exception when no device can be had at all.
   virtual bool Print(wxWindow * parent, PrintOut & out, bool showDialog);
 
 protected:

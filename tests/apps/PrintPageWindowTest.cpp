@@ -1,14 +1,18 @@
 // The sample's File › Print Page command, walked from the real main frame's
 // menu: one window with the library's print page previewing the run list,
 // its colour switch drawing the page anew, and its print button closing the
-// window and printing through the (scripted) print dialog.
+// window and printing, in the page's orientation, through the (scripted)
+// print dialog.
 #include <gtest/gtest.h>
+
+#include <vector>
 
 #include <wx/checkbox.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
 
 #include "MainFrame.h"
+#include "controls/VxMenu.h"
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "platform/WinUser.h"
@@ -28,6 +32,7 @@ protected:
   }
   void TearDown() override {
     SetPrintDialogFunction({});
+    VxMenu::SetTrackPopupMenuFunction(&VxMenu::ToolkitTrackPopupMenu);
     frame->Destroy();
     gui_test::Flush();
   }
@@ -72,15 +77,20 @@ TEST_F(PrintPageWindowTest, ThePagePreviewsTheRunsAndPrintsThemThroughTheDialog)
   page->OnBnClickedPrintListInColor();
   EXPECT_FALSE(HasBlue(preview->PageImage(0)));
 
-  // Print: the window closes, the main window asks the print dialog.
-  int asked = 0;
-  SetPrintDialogFunction([&asked](PRINTDLGW &) {
-    ++asked;
+  // Landscape on the page, then Print: the window closes, the main window
+  // asks the print dialog, which opens in landscape.
+  VxMenu::SetTrackPopupMenuFunction([](wxMenu *, unsigned, int, int, wxWindow *, wxRect const *) {
+    return static_cast<int>(BackstagePagePrint::kLandscapeCommand);
+  });
+  page->OnFilePrintPageOrientation();
+  std::vector<short> asked;
+  SetPrintDialogFunction([&asked](PRINTDLGW & data) {
+    asked.push_back(data.hDevMode ? data.hDevMode->dmOrientation : short{0});
     return IDCANCEL;
   });
   page->OnFilePrint();
   gui_test::Flush();
-  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(asked, std::vector<short>{DMORIENT_LANDSCAPE});
   EXPECT_EQ(frame->FindWindowByName("SamplePrintPage", frame), nullptr);
   EXPECT_EQ(frame->GetStatusBar()->GetStatusText(), "The run list was not printed.");
 }

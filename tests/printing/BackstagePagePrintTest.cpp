@@ -2,9 +2,12 @@
 // the orientation and colour it starts with, the orientation popup (through
 // VxMenu's seam) and the print setup (through its replaceable dialog) change
 // printer and profile together, the print commands reach the main window
-// and close the backstage view, and a view is previewed while the page is up.
+// and close the backstage view, a view is previewed while the page is up,
+// and the chosen orientation is that of the printed PDF.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <vector>
 
@@ -16,17 +19,20 @@
 #include <wx/menu.h>
 #include <wx/weakref.h>
 
+#include "PdfTools.h"
 #include "controls/VxMenu.h"
 #include "frame/AppProfile.h"
 #include "harness/GuiTestUtilities.h"
 #include "platform/RunningApplication.h"
 #include "platform/WinUser.h"
 #include "printing/BackstagePagePrint.h"
+#include "printing/PrintDialog.h"
 #include "printing/PrintOut.h"
 #include "printing/PrintPreviewPane.h"
 #include "printing/PrintSetupDialog.h"
 #include "printing/PrintableView.h"
 #include "printing/PrinterDeviceDefaults.h"
+#include "printing/VXPrinter.h"
 #include "utl/VxSystemInfo.h"
 
 namespace {
@@ -124,6 +130,7 @@ protected:
   void TearDown() override {
     VxMenu::SetTrackPopupMenuFunction(&VxMenu::ToolkitTrackPopupMenu);
     SetPrintSetupDialogFunction({});
+    SetPrintDialogFunction({});
     if (backstage) backstage->Destroy();
     if (main) main->Destroy();
     gui_test::Flush();
@@ -347,6 +354,78 @@ TEST_F(BackstagePagePrintTest, AViewWithNothingToPrintOrNoColoursLimitsThePage) 
   EXPECT_FALSE(Button(BackstagePagePrint::kPrintButtonId).IsEnabled());
   EXPECT_EQ(shown.GetPreview(), nullptr);
   EXPECT_EQ(view.ended, 1);  // only the preview that was there ended
+}
+
+// From the popup to the paper: the orientation chosen on the page is the one
+// the print dialog opens with and the one the PDF's pages have, and a choice
+// made in the dialog itself becomes the printer's default.
+TEST_F(BackstagePagePrintTest, TheChosenOrientationReachesThePrintedPages) {
+  char const * folder = std::getenv("TMPDIR");
+  std::string const path = std::string(folder != nullptr ? folder : "/tmp") + "/orientation.pdf";
+  std::optional<short> dialogOpenedWith;
+  std::optional<short> dialogChooses;  // the user's change in the dialog
+  SetPrintDialogFunction([&](PRINTDLGW & data) {
+    dialogOpenedWith =
+        data.hDevMode ? std::optional<short>(data.hDevMode->dmOrientation) : std::nullopt;
+    data.hDevNames =
+        std::make_shared<DEVNAMES>(DEVNAMES{L"PDF", L"", std::wstring(path.begin(), path.end())});
+    if (dialogChooses) data.hDevMode->dmOrientation = *dialogChooses;
+    return IDOK;
+  });
+  // The main window prints the view as the applications do.
+  bool printed = false;
+  main->Bind(
+      wxEVT_MENU,
+      [&](wxCommandEvent &) {
+        std::unique_ptr<PrintOut> out = view.CreatePrintOut();
+        VXPrinter printer;
+        printed = printer.Print(main, *out, true);
+      },
+      BackstagePagePrint::kFilePrintCommand);
+  int answer = 0;
+  VxMenu::SetTrackPopupMenuFunction(
+      [&answer](wxMenu *, unsigned, int, int, wxWindow *, wxRect const *) { return answer; });
+
+  struct Case {
+    int popup;
+    std::optional<short> inDialog;
+    short opened;
+    bool landscapePages;
+    wxPrintOrientation afterwards;
+  };
+  for (Case const & c : std::vector<Case>{
+           {BackstagePagePrint::kLandscapeCommand, std::nullopt, DMORIENT_LANDSCAPE, true,
+            wxLANDSCAPE},
+           {BackstagePagePrint::kPortraitCommand, std::nullopt, DMORIENT_PORTRAIT, false,
+            wxPORTRAIT},
+           {BackstagePagePrint::kPortraitCommand, DMORIENT_LANDSCAPE, DMORIENT_PORTRAIT, true,
+            wxLANDSCAPE},
+       }) {
+    SCOPED_TRACE(c.popup);
+    if (!backstage) backstage = new BackstageFrame;  // printing closed the former
+    backstage->view = &view;
+    BackstagePagePrint & shown = MakePage();
+    ASSERT_TRUE(gui_test::ShowAndWait(*backstage));
+    ASSERT_TRUE(shown.OnSetActive());
+    answer = c.popup;
+    gui_test::Click(shown, BackstagePagePrint::kPageOrientationId);
+    std::remove(path.c_str());
+    dialogChooses = c.inDialog;
+    dialogOpenedWith.reset();
+    printed = false;
+    shown.OnFilePrint();
+    gui_test::Flush();
+    EXPECT_FALSE(backstage);
+    EXPECT_TRUE(printed);
+    EXPECT_EQ(dialogOpenedWith, c.opened);
+    EXPECT_EQ(pdf_tools::PageCount(path), 3);
+    std::string const size = pdf_tools::PageSize(path);
+    double width = 0;
+    double height = 0;
+    ASSERT_EQ(std::sscanf(size.c_str(), "%lf x %lf", &width, &height), 2) << size;
+    EXPECT_EQ(width > height, c.landscapePages) << size;
+    EXPECT_EQ(PrinterDeviceDefaults().GetOrientation(), c.afterwards);
+  }
 }
 
 }  // namespace
