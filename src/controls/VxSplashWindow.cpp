@@ -11,6 +11,7 @@
 
 #include "controls/SplashPicture.h"
 #include "platform/ResourceModule.h"
+#include "platform/WindowShape.h"
 
 char const VxSplashWindow::kWindowClass[] = "VxSplashScreenClass";
 
@@ -143,7 +144,7 @@ void VxSplashWindow::Show() {
   if (mWindow == nullptr || mHiding) return;
   mWindow->SetSize(mLeft, mTop, mWidth, mHeight);
   if (!mEmptyShape && mPicture.IsOk()) {
-    if (!mRegion.IsEmpty()) mWindow->SetShape(mRegion);
+    if (!mRegion.IsEmpty()) SetShapeBeforeMap(*mWindow, mRegion);
     bool const fade = (mStyle & kFadeIn) != 0 && mWindow->CanSetTransparent();
     if (fade) mWindow->SetTransparent(0);
     mWindow->ShowWithoutActivating();
