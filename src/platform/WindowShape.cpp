@@ -1,13 +1,13 @@
 #include "platform/WindowShape.h"
 
-// After wx: Xlib's macros (None, Status) would break its headers.
+// wx before Xlib, whose macros (None, Status) would break wx's headers.
 #include <wx/nonownedwnd.h>
 #include <wx/region.h>
 
-#include <gdk/gdkx.h>
-#include <gtk/gtk.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/shape.h>
+#include <gdk/gdkx.h>
+#include <gtk/gtk.h>
 
 #include <vector>
 
