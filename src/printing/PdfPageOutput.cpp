@@ -11,11 +11,11 @@
 #include <cairo.h>
 
 #include "printing/PageDevice.h"
-#include "printing/PageOutput.h"
+#include "printing/SurfacePageOutput.h"
 
 namespace {
 
-class PdfPageOutput : public PageOutput {
+class PdfPageOutput : public SurfacePageOutput {
 public:
   explicit PdfPageOutput(std::string path) : mPath(std::move(path)) {}
   ~PdfPageOutput() override { Discard(); }
@@ -35,25 +35,13 @@ public:
     mTemporary = pattern;
     mSurface = cairo_pdf_surface_create(mTemporary.c_str(), mWidthPoints, mHeightPoints);
     if (cairo_surface_status(mSurface) != CAIRO_STATUS_SUCCESS) {
-      error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath %
-              cairo_status_to_string(cairo_surface_status(mSurface));
+      error = SurfaceFailed(cairo_status_to_string(cairo_surface_status(mSurface)));
       Discard();
       return false;
     }
     cairo_pdf_surface_set_metadata(mSurface, CAIRO_PDF_METADATA_TITLE, name.c_str());
     mContext = DeviceContext(mSurface, 72.0 / PageDevice::UnitsPerInch);
     return true;
-  }
-
-  cairo_t * StartPage(ExceptionMessage & /*error*/) override {
-    cairo_save(mContext);
-    return mContext;
-  }
-
-  bool EndPage(ExceptionMessage & error) override {
-    cairo_restore(mContext);
-    cairo_show_page(mContext);
-    return Check(error);
   }
 
   bool EndDocument(ExceptionMessage & error) override { return Check(error); }
@@ -64,8 +52,7 @@ public:
     if (mSurface == nullptr) {
       return true;  // nothing was started: the target stays as it was
     }
-    cairo_destroy(mContext);
-    mContext = nullptr;
+    DropContext();
     cairo_surface_finish(mSurface);
     bool ok = Check(error);
     cairo_surface_destroy(mSurface);
@@ -83,21 +70,12 @@ public:
   }
 
 private:
-  bool Check(ExceptionMessage & error) const {
-    cairo_status_t const status = cairo_surface_status(mSurface);
-    if (status == CAIRO_STATUS_SUCCESS) {
-      return true;
-    }
-    error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath %
-            cairo_status_to_string(status);
-    return false;
+  ExceptionMessage SurfaceFailed(char const * reason) const override {
+    return ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath % reason;
   }
 
   void Discard() {
-    if (mContext != nullptr) {
-      cairo_destroy(mContext);
-      mContext = nullptr;
-    }
+    DropContext();
     if (mSurface != nullptr) {
       cairo_surface_finish(mSurface);
       cairo_surface_destroy(mSurface);
@@ -111,8 +89,6 @@ private:
 
   std::string mPath;
   std::string mTemporary;
-  cairo_surface_t * mSurface = nullptr;
-  cairo_t * mContext = nullptr;
 };
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include <cairo.h>
 
 #include "printing/PageDevice.h"
-#include "printing/PageOutput.h"
+#include "printing/SurfacePageOutput.h"
 
 namespace {
 
@@ -40,7 +40,7 @@ void Delivered(GtkPrintJob * /*job*/, gpointer data, GError const * error) {
   delivery->done = true;
 }
 
-class PrinterPageOutput : public PageOutput {
+class PrinterPageOutput : public SurfacePageOutput {
 public:
   explicit PrinterPageOutput(std::string name) : mName(std::move(name)) {}
   ~PrinterPageOutput() override { AbortDocument(); }
@@ -83,20 +83,8 @@ public:
     return true;
   }
 
-  cairo_t * StartPage(ExceptionMessage & /*error*/) override {
-    cairo_save(mContext);
-    return mContext;
-  }
-
-  bool EndPage(ExceptionMessage & error) override {
-    cairo_restore(mContext);
-    cairo_show_page(mContext);
-    return Check(error);
-  }
-
   bool EndDocument(ExceptionMessage & error) override {
-    cairo_destroy(mContext);
-    mContext = nullptr;
+    DropContext();
     cairo_surface_finish(mSurface);
     bool ok = Check(error);
     mSurface = nullptr;
@@ -118,10 +106,7 @@ public:
   }
 
   void AbortDocument() override {
-    if (mContext != nullptr) {
-      cairo_destroy(mContext);
-      mContext = nullptr;
-    }
+    DropContext();
     mSurface = nullptr;
     if (mJob != nullptr) {
       g_object_unref(mJob);
@@ -132,21 +117,14 @@ public:
   bool Finish(ExceptionMessage & /*error*/) override { return true; }
 
 private:
-  bool Check(ExceptionMessage & error) const {
-    cairo_status_t const status = cairo_surface_status(mSurface);
-    if (status == CAIRO_STATUS_SUCCESS) {
-      return true;
-    }
-    error = ExceptionMessage::translate("The printer {1} cannot take the document: {2}") % mName %
-            cairo_status_to_string(status);
-    return false;
+  ExceptionMessage SurfaceFailed(char const * reason) const override {
+    return ExceptionMessage::translate("The printer {1} cannot take the document: {2}") % mName %
+           reason;
   }
 
   std::string mName;
   int mCopies = 1;
   GtkPrintJob * mJob = nullptr;
-  cairo_surface_t * mSurface = nullptr;
-  cairo_t * mContext = nullptr;
 };
 
 }  // namespace
