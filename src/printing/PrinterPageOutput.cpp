@@ -6,8 +6,12 @@
 #include <gtk/gtk.h>
 #include <gtk/gtkunixprint.h>
 
+#include <algorithm>
+#include <cmath>
+
 #include <cairo.h>
 
+#include "printing/GtkPaper.h"
 #include "printing/PageDevice.h"
 #include "printing/SurfacePageOutput.h"
 
@@ -58,11 +62,12 @@ public:
     GtkPrintSettings * settings = gtk_print_settings_new();
     gtk_print_settings_set_printer(settings, mName.c_str());
     gtk_print_settings_set_n_copies(settings, mCopies);
-    GtkPageSetup * setup = gtk_page_setup_new();
-    GtkPaperSize * paper = gtk_paper_size_new_custom("talvo-page", "Page", mWidthPoints,
-                                                     mHeightPoints, GTK_UNIT_POINTS);
-    gtk_page_setup_set_paper_size(setup, paper);
-    gtk_paper_size_free(paper);
+    // The paper by the name printers know it by, upright.
+    constexpr double kMmPerPoint = 25.4 / 72.0;
+    PaperFormat const paper{std::min(mWidthPoints, mHeightPoints) * kMmPerPoint,
+                            std::max(mWidthPoints, mHeightPoints) * kMmPerPoint,
+                            mWidthPoints > mHeightPoints};
+    GtkPageSetup * setup = NewPageSetup(paper, settings);
     mJob = gtk_print_job_new(name.c_str(), search.found, settings, setup);
     g_object_unref(setup);
     g_object_unref(settings);
@@ -80,6 +85,13 @@ public:
     }
     mSurface = surface;  // the job's
     mContext = DeviceContext(mSurface, 72.0 / PageDevice::UnitsPerInch);
+    if (paper.landscape) {
+      // A job's pages are upright: a landscape page goes onto them turned
+      // a quarter to the left, its top along the paper's left edge, as GTK
+      // turns its own print contexts.
+      cairo_translate(mContext, 0.0, mWidthPoints / 72.0 * PageDevice::UnitsPerInch);
+      cairo_rotate(mContext, -M_PI / 2.0);
+    }
     return true;
   }
 
