@@ -3,7 +3,7 @@
 // VxMenu's seam) and the print setup (through its replaceable dialog) change
 // printer and profile together, the print commands reach the main window
 // and close the backstage view, a view is previewed while the page is up,
-// and the chosen orientation and paper are those of the printed PDF.
+// and the chosen orientation is that of the printed PDF.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -17,7 +17,6 @@
 #include <wx/dc.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
-#include <wx/paper.h>
 #include <wx/weakref.h>
 
 #include "PdfTools.h"
@@ -426,57 +425,6 @@ TEST_F(BackstagePagePrintTest, TheChosenOrientationReachesThePrintedPages) {
     ASSERT_EQ(std::sscanf(size.c_str(), "%lf x %lf", &width, &height), 2) << size;
     EXPECT_EQ(width > height, c.landscapePages) << size;
     EXPECT_EQ(PrinterDeviceDefaults().GetOrientation(), c.afterwards);
-  }
-}
-
-// From the print setup to the paper: the paper chosen there is the one the
-// print dialog opens with and the PDF's pages have, and a paper chosen in
-// the dialog itself becomes the application's, for the next print.
-TEST_F(BackstagePagePrintTest, TheChosenPaperReachesThePrintedPages) {
-  char const * folder = std::getenv("TMPDIR");
-  std::string const path = std::string(folder != nullptr ? folder : "/tmp") + "/paper.pdf";
-  struct Case {
-    wxPaperSize setup;  // wxPAPER_NONE: the setup is not run
-    std::optional<PaperFormat> inDialog;
-    double openedWidthMm;
-    double pageWidth;  // points
-    double pageHeight;
-    wxPaperSize afterwards;
-  };
-  BackstagePagePrint & shown = MakePage();
-  for (Case const & c : std::vector<Case>{
-           {wxPAPER_A5, std::nullopt, 148, 419.53, 595.28, wxPAPER_A5},
-           {wxPAPER_NONE, PaperFormat{215.9, 279.4, false}, 148, 612, 792, wxPAPER_LETTER},
-           {wxPAPER_NONE, std::nullopt, 215.9, 612, 792, wxPAPER_LETTER},
-       }) {
-    SCOPED_TRACE(c.openedWidthMm);
-    if (c.setup != wxPAPER_NONE) {
-      SetPrintSetupDialogFunction([&c](wxWindow *, wxPrintData & data) {
-        data.SetPaperId(c.setup);
-        return IDOK;
-      });
-      shown.OnFilePrintSetup();
-    }
-    double openedWidthMm = 0;
-    SetPrintDialogFunction([&](PRINTDLGW & data) {
-      openedWidthMm = data.hDevMode->paper.widthMm;
-      data.hDevNames =
-          std::make_shared<DEVNAMES>(DEVNAMES{L"PDF", L"", std::wstring(path.begin(), path.end())});
-      if (c.inDialog) data.hDevMode->paper = *c.inDialog;
-      return IDOK;
-    });
-    std::remove(path.c_str());
-    std::unique_ptr<PrintOut> out = view.CreatePrintOut();
-    VXPrinter printer;
-    EXPECT_TRUE(printer.Print(main, *out, true));
-    EXPECT_NEAR(openedWidthMm, c.openedWidthMm, 0.05);
-    double width = 0;
-    double height = 0;
-    std::string const size = pdf_tools::PageSize(path);
-    ASSERT_EQ(std::sscanf(size.c_str(), "%lf x %lf", &width, &height), 2) << size;
-    EXPECT_NEAR(width, c.pageWidth, 0.5);
-    EXPECT_NEAR(height, c.pageHeight, 0.5);
-    EXPECT_EQ(PrinterDeviceDefaults().GetPaperId(), c.afterwards);
   }
 }
 

@@ -16,7 +16,6 @@
 #include <iterator>
 #include <optional>
 #include <regex>
-#include <utility>
 
 #include <wx/cmndata.h>
 #include <wx/dc.h>
@@ -48,6 +47,7 @@ protected:
 
   void SetUp() override {
     if (!sSkipReason.empty()) GTEST_SKIP() << sSkipReason;
+    PrinterDeviceDefaults() = wxPrintData();
   }
 
   // Empty when the scheduler runs with the raw queue "talvo-test".
@@ -195,6 +195,22 @@ int Print(TwoPages & out, std::wstring const & queue, std::optional<PaperFormat>
   return ++jobs;
 }
 
+struct Box {
+  double left = -1;
+  double top = -1;
+};
+
+// Where `word` stands on the first page, in points from the top-left corner.
+Box WordBox(std::string const & pdf, std::string const & word) {
+  std::string const words =
+      pdf_tools::Run("pdftotext -bbox -f 1 -l 1 " + pdf_tools::Quote(pdf) + " -");
+  std::smatch match;
+  if (!std::regex_search(words, match,
+                         std::regex("xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*>" + word + "<")))
+    return {};
+  return {std::stod(match[1]), std::stod(match[2])};
+}
+
 }  // namespace
 
 TEST_F(PrivateCups, PrintsThroughAGtkPrintJobAndLeavesTheCopiesToThePrinter) {
@@ -213,37 +229,10 @@ TEST_F(PrivateCups, PrintsThroughAGtkPrintJobAndLeavesTheCopiesToThePrinter) {
   EXPECT_EQ(JobAttribute(job, "copies"), std::string("\x00\x00\x00\x03", 4));
 }
 
-namespace {
-
-struct Box {
-  double left = -1;
-  double top = -1;
-};
-
-// Where `word` stands on the first page, in points from the top-left corner.
-Box WordBox(std::string const & pdf, std::string const & word) {
-  std::string const words =
-      pdf_tools::Run("pdftotext -bbox -f 1 -l 1 " + pdf_tools::Quote(pdf) + " -");
-  std::smatch match;
-  if (!std::regex_search(words, match,
-                         std::regex("xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*>" + word + "<")))
-    return {};
-  return {std::stod(match[1]), std::stod(match[2])};
-}
-
-// pdfinfo's page size in points, the shorter side first.
-std::pair<double, double> UprightSize(std::string const & pdf) {
-  double width = 0;
-  double height = 0;
-  std::sscanf(pdf_tools::PageSize(pdf).c_str(), "%lf x %lf", &width, &height);
-  return {std::min(width, height), std::max(width, height)};
-}
-
-}  // namespace
-
-// The paper of the print dialog is the job's: the printer is asked for it
-// by the name printers know, and the pages are the paper upright, a
-// landscape page turned onto it with its top along the left edge.
+// The paper of the print dialog is the job's and the application's: the
+// printer is asked for it by the name printers know, and the pages are the
+// paper upright, a landscape page turned onto it with its top along the
+// left edge.
 TEST_F(PrivateCups, TheDialogsPaperIsTheJobsPaper) {
   struct Case {
     PaperFormat paper;
@@ -268,6 +257,7 @@ TEST_F(PrivateCups, TheDialogsPaperIsTheJobsPaper) {
     Box const queue = WordBox(document, "Queue");
     EXPECT_NEAR(queue.left, 72, 2);
     EXPECT_EQ(queue.top > height / 2, c.textAtBottomLeft) << queue.top;
+    EXPECT_NEAR(PaperOf(PrinterDeviceDefaults()).widthMm, c.paper.widthMm, 0.05);
   }
 }
 
@@ -306,8 +296,10 @@ TEST_F(PrivateCups, APrinterDriverPrintsOnTheChosenPaper) {
       },
       30000))
       << pdf_tools::Run("cat " + sFolder + "/log/error_log");
-  std::pair<double, double> const size = UprightSize(output);
-  EXPECT_NEAR(size.first, 420, 2) << pdf_tools::PageSize(output);
-  EXPECT_NEAR(size.second, 595, 2) << pdf_tools::PageSize(output);
+  double width = 0;
+  double height = 0;
+  std::sscanf(pdf_tools::PageSize(output).c_str(), "%lf x %lf", &width, &height);
+  EXPECT_NEAR(std::min(width, height), 420, 2) << pdf_tools::PageSize(output);
+  EXPECT_NEAR(std::max(width, height), 595, 2) << pdf_tools::PageSize(output);
   if (!output.empty()) std::remove(output.c_str());
 }
