@@ -25,8 +25,9 @@ GtkPaperSize * NewPaperSize(double width, double height) {
     }
   }
   GtkPaperSize * const result =
-      closest != nullptr ? gtk_paper_size_copy(closest)
-                         : gtk_paper_size_new_custom("custom", "Custom", width, height, GTK_UNIT_MM);
+      closest != nullptr
+          ? gtk_paper_size_copy(closest)
+          : gtk_paper_size_new_custom("custom", "Custom", width, height, GTK_UNIT_MM);
   g_list_free_full(sizes, reinterpret_cast<GDestroyNotify>(gtk_paper_size_free));
   return result;
 }
