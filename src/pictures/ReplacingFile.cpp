@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 namespace {
 
 mode_t NewFileMode(std::string const & path) {
@@ -26,9 +28,11 @@ std::FILE * ReplacingFile::Open() {
   ::fchmod(descriptor, NewFileMode(mTarget));
   mFile = ::fdopen(descriptor, "wb");
   if (mFile == nullptr) {
+    int const reason = errno;
     ::close(descriptor);
     ::unlink(mTemporary.c_str());
     mTemporary.clear();
+    errno = reason;
   }
   return mFile;
 }
@@ -38,7 +42,11 @@ bool ReplacingFile::Commit() {
   bool const closed = std::fclose(mFile) == 0;
   mFile = nullptr;
   bool const done = closed && std::rename(mTemporary.c_str(), mTarget.c_str()) == 0;
-  if (!done) ::unlink(mTemporary.c_str());
+  if (!done) {
+    int const reason = errno;
+    ::unlink(mTemporary.c_str());
+    errno = reason;
+  }
   mTemporary.clear();
   return done;
 }
