@@ -1,16 +1,14 @@
 #include "pictures/DibJpeg.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <string>
 
 #include <jpeglib.h>
+
+#include "pictures/ReplacingFile.h"
 
 namespace {
 
@@ -165,15 +163,6 @@ bool Compress(jpeg_compress_struct & info, JumpingErrorManager & error, JpegSour
   return true;
 }
 
-// A new file gets the mode any new file would get, not mkstemp's private one.
-mode_t NewFileMode(std::string const & path) {
-  struct stat existing {};
-  if (::stat(path.c_str(), &existing) == 0) return existing.st_mode & 07777;
-  mode_t const mask = ::umask(0);
-  ::umask(mask);
-  return 0666 & ~mask;
-}
-
 }  // namespace
 
 int SaveDIBAsJPEG(HDIB dib, char const * path) {
@@ -184,11 +173,8 @@ int SaveDIBAsJPEG(HDIB dib, char const * path) {
   }
   source->rowBuffer = static_cast<unsigned char *>(
       std::malloc(static_cast<std::size_t>(source->header.biWidth) * 3 * kRowsPerCall));
-  std::string const target = path;
-  std::string temporary = target + ".XXXXXX";
-  int const descriptor = source->rowBuffer != nullptr ? ::mkstemp(temporary.data()) : -1;
-  if (descriptor >= 0) ::fchmod(descriptor, NewFileMode(target));
-  std::FILE * const file = descriptor >= 0 ? ::fdopen(descriptor, "wb") : nullptr;
+  ReplacingFile target(path);
+  std::FILE * const file = source->rowBuffer != nullptr ? target.Open() : nullptr;
   bool done = false;
   if (file != nullptr) {
     jpeg_compress_struct info{};
@@ -198,12 +184,7 @@ int SaveDIBAsJPEG(HDIB dib, char const * path) {
     error.base.output_message = Silent;
     done = Compress(info, error, *source, file);
     jpeg_destroy_compress(&info);
-    done = std::fclose(file) == 0 && done;
-    done = done && std::rename(temporary.c_str(), target.c_str()) == 0;
-    if (!done) ::unlink(temporary.c_str());
-  } else if (descriptor >= 0) {
-    ::close(descriptor);
-    ::unlink(temporary.c_str());
+    done = done && target.Commit();
   }
   std::free(source->rowBuffer);
   std::free(source);

@@ -13,12 +13,11 @@
 #include <string>
 
 #include <png.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <boost/locale/encoding_utf.hpp>
 
 #include "pictures/DibBlock.h"
+#include "pictures/ReplacingFile.h"
 #include "pictures/RleDecoder.h"
 
 // libpng leaves its error callback by longjmp. The functions it can jump
@@ -357,16 +356,6 @@ std::string Latin1(wchar_t const * text) {
   std::string result;
   for (; *text != 0; ++text) result += *text < 256 ? static_cast<char>(*text) : '?';
   return result;
-}
-
-// mkstemp makes the temporary file private; the picture gets the mode of
-// the file it replaces, or that of any new file.
-mode_t NewFileMode(std::string const & path) {
-  struct stat existing {};
-  if (::stat(path.c_str(), &existing) == 0) return existing.st_mode & 07777;
-  mode_t const mask = ::umask(0);
-  ::umask(mask);
-  return 0666 & ~mask;
 }
 
 // ---- PNG to DIB --------------------------------------------------------
@@ -711,31 +700,17 @@ int VxDibToPng(VxPngInfo * info) {
   std::string const software =
       info->write.software != nullptr ? Latin1(info->write.software) : std::string();
   if (info->write.software != nullptr) plan.software = software.c_str();
-  std::string const target = Utf8(info->write.outputFile);
-  std::string temporary = target + ".XXXXXX";
+  ReplacingFile target(Utf8(info->write.outputFile));
   if (code == VX_PNG_OK) {
-    int const descriptor = ::mkstemp(temporary.data());
-    if (descriptor >= 0) ::fchmod(descriptor, NewFileMode(target));
-    plan.file = descriptor >= 0 ? ::fdopen(descriptor, "wb") : nullptr;
-    if (plan.file == nullptr) {
-      if (descriptor >= 0) {
-        ::close(descriptor);
-        ::unlink(temporary.c_str());
-      }
-      code = VX_PNG_WRITE;
-    }
+    plan.file = target.Open();
+    if (plan.file == nullptr) code = VX_PNG_WRITE;
   }
   if (code == VX_PNG_OK) code = WriteSteps(info, &plan);
   if (plan.png != nullptr) png_destroy_write_struct(&plan.png, &plan.pngInfo);
   std::free(plan.rows);
   std::free(plan.expanded);
   std::free(plan.decoded);
-  if (plan.file != nullptr) {
-    bool const flushed = std::fclose(plan.file) == 0;
-    if (code == VX_PNG_OK && (!flushed || std::rename(temporary.c_str(), target.c_str()) != 0))
-      code = VX_PNG_WRITE;
-    if (code != VX_PNG_OK) ::unlink(temporary.c_str());
-  }
+  if (code == VX_PNG_OK && !target.Commit()) code = VX_PNG_WRITE;
   return code == VX_PNG_OK ? code : Fail(info, code);
 }
 

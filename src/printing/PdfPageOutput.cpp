@@ -3,57 +3,47 @@
 // when cairo finished it without error.
 
 #include <cairo-pdf.h>
-#include <unistd.h>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 
 #include <cairo.h>
 
+#include "pictures/ReplacingFile.h"
 #include "printing/PageDevice.h"
-#include "printing/PageOutput.h"
+#include "printing/SurfacePageOutput.h"
 
 namespace {
 
-class PdfPageOutput : public PageOutput {
+cairo_status_t WriteToFile(void * file, unsigned char const * data, unsigned int length) {
+  return std::fwrite(data, 1, length, static_cast<std::FILE *>(file)) == length
+             ? CAIRO_STATUS_SUCCESS
+             : CAIRO_STATUS_WRITE_ERROR;
+}
+
+class PdfPageOutput : public SurfacePageOutput {
 public:
-  explicit PdfPageOutput(std::string path) : mPath(std::move(path)) {}
+  explicit PdfPageOutput(std::string path) : mPath(path), mFile(std::move(path)) {}
   ~PdfPageOutput() override { Discard(); }
 
   bool StartDocument(std::string const & name, ExceptionMessage & error) override {
     if (mSurface != nullptr) {
       return true;  // a further document of the same run: more pages of the file
     }
-    std::string pattern = mPath + ".XXXXXX";
-    int const fd = mkstemp(pattern.data());
-    if (fd < 0) {
-      error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath %
-              std::string(std::strerror(errno));
+    std::FILE * file = mFile.Open();
+    if (file == nullptr) {
+      error = SurfaceFailed(std::strerror(errno));
       return false;
     }
-    close(fd);
-    mTemporary = pattern;
-    mSurface = cairo_pdf_surface_create(mTemporary.c_str(), mWidthPoints, mHeightPoints);
+    mSurface = cairo_pdf_surface_create_for_stream(WriteToFile, file, mWidthPoints, mHeightPoints);
     if (cairo_surface_status(mSurface) != CAIRO_STATUS_SUCCESS) {
-      error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath %
-              cairo_status_to_string(cairo_surface_status(mSurface));
+      error = SurfaceFailed(cairo_status_to_string(cairo_surface_status(mSurface)));
       Discard();
       return false;
     }
     cairo_pdf_surface_set_metadata(mSurface, CAIRO_PDF_METADATA_TITLE, name.c_str());
     mContext = DeviceContext(mSurface, 72.0 / PageDevice::UnitsPerInch);
     return true;
-  }
-
-  cairo_t * StartPage(ExceptionMessage & /*error*/) override {
-    cairo_save(mContext);
-    return mContext;
-  }
-
-  bool EndPage(ExceptionMessage & error) override {
-    cairo_restore(mContext);
-    cairo_show_page(mContext);
-    return Check(error);
   }
 
   bool EndDocument(ExceptionMessage & error) override { return Check(error); }
@@ -64,55 +54,36 @@ public:
     if (mSurface == nullptr) {
       return true;  // nothing was started: the target stays as it was
     }
-    cairo_destroy(mContext);
-    mContext = nullptr;
+    DropContext();
     cairo_surface_finish(mSurface);
     bool ok = Check(error);
     cairo_surface_destroy(mSurface);
     mSurface = nullptr;
-    if (ok && std::rename(mTemporary.c_str(), mPath.c_str()) != 0) {
-      error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath %
-              std::string(std::strerror(errno));
+    if (ok && !mFile.Commit()) {
+      error = SurfaceFailed(std::strerror(errno));
       ok = false;
     }
-    if (!ok) {
-      std::remove(mTemporary.c_str());
-    }
-    mTemporary.clear();
+    mFile.Discard();
     return ok;
   }
 
 private:
-  bool Check(ExceptionMessage & error) const {
-    cairo_status_t const status = cairo_surface_status(mSurface);
-    if (status == CAIRO_STATUS_SUCCESS) {
-      return true;
-    }
-    error = ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath %
-            cairo_status_to_string(status);
-    return false;
+  ExceptionMessage SurfaceFailed(char const * reason) const override {
+    return ExceptionMessage::translate("The file {1} cannot be written: {2}") % mPath % reason;
   }
 
   void Discard() {
-    if (mContext != nullptr) {
-      cairo_destroy(mContext);
-      mContext = nullptr;
-    }
+    DropContext();
     if (mSurface != nullptr) {
       cairo_surface_finish(mSurface);
       cairo_surface_destroy(mSurface);
       mSurface = nullptr;
     }
-    if (!mTemporary.empty()) {
-      std::remove(mTemporary.c_str());
-      mTemporary.clear();
-    }
+    mFile.Discard();
   }
 
   std::string mPath;
-  std::string mTemporary;
-  cairo_surface_t * mSurface = nullptr;
-  cairo_t * mContext = nullptr;
+  ReplacingFile mFile;
 };
 
 }  // namespace

@@ -30,12 +30,14 @@ PrintDialogFunction SetPrintDialogFunction(PrintDialogFunction function) {
   return function;
 }
 
+PaperFormat PaperOf(DEVMODEW const & mode) {
+  PaperFormat paper = mode.paper;
+  paper.landscape = mode.dmOrientation == DMORIENT_LANDSCAPE;
+  return paper;
+}
+
 std::unique_ptr<PageDevice> CreateDC(DEVNAMES const & names, DEVMODEW const * mode) {
-  PaperFormat paper;
-  if (mode != nullptr) {
-    paper = mode->paper;
-    paper.landscape = mode->dmOrientation == DMORIENT_LANDSCAPE;
-  }
+  PaperFormat const paper = mode != nullptr ? PaperOf(*mode) : PaperFormat{};
   if (names.driver == L"PDF") {
     return names.output.empty() ? nullptr : PageDevice::ForPdf(Narrow(names.output), paper);
   }

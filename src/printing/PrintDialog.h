@@ -68,6 +68,9 @@ struct PRINTDLGW {
 };
 using PDW = PRINTDLGW;
 
+// The paper of `mode`, turned as its orientation says.
+PaperFormat PaperOf(DEVMODEW const & mode);
+
 // The dialog: IDOK with `data` filled in (flags, pages, copies, device
 // names and mode) or IDCANCEL with `data` as it was.
 using PrintDialogFunction = std::function<int(PRINTDLGW & data)>;

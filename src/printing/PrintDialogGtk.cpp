@@ -8,6 +8,7 @@
 #include <boost/locale/message.hpp>
 
 #include "platform/WinUser.h"
+#include "printing/GtkPaper.h"
 #include "printing/PrintDialog.h"
 
 namespace {
@@ -110,6 +111,13 @@ int RunDesktopPrintDialog(PRINTDLGW & data) {
   GtkWidget * widget = gtk_print_unix_dialog_new(title.c_str(), parent);
   auto * dialog = GTK_PRINT_UNIX_DIALOG(widget);
   GtkPrintSettings * settings = SettingsFrom(data);
+  if (data.hDevMode) {
+    // The paper and orientation the application starts from (the printer
+    // defaults', which the backstage page and the print setup change).
+    GtkPageSetup * setup = NewPageSetup(PaperOf(*data.hDevMode), settings);
+    gtk_print_unix_dialog_set_page_setup(dialog, setup);
+    g_object_unref(setup);
+  }
   gtk_print_unix_dialog_set_settings(dialog, settings);
   g_object_unref(settings);
   gtk_print_unix_dialog_set_manual_capabilities(
@@ -120,15 +128,6 @@ int RunDesktopPrintDialog(PRINTDLGW & data) {
   gtk_print_unix_dialog_set_support_selection(dialog, (data.Flags & PD_NOSELECTION) == 0);
   gtk_print_unix_dialog_set_has_selection(dialog, (data.Flags & PD_NOSELECTION) == 0);
   gtk_print_unix_dialog_set_embed_page_setup(dialog, TRUE);
-  if (data.hDevMode) {
-    // The orientation the application starts from (the backstage page's).
-    GtkPageSetup * setup = gtk_page_setup_new();
-    gtk_page_setup_set_orientation(setup, data.hDevMode->dmOrientation == DMORIENT_LANDSCAPE
-                                              ? GTK_PAGE_ORIENTATION_LANDSCAPE
-                                              : GTK_PAGE_ORIENTATION_PORTRAIT);
-    gtk_print_unix_dialog_set_page_setup(dialog, setup);
-    g_object_unref(setup);
-  }
   int result = IDCANCEL;
   if (gtk_dialog_run(GTK_DIALOG(widget)) == GTK_RESPONSE_OK &&
       gtk_print_unix_dialog_get_selected_printer(dialog) != nullptr) {

@@ -7,7 +7,6 @@
 #include <wx/cmndata.h>
 #include <wx/dcclient.h>
 #include <wx/menu.h>
-#include <wx/paper.h>
 #include <wx/toolbar.h>
 
 #include "controls/VxMenu.h"
@@ -15,6 +14,7 @@
 #include "printing/PageDevice.h"
 #include "printing/PreviewPageRenderer.h"
 #include "printing/PrintOut.h"
+#include "printing/PrinterDeviceDefaults.h"
 #include "utl/Translation.h"
 
 namespace {
@@ -25,24 +25,6 @@ constexpr int kPageCountMenuBase = 100;
 
 wxColour const kGround(0xD8, 0xDB, 0xE0);
 wxColour const kShadowColour(0x90, 0x94, 0x9C);
-
-// The paper of `printer` in millimetres, portrait; A4 when it names none.
-PaperFormat PaperOf(wxPrintData const & printer) {
-  PaperFormat paper;
-  wxSize size = printer.GetPaperSize();
-  if (size.x <= 0 || size.y <= 0) {
-    if (wxThePrintPaperDatabase != nullptr)
-      if (wxPrintPaperType const * type =
-              wxThePrintPaperDatabase->FindPaperType(printer.GetPaperId()))
-        size = type->GetSizeMM();
-  }
-  if (size.x > 0 && size.y > 0) {
-    paper.widthMm = std::min(size.x, size.y);
-    paper.heightMm = std::max(size.x, size.y);
-  }
-  paper.landscape = printer.GetOrientation() == wxLANDSCAPE;
-  return paper;
-}
 
 }  // namespace
 

@@ -6,10 +6,14 @@
 #include <gtk/gtk.h>
 #include <gtk/gtkunixprint.h>
 
+#include <algorithm>
+#include <cmath>
+
 #include <cairo.h>
 
+#include "printing/GtkPaper.h"
 #include "printing/PageDevice.h"
-#include "printing/PageOutput.h"
+#include "printing/SurfacePageOutput.h"
 
 namespace {
 
@@ -40,7 +44,7 @@ void Delivered(GtkPrintJob * /*job*/, gpointer data, GError const * error) {
   delivery->done = true;
 }
 
-class PrinterPageOutput : public PageOutput {
+class PrinterPageOutput : public SurfacePageOutput {
 public:
   explicit PrinterPageOutput(std::string name) : mName(std::move(name)) {}
   ~PrinterPageOutput() override { AbortDocument(); }
@@ -58,11 +62,12 @@ public:
     GtkPrintSettings * settings = gtk_print_settings_new();
     gtk_print_settings_set_printer(settings, mName.c_str());
     gtk_print_settings_set_n_copies(settings, mCopies);
-    GtkPageSetup * setup = gtk_page_setup_new();
-    GtkPaperSize * paper = gtk_paper_size_new_custom("talvo-page", "Page", mWidthPoints,
-                                                     mHeightPoints, GTK_UNIT_POINTS);
-    gtk_page_setup_set_paper_size(setup, paper);
-    gtk_paper_size_free(paper);
+    // The paper by the name printers know it by, upright.
+    constexpr double kMmPerPoint = 25.4 / 72.0;
+    PaperFormat const paper{std::min(mWidthPoints, mHeightPoints) * kMmPerPoint,
+                            std::max(mWidthPoints, mHeightPoints) * kMmPerPoint,
+                            mWidthPoints > mHeightPoints};
+    GtkPageSetup * setup = NewPageSetup(paper, settings);
     mJob = gtk_print_job_new(name.c_str(), search.found, settings, setup);
     g_object_unref(setup);
     g_object_unref(settings);
@@ -80,23 +85,18 @@ public:
     }
     mSurface = surface;  // the job's
     mContext = DeviceContext(mSurface, 72.0 / PageDevice::UnitsPerInch);
+    if (paper.landscape) {
+      // A job's pages are upright: a landscape page goes onto them turned
+      // a quarter to the left, its top along the paper's left edge, as GTK
+      // turns its own print contexts.
+      cairo_translate(mContext, 0.0, mWidthPoints / 72.0 * PageDevice::UnitsPerInch);
+      cairo_rotate(mContext, -M_PI / 2.0);
+    }
     return true;
   }
 
-  cairo_t * StartPage(ExceptionMessage & /*error*/) override {
-    cairo_save(mContext);
-    return mContext;
-  }
-
-  bool EndPage(ExceptionMessage & error) override {
-    cairo_restore(mContext);
-    cairo_show_page(mContext);
-    return Check(error);
-  }
-
   bool EndDocument(ExceptionMessage & error) override {
-    cairo_destroy(mContext);
-    mContext = nullptr;
+    DropContext();
     cairo_surface_finish(mSurface);
     bool ok = Check(error);
     mSurface = nullptr;
@@ -118,10 +118,7 @@ public:
   }
 
   void AbortDocument() override {
-    if (mContext != nullptr) {
-      cairo_destroy(mContext);
-      mContext = nullptr;
-    }
+    DropContext();
     mSurface = nullptr;
     if (mJob != nullptr) {
       g_object_unref(mJob);
@@ -132,21 +129,14 @@ public:
   bool Finish(ExceptionMessage & /*error*/) override { return true; }
 
 private:
-  bool Check(ExceptionMessage & error) const {
-    cairo_status_t const status = cairo_surface_status(mSurface);
-    if (status == CAIRO_STATUS_SUCCESS) {
-      return true;
-    }
-    error = ExceptionMessage::translate("The printer {1} cannot take the document: {2}") % mName %
-            cairo_status_to_string(status);
-    return false;
+  ExceptionMessage SurfaceFailed(char const * reason) const override {
+    return ExceptionMessage::translate("The printer {1} cannot take the document: {2}") % mName %
+           reason;
   }
 
   std::string mName;
   int mCopies = 1;
   GtkPrintJob * mJob = nullptr;
-  cairo_surface_t * mSurface = nullptr;
-  cairo_t * mContext = nullptr;
 };
 
 }  // namespace

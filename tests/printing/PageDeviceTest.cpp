@@ -3,6 +3,8 @@
 // fonts at the device's resolution and DIBs stretched onto the page.
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <array>
 #include <cstdlib>
 #include <fstream>
@@ -77,6 +79,12 @@ TEST(PageDevice, PutsEveryDocumentOfItsLifeIntoOnePdf) {
   }
   EXPECT_EQ(pdf_tools::PageCount(path), 4);
   EXPECT_EQ(pdf_tools::PageSize(path), "595.276 x 841.89 pts (A4)");
+  // Readable as any new file, not private as the temporary one was.
+  struct stat info {};
+  ASSERT_EQ(stat(path.c_str(), &info), 0);
+  mode_t const mask = umask(0);
+  umask(mask);
+  EXPECT_EQ(info.st_mode & 0777, 0666 & ~mask);
   std::string const text = pdf_tools::Text(path);
   for (char const * line :
        {"First run page 1", "First run page 2", "Second run page 1", "Second run page 2"}) {
