@@ -16,7 +16,6 @@
 #include <vector>
 
 #include <wx/brush.h>
-#include <wx/pen.h>
 #include <wx/vlbox.h>
 
 #include "controls/ExceptionGuarded.h"
@@ -173,7 +172,7 @@ private:
   struct PaintTools {
     wxBrush grid;
     wxBrush window, highlight, face;
-    wxPen border;
+    wxBrush border;
     wxColour text, highlightText, faceColour;
   };
   static PaintTools MakePaintTools();

@@ -84,7 +84,7 @@ PropertyListCtrl::PaintTools PropertyListCtrl::MakePaintTools() {
           wxBrush(GetSysColour(COLOR_WINDOW)),
           wxBrush(GetSysColour(COLOR_HIGHLIGHT)),
           wxBrush(GetSysColour(COLOR_BTNFACE)),
-          wxPen(GetSysColour(COLOR_INACTIVEBORDER)),
+          wxBrush(GetSysColour(COLOR_INACTIVEBORDER)),
           GetSysColour(COLOR_WINDOWTEXT),
           GetSysColour(COLOR_HIGHLIGHTTEXT),
           GetSysColour(COLOR_BTNFACE)};
@@ -276,9 +276,9 @@ void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {
   dc.SetPen(*wxTRANSPARENT_PEN);
   dc.SetBrush(mTools.window);
   dc.DrawRectangle(pane);  // holds the outer frame's own fill too
-  dc.SetBrush(mTools.face);
-  dc.SetPen(mTools.border);
-  dc.DrawRectangle(inner);
+  // The frame as boxes, not a stroke (see FillBoxes).
+  FillBoxes(dc, {inner}, mTools.border);
+  FillBoxes(dc, {wxRect(inner).Deflate(1)}, mTools.face);
 
   PropertyItem const * item = GetPropertyItem(GetSelection());
   wxString name = item != nullptr ? item->GetName() : wxString();
