@@ -60,19 +60,18 @@ void DrawLines(wxDC & dc, wxString const & text, int left, int top, int lineHeig
 // the grid, the whole list); pixel-aligned boxes are plain rectangles.
 void FillBoxes(wxDC & dc, std::vector<wxRect> const & boxes, wxBrush const & brush) {
   if (boxes.empty()) return;
+  // Set through the device, which hands them on to its graphics context and
+  // so stays in step with it. Without a pen: a one-pixel pen shifts every
+  // fill by half a pixel, and the boxes would be trapezoids again.
+  dc.SetPen(*wxTRANSPARENT_PEN);
+  dc.SetBrush(brush);
   wxGraphicsContext * const gc = dc.GetGraphicsContext();
   if (gc == nullptr) {
-    dc.SetPen(*wxTRANSPARENT_PEN);
-    dc.SetBrush(brush);
     for (wxRect const & box : boxes) dc.DrawRectangle(box);
     return;
   }
   wxGraphicsPath path = gc->CreatePath();
   for (wxRect const & box : boxes) path.AddRectangle(box.x, box.y, box.width, box.height);
-  // Without a pen: a one-pixel pen shifts every fill by half a pixel, and
-  // the boxes would be trapezoids again.
-  gc->SetPen(wxNullGraphicsPen);
-  gc->SetBrush(brush);
   // Boxes that overlap (a row's line across the gutter's) stay filled.
   gc->FillPath(path, wxWINDING_RULE);
 }
