@@ -14,15 +14,17 @@ wxString TextOrEmpty(wchar_t const * text) { return text != nullptr ? wxString(t
 
 // The character height of the dc's font, measured once a font: measuring
 // lays text out, and a list paints every row's value in one or two fonts.
+// A font is known by its shared data, not by wxFont's ==, which for two
+// fonts of different data measures both on a screen device.
 int CharHeightOf(wxDC & dc) {
   struct Measured {
-    wxFont font;
+    wxFont font;  // holds the data, so that no other font can take its address
     int height;
   };
   static std::vector<Measured> measured;
   wxFont const & font = dc.GetFont();
   for (Measured const & known : measured)
-    if (known.font == font) return known.height;
+    if (known.font.IsSameAs(font)) return known.height;
   int const height = dc.GetCharHeight();
   if (measured.size() >= 8) measured.erase(measured.begin());  // fonts come and go rarely
   measured.push_back({font, height});

@@ -57,9 +57,11 @@ PropertyListCtrl::~PropertyListCtrl() {
 
 void PropertyListCtrl::Init() {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
+  // Colours and a font of its own: without them, every paint device and
+  // every GetFont asks the theme (a list box's defaults build a GTK tree
+  // view each time, a fifth of a full repaint).
   SetBackgroundColour(GetSysColour(COLOR_WINDOW));
-  // A font of its own: without one, every GetFont asks the theme (a list
-  // box's defaults build a GTK tree view each time).
+  SetForegroundColour(GetSysColour(COLOR_WINDOWTEXT));
   SetFont(GetFont());
   mMeasure = std::make_unique<PropertyRowMeasure>(GetFont());
   mDetails = new PropertyDetailsPane(this);
@@ -96,6 +98,7 @@ void PropertyListCtrl::Init() {
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent & event) {
     mTools = MakePaintTools();
     SetBackgroundColour(GetSysColour(COLOR_WINDOW));
+    SetForegroundColour(GetSysColour(COLOR_WINDOWTEXT));
     event.Skip();
   });
   mDetails->Place();

@@ -16,8 +16,6 @@
 #include <vector>
 
 #include <wx/brush.h>
-#include <wx/geometry.h>
-#include <wx/pen.h>
 #include <wx/vlbox.h>
 
 #include "controls/ExceptionGuarded.h"
@@ -172,9 +170,9 @@ private:
   // again when the system colours change: asking the theme for a colour
   // costs more than a row's drawing.
   struct PaintTools {
-    wxPen grid;
+    wxBrush grid;
     wxBrush window, highlight, face;
-    wxPen border;
+    wxBrush border;
     wxColour text, highlightText, faceColour;
   };
   static PaintTools MakePaintTools();
@@ -190,8 +188,9 @@ private:
   // vertical, the end left out.
   void AddLine(int x1, int y1, int x2, int y2) const;
   PaintTools mTools = MakePaintTools();
-  // The grid lines of one paint, stroked together once its rows are drawn.
-  mutable std::vector<wxPoint2DDouble> mLineStarts, mLineEnds;
+  // The grid lines of one paint as one-pixel boxes, filled together once its
+  // rows are drawn.
+  mutable std::vector<wxRect> mGridLines;
 
   std::vector<PropertyItem *> mRows;
   mutable std::vector<int> mHeights;  // 0: not measured yet

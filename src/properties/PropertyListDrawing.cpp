@@ -1,6 +1,7 @@
 // How a property list paints: its rows (gutter, expander, grid, name,
 // value) and its details pane.
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -53,14 +54,36 @@ void DrawLines(wxDC & dc, wxString const & text, int left, int top, int lineHeig
   }
 }
 
+// Fills `boxes` with `brush` in one request to the display. Only fills: a
+// stroke, even of a straight one-pixel line, reaches the display as
+// trapezoids, which it rasterises into a mask as large as their bounds (for
+// the grid, the whole list); pixel-aligned boxes are plain rectangles.
+void FillBoxes(wxDC & dc, std::vector<wxRect> const & boxes, wxBrush const & brush) {
+  if (boxes.empty()) return;
+  // Set through the device, which hands them on to its graphics context and
+  // so stays in step with it. Without a pen: a one-pixel pen shifts every
+  // fill by half a pixel, and the boxes would be trapezoids again.
+  dc.SetPen(*wxTRANSPARENT_PEN);
+  dc.SetBrush(brush);
+  wxGraphicsContext * const gc = dc.GetGraphicsContext();
+  if (gc == nullptr) {
+    for (wxRect const & box : boxes) dc.DrawRectangle(box);
+    return;
+  }
+  wxGraphicsPath path = gc->CreatePath();
+  for (wxRect const & box : boxes) path.AddRectangle(box.x, box.y, box.width, box.height);
+  // Boxes that overlap (a row's line across the gutter's) stay filled.
+  gc->FillPath(path, wxWINDING_RULE);
+}
+
 }  // namespace
 
 PropertyListCtrl::PaintTools PropertyListCtrl::MakePaintTools() {
-  return {wxPen(GridColour()),
+  return {wxBrush(GridColour()),
           wxBrush(GetSysColour(COLOR_WINDOW)),
           wxBrush(GetSysColour(COLOR_HIGHLIGHT)),
           wxBrush(GetSysColour(COLOR_BTNFACE)),
-          wxPen(GetSysColour(COLOR_INACTIVEBORDER)),
+          wxBrush(GetSysColour(COLOR_INACTIVEBORDER)),
           GetSysColour(COLOR_WINDOWTEXT),
           GetSysColour(COLOR_HIGHLIGHTTEXT),
           GetSysColour(COLOR_BTNFACE)};
@@ -73,8 +96,7 @@ void PropertyListCtrl::OnPaintRows(wxPaintEvent &) {
   dc.Clear();
   if (mRows.empty() || GetItemCount() == 0) return;
   wxRegion const & update = GetUpdateRegion();
-  mLineStarts.clear();
-  mLineEnds.clear();
+  mGridLines.clear();
   std::vector<PaintedRow> rows;
   int y = 0;
   for (size_t row = GetVisibleRowsBegin(); row < GetVisibleRowsEnd() && y < size.y; ++row) {
@@ -86,23 +108,15 @@ void PropertyListCtrl::OnPaintRows(wxPaintEvent &) {
   // The gutter's line and the right edge run over the whole rows' area.
   AddLine(kGutterWidth, 0, kGutterWidth, size.y);
   AddLine(size.x - 1, 0, size.x - 1, size.y);
-  // All grid lines in one stroke: one drawing request instead of two a row.
-  dc.SetPen(mTools.grid);
-  if (wxGraphicsContext * gc = dc.GetGraphicsContext()) {
-    gc->SetPen(mTools.grid);
-    gc->StrokeLines(mLineStarts.size(), mLineStarts.data(), mLineEnds.data());
-  } else {
-    for (size_t i = 0; i < mLineStarts.size(); ++i)
-      dc.DrawLine(wxRound(mLineStarts[i].m_x), wxRound(mLineStarts[i].m_y),
-                  wxRound(mLineEnds[i].m_x), wxRound(mLineEnds[i].m_y));
-  }
+  FillBoxes(dc, mGridLines, mTools.grid);
 }
 
 void PropertyListCtrl::AddLine(int x1, int y1, int x2, int y2) const {
-  // The coordinates wxDC::DrawLine hands the graphics context, which puts
-  // a one-pixel line on the pixels' centres itself.
-  mLineStarts.emplace_back(x1, y1);
-  mLineEnds.emplace_back(x2, y2);
+  if (y1 == y2) {
+    mGridLines.emplace_back(std::min(x1, x2), y1, std::abs(x2 - x1), 1);
+  } else {
+    mGridLines.emplace_back(x1, std::min(y1, y2), 1, std::abs(y2 - y1));
+  }
 }
 
 void PropertyListCtrl::OnDrawItem(wxDC & dc, wxRect const & rect, size_t n) const {
@@ -141,26 +155,26 @@ void PropertyListCtrl::PaintRows(wxDC & dc, std::vector<PaintedRow> const & rows
 }
 
 void PropertyListCtrl::PaintExpanders(wxDC & dc, std::vector<PaintedRow> const & rows) const {
-  std::vector<wxRect> boxes;
-  std::vector<wxRect> bars;
+  // Each box is a white inside under a black frame and bars, all one-pixel
+  // boxes (crisp, where a line's ends would blend): two fills for all boxes.
+  std::vector<wxRect> insides;
+  std::vector<wxRect> marks;
   for (PaintedRow const & row : rows) {
     auto const * category = dynamic_cast<PropertyItemCategory const *>(mRows[row.index]);
     if (category == nullptr) continue;
     wxRect const box = ExpanderRect(row.rect);
-    boxes.push_back(box);
+    insides.emplace_back(box.x + 1, box.y + 1, box.width - 2, box.height - 2);
+    marks.emplace_back(box.x, box.y, box.width, 1);
+    marks.emplace_back(box.x, box.GetBottom(), box.width, 1);
+    marks.emplace_back(box.x, box.y + 1, 1, box.height - 2);
+    marks.emplace_back(box.GetRight(), box.y + 1, 1, box.height - 2);
     int const cx = box.x + kExpanderSize / 2;
     int const cy = box.y + kExpanderSize / 2;
-    // The bars as one-pixel boxes: crisp, where a line's ends would blend.
-    bars.emplace_back(cx - 2, cy, 5, 1);
-    if (!category->GetChildrenVisible()) bars.emplace_back(cx, cy - 2, 1, 5);
+    marks.emplace_back(cx - 2, cy, 5, 1);
+    if (!category->GetChildrenVisible()) marks.emplace_back(cx, cy - 2, 1, 5);
   }
-  if (boxes.empty()) return;
-  dc.SetPen(*wxBLACK_PEN);
-  dc.SetBrush(*wxWHITE_BRUSH);
-  for (wxRect const & box : boxes) dc.DrawRectangle(box);
-  dc.SetPen(*wxTRANSPARENT_PEN);
-  dc.SetBrush(*wxBLACK_BRUSH);
-  for (wxRect const & bar : bars) dc.DrawRectangle(bar);
+  FillBoxes(dc, insides, *wxWHITE_BRUSH);
+  FillBoxes(dc, marks, *wxBLACK_BRUSH);
 }
 
 void PropertyListCtrl::PaintNames(wxDC & dc, std::vector<PaintedRow> const & rows, bool bold,
@@ -261,9 +275,9 @@ void PropertyListCtrl::DrawDetails(wxDC & dc, wxRect const & pane) const {
   dc.SetPen(*wxTRANSPARENT_PEN);
   dc.SetBrush(mTools.window);
   dc.DrawRectangle(pane);  // holds the outer frame's own fill too
-  dc.SetBrush(mTools.face);
-  dc.SetPen(mTools.border);
-  dc.DrawRectangle(inner);
+  // The frame as boxes, not a stroke (see FillBoxes).
+  FillBoxes(dc, {inner}, mTools.border);
+  FillBoxes(dc, {wxRect(inner).Deflate(1)}, mTools.face);
 
   PropertyItem const * item = GetPropertyItem(GetSelection());
   wxString name = item != nullptr ? item->GetName() : wxString();
