@@ -22,7 +22,7 @@
 #include "favourites/FavouriteBuilder.h"
 #include "favourites/FavouritesManager.h"
 #include "favourites/FavouritesTree.h"
-#include "gui/GuiBench.h"
+#include "gui/TreeBenchHost.h"
 #include "utl/XercesXMLSection.h"
 
 namespace {
@@ -35,23 +35,9 @@ TALVO_RATIO_LIMIT("FavouritesTreePaint", 1.1);
 constexpr int kLoadRows = 10000;
 using Sections = std::vector<boost::shared_ptr<ConfigurationSection>>;
 
-bool Started(benchmark::State & state) {
-  if (GuiStarted()) return true;
-  state.SkipWithError("needs a display: run through scripts/bench, which starts Xvfb");
-  return false;
-}
-
-template <class Tree>
-struct Hosted {
-  std::unique_ptr<wxFrame, void (*)(wxFrame *)> frame{
-      new wxFrame(nullptr, wxID_ANY, "Bench", wxPoint(0, 0), wxSize(400, 800)),
-      [](wxFrame * f) { f->Destroy(); }};
-  Tree * tree = new Tree(frame.get(), wxID_ANY);
-  Hosted() {
-    frame->Show();
-    tree->SetSize(frame->GetClientSize());
-  }
-};
+using tree_bench::Hosted;
+using tree_bench::PaintPages;
+using tree_bench::Started;
 
 // Level of row i: folders of 10 sub-folders of 10 leaves, three levels.
 int LevelOf(int i) { return i % 111 == 0 ? 0 : (i % 111 - 1) % 11 == 0 ? 1 : 2; }
@@ -256,21 +242,6 @@ void IdlePass_baseline(benchmark::State & state) {
 BENCHMARK(IdlePass_baseline)->Name("FavouritesIdlePass/baseline")->Unit(benchmark::kMicrosecond);
 
 // --- Painting 40 rows -----------------------------------------------------------
-
-void PaintPages(benchmark::State & state, wxWindow & tree) {
-  for (int i = 0; i < 500 && !tree.IsShownOnScreen(); ++i) wxTheApp->Yield();
-  for (int i = 0; i < 20; ++i) wxTheApp->Yield();
-  int64_t paints = 0;
-  tree.Bind(wxEVT_PAINT, [&paints](wxPaintEvent & event) {
-    ++paints;
-    event.Skip();
-  });
-  for (auto _ : state) {
-    tree.Refresh();
-    tree.Update();
-  }
-  if (paints < state.iterations()) state.SkipWithError("the page was not painted every time");
-}
 
 void Paint_candidate(benchmark::State & state) {
   if (!Started(state)) return;

@@ -10,12 +10,11 @@
 // After treectrl.h, which declares the generic tree's base.
 #include <wx/generic/treectlg.h>
 
-#include <memory>
 #include <sstream>
 #include <string>
 
 #include "Figures.h"
-#include "gui/GuiBench.h"
+#include "gui/TreeBenchHost.h"
 #include "lists/VxTreeCtrl.h"
 
 namespace {
@@ -27,24 +26,9 @@ TALVO_RATIO_LIMIT("VxTreeSetCheckBranch", 2.0);
 TALVO_RATIO_LIMIT("VxTreePaintPage", 1.0);
 TALVO_RATIO_LIMIT("VxTreeTextLoad", 1.3);
 
-bool Started(benchmark::State & state) {
-  if (GuiStarted()) return true;
-  state.SkipWithError("needs a display: run through scripts/bench, which starts Xvfb");
-  return false;
-}
-
-// A shown frame holding the tree under test.
-template <class Tree, class... Args>
-struct Hosted {
-  std::unique_ptr<wxFrame, void (*)(wxFrame *)> frame{
-      new wxFrame(nullptr, wxID_ANY, "Bench", wxPoint(0, 0), wxSize(400, 800)),
-      [](wxFrame * f) { f->Destroy(); }};
-  Tree * tree;
-  explicit Hosted(Args... args) : tree(new Tree(frame.get(), wxID_ANY, args...)) {
-    frame->Show();
-    tree->SetSize(frame->GetClientSize());
-  }
-};
+using tree_bench::Hosted;
+using tree_bench::PaintPages;
+using tree_bench::Started;
 
 // --- Walking 20,000 siblings --------------------------------------------------
 
@@ -158,24 +142,6 @@ BENCHMARK(TreeSetCheckBranch_baseline)
     ->Unit(benchmark::kMillisecond);
 
 // --- Painting a page of 40 rows, 10 with their own colour or font ---------------------
-
-// Paints the page through the toolkit once per iteration. The window must
-// be on screen first: until it is, Update() paints nothing and the figure
-// would time an empty round trip to the X server.
-void PaintPages(benchmark::State & state, wxWindow & tree) {
-  for (int i = 0; i < 500 && !tree.IsShownOnScreen(); ++i) wxTheApp->Yield();
-  for (int i = 0; i < 20; ++i) wxTheApp->Yield();
-  int64_t paints = 0;
-  tree.Bind(wxEVT_PAINT, [&paints](wxPaintEvent & event) {
-    ++paints;
-    event.Skip();
-  });
-  for (auto _ : state) {
-    tree.Refresh();
-    tree.Update();
-  }
-  if (paints < state.iterations()) state.SkipWithError("the page was not painted every time");
-}
 
 void TreePaintPage_candidate(benchmark::State & state) {
   if (!Started(state)) return;

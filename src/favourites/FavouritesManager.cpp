@@ -134,7 +134,11 @@ FavouritesManager::FavouritesManager() {
     mStandardIcons.push_back(mStandardImages.GetIcon(i));
 }
 
-FavouritesManager::~FavouritesManager() = default;
+FavouritesManager::~FavouritesManager() {
+  // The tree may outlive its manager (its window dies at idle time).
+  if (mTree != nullptr && mTree->GetFavouritesManager() == this)
+    mTree->SetFavouritesManager(nullptr);
+}
 
 bool FavouritesManager::SaveFavourites(wxString const & path, int id) const {
   std::unique_ptr<XercesXMLSection> const section(

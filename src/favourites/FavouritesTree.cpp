@@ -28,7 +28,11 @@ FavouritesTree::FavouritesTree(wxWindow * parent, wxWindowID id, DWORD style) {
 }
 
 FavouritesTree::~FavouritesTree() {
-  if (mManager != nullptr) mManager->OnDestroy();
+  if (mManager != nullptr) {
+    mManager->OnDestroy();
+    // Either may go first: a top-level window's children die at idle time.
+    if (mManager->GetFavouritesTree() == this) mManager->SetFavouritesTree(nullptr);
+  }
   for (HTREEITEM row = GetRootItem(); row; row = GetNextItem(row)) DeleteItemData(row);
   SetImageList(nullptr, TVSIL_NORMAL);
 }

@@ -121,6 +121,8 @@ std::shared_ptr<XercesSettingsDocument> XercesSettingsDocument::FromString(std::
 }
 
 void XercesSettingsDocument::Adopt(XmlDocumentPtr document) {
+  mOldChildren.clear();
+  mRemoved = Removed();
   mIndexes.clear();
   mNames.clear();
   mDocument = std::move(document);
@@ -218,6 +220,13 @@ Element * XercesSettingsDocument::ProvideSection(Element * parent, std::u16strin
                                                  int number, bool indexed) {
   Dom * section = In(parent);
   if (Dom * existing = FindSectionElement(section, name, number)) return Out(existing);
+  Dom * old = TakeOldChild(section, false, name, number, indexed);
+  if (old == nullptr) old = ReviveRemoved(section, name, number, indexed);
+  if (old != nullptr) {
+    IndexFor(section).sections[Intern(name)].emplace(number, old);
+    StartRewrite(old);
+    return Out(old);
+  }
   Dom * child = mDocument->createElement(kSectionTag);
   child->setAttribute(kNameAttribute, std::u16string(name).c_str());
   if (indexed) child->setAttribute(kIndexAttribute, Utf8ToXml(FormatInt(number)).c_str());
@@ -268,6 +277,7 @@ int XercesSettingsDocument::CountSections(Element * section, std::u16string_view
 }
 
 std::vector<Element *> XercesSettingsDocument::ChildKeys(Element * section) const {
+  DropOldChildren();
   std::vector<Element *> keys;
   for (Dom * child = FirstChildElement(In(section)); child != nullptr;
        child = NextSiblingElement(child))
@@ -276,6 +286,7 @@ std::vector<Element *> XercesSettingsDocument::ChildKeys(Element * section) cons
 }
 
 std::vector<Element *> XercesSettingsDocument::ChildSections(Element * section) const {
+  DropOldChildren();
   std::vector<Element *> sections;
   for (Dom * child = FirstChildElement(In(section)); child != nullptr;
        child = NextSiblingElement(child))
@@ -284,6 +295,7 @@ std::vector<Element *> XercesSettingsDocument::ChildSections(Element * section) 
 }
 
 bool XercesSettingsDocument::HasChildren(Element * section) const {
+  DropOldChildren();
   for (Dom * child = FirstChildElement(In(section)); child != nullptr;
        child = NextSiblingElement(child))
     if (IsKey(child) || IsSection(child)) return true;
@@ -293,9 +305,24 @@ bool XercesSettingsDocument::HasChildren(Element * section) const {
 void XercesSettingsDocument::SetKey(Element * parent, std::u16string_view name,
                                     std::u16string_view value) {
   Dom * section = In(parent);
+  mRemoved = Removed();
   std::u16string const text(value);
   if (Dom * key = FindKeyElement(section, name)) {
     key->setTextContent(text.c_str());
+    return;
+  }
+  if (Dom * key = TakeOldChild(section, true, name, 0, false)) {
+    DOMNode * const first = key->getFirstChild();
+    if (!text.empty() && first != nullptr && first->getNextSibling() == nullptr &&
+        first->getNodeType() == DOMNode::TEXT_NODE) {
+      // The same key again: its text changes in place, the cheapest change.
+      static_cast<xercesc::DOMText *>(first)->setData(text.c_str());
+    } else {
+      // As a new key: no text node for an empty value.
+      while (DOMNode * child = key->getFirstChild()) key->removeChild(child)->release();
+      if (!text.empty()) key->appendChild(mDocument->createTextNode(text.c_str()));
+    }
+    if (ChildIndex * index = ExistingIndex(section)) index->keys.emplace(Intern(name), key);
     return;
   }
   Dom * key = mDocument->createElement(kKeyTag);
@@ -306,6 +333,8 @@ void XercesSettingsDocument::SetKey(Element * parent, std::u16string_view name,
 }
 
 bool XercesSettingsDocument::RemoveKey(Element * parent, std::u16string_view name) {
+  DropOldChildren();
+  mRemoved = Removed();
   Dom * section = In(parent);
   ChildIndex * index = ExistingIndex(section);
   std::vector<Dom *> doomed;
@@ -330,9 +359,11 @@ bool XercesSettingsDocument::RemoveKey(Element * parent, std::u16string_view nam
 }
 
 Element * XercesSettingsDocument::RemoveSection(Element * removed) {
+  DropOldChildren();
   Dom * child = In(removed);
   Dom * parent = In(Parent(removed));
   if (parent == nullptr) return nullptr;
+  mRemoved = Removed{parent, child};
   if (ChildIndex * index = ExistingIndex(parent)) {
     int number = 0;
     auto const named = index->sections.find(NameOfElement(child));
@@ -349,7 +380,79 @@ Element * XercesSettingsDocument::RemoveSection(Element * removed) {
   return Out(parent);
 }
 
-std::string XercesSettingsDocument::Serialize() const { return SerializeXml(*mDocument); }
+std::string XercesSettingsDocument::Serialize() const {
+  DropOldChildren();
+  return SerializeXml(*mDocument);
+}
+
+Dom * XercesSettingsDocument::ReviveRemoved(Dom * parent, std::u16string_view name, int number,
+                                            bool indexed) {
+  Removed const removed = mRemoved;
+  mRemoved = Removed();
+  if (removed.parent != parent || removed.section->getParentNode() != nullptr) return nullptr;
+  int stored = 0;
+  if (NameOfElement(removed.section) != name || IsIndexed(Out(removed.section)) != indexed ||
+      !IndexOfElement(removed.section, stored) || stored != number)
+    return nullptr;
+  parent->appendChild(removed.section);
+  return removed.section;
+}
+
+void XercesSettingsDocument::StartRewrite(Dom * section) {
+  // Its old children are out of sight until a write takes them up.
+  mIndexes[section] = ChildIndex();
+  if (DOMNode * const first = section->getFirstChild()) mOldChildren[section] = first;
+}
+
+namespace {
+
+// Drops `from` and the siblings after it. A section is not released: section
+// objects may still stand on it (as on any removed section).
+void DropFrom(Dom * section, DOMNode * from) {
+  while (from != nullptr) {
+    DOMNode * const next = from->getNextSibling();
+    section->removeChild(from);
+    if (from->getNodeType() != DOMNode::ELEMENT_NODE || !IsSection(static_cast<Dom *>(from)))
+      from->release();
+    from = next;
+  }
+}
+
+}  // namespace
+
+Dom * XercesSettingsDocument::TakeOldChild(Dom * section, bool key, std::u16string_view name,
+                                           int number, bool indexed) {
+  if (mOldChildren.empty()) return nullptr;
+  auto const found = mOldChildren.find(section);
+  if (found == mOldChildren.end()) return nullptr;
+  DOMNode * at = found->second;
+  // Text and comments between old children are not kept, as in a new section.
+  while (at != nullptr && at->getNodeType() != DOMNode::ELEMENT_NODE) {
+    DOMNode * const next = at->getNextSibling();
+    section->removeChild(at)->release();
+    at = next;
+  }
+  auto * const old = static_cast<Dom *>(at);
+  int stored = 0;
+  bool const same =
+      old != nullptr && (key ? IsKey(old) : IsSection(old)) && NameOfElement(old) == name &&
+      (key || (IsIndexed(Out(old)) == indexed && IndexOfElement(old, stored) && stored == number));
+  if (!same) {
+    DropFrom(section, at);
+    mOldChildren.erase(found);
+    return nullptr;
+  }
+  if (DOMNode * const next = old->getNextSibling())
+    found->second = next;
+  else
+    mOldChildren.erase(found);
+  return old;
+}
+
+void XercesSettingsDocument::DropOldChildren() const {
+  for (auto const & [section, first] : mOldChildren) DropFrom(section, first);
+  mOldChildren.clear();
+}
 
 bool XercesSettingsDocument::Flush() const {
   if (mPath.empty()) return false;

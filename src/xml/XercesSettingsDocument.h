@@ -72,6 +72,24 @@ private:
   // A lasting copy of a name that this document wrote: the index then
   // needs no read of the name back from the DOM, which is dear.
   std::u16string_view Intern(std::u16string_view name);
+  // A section removed and then made again under the same parent, with the
+  // same name and index, is the usual way of saving a list anew. Its old
+  // element comes back empty to every lookup, and its old children are
+  // taken up, in order, by writes of the same key or section: an
+  // unchanged list then costs no new elements, which are dear in this
+  // DOM. The first write that differs drops the old children left, and so
+  // does anything that walks the tree, so what is stored is always what a
+  // new section would hold.
+  Dom * ReviveRemoved(Dom * parent, std::u16string_view name, int number, bool indexed);
+  void StartRewrite(Dom * section);
+  // The old child a write can take up in place, or null.
+  Dom * TakeOldChild(Dom * section, bool key, std::u16string_view name, int number, bool indexed);
+  void DropOldChildren() const;
+  // The one last removed section, for ReviveRemoved.
+  struct Removed {
+    Dom * parent = nullptr;
+    Dom * section = nullptr;
+  };
   Dom * FindKeyElement(Dom * section, std::u16string_view name);
   Dom * FindSectionElement(Dom * section, std::u16string_view name, int index);
   std::vector<Dom *> SectionElements(Dom * section, std::u16string_view name);
@@ -80,6 +98,10 @@ private:
   XmlDocumentPtr mDocument;
   std::unordered_map<Dom const *, ChildIndex> mIndexes;
   std::unordered_set<std::u16string> mNames;
+  Removed mRemoved;
+  // Sections being written anew: the first of their old children not yet
+  // taken up. Dropped by const walks of the tree too.
+  mutable std::unordered_map<Dom *, xercesc::DOMNode *> mOldChildren;
 };
 
 }  // namespace vx3

@@ -22,6 +22,7 @@
 #include "favourites/FavouriteImportFailedDialog.h"
 #include "favourites/FavouriteOpenFailures.h"
 #include "favourites/FavouritesManager.h"
+#include "favourites/FavouritesTree.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/ResourceModule.h"
 #include "utl/Exception.h"
@@ -374,4 +375,22 @@ TEST_F(FavouritesManagerTest, SavedFileIsXmlAndWithoutATreeNothingIsForwarded) {
   int id = 5;
   EXPECT_TRUE(manager.OnAddToFavourites(nullptr, id));
   EXPECT_EQ(id, -1);
+}
+
+// A top-level window's children die at idle time, so the tree may outlive
+// its manager as well as the other way round: neither keeps a dead partner.
+TEST_F(FavouritesManagerTest, TreeAndManagerForgetEachOtherWhicheverGoesFirst) {
+  auto * const outlived = new FavouritesTree(frame, wxID_ANY);
+  {
+    FavouritesManager shortLived;
+    outlived->SetFavouritesManager(&shortLived);
+  }
+  EXPECT_EQ(outlived->GetFavouritesManager(), nullptr);
+  outlived->Destroy();  // would tell the dead manager
+
+  auto * const tree = new FavouritesTree(frame, wxID_ANY);
+  tree->SetFavouritesManager(&manager);
+  ASSERT_EQ(manager.GetFavouritesTree(), tree);
+  tree->Destroy();
+  EXPECT_EQ(manager.GetFavouritesTree(), nullptr);
 }

@@ -6,6 +6,9 @@
 #include <unistd.h>
 
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "TestFiles.h"
 #include "utl/Exception.h"
@@ -226,6 +229,64 @@ TEST(XercesXMLSection, SectionsStayConsistentThroughChanges) {
         EXPECT_EQ(row ? Read(*row, "i") : "<absent>", expected);
       }
     }
+  }
+}
+
+// A list saved again is removed and written anew; the file must then hold
+// just what a new section would, whatever the old one held.
+TEST(XercesXMLSection, ASectionWrittenAnewHoldsOnlyTheNewWrites) {
+  using Rows = std::vector<std::vector<std::pair<char const *, char const *>>>;
+  Rows const saved = {{{"Name", "a"}, {"File", "/x"}, {"_Style", "0"}},
+                      {{"Name", "b"}, {"Empty", ""}, {"_Style", "2"}}};
+  auto const save = [](ConfigurationSection & file, Rows const & rows) {
+    Section old(file.Copy());
+    if (old->ChangeSubSection("Favourites")) old->DeleteSection();
+    Section root(file.CreateSubSection("Favourites"));
+    // Asked through lookups only: a walk of the tree would drop the old rows.
+    EXPECT_FALSE(root->HasKey("AppName")) << "nothing old shows";
+    EXPECT_EQ(root->NumSubSections("FavouriteItem"), 0) << "nothing old shows";
+    root->WriteKey("AppName", "Sample");
+    for (size_t i = 0; i < rows.size(); ++i) {
+      Section row(root->CreateSubSection("FavouriteItem", int(i) + 1));
+      for (auto const & [key, value] : rows[i]) row->WriteKey(key, value);
+    }
+  };
+  struct Case {
+    char const * what;
+    Rows rows;
+  } const cases[] = {
+      {"the same rows", saved},
+      {"a row of another kind", {saved[0], {{"Name", "b"}, {"Command", "7"}, {"_Style", "2"}}}},
+      {"texts emptied and filled",
+       {{{"Name", ""}, {"File", "/x"}, {"_Style", "0"}},
+        {{"Name", "b"}, {"Empty", "now"}, {"_Style", "2"}}}},
+      {"fewer rows", {saved[1]}},
+      {"more rows", {saved[0], saved[1], saved[0]}},
+      {"none", {}},
+  };
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.what);
+    XercesXMLSection file;
+    file.WriteKey("before", "kept");
+    save(file, saved);
+    {
+      // Old rows carry what no new row writes: a sub-section and a comment.
+      Section row(file.CopyAndChangeSubSection("Favourites"));
+      ASSERT_TRUE(row && row->ChangeSubSection("FavouriteItem", 1));
+      Section(row->CreateSubSection("ItemData"))->WriteKey("Type", "old");
+    }
+    std::string const withComment = [&] {
+      std::string xml = file.ToXmlString();
+      xml.insert(xml.find("<Key name=\"_Style\""), "<!-- old -->");
+      return xml;
+    }();
+    std::unique_ptr<XercesXMLSection> again(
+        XercesXMLSection::CreateXMLSectionFromString(withComment.c_str()));
+    save(*again, c.rows);
+    XercesXMLSection fresh;
+    fresh.WriteKey("before", "kept");
+    save(fresh, c.rows);
+    EXPECT_EQ(again->ToXmlString(), fresh.ToXmlString());
   }
 }
 

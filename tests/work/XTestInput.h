@@ -33,12 +33,8 @@ inline bool IsWherePlaced(wxTopLevelWindow & window) {
   return std::abs(x - placed.x) < 40 && std::abs(y - placed.y) < 40;
 }
 
-// True when a click on the middle of `target` reaches its window: the X
-// server has it mapped there and no other window over it. The window
-// manager maps, places and stacks a window in steps of its own.
-inline bool IsClickable(wxWindow & target) {
-  if (!target.IsShownOnScreen() || !gtk_widget_get_mapped(target.GetHandle())) return false;
-  Display * const display = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+// One look at the server's stack of top-level windows for IsClickable.
+inline bool IsOnTopAtCentre(wxWindow & target, Display * display) {
   Window const rootWindow = DefaultRootWindow(display);
   // The child of the root that holds the target: the manager's frame.
   Window mine = GDK_WINDOW_XID(gtk_widget_get_window(gtk_widget_get_toplevel(target.GetHandle())));
@@ -63,6 +59,20 @@ inline bool IsClickable(wxWindow & target) {
   }
   if (children != nullptr) XFree(children);
   return top == mine;
+}
+
+// True when a click on the middle of `target` reaches its window: the X
+// server has it mapped there and no other window over it. The window
+// manager maps, places and stacks a window in steps of its own.
+inline bool IsClickable(wxWindow & target) {
+  if (!target.IsShownOnScreen() || !gtk_widget_get_mapped(target.GetHandle())) return false;
+  GdkDisplay * const gdk = gdk_display_get_default();
+  // The windows listed by one request can be gone by the next (a popup or
+  // a manager's frame destroyed meanwhile): the server's BadWindow for a
+  // vanished one is caught here, not left to GDK, which aborts on it.
+  gdk_x11_display_error_trap_push(gdk);
+  bool const clickable = IsOnTopAtCentre(target, GDK_DISPLAY_XDISPLAY(gdk));
+  return gdk_x11_display_error_trap_pop(gdk) == 0 && clickable;
 }
 
 // Presses and releases `keysym` (XK_...) on the window that has the focus.
