@@ -33,12 +33,9 @@ inline bool IsWherePlaced(wxTopLevelWindow & window) {
   return std::abs(x - placed.x) < 40 && std::abs(y - placed.y) < 40;
 }
 
-// True when a click on the middle of `target` reaches its window: the X
-// server has it mapped there and no other window over it. The window
-// manager maps, places and stacks a window in steps of its own.
-inline bool IsClickable(wxWindow & target) {
-  if (!target.IsShownOnScreen() || !gtk_widget_get_mapped(target.GetHandle())) return false;
-  Display * const display = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+namespace x_test_detail {
+// Whether the top-level frame holding `target` is the topmost one at its middle.
+inline bool IsClickable(wxWindow & target, Display * display) {
   Window const rootWindow = DefaultRootWindow(display);
   // The child of the root that holds the target: the manager's frame.
   Window mine = GDK_WINDOW_XID(gtk_widget_get_window(gtk_widget_get_toplevel(target.GetHandle())));
@@ -63,6 +60,22 @@ inline bool IsClickable(wxWindow & target) {
   }
   if (children != nullptr) XFree(children);
   return top == mine;
+}
+}  // namespace x_test_detail
+
+// True when a click on the middle of `target` reaches its window: the X
+// server has it mapped there and no other window over it. The window
+// manager maps, places and stacks a window in steps of its own.
+inline bool IsClickable(wxWindow & target) {
+  if (!target.IsShownOnScreen() || !gtk_widget_get_mapped(target.GetHandle())) return false;
+  // A window listed by XQueryTree may be gone when it is asked about (another
+  // test's, the manager's frame of one closing): that is an answer, not the
+  // fatal error GDK makes of an X error by default.
+  GdkDisplay * const gdk = gdk_display_get_default();
+  gdk_x11_display_error_trap_push(gdk);
+  bool const clickable = x_test_detail::IsClickable(target, GDK_DISPLAY_XDISPLAY(gdk));
+  gdk_x11_display_error_trap_pop_ignored(gdk);
+  return clickable;
 }
 
 // Presses and releases `keysym` (XK_...) on the window that has the focus.
