@@ -11,9 +11,7 @@
 
 namespace gui_test {
 
-std::string TempPath(char const * name) {
-  return std::string(std::getenv("TMPDIR")) + "/" + name;
-}
+std::string TempPath(char const * name) { return std::string(std::getenv("TMPDIR")) + "/" + name; }
 
 void WriteFile(std::string const & path, std::string const & text, mode_t mode) {
   std::ofstream(path) << text;
@@ -29,9 +27,10 @@ std::string ReadFile(std::string const & path) {
 
 void WriteMailHook() {
   ::mkdir(TempPath("bin").c_str(), 0755);
-  WriteFile(TempPath("bin/xdg-email-hook.sh"),
-            "#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$TMPDIR/mailto.txt\"\nexit \"${HOOK_EXIT:-0}\"\n",
-            0755);
+  WriteFile(
+      TempPath("bin/xdg-email-hook.sh"),
+      "#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$TMPDIR/mailto.txt\"\nexit \"${HOOK_EXIT:-0}\"\n",
+      0755);
 }
 
 bool InstallMailHandler() {

@@ -11,8 +11,8 @@
 
 // `quality` 0 keeps libjpeg's default (75); `progressive` uses its standard
 // script (10 scans for colour).
-inline std::string LibjpegEncode(unsigned char const * rgb, int width, int height,
-                                 int quality = 0, bool progressive = false) {
+inline std::string LibjpegEncode(unsigned char const * rgb, int width, int height, int quality = 0,
+                                 bool progressive = false) {
   jpeg_compress_struct info{};
   jpeg_error_mgr error{};
   info.err = jpeg_std_error(&error);
