@@ -13,6 +13,13 @@
 
 namespace {
 
+// Whether `key` is `figure`'s, with or without Google Benchmark's additions
+// ("/iterations:3"): "EditorFolder" does not name "EditorFolderCollection".
+bool IsOf(std::string const & key, std::string const & figure) {
+  return key.compare(0, figure.size(), figure) == 0 &&
+         (key.size() == figure.size() || key[figure.size()] == '/');
+}
+
 struct Timing {
   double nanoseconds = 0;  // real time per iteration
   bool seen = false;
@@ -50,7 +57,7 @@ public:
                                : 0;
       std::string verdict;
       for (bench::Limit const & limit : bench::Limits()) {
-        if (key.compare(0, limit.figure.size(), limit.figure) != 0) continue;
+        if (!IsOf(key, limit.figure)) continue;
         char text[96];
         if (limit.maxRatio > 0) {
           bool const ok = ratio > 0 && ratio <= limit.maxRatio;
@@ -63,7 +70,7 @@ public:
                         ok ? "ok" : "MISSED");
           failures += ok ? 0 : 1;
         }
-        verdict += text;
+        verdict += (verdict.empty() ? "" : "; ") + std::string(text);
       }
       if (baseline != baselines.end()) {
         std::printf("%-48s %14.1f %14.1f %8.3f  %s\n", key.c_str(), candidate.nanoseconds,

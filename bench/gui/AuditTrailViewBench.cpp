@@ -61,21 +61,31 @@ void RunUntil(Done done) {
   }
 }
 
+// The view in a frame of its own. The frame goes at once when this does,
+// so before the trail the figure made first, which the view points at.
 struct ViewWindow {
   wxFrame * frame = nullptr;
   AuditTrailView * view = nullptr;
-};
 
-ViewWindow OpenView() {
-  ViewWindow made;
-  made.frame = new wxFrame(nullptr, wxID_ANY, "Audit Trail", wxDefaultPosition, wxSize(900, 600));
-  made.view = new AuditTrailView(made.frame, wxID_ANY);
-  auto * sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->Add(made.view, 1, wxEXPAND);
-  made.frame->SetSizer(sizer);
-  made.frame->Show();
-  return made;
-}
+  ViewWindow() = default;
+  ViewWindow(ViewWindow const &) = delete;
+  ViewWindow & operator=(ViewWindow const &) = delete;
+  ~ViewWindow() { Close(); }
+
+  void Open() {
+    frame = new wxFrame(nullptr, wxID_ANY, "Audit Trail", wxDefaultPosition, wxSize(900, 600));
+    view = new AuditTrailView(frame, wxID_ANY);
+    auto * sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(view, 1, wxEXPAND);
+    frame->SetSizer(sizer);
+    frame->Show();
+  }
+  void Close() {
+    DestroyNow(frame);
+    frame = nullptr;
+    view = nullptr;
+  }
+};
 
 bool Loaded(AuditTrailView const & view) { return !view.IsBusy() && !view.IsUpdatePending(); }
 
@@ -98,7 +108,8 @@ void AuditTrailPage10k_candidate(benchmark::State & state) {
     return;
   }
   std::unique_ptr<AuditTrail> trail = MakeTrail("page-candidate", 10000);
-  ViewWindow const window = OpenView();
+  ViewWindow window;
+  window.Open();
   if (!Prepared(state, window)) return;
   window.view->SetAuditTrail(trail.get());
   RunUntil([&] { return Loaded(*window.view); });
@@ -109,7 +120,7 @@ void AuditTrailPage10k_candidate(benchmark::State & state) {
   }
   if (window.view->GetShown() != AuditTrailView::Shown::TrailPage)
     state.SkipWithError("the view did not show the trail");
-  window.frame->Destroy();
+  window.Close();
   trail->Clear();
 }
 BENCHMARK(AuditTrailPage10k_candidate)
@@ -130,7 +141,8 @@ void AuditTrailPage10k_baseline(benchmark::State & state) {
     std::fwrite(xsl.data(), 1, xsl.size(), out);
     std::fclose(out);
   }
-  ViewWindow const window = OpenView();
+  ViewWindow window;
+  window.Open();
   if (!Prepared(state, window)) return;
   wxWebView & browser = *window.view->GetBrowser()->GetWebView();
   bool loaded = false;
@@ -160,7 +172,7 @@ void AuditTrailPage10k_baseline(benchmark::State & state) {
     RunUntil([&loaded] { return loaded; });
   }
   browser.Unbind(wxEVT_WEBVIEW_LOADED, onLoaded);
-  window.frame->Destroy();
+  window.Close();
   trail->Clear();
 }
 BENCHMARK(AuditTrailPage10k_baseline)
@@ -176,7 +188,7 @@ void AddEvents(benchmark::State & state, bool withView) {
   std::unique_ptr<AuditTrail> trail = MakeTrail(withView ? "add-view" : "add-bare", 100);
   ViewWindow window;
   if (withView) {
-    window = OpenView();
+    window.Open();
     if (!Prepared(state, window)) return;
     window.view->SetAuditTrail(trail.get());
     RunUntil([&] { return Loaded(*window.view); });
@@ -185,7 +197,7 @@ void AddEvents(benchmark::State & state, bool withView) {
     for (int i = 0; i < 1000; ++i)
       trail->AddEvent("Sample measured.", "Plate 7, well B4, absorbance 0.4312", 0);
   }
-  if (window.frame != nullptr) window.frame->Destroy();
+  window.Close();
   trail->Clear();
 }
 

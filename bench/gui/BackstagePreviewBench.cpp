@@ -97,7 +97,7 @@ struct Frame {
     frame->SetClientSize(kArea);
     frame->Show();
   }
-  ~Frame() { frame->Destroy(); }
+  ~Frame() { DestroyNow(frame); }
   Frame(Frame const &) = delete;
   Frame & operator=(Frame const &) = delete;
   wxFrame * frame;

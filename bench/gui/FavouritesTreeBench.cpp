@@ -86,8 +86,8 @@ StoredTree const & Stored() {
 
 void Load_candidate(benchmark::State & state) {
   if (!Started(state)) return;
+  FavouritesManager manager;  // outlives the tree, which tells it when it goes away
   Hosted<FavouritesTree> host;
-  FavouritesManager manager;
   host.tree->SetFavouritesManager(&manager);
   auto * const section = const_cast<XercesXMLSection *>(&Stored().file);
   for (auto _ : state) {
@@ -131,8 +131,8 @@ BENCHMARK(Load_baseline)->Name("FavouritesTreeLoad/baseline")->Unit(benchmark::k
 
 void Save_candidate(benchmark::State & state) {
   if (!Started(state)) return;
-  Hosted<FavouritesTree> host;
   FavouritesManager manager;
+  Hosted<FavouritesTree> host;
   host.tree->SetFavouritesManager(&manager);
   host.tree->Serialize(const_cast<XercesXMLSection *>(&Stored().file), false, -1);
   std::string const path = TempFile("bench-favourites-candidate.xml");
@@ -204,8 +204,8 @@ void LoadRows(FavouritesTree & tree, std::vector<Row> const & rows) {
 
 void IdlePass_candidate(benchmark::State & state) {
   if (!Started(state)) return;
-  Hosted<FavouritesTree> host;
   FavouritesManager manager;
+  Hosted<FavouritesTree> host;
   host.tree->SetFavouritesManager(&manager);
   std::vector<std::string> const & files = IdleFiles();
   std::vector<Row> rows;
@@ -245,8 +245,8 @@ BENCHMARK(IdlePass_baseline)->Name("FavouritesIdlePass/baseline")->Unit(benchmar
 
 void Paint_candidate(benchmark::State & state) {
   if (!Started(state)) return;
-  Hosted<FavouritesTree> host;
   FavouritesManager manager;
+  Hosted<FavouritesTree> host;
   host.tree->SetFavouritesManager(&manager);
   host.tree->SetSize(400, 40 * host.tree->GetItemHeight());
   std::vector<Row> rows;
@@ -260,8 +260,8 @@ BENCHMARK(Paint_candidate)->Name("FavouritesTreePaint/candidate")->Unit(benchmar
 
 void Paint_baseline(benchmark::State & state) {
   if (!Started(state)) return;
-  Hosted<VxTreeCtrl> host;
   FavouritesManager manager;
+  Hosted<VxTreeCtrl> host;
   host.tree->SetImageList(&manager.GetStandardImageList(), TVSIL_NORMAL);
   host.tree->SetSize(400, 40 * host.tree->GetItemHeight());
   for (int i = 0; i < 40; ++i)

@@ -2,6 +2,7 @@
 
 #include <wx/app.h>
 #include <wx/init.h>
+#include <wx/window.h>
 
 bool GuiStarted() {
   static bool const started = [] {
@@ -13,4 +14,11 @@ bool GuiStarted() {
     return wxEntryStart(argc, argv) && wxTheApp->CallOnInit();
   }();
   return started;
+}
+
+void DestroyNow(wxWindow * window) {
+  if (window == nullptr) return;
+  window->Destroy();
+  // Idle time deletes what Destroy only scheduled.
+  wxTheApp->ProcessIdle();
 }

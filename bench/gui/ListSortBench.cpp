@@ -41,7 +41,7 @@ std::vector<std::string> const & ShuffledRuns() {
 
 struct Frame {
   wxFrame * frame = new wxFrame(nullptr, wxID_ANY, "Sort", wxDefaultPosition, wxSize(400, 300));
-  ~Frame() { frame->Destroy(); }
+  ~Frame() { DestroyNow(frame); }
 };
 
 void SortVxList(benchmark::State & state) {

@@ -32,7 +32,7 @@ struct Frame {
     frame = new wxFrame(nullptr, wxID_ANY, "bench", wxPoint(0, 0));
     frame->SetClientSize(clientSize);
   }
-  ~Frame() { frame->Destroy(); }
+  ~Frame() { DestroyNow(frame); }
   Frame(Frame const &) = delete;
   Frame & operator=(Frame const &) = delete;
   wxFrame * frame;

@@ -61,7 +61,7 @@ void FillGrid(wxPropertyGrid & grid, int categories, int items) {
 struct Host {
   std::unique_ptr<wxFrame, void (*)(wxFrame *)> frame{
       new wxFrame(nullptr, wxID_ANY, "Bench", wxPoint(0, 0), wxSize(420, 1000)),
-      [](wxFrame * f) { f->Destroy(); }};
+      [](wxFrame * f) { DestroyNow(f); }};
   void Show(wxWindow & view, int rowsHeight) {
     frame->SetClientSize(420, rowsHeight);
     view.SetSize(frame->GetClientSize());
@@ -77,8 +77,9 @@ constexpr int kPaintItems = 9;
 
 void PropertyListPaint40Rows_candidate(benchmark::State & state) {
   if (!Started(state)) return;
-  Host host;
+  // The settings outlive the list, which points at them.
   Settings settings(kPaintCategories, kPaintItems);
+  Host host;
   auto * list = new PropertyListCtrl(host.frame.get(), wxID_ANY);
   list->SetPropertyItemManager(&settings);
   host.Show(*list, 1000);
@@ -115,8 +116,8 @@ BENCHMARK(PropertyListPaint40Rows_baseline)
 
 void PropertyListFill100x100_candidate(benchmark::State & state) {
   if (!Started(state)) return;
-  Host host;
   Settings settings(100, 100);
+  Host host;
   auto * list = new PropertyListCtrl(host.frame.get(), wxID_ANY);
   host.Show(*list, 600);
   for (auto _ : state) {
@@ -151,8 +152,8 @@ BENCHMARK(PropertyListFill100x100_baseline)
 // Two text rows, selected in turn: the old editor goes, the new one comes.
 void PropertyListSelectEditor_candidate(benchmark::State & state) {
   if (!Started(state)) return;
-  Host host;
   Settings settings(kPaintCategories, kPaintItems);
+  Host host;
   auto * list = new PropertyListCtrl(host.frame.get(), wxID_ANY);
   list->SetPropertyItemManager(&settings);
   host.Show(*list, 600);

@@ -25,7 +25,7 @@ template <class Tree, class... Args>
 struct Hosted {
   std::unique_ptr<wxFrame, void (*)(wxFrame *)> frame{
       new wxFrame(nullptr, wxID_ANY, "Bench", wxPoint(0, 0), wxSize(400, 800)),
-      [](wxFrame * f) { f->Destroy(); }};
+      [](wxFrame * f) { DestroyNow(f); }};
   Tree * tree;
   explicit Hosted(Args... args) : tree(new Tree(frame.get(), wxID_ANY, args...)) {
     frame->Show();

@@ -26,7 +26,7 @@ constexpr int PageRows = 40;
 // A frame holding one tree of either kind, big enough for a page of rows.
 struct Host {
   wxFrame * frame = new wxFrame(nullptr, wxID_ANY, "tree bench", wxPoint(0, 0), wxSize(400, 900));
-  ~Host() { frame->Destroy(); }
+  ~Host() { DestroyNow(frame); }
   Host() = default;
   Host(Host const &) = delete;
   Host & operator=(Host const &) = delete;

@@ -32,7 +32,7 @@ bool Started(benchmark::State & state) {
 struct Frame {
   std::unique_ptr<wxFrame, void (*)(wxFrame *)> frame{
       new wxFrame(nullptr, wxID_ANY, "Bench", wxPoint(0, 0), wxSize(900, 1100)),
-      [](wxFrame * f) { f->Destroy(); }};
+      [](wxFrame * f) { DestroyNow(f); }};
 };
 
 // A tree with `columns` columns of 100 pixels and its header.

@@ -42,7 +42,7 @@ using FramePtr = std::unique_ptr<wxFrame, void (*)(wxFrame *)>;
 FramePtr MakeFrame(wxSize size) {
   auto * frame = new wxFrame(nullptr, wxID_ANY, "Bench", wxPoint(0, 0), size);
   frame->Show();
-  return FramePtr(frame, [](wxFrame * f) { f->Destroy(); });
+  return FramePtr(frame, [](wxFrame * f) { DestroyNow(f); });
 }
 
 void WaitShown(wxWindow & window) {

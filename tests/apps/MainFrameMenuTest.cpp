@@ -323,6 +323,9 @@ protected:
     SetFileChooserFunction(mFormerFiles);
     SetPrintDialogFunction(mFormerPrint);
     VxSetHelpEngine(std::move(mFormerHelp));
+    // The walk switched the details dialogs off; the tests after it show them.
+    MuteDetailsDialog::Instance().Mute(false);
+    MuteDetailsDialog::Instance().disconnect_all_slots();
     frame->Destroy();
     gui_test::Flush();
   }

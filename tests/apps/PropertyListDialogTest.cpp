@@ -12,6 +12,7 @@
 #include "properties/PropertyListCtrl.h"
 // Last: Xlib's macros clash with names in the headers above.
 #include "../platform/commctrl/ListInput.h"
+#include "work/XTestInput.h"
 
 namespace {
 
@@ -27,6 +28,8 @@ TEST(PropertyListDialog, ATypedTitleCommitsAndTheKeysLeaveTheDialogUp) {
     ASSERT_TRUE(gui_test::WaitUntilPlaced(dialog));
     PropertyListCtrl & list = dialog.GetList();
     ASSERT_EQ(list.GetPropertyItem(1)->GetName(), L"Title");
+    // Placed is not yet on top: a click too soon reaches the main window.
+    ASSERT_TRUE(gui_test::WaitUntil([&] { return IsClickable(list); }));
     wxRect const row = list.GetItemRect(1);
     list_input::ClickAt(list, wxPoint(row.x + row.width * 3 / 4, row.y + row.height / 2));
     ASSERT_TRUE(gui_test::WaitUntil([&] {

@@ -34,7 +34,7 @@ TEST(ServiceDialog, EachButtonAddsItsAnswerToTheLog) {
   dialog->Run(ServiceDialog::kUninstall);
   dialog->Run(ServiceDialog::kStop);
   dialog->Run(ServiceDialog::kUninstall);
-  EXPECT_EQ(dialog->GetLog(),
+  EXPECT_EQ(dialog->GetLog().utf8_string(),
             "Start: 1060 The specified service does not exist as an installed service.\n"
             "Install: done\n"
             "Start: done\n"

@@ -3,33 +3,19 @@
 // message on to a hook that records the mailto address it was given.
 #include <gtest/gtest.h>
 
-#include <gio/gio.h>
-#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "controls/VxSendMail.h"
-#include "harness/GuiTestUtilities.h"
+#include "harness/MailHook.h"
 #include "platform/ResourceModule.h"
 
 namespace {
 
-std::string Temp(char const * name) { return std::string(std::getenv("TMPDIR")) + "/" + name; }
-
-void Write(std::string const & path, std::string const & text, mode_t mode = 0644) {
-  std::ofstream(path) << text;
-  ::chmod(path.c_str(), mode);
-}
-
-std::string Read(std::string const & path) {
-  std::ifstream in(path);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
+using gui_test::ReadFile;
+using gui_test::TempPath;
 
 std::wstring Text(unsigned id) { return LoadResourceString(id).ToStdWstring(); }
 
@@ -37,34 +23,15 @@ std::wstring Text(unsigned id) { return LoadResourceString(id).ToStdWstring(); }
 class MailTest : public testing::Test {
 protected:
   static void SetUpTestSuite() {
-    ::mkdir(Temp("bin").c_str(), 0755);
-    Write(Temp("bin/xdg-email-hook.sh"),
-          "#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$TMPDIR/mailto.txt\"\nexit \"${HOOK_EXIT:-0}\"\n",
-          0755);
-    ::setenv("PATH", (Temp("bin") + ":/usr/bin:/bin").c_str(), 1);
+    gui_test::WriteMailHook();
+    ::setenv("PATH", (TempPath("bin") + ":/usr/bin:/bin").c_str(), 1);
     VxSendMail::ForgetMailProgram();
   }
   void SetUp() override {
     if (::access("/usr/bin/xdg-email", X_OK) != 0) GTEST_SKIP() << "xdg-utils is not installed";
-    ::unlink(Temp("mailto.txt").c_str());
+    ::unlink(TempPath("mailto.txt").c_str());
   }
-  // Makes a program the default for mailto links, and waits until GIO
-  // has seen it.
-  static void InstallMailHandler() {
-    std::string const data = std::getenv("XDG_DATA_HOME");
-    std::string const config = std::getenv("XDG_CONFIG_HOME");
-    ::mkdir((data + "/applications").c_str(), 0755);
-    Write(data + "/applications/test-mail.desktop",
-          "[Desktop Entry]\nType=Application\nName=Test Mail\nExec=true %u\n"
-          "MimeType=x-scheme-handler/mailto;\n");
-    Write(config + "/mimeapps.list",
-          "[Default Applications]\nx-scheme-handler/mailto=test-mail.desktop\n");
-    ASSERT_TRUE(gui_test::WaitUntil([] {
-      GAppInfo * handler = g_app_info_get_default_for_uri_scheme("mailto");
-      if (handler != nullptr) g_object_unref(handler);
-      return handler != nullptr;
-    }));
-  }
+  static void InstallMailHandler() { ASSERT_TRUE(gui_test::InstallMailHandler()); }
 };
 
 TEST_F(MailTest, EveryAddressFollowsItsOptionAndEmptyPartsAreLeftOut) {
@@ -98,7 +65,7 @@ TEST_F(MailTest, FailuresSayWhyAndNeverReachTheMailProgram) {
   VxSendMail::ForgetMailProgram();
   EXPECT_FALSE(mail.Send());
   EXPECT_EQ(mail.GetLastError(), Text(61840));
-  ::setenv("PATH", (Temp("bin") + ":/usr/bin:/bin").c_str(), 1);
+  ::setenv("PATH", (TempPath("bin") + ":/usr/bin:/bin").c_str(), 1);
   VxSendMail::ForgetMailProgram();
 
   InstallMailHandler();
@@ -107,10 +74,10 @@ TEST_F(MailTest, FailuresSayWhyAndNeverReachTheMailProgram) {
   EXPECT_EQ(mail.GetLastError(), Text(61842));
 
   VxSendMail missing(L"a@example.org", L"Dump", L"See the file.");
-  missing.AddAttachment(Temp("no-such.dmp"));
+  missing.AddAttachment(TempPath("no-such.dmp"));
   EXPECT_FALSE(missing.Send());
   EXPECT_EQ(missing.GetLastError(), Text(61842));
-  EXPECT_EQ(Read(Temp("mailto.txt")), "") << "xdg-email stopped before the hook";
+  EXPECT_EQ(ReadFile(TempPath("mailto.txt")), "") << "xdg-email stopped before the hook";
 
   ::setenv("HOOK_EXIT", "1", 1);
   VxSendMail refused(L"a@example.org", L"Dump", L"See the file.");
@@ -122,8 +89,8 @@ TEST_F(MailTest, FailuresSayWhyAndNeverReachTheMailProgram) {
 
 TEST_F(MailTest, TheMailProgramGetsEveryPartInUtf8) {
   InstallMailHandler();
-  std::string const dump = Temp("crash 1.dmp");
-  Write(dump, "MDMP");
+  std::string const dump = TempPath("crash 1.dmp");
+  gui_test::WriteFile(dump, "MDMP");
   VxSendMail mail(L"support@example.org", L"Gr\u00fc\u00dfe", L"Line 1\nLine 2");
   mail.AddTo("-odd@example.org");
   mail.AddCC("cc@example.org");
@@ -131,7 +98,7 @@ TEST_F(MailTest, TheMailProgramGetsEveryPartInUtf8) {
   mail.AddAttachment(dump);
   ASSERT_TRUE(mail.Send()) << std::string(mail.GetLastError().begin(), mail.GetLastError().end());
   EXPECT_EQ(mail.GetLastError(), L"");
-  std::string const sent = Read(Temp("mailto.txt"));
+  std::string const sent = ReadFile(TempPath("mailto.txt"));
   // xdg-email encodes the texts (line ends as CR LF) and leaves "@" as it is.
   for (char const * part :
        {"mailto:?to=support@example.org&", "&to=-odd@example.org&", "&cc=cc@example.org&",

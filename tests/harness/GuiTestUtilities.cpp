@@ -2,12 +2,15 @@
 
 #include <cstdlib>
 
+#include <algorithm>
 #include <chrono>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include <wx/app.h>
+#include <wx/eventfilter.h>
 #include <wx/evtloop.h>
 #include <wx/toplevel.h>
 #include <wx/utils.h>
@@ -54,6 +57,32 @@ bool HasFrameExtents(GdkWindow * window) {
   return status == Success && count == 4;
 }
 
+// Notes a paint of any of `windows`. An event filter leaves the windows'
+// handler tables as the application made them: a handler bound and unbound
+// again leaves a hole there, and a control whose own handler sends it a
+// further event (a notification it reflects) then trips wx's table upkeep.
+class PaintWatch : public wxEventFilter {
+public:
+  explicit PaintWatch(std::vector<wxWindow *> windows) : mWindows(std::move(windows)) {
+    wxEvtHandler::AddFilter(this);
+  }
+  ~PaintWatch() override { wxEvtHandler::RemoveFilter(this); }
+  PaintWatch(PaintWatch const &) = delete;
+  PaintWatch & operator=(PaintWatch const &) = delete;
+
+  int FilterEvent(wxEvent & event) override {
+    if (event.GetEventType() == wxEVT_PAINT &&
+        std::find(mWindows.begin(), mWindows.end(), event.GetEventObject()) != mWindows.end())
+      mPainted = true;
+    return Event_Skip;
+  }
+  bool Painted() const { return mPainted; }
+
+private:
+  std::vector<wxWindow *> mWindows;
+  bool mPainted = false;
+};
+
 bool HasWindowManager(GdkWindow * window) {
   return gdk_x11_screen_supports_net_wm_hint(gdk_window_get_screen(window),
                                              gdk_atom_intern_static_string("_NET_FRAME_EXTENTS"));
@@ -77,15 +106,11 @@ bool WindowManagerRunning() {
 void Snapshot(wxWindow & window, char const * name) {
   char const * folder = std::getenv("TALVO_SNAPSHOTS");
   if (folder == nullptr) return;
-  bool painted = false;
-  auto onPaint = [&painted](wxPaintEvent & event) {
-    painted = true;
-    event.Skip();
-  };
-  window.Bind(wxEVT_PAINT, onPaint);
-  window.Refresh();
-  WaitUntil([&] { return window.IsShownOnScreen() && painted; });
-  window.Unbind(wxEVT_PAINT, onPaint);
+  {
+    PaintWatch const paint({&window});
+    window.Refresh();
+    WaitUntil([&] { return window.IsShownOnScreen() && paint.Painted(); });
+  }
   Flush();
   SaveWindowSnapshot(window, wxString::FromUTF8(folder) + "/" + name);
 }
@@ -120,19 +145,16 @@ bool WaitUntil(std::function<bool()> const & condition, int timeoutMs) {
 bool ShowAndWait(wxWindow & window, int timeoutMs) {
   // A frame is often covered by its children, so a paint of any window of
   // the tree counts.
-  bool painted = false;
-  auto onPaint = [&painted](wxPaintEvent & event) {
-    painted = true;
-    event.Skip();
-  };
   std::vector<wxWindow *> tree{&window};
   for (size_t i = 0; i < tree.size(); ++i)
     for (wxWindow * child : tree[i]->GetChildren()) tree.push_back(child);
-  for (wxWindow * w : tree) w->Bind(wxEVT_PAINT, onPaint);
-  window.Show();
-  window.Raise();
-  bool const ok = WaitUntil([&] { return window.IsShownOnScreen() && painted; }, timeoutMs);
-  for (wxWindow * w : tree) w->Unbind(wxEVT_PAINT, onPaint);
+  bool ok = false;
+  {
+    PaintWatch const paint(tree);
+    window.Show();
+    window.Raise();
+    ok = WaitUntil([&] { return window.IsShownOnScreen() && paint.Painted(); }, timeoutMs);
+  }
   // One more round so that every child has painted too.
   Flush();
   return ok;

@@ -2,12 +2,8 @@
 // decoder's shrinking, and progressive files with too many scans.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstdlib>
-
-#include <jpeglib.h>
-
 #include "ArtTestFiles.h"
+#include "JpegTestFiles.h"
 
 namespace {
 
@@ -19,29 +15,7 @@ wxImage Decode(std::string const & jpeg, vx3::JpegDecodeLimits const & limits, i
 
 // A progressive JPEG (libjpeg's standard script: 10 scans for colour).
 std::string Progressive(wxImage const & image) {
-  jpeg_compress_struct info{};
-  jpeg_error_mgr error{};
-  info.err = jpeg_std_error(&error);
-  jpeg_create_compress(&info);
-  unsigned char * buffer = nullptr;
-  unsigned long size = 0;
-  jpeg_mem_dest(&info, &buffer, &size);
-  info.image_width = static_cast<JDIMENSION>(image.GetWidth());
-  info.image_height = static_cast<JDIMENSION>(image.GetHeight());
-  info.input_components = 3;
-  info.in_color_space = JCS_RGB;
-  jpeg_set_defaults(&info);
-  jpeg_simple_progression(&info);
-  jpeg_start_compress(&info, TRUE);
-  while (info.next_scanline < info.image_height) {
-    JSAMPROW row = image.GetData() + info.next_scanline * image.GetWidth() * 3;
-    jpeg_write_scanlines(&info, &row, 1);
-  }
-  jpeg_finish_compress(&info);
-  jpeg_destroy_compress(&info);
-  std::string bytes(reinterpret_cast<char const *>(buffer), size);
-  std::free(buffer);
-  return bytes;
+  return LibjpegEncode(image.GetData(), image.GetWidth(), image.GetHeight(), 0, true);
 }
 
 TEST(ArtJpeg, LimitsAreCheckedBeforeDecoding) {

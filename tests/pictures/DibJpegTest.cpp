@@ -10,6 +10,7 @@
 #include <string>
 
 #include "DibTestBlocks.h"
+#include "JpegTestFiles.h"
 #include "pictures/DibJpeg.h"
 #include "utl/TestFiles.h"
 
@@ -18,32 +19,9 @@ namespace {
 constexpr int kWidth = 19;
 constexpr int kHeight = 7;
 
-// Top-down RGB rows as libjpeg takes them, written at quality 80 with the
-// library's defaults.
+// Top-down RGB rows written at quality 80 with the library's defaults.
 std::string ReferenceJpeg(Bytes const & rgb, int width, int height) {
-  jpeg_compress_struct info{};
-  jpeg_error_mgr error{};
-  info.err = jpeg_std_error(&error);
-  jpeg_create_compress(&info);
-  unsigned char * buffer = nullptr;
-  unsigned long size = 0;
-  jpeg_mem_dest(&info, &buffer, &size);
-  info.image_width = static_cast<JDIMENSION>(width);
-  info.image_height = static_cast<JDIMENSION>(height);
-  info.input_components = 3;
-  info.in_color_space = JCS_RGB;
-  jpeg_set_defaults(&info);
-  jpeg_set_quality(&info, 80, FALSE);
-  jpeg_start_compress(&info, TRUE);
-  for (int y = 0; y < height; ++y) {
-    JSAMPROW row = const_cast<JSAMPROW>(rgb.data() + static_cast<std::size_t>(y) * width * 3);
-    jpeg_write_scanlines(&info, &row, 1);
-  }
-  jpeg_finish_compress(&info);
-  jpeg_destroy_compress(&info);
-  std::string bytes(reinterpret_cast<char const *>(buffer), size);
-  std::free(buffer);
-  return bytes;
+  return LibjpegEncode(rgb.data(), width, height, 80);
 }
 
 struct DepthCase {

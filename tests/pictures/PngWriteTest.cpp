@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "DibTestBlocks.h"
 #include "PngTestFiles.h"
 #include "pictures/DibBlock.h"
 #include "pictures/PngCoder.h"
@@ -26,19 +27,6 @@ Record Writer(Bytes const & dib, std::string const & path) {
   std::wstring const name(path.begin(), path.end());
   VxPngSetOutputFile(info.get(), name.c_str());
   return info;
-}
-
-BITMAPINFOHEADER Header(int width, int height, int bits, std::uint32_t compression = BI_RGB,
-                        std::uint32_t used = 0) {
-  BITMAPINFOHEADER header{};
-  header.biSize = 40;
-  header.biWidth = width;
-  header.biHeight = height;
-  header.biPlanes = 1;
-  header.biBitCount = static_cast<std::uint16_t>(bits);
-  header.biCompression = compression;
-  header.biClrUsed = used;
-  return header;
 }
 
 Bytes Dib(void const * header, std::size_t headerSize, Bytes const & table, Bytes const & pixels) {
@@ -89,17 +77,17 @@ TEST(PngWrite, EveryPixelFormatReachesTheFileAsItsColours) {
   corePalette[6] = 17, corePalette[7] = 18, corePalette[8] = 19;  // entry 2
   // Run-length rows, bottom first: three of index 1, then 0 1 2 literally.
   Bytes const rle8 = {3, 1, 0, 0, 0, 3, 0, 1, 2, 0, 0, 1};
-  BITMAPINFOHEADER rleHeader = Header(3, 2, 8, BI_RLE8, 3);
+  BITMAPINFOHEADER rleHeader = InfoHeader(3, 2, 8, BI_RLE8, 3);
   WriteCase const cases[] = {
       {"24 bits, bottom row stored first",
-       Dib(Header(2, 2, 24), {}, rows24),
+       Dib(InfoHeader(2, 2, 24), {}, rows24),
        false,
        {9, 8, 7, 255, 12, 11, 10, 255, 3, 2, 1, 255, 6, 5, 4, 255},
        PNG_COLOR_TYPE_RGB,
        8,
        {}},
       {"24 bits, negative height: top row first",
-       Dib(Header(2, -2, 24), {}, rows24),
+       Dib(InfoHeader(2, -2, 24), {}, rows24),
        false,
        {3, 2, 1, 255, 6, 5, 4, 255, 9, 8, 7, 255, 12, 11, 10, 255},
        PNG_COLOR_TYPE_RGB,
@@ -107,7 +95,7 @@ TEST(PngWrite, EveryPixelFormatReachesTheFileAsItsColours) {
        {}},
       // 5-5-5: f << 3 | f >> 2, so 31 gives 255, 16 gives 132 and 1 gives 8.
       {"16 bits 5-5-5",
-       Dib(Header(2, 1, 16), {}, {0xFF, 0x7F, 0x20, 0x40}),
+       Dib(InfoHeader(2, 1, 16), {}, {0xFF, 0x7F, 0x20, 0x40}),
        false,
        {255, 255, 255, 255, 132, 8, 0, 255},
        PNG_COLOR_TYPE_RGB,
@@ -115,42 +103,42 @@ TEST(PngWrite, EveryPixelFormatReachesTheFileAsItsColours) {
        {5, 5, 5}},
       // 5-6-5: green g << 2 | g >> 4, so 32 gives 130.
       {"16 bits 5-6-5 by masks",
-       Dib(Header(1, 1, 16, BI_BITFIELDS), masks565, {0x01, 0xFC, 0, 0}),
+       Dib(InfoHeader(1, 1, 16, BI_BITFIELDS), masks565, {0x01, 0xFC, 0, 0}),
        false,
        {255, 130, 8, 255},
        PNG_COLOR_TYPE_RGB,
        8,
        {5, 6, 5}},
       {"32 bits, fourth byte dropped",
-       Dib(Header(2, 1, 32), {}, bgrx),
+       Dib(InfoHeader(2, 1, 32), {}, bgrx),
        false,
        {30, 20, 10, 255, 60, 50, 40, 255},
        PNG_COLOR_TYPE_RGB,
        8,
        {}},
       {"32 bits with alpha",
-       Dib(Header(2, 1, 32), {}, bgrx),
+       Dib(InfoHeader(2, 1, 32), {}, bgrx),
        true,
        {30, 20, 10, 99, 60, 50, 40, 0},
        PNG_COLOR_TYPE_RGB_ALPHA,
        8,
        {}},
       {"8 bits, three used colours",
-       Dib(Header(3, 1, 8, BI_RGB, 3), primaries, {2, 1, 0, 0}),
+       Dib(InfoHeader(3, 1, 8, BI_RGB, 3), primaries, {2, 1, 0, 0}),
        false,
        {0, 0, 255, 255, 0, 255, 0, 255, 255, 0, 0, 255},
        PNG_COLOR_TYPE_PALETTE,
        8,
        {}},
       {"1 bit",
-       Dib(Header(3, 1, 1), blackWhite, {0xA0, 0, 0, 0}),
+       Dib(InfoHeader(3, 1, 1), blackWhite, {0xA0, 0, 0, 0}),
        false,
        {255, 255, 255, 255, 0, 0, 0, 255, 255, 255, 255, 255},
        PNG_COLOR_TYPE_PALETTE,
        1,
        {}},
       {"2 bits",
-       Dib(Header(4, 1, 2), greys, {0x1B, 0, 0, 0}),
+       Dib(InfoHeader(4, 1, 2), greys, {0x1B, 0, 0, 0}),
        false,
        {0, 0, 0, 255, 85, 85, 85, 255, 170, 170, 170, 255, 255, 255, 255, 255},
        PNG_COLOR_TYPE_PALETTE,
@@ -197,7 +185,7 @@ TEST(PngWrite, InterlacedFileHoldsTheSamePixels) {
     rows.insert(rows.end(), pixels.begin() + y * 15, pixels.begin() + y * 15 + 15);
     rows.push_back(0);
   }
-  Bytes const dib = Dib(Header(5, -4, 24), {}, rows);
+  Bytes const dib = Dib(InfoHeader(5, -4, 24), {}, rows);
   std::string const plainPath = Temp("plain.png");
   std::string const interlacedPath = Temp("interlaced.png");
   ASSERT_EQ(VxDibToPng(Writer(dib, plainPath).get()), VX_PNG_OK);
@@ -219,7 +207,7 @@ TEST(PngWrite, GammaResolutionAndSoftwareChunksFollowTheRecord) {
       {true, 0.45454, true, 45454},  // inside the window around 1 / 2.2
       {true, 0.45456, false, 45456}, {false, 0.45455, false, 0},
   };
-  BITMAPINFOHEADER header = Header(1, 1, 24);
+  BITMAPINFOHEADER header = InfoHeader(1, 1, 24);
   header.biXPelsPerMeter = 3780;
   header.biYPelsPerMeter = 2000;
   Bytes const dib = Dib(header, {}, {1, 2, 3, 0});
@@ -253,7 +241,7 @@ TEST(PngWrite, GammaResolutionAndSoftwareChunksFollowTheRecord) {
 }
 
 TEST(PngWrite, RefusesWhatItCannotWriteWithCodeAndText) {
-  BITMAPINFOHEADER header20 = Header(1, 1, 24);
+  BITMAPINFOHEADER header20 = InfoHeader(1, 1, 24);
   header20.biSize = 20;
   struct Case {
     char const * name;
@@ -263,26 +251,26 @@ TEST(PngWrite, RefusesWhatItCannotWriteWithCodeAndText) {
   } const cases[] = {
       {"header of 20 bytes", Dib(header20, {}, {0, 0, 0, 0}), VX_PNG_BAD_BMP,
        L"Unexpected BMP header size (20)"},
-      {"too wide", Dib(Header(1000001, 1, 8, BI_RLE8), {}, {}), VX_PNG_BAD_BMP,
+      {"too wide", Dib(InfoHeader(1000001, 1, 8, BI_RLE8), {}, {}), VX_PNG_BAD_BMP,
        L"Unreasonable image dimensions (1000001x1)"},
-      {"no height", Dib(Header(1, 0, 24), {}, {}), VX_PNG_BAD_BMP,
+      {"no height", Dib(InfoHeader(1, 0, 24), {}, {}), VX_PNG_BAD_BMP,
        L"Unreasonable image dimensions (1x0)"},
-      {"24 bits with masks", Dib(Header(1, 1, 24, BI_BITFIELDS), Bytes(12), Bytes(4)),
+      {"24 bits with masks", Dib(InfoHeader(1, 1, 24, BI_BITFIELDS), Bytes(12), Bytes(4)),
        VX_PNG_UNSUPPORTED, L"Unsupported bit depth (24)"},
-      {"3 bits", Dib(Header(1, 1, 3), Bytes(32), Bytes(4)), VX_PNG_UNSUPPORTED,
+      {"3 bits", Dib(InfoHeader(1, 1, 3), Bytes(32), Bytes(4)), VX_PNG_UNSUPPORTED,
        L"Unsupported bit depth (3)"},
-      {"compression 4", Dib(Header(1, 1, 24, 4), {}, Bytes(4)), VX_PNG_UNSUPPORTED,
+      {"compression 4", Dib(InfoHeader(1, 1, 24, 4), {}, Bytes(4)), VX_PNG_UNSUPPORTED,
        L"Unsupported compression scheme"},
-      {"run-length 4 on 8 bits", Dib(Header(1, 1, 8, BI_RLE4), Bytes(1024), Bytes(4)),
+      {"run-length 4 on 8 bits", Dib(InfoHeader(1, 1, 8, BI_RLE4), Bytes(1024), Bytes(4)),
        VX_PNG_UNSUPPORTED, L"Unsupported bit depth (8)"},
-      {"16 bits with other masks", Dib(Header(1, 1, 16, BI_BITFIELDS), Bytes(12), Bytes(4)),
+      {"16 bits with other masks", Dib(InfoHeader(1, 1, 16, BI_BITFIELDS), Bytes(12), Bytes(4)),
        VX_PNG_UNSUPPORTED, L"Invalid or unsupported image"},
       {"run-length picture too large to unpack",
-       Dib(Header(1000000, 10000, 8, BI_RLE8), Bytes(1024), {0, 1}), VX_PNG_MEMORY,
+       Dib(InfoHeader(1000000, 10000, 8, BI_RLE8), Bytes(1024), {0, 1}), VX_PNG_MEMORY,
        L"Unable to allocate memory"},
-      {"pixels missing", Dib(Header(4, 4, 24), {}, Bytes(47)), VX_PNG_BAD_BMP,
+      {"pixels missing", Dib(InfoHeader(4, 4, 24), {}, Bytes(47)), VX_PNG_BAD_BMP,
        L"Invalid BMP image"},
-      {"palette missing", Dib(Header(4, 1, 8), Bytes(1000), Bytes(4)), VX_PNG_BAD_BMP,
+      {"palette missing", Dib(InfoHeader(4, 1, 8), Bytes(1000), Bytes(4)), VX_PNG_BAD_BMP,
        L"Invalid BMP image"},
   };
   for (Case const & c : cases) {
@@ -293,7 +281,7 @@ TEST(PngWrite, RefusesWhatItCannotWriteWithCodeAndText) {
     EXPECT_EQ(std::wstring(info->errorText), c.text);
     EXPECT_FALSE(std::filesystem::exists(path));
   }
-  Bytes const good = Dib(Header(1, 1, 24), {}, Bytes(4));
+  Bytes const good = Dib(InfoHeader(1, 1, 24), {}, Bytes(4));
   Record noName(VxPngCreate(VX_PNG_DIB_TO_PNG), VxPngFree);
   noName->write.dib = good.data();
   EXPECT_EQ(VxDibToPng(noName.get()), VX_PNG_UNKNOWN);
@@ -311,7 +299,7 @@ TEST(PngWrite, RefusesWhatItCannotWriteWithCodeAndText) {
 TEST(PngWrite, AFailedRunLeavesTheOldFileAndNoTemporary) {
   std::string const path = Temp("kept/picture.png");
   std::filesystem::create_directories(Temp("kept"));
-  Bytes const good = Dib(Header(1, 1, 24), {}, {1, 2, 3, 0});
+  Bytes const good = Dib(InfoHeader(1, 1, 24), {}, {1, 2, 3, 0});
   ASSERT_EQ(VxDibToPng(Writer(good, path).get()), VX_PNG_OK);
   Bytes const before = ReadAll(path);
   Record bad = Writer(good, path);
@@ -334,7 +322,7 @@ TEST(PngWrite, PngcheckFindsTheChunksValid) {
   if (std::system("command -v pngcheck > /dev/null") != 0) GTEST_SKIP() << "pngcheck missing";
   Bytes pixels(3 * 4 * 4);
   for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i] = static_cast<unsigned char>(i * 11);
-  BITMAPINFOHEADER header = Header(3, 4, 32);
+  BITMAPINFOHEADER header = InfoHeader(3, 4, 32);
   header.biXPelsPerMeter = header.biYPelsPerMeter = 3780;
   Bytes const dib = Dib(header, {}, pixels);
   for (bool const interlaced : {false, true}) {
