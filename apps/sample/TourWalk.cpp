@@ -17,6 +17,7 @@
 #include <wx/utils.h>
 
 #include "SampleTour.h"
+#include "audit/AuditTrailView.h"
 #include "controls/WindowSnapshot.h"
 #include "dialogs/NativeChoosers.h"
 #include "frame/HandleExceptionPage.h"
@@ -54,6 +55,7 @@ bool PumpUntil(Done done, int ms) {
 
 bool HasPages(wxWindow & window) {
   if (dynamic_cast<VxHtmlView const *>(&window) != nullptr) return true;
+  if (dynamic_cast<AuditTrailView const *>(&window) != nullptr) return true;
   if (dynamic_cast<CHHCtrl const *>(&window) != nullptr) return true;
   for (wxWindow * child : window.GetChildren())
     if (!child->IsTopLevel() && HasPages(*child)) return true;
@@ -65,6 +67,8 @@ bool PagesReady(wxWindow & window) {
   if (auto const * view = dynamic_cast<VxHtmlView const *>(&window))
     return view->GetPageState() == VxHtmlView::PageState::Ready && !view->IsPending();
   if (auto const * help = dynamic_cast<CHHCtrl const *>(&window)) return help->GetReadyState() == 4;
+  if (auto const * audit = dynamic_cast<AuditTrailView const *>(&window))
+    return !audit->IsBusy() && !audit->IsUpdatePending();
   for (wxWindow * child : window.GetChildren())
     if (!child->IsTopLevel() && !PagesReady(*child)) return false;
   return true;

@@ -5,7 +5,6 @@
 #include <boost/locale/encoding_utf.hpp>
 #include <fstream>
 
-#include <wx/app.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 
@@ -331,14 +330,7 @@ void AuditTrailView::SaveIfModified() {
   }
 }
 
-void AuditTrailView::OnAppCmd(wchar_t const * name) {
-  auto const found = mCommands.find(name);
-  if (found == mCommands.end()) return;
-  wxWindow * target = mTarget != nullptr ? mTarget.get() : wxTheApp->GetTopWindow();
-  if (target == nullptr) return;
-  target->GetEventHandler()->QueueEvent(
-      new wxCommandEvent(wxEVT_MENU, static_cast<int>(found->second)));
-}
+void AuditTrailView::OnAppCmd(wchar_t const * name) { QueueAppCommand(mCommands, name, mTarget); }
 
 unsigned int AuditTrailView::GetDHtmlCommandMapping(unsigned int id, int & mapped,
                                                     unsigned int & value) const {

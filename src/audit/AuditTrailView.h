@@ -16,7 +16,6 @@
 
 #include <array>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -25,6 +24,7 @@
 #include <wx/weakref.h>
 #include <wx/window.h>
 
+#include "html/AppLink.h"
 #include "html/HtmlBrowser.h"
 #include "platform/AcceleratorText.h"
 
@@ -37,7 +37,7 @@ class AuditTrailView : public wxWindow, private HtmlBrowserEvents {
   wxDECLARE_DYNAMIC_CLASS(AuditTrailView);
 
 public:
-  using CommandMap = std::map<wxString, unsigned int>;
+  using CommandMap = AppCommandMap;
   using BrowserFactory = std::function<HtmlBrowser *(wxWindow *, HtmlBrowserEvents *)>;
 
   static constexpr unsigned int kStylesheetResource = 13166;

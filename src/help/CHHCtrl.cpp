@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include <wx/app.h>
 #include <wx/filename.h>
 #include <wx/sizer.h>
 #include <wx/toolbar.h>
@@ -331,14 +330,7 @@ void CHHCtrl::OnCommand(unsigned long button) {
   }
 }
 
-void CHHCtrl::OnAppCmd(wchar_t const * name) {
-  auto const found = mCommands.find(name);
-  if (found == mCommands.end()) return;
-  wxWindow * target = mTarget != nullptr ? mTarget.get() : wxTheApp->GetTopWindow();
-  if (target == nullptr) return;
-  target->GetEventHandler()->QueueEvent(
-      new wxCommandEvent(wxEVT_MENU, static_cast<int>(found->second)));
-}
+void CHHCtrl::OnAppCmd(wchar_t const * name) { QueueAppCommand(mCommands, name, mTarget); }
 
 void CHHCtrl::OnToolBar(wxCommandEvent & event) {
   OnCommand(static_cast<unsigned long>(event.GetId()));

@@ -23,6 +23,7 @@
 #include <wx/window.h>
 
 #include "help/ChmHelpMap.h"
+#include "html/AppLink.h"
 #include "html/HtmlBrowser.h"
 
 class wxFileName;
@@ -33,7 +34,7 @@ class CHHCtrl : public wxWindow, private HtmlBrowserEvents {
   wxDECLARE_DYNAMIC_CLASS(CHHCtrl);
 
 public:
-  using CommandMap = std::map<wxString, unsigned int>;
+  using CommandMap = AppCommandMap;
 
   static constexpr int kToolBarId = 1;
   static constexpr unsigned int kToolBarBitmap = 16266;     // strip: Home, Back, Forward

@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include <wx/app.h>
+#include <wx/window.h>
+
 namespace {
 
 int HexValue(char c) {
@@ -39,4 +42,13 @@ bool ParseAppLink(std::string_view url, wxString & name) {
     decoded = wxString(rest.data(), wxConvISO8859_1, rest.size());
   name = decoded;
   return true;
+}
+
+void QueueAppCommand(AppCommandMap const & commands, wchar_t const * name, wxWindow * target) {
+  auto const found = commands.find(name);
+  if (found == commands.end()) return;
+  if (target == nullptr) target = wxTheApp->GetTopWindow();
+  if (target == nullptr) return;
+  target->GetEventHandler()->QueueEvent(
+      new wxCommandEvent(wxEVT_MENU, static_cast<int>(found->second)));
 }

@@ -2,7 +2,6 @@
 
 #include <boost/locale/encoding_utf.hpp>
 
-#include <wx/app.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 
@@ -190,14 +189,7 @@ void VxHtmlView::SetCmdMap(CommandMap const & commands, wxWindow * target) {
   mTarget = target;
 }
 
-void VxHtmlView::OnAppCmd(wchar_t const * name) {
-  auto const found = mCommands.find(name);
-  if (found == mCommands.end()) return;
-  wxWindow * target = mTarget != nullptr ? mTarget.get() : wxTheApp->GetTopWindow();
-  if (target == nullptr) return;
-  target->GetEventHandler()->QueueEvent(
-      new wxCommandEvent(wxEVT_MENU, static_cast<int>(found->second)));
-}
+void VxHtmlView::OnAppCmd(wchar_t const * name) { QueueAppCommand(mCommands, name, mTarget); }
 
 bool VxHtmlView::IsIEWindow(wxWindow const * window) {
   // Before the browser library is loaded no window can be a browser; once

@@ -9,7 +9,6 @@
 // a library of its own loaded with the first view (html/HtmlBrowser.h), so
 // that WebKit costs nothing to an application that shows no HTML.
 
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -17,6 +16,7 @@
 #include <wx/weakref.h>
 #include <wx/window.h>
 
+#include "html/AppLink.h"
 #include "html/HtmlBrowser.h"
 #include "html/HtmlStyleSheet.h"
 #include "platform/AcceleratorText.h"
@@ -28,7 +28,7 @@ class VxHtmlView : public wxWindow, private HtmlBrowserEvents {
   wxDECLARE_DYNAMIC_CLASS(VxHtmlView);
 
 public:
-  using CommandMap = std::map<wxString, unsigned int>;
+  using CommandMap = AppCommandMap;
 
   static constexpr unsigned int kDefaultPopupMenu = 16239;
   static constexpr unsigned int kNoPopupMenu = static_cast<unsigned int>(-1);

@@ -2,8 +2,10 @@
 
 #include <dlfcn.h>
 #include <gtk/gtk.h>
+#include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include <wx/accel.h>
 #include <wx/defs.h>
@@ -121,6 +123,14 @@ void OnSaved(GObject * source, GAsyncResult * result, gpointer data) {
 }  // namespace
 
 namespace WebKitBrowser {
+
+void ChooseRendering() {
+  static bool const chosen = [] {
+    if (::access("/dev/dri", F_OK) != 0) ::setenv("WEBKIT_DISABLE_COMPOSITING_MODE", "1", 0);
+    return true;
+  }();
+  static_cast<void>(chosen);
+}
 
 void Attach(wxWebView & browser, HtmlBrowserEvents * events) {
   GtkWidget * widget = Widget(browser);

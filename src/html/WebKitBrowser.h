@@ -13,6 +13,15 @@ class wxWebView;
 
 namespace WebKitBrowser {
 
+// Chooses how WebKit draws, before its first view or context exists (each
+// entry point of the browser library calls it first). Without a GPU render
+// node WebKit's GL compositing runs on the software rasteriser, where every
+// animated frame costs the web process a core: the overlay scroll bars
+// alone, shown on each load and faded out seconds later, took half a core
+// for three seconds a page. The views show documents that gain nothing from
+// compositing, so they draw directly then. A choice the user made stays.
+void ChooseRendering();
+
 // Switches scripts in pages off (RunScript still runs) and routes the
 // widget's signals to `events` until Disconnect.
 void Attach(wxWebView & browser, HtmlBrowserEvents * events);

@@ -94,6 +94,7 @@ private:
 
 extern "C" __attribute__((visibility("default"))) HtmlBrowser * TalvoCreateHtmlBrowser(
     wxWindow * parent, HtmlBrowserEvents * events) {
+  WebKitBrowser::ChooseRendering();
   wxWebView * view = wxWebView::New(parent, wxID_ANY, "about:blank");
   if (view == nullptr) return nullptr;
   return new WebKitHtmlBrowser(view, events);

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "html/HtmlBrowser.h"
+#include "html/WebKitBrowser.h"
 
 namespace {
 
@@ -69,6 +70,7 @@ extern "C" __attribute__((visibility("default"))) bool TalvoRegisterUriScheme(
     char const * scheme, UriSchemeServer * server) {
   static std::map<std::string, UriSchemeServer *> registered;
   if (scheme == nullptr || server == nullptr || registered.count(scheme) != 0) return false;
+  WebKitBrowser::ChooseRendering();
   auto const getDefault = WebKitFunction<GetDefaultContext>("webkit_web_context_get_default");
   auto const registerScheme =
       WebKitFunction<RegisterScheme>("webkit_web_context_register_uri_scheme");
