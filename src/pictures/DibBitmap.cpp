@@ -256,6 +256,11 @@ HDIB BitmapToDIB(wxBitmap const & bitmap, wxPalette const * palette) {
   return MakeDib(bitmap.ConvertToImage(), bitmap.GetDepth() == 1 ? 1 : 24);
 }
 
+HDIB ImageToDIB(wxImage const & image) {
+  if (!image.IsOk() || image.GetWidth() <= 0 || image.GetHeight() <= 0) return nullptr;
+  return MakeDib(image, 24);
+}
+
 wxImage DibToImage(HDIB dib) {
   DibLayout layout;
   if (!ReadLayout(dib, layout)) return wxImage();

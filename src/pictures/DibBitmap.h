@@ -27,6 +27,10 @@ HDIB DDBToDIB(wxBitmap const & bitmap, std::uint32_t compression, wxPalette cons
 // are given pictures.
 HDIB BitmapToDIB(wxBitmap const & bitmap, wxPalette const * palette);
 
+// A 24-bit bottom-up DIB of the image; null for an invalid or empty image or
+// without memory.
+HDIB ImageToDIB(wxImage const & image);
+
 // The DIB's picture, top row first: every depth (1, 4, 8, 16, 24, 32 bits),
 // BI_RGB, BI_RLE4, BI_RLE8 and BI_BITFIELDS, info and core headers, rows
 // bottom-up or (negative height) top-down. An invalid image when the block

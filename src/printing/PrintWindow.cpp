@@ -6,11 +6,12 @@
 #include <wx/window.h>
 #include <boost/locale/encoding_utf.hpp>
 
+#include "controls/WindowSnapshot.h"
+#include "pictures/DibBitmap.h"
 #include "platform/WinUser.h"
 #include "printing/PrintDIB.h"
 #include "printing/PrintDialog.h"
 #include "printing/PrintFooter.h"
-#include "printing/WindowDib.h"
 
 namespace {
 
@@ -32,7 +33,8 @@ void PrintWindow(wxWindow const * window, char const * title, char const * docum
     return;
   }
   // Capturing reads the window, it does not change it.
-  std::unique_ptr<DibBlock, DibFreer> const dib(WindowToDib(const_cast<wxWindow &>(*window)));
+  std::unique_ptr<DibBlock, DibFreer> const dib(
+      ImageToDIB(CaptureWindowImage(const_cast<wxWindow &>(*window))));
   if (!dib) {
     return;
   }
