@@ -238,8 +238,20 @@ void AuditTrailView::ShowTrailPage() {
 }
 
 void AuditTrailView::ShowPage(std::string const & html) {
+  if (mBusy) {
+    mQueuedPage = html;
+    return;
+  }
   mBusy = true;
   mBrowser->SetPage(wxString::FromUTF8(html.data(), html.size()));
+}
+
+bool AuditTrailView::ShowQueuedPage() {
+  if (!mQueuedPage) return false;
+  std::string const html = std::move(*mQueuedPage);
+  mQueuedPage.reset();
+  ShowPage(html);
+  return true;
 }
 
 int AuditTrailView::LoadFromString(unsigned int id) {
@@ -298,6 +310,7 @@ void AuditTrailView::OnBCAuditTrailChanged(AuditTrail * trail) {
 
 void AuditTrailView::OnBrowserLoaded() {
   mBusy = false;
+  if (ShowQueuedPage()) return;
   if (mScrollY > 0 && mShown == Shown::TrailPage)
     mBrowser->RunScript(wxString::Format("window.scrollTo(0, %d);", mScrollY));
   mScrollY = -1;
@@ -434,5 +447,6 @@ void AuditTrailView::OnBrowserContextMenu(bool keyboard, wxPoint screenPoint) {
 void AuditTrailView::OnBrowserProcessGone() {
   // A new web process starts with the next page.
   mBusy = false;
+  ShowQueuedPage();
   mNavigated = false;
 }

@@ -17,6 +17,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -107,6 +108,7 @@ private:
   void UpdateView();
   void ShowTrailPage();
   void ShowPage(std::string const & html);
+  bool ShowQueuedPage();
   void SendCommand(unsigned int command);
   void SaveIfModified();
 
@@ -141,6 +143,10 @@ private:
   bool mNavigated = false;
   bool mBusy = false;           // the browser is loading what the view gave it
   bool mUpdatePending = false;  // an update waits for the load to end
+  // A page given while the browser loads waits for the load's end: a second
+  // load would supersede the first without a word from the browser, and
+  // the first one's end would be taken for the second's.
+  std::optional<std::string> mQueuedPage;
   Shown mShown = Shown::Nothing;
   unsigned int mShownResource = 0;
   int mScrollY = -1;  // restored when the refreshed trail page has loaded

@@ -99,7 +99,8 @@ protected:
       browser = new RecordingBrowser(parent, e);
       return browser;
     });
-    browser->Loaded();
+    browser->Loaded();  // about:blank, which every browser starts with
+    browser->Loaded();  // the default page, given while about:blank loaded
     folder = Temp("view-" + std::to_string(++serial));
     ::mkdir(folder.c_str(), 0755);
   }
@@ -179,6 +180,39 @@ TEST_F(AuditTrailViewTest, UpdatesWaitForTheLoadingPageOneAtATime) {
   EXPECT_NE(LastPage().find("Sample B measured."), std::string::npos);
   browser->Loaded();
   EXPECT_EQ(browser->scripts.back(), "window.scrollTo(0, 240);");
+}
+
+// The browser drops a load superseded before it starts, without a word:
+// the view gives it one page at a time, so that each load's end is the
+// end of the page the view asked for.
+TEST_F(AuditTrailViewTest, PagesGivenWhileTheBrowserLoadsWaitAndOnlyTheLastIsGiven) {
+  frame->DestroyChildren();
+  browser = nullptr;
+  view = new AuditTrailView(frame, wxID_ANY, [this](wxWindow * parent, HtmlBrowserEvents * e) {
+    browser = new RecordingBrowser(parent, e);
+    return browser;
+  });
+  EXPECT_TRUE(browser->pages.empty()) << "the default page waits for about:blank";
+  EXPECT_TRUE(view->IsBusy());
+  browser->Loaded();
+  ASSERT_EQ(browser->pages.size(), 1u);
+  EXPECT_NE(LastPage().find("No audit trail"), std::string::npos);
+  EXPECT_TRUE(view->IsBusy()) << "until the default page itself has loaded";
+
+  MakeTrail(0);
+  view->SetAuditTrail(trail.get());  // an update, waiting for the load
+  view->SetDefaultResourceID(AuditTrailView::kLoggingOffPage, true);
+  view->SetDefaultResourceID(AuditTrailView::kNoTrailPage, true);
+  EXPECT_EQ(browser->pages.size(), 1u);
+  browser->Loaded();
+  ASSERT_EQ(browser->pages.size(), 2u) << "the last page given, alone";
+  EXPECT_NE(LastPage().find("No audit trail"), std::string::npos);
+  browser->Loaded();
+  ASSERT_EQ(browser->pages.size(), 3u) << "then the waiting update";
+  EXPECT_EQ(view->GetShownResource(), AuditTrailView::kLoggingOffPage);
+  browser->Loaded();
+  EXPECT_FALSE(view->IsBusy());
+  EXPECT_EQ(browser->pages.size(), 3u);
 }
 
 TEST_F(AuditTrailViewTest, LinksGoToCommandsOrOutsideButNeverLoadInTheView) {
