@@ -261,13 +261,22 @@ TEST_F(PropertyListTest, EditorsMessageCommitsToTheSelectedRowAndASelectionChang
   EXPECT_EQ(apple->value, "42");
 
   // A click on the next row: a new editor, the old one dropped untaken.
+  // On a busy machine the window's last layout may still come after the
+  // click; each size makes the editor anew, as it should.
+  int sizes = 0;
+  list->Bind(wxEVT_SIZE, [&sizes](wxSizeEvent & event) {
+    ++sizes;
+    event.Skip();
+  });
   editor->ChangeValue("43");
   wxRect const next = Row(2);
   ClickAt(wxPoint(next.x + next.width * 3 / 4, next.y + next.height / 2));
   ASSERT_TRUE(gui_test::WaitUntil([&] { return list->GetCurSel() == 2; }));
+  gui_test::Flush();
   EXPECT_EQ(apple->taken, 1);
   EXPECT_EQ(apple->value, "42");
-  EXPECT_EQ(avocado->created, 1);
+  EXPECT_GE(avocado->created, 1);
+  EXPECT_LE(avocado->created, 1 + sizes) << "one editor for the click";
   EXPECT_NE(list->GetInPlaceControl(), nullptr);
   EXPECT_EQ(list->GetInPlaceControl()->GetPosition(), list->GetItemValueRect(2).GetPosition());
   // Without an editor nothing is taken.
