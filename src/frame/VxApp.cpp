@@ -5,6 +5,7 @@
 #include "controls/GUIUtilities.h"
 #include "frame/AboutDialog.h"
 #include "frame/AppProfile.h"
+#include "platform/GpuRendering.h"
 #include "platform/ResourceModule.h"
 #include "platform/RunningApplication.h"
 #include "utl/FileProblemNotice.h"
@@ -33,6 +34,8 @@ bool VxApp::OnInit() {
 }
 
 VxApp::VxApp(wchar_t const * appName) {
+  // The application object is made before the toolkit starts.
+  GpuRendering::SkipGlVisualsWithoutGpu();
   if (appName != nullptr) {
     VxSystemInfo::SetApplication(ToUtf8(appName),
                                  VxSystemInfo::GetApplicationVersion(VxSystemInfo::VersionFull));

@@ -11,6 +11,8 @@
 #include <wx/defs.h>
 #include <wx/webview.h>
 
+#include "platform/GpuRendering.h"
+
 namespace {
 
 // WEBKIT_SAVE_MODE_MHTML
@@ -126,7 +128,7 @@ namespace WebKitBrowser {
 
 void ChooseRendering() {
   static bool const chosen = [] {
-    if (::access("/dev/dri", F_OK) != 0) ::setenv("WEBKIT_DISABLE_COMPOSITING_MODE", "1", 0);
+    if (!GpuRendering::HasGpu()) ::setenv("WEBKIT_DISABLE_COMPOSITING_MODE", "1", 0);
     return true;
   }();
   static_cast<void>(chosen);
