@@ -43,7 +43,7 @@ TEST(PropertyEditorsDialog, AClickedValueIsEditedAndItsCommitLogged) {
     numberEditor = edit != nullptr;
     ASSERT_NE(edit, nullptr);
     // Typed: the caret stands at the end of "3".
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return edit->HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(*edit));
     list_input::Key(XK_BackSpace);
     list_input::Key(XK_7);
     ASSERT_TRUE(gui_test::WaitUntil([&] { return edit->GetValue() == L"7"; }));

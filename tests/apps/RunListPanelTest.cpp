@@ -53,7 +53,7 @@ TEST_F(RunListPanelTest, TypingIntoTheFilterBoxNarrowsTheList) {
     if (auto * box = dynamic_cast<wxSearchCtrl *>(child)) search = box;
   ASSERT_NE(search, nullptr);
   search->SetFocus();
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return search->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*search));
   wxUIActionSimulator typist;
   typist.Text("qc high");
   ASSERT_TRUE(gui_test::WaitUntil([&] { return panel->Shown().size() == 2; }))

@@ -44,7 +44,7 @@ TEST(SampleTimeGrid, TheMenuItemOpensTheGridAndOkTellsTheSeries) {
 
     // The start's minutes up: one grid step of five minutes.
     start.SetFocus();
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return start.HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(start));
     wxUIActionSimulator().Char(WXK_RIGHT);
     gui_test::Flush();
     wxUIActionSimulator().Char(WXK_UP);
@@ -55,7 +55,7 @@ TEST(SampleTimeGrid, TheMenuItemOpensTheGridAndOkTellsTheSeries) {
 
     // The interval: two hours at most, then a quarter minute below.
     interval.SetFocus();
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return interval.HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(interval));
     EXPECT_TRUE(PressAndWait(interval, {WXK_UP, WXK_UP, WXK_UP}, "02:00:00"))
         << interval.GetLabel();
     EXPECT_TRUE(PressAndWait(interval, {WXK_RIGHT, WXK_RIGHT, WXK_DOWN}, "01:59:45"))

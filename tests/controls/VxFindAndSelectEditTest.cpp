@@ -168,7 +168,7 @@ TEST(VxFindAndSelectEdit, TypedTextSelectsWhenTheTimerRunsOut) {
   ASSERT_TRUE(gui_test::ShowAndWait(*f.frame));
   ASSERT_TRUE(gui_test::WaitUntilPlaced(*f.frame));
   f.edit->SetFocus();
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return f.edit->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*f.edit));
 
   for (KeySym const key : {XK_b, XK_e, XK_t}) FakeKey(key);
   ASSERT_TRUE(gui_test::WaitUntil([&] { return f.edit->GetValue() == "bet"; }));

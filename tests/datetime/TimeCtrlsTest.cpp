@@ -68,7 +68,7 @@ protected:
   void ShowWithFocusOn(wxWindow & control) {
     ASSERT_TRUE(gui_test::ShowAndWait(*frame));
     control.SetFocus();
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return control.HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(control));
   }
 
   ::testing::AssertionResult Press(CDateTimeCtrl & control, std::vector<int> const & keys,

@@ -130,6 +130,21 @@ bool WaitUntilPlaced(wxTopLevelWindow & window, int timeoutMs) {
       timeoutMs);
 }
 
+bool WaitUntilFocused(wxWindow & window, int timeoutMs) {
+  return WaitUntil(
+      [&] {
+        if (!window.HasFocus()) return false;
+        wxWindow * const top = wxGetTopLevelParent(&window);
+        GtkWidget * const widget = top != nullptr ? top->GetHandle() : nullptr;
+        // A pop-up window takes no focus of its own; its keys come by a grab.
+        if (widget == nullptr || !GTK_IS_WINDOW(widget) ||
+            gtk_window_get_window_type(GTK_WINDOW(widget)) != GTK_WINDOW_TOPLEVEL)
+          return true;
+        return gtk_window_has_toplevel_focus(GTK_WINDOW(widget)) != FALSE;
+      },
+      timeoutMs);
+}
+
 void Flush() { DispatchOnce(); }
 
 bool WaitUntil(std::function<bool()> const & condition, int timeoutMs) {

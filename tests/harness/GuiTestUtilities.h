@@ -23,6 +23,12 @@ bool ShowAndWait(wxWindow & window, int timeoutMs = 5000);
 // got. Returns true at once without a window manager.
 bool WaitUntilPlaced(wxTopLevelWindow & window, int timeoutMs = 5000);
 
+// Waits until `window` has the keyboard focus and the X server gives keys
+// to its top-level window. wx reports a focus set on a window whose
+// top-level is not active yet as its own at once, before a typed key can
+// reach it.
+bool WaitUntilFocused(wxWindow & window, int timeoutMs = 5000);
+
 // Whether a window manager has taken the screen, read from the root window
 // each time (GDK's own answer is cached for seconds).
 bool WindowManagerRunning();

@@ -95,7 +95,7 @@ TEST_F(FilterPopupTest, TypingFiltersAfterThePauseAndEnterChoosesAndRemembers) {
     EXPECT_EQ(bar.GetList().GetNextItem(-1, LVNI_SELECTED), 0) << "the first row is selected";
     FakeKey(XK_Down);  // keys reach the combo, not the list...
     FakeKey(XK_Tab);   // ...until Tab moves there
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return bar.GetList().HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(bar.GetList()));
     FakeKey(XK_Down);
     ASSERT_TRUE(
         gui_test::WaitUntil([&] { return bar.GetList().GetNextItem(-1, LVNI_SELECTED) == 1; }));

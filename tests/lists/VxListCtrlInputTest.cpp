@@ -286,7 +286,7 @@ TEST(VxListCtrlEdit, SecondClickOnTheSelectedRowEditsTheCell) {
   CInPlaceEdit * edit = RunningEdit(*f.list);
   EXPECT_EQ(edit->GetId(), VxListCtrl::kInPlaceEditId);
   EXPECT_EQ(edit->GetValue(), "r1");
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return edit->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*edit));
   f.input.Text("  new value  ");
   f.Key(WXK_RETURN);
   ASSERT_TRUE(gui_test::WaitUntil([&] { return RunningEdit(*f.list) == nullptr; }));
@@ -352,7 +352,7 @@ TEST(VxListCtrlEdit, TabMovesThroughTheCellsAndReopensTheLastOne) {
     SCOPED_TRACE(testing::Message() << "to " << cell.first << "," << cell.second);
     CInPlaceEdit * before = RunningEdit(*f.list);
     ASSERT_NE(before, nullptr);
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return before->HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(*before));
     f.Key(WXK_TAB);
     ASSERT_TRUE(gui_test::WaitUntil([&] {
       CInPlaceEdit * now = RunningEdit(*f.list);

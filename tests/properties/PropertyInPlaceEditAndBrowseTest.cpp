@@ -102,7 +102,7 @@ TEST_F(PropertyInPlaceEditAndBrowseTest, ATypedChangeIsTakenBeforeBrowsingAndByI
   FocusEdit(*editor);
   FakeKey(XK_y);
   FakeKey(XK_Return);
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return host->owner->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*host->owner));
   gui_test::Flush();
   EXPECT_EQ(taken, (std::vector<wxString>{"/tmp/x", "/tmp/xy"}));
   EXPECT_TRUE(host->buttons.empty()) << "Return pressed the default button";
@@ -119,7 +119,7 @@ TEST_F(PropertyInPlaceEditAndBrowseTest, PathsComeBackExactWhenNotEdited) {
     editor->SetData(path);
     FocusEdit(*editor);
     FakeKey(XK_Tab);
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return host->owner->HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(*host->owner));
     EXPECT_FALSE(editor->Commit());
     EXPECT_TRUE(editor->GetData() == path) << "the path changed on its way through the edit";
     EXPECT_EQ(host->owner->DataChanges(), 0);
@@ -176,7 +176,7 @@ TEST_F(PropertyInPlaceEditAndBrowseTest, ColourIsChosenNotTyped) {
   FakeKey(XK_7);
   FakeKey(XK_BackSpace);
   FakeKey(XK_Tab);
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return host->owner->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*host->owner));
   EXPECT_EQ(editor->GetEdit()->GetValue(), "R: 200 G: 100 B: 50");
   EXPECT_EQ(host->owner->DataChanges(), 0);
 

@@ -74,7 +74,7 @@ TEST_F(PropertyInPlaceEditTest, HandingKeysCommitOnceAndNeverReachTheDialog) {
     Type("5");
     ASSERT_TRUE(gui_test::WaitUntil([&] { return edit->GetValue() == "125"; }));
     FakeKey(c.key);
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return host->owner->HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(*host->owner));
     gui_test::Flush();
     EXPECT_EQ(edit->GetValue(), "125");
     EXPECT_EQ(host->owner->DataChanges(), 1);
@@ -90,7 +90,7 @@ TEST_F(PropertyInPlaceEditTest, OneChangeIsTakenOnceWhoeverCommits) {
   PropertyInPlaceEdit * edit = MakeEdit("abc");
   EXPECT_FALSE(edit->Commit()) << "nothing typed, nothing to take";
   FakeKey(XK_Tab);
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return host->owner->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*host->owner));
   EXPECT_EQ(host->owner->DataChanges(), 0);
 
   edit->SetFocus();
@@ -100,7 +100,7 @@ TEST_F(PropertyInPlaceEditTest, OneChangeIsTakenOnceWhoeverCommits) {
   EXPECT_TRUE(edit->Commit()) << "the list takes it before destroying the edit";
   EXPECT_FALSE(edit->Commit());
   host->owner->SetFocus();  // and then kill-focus finds nothing new
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return host->owner->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*host->owner));
   gui_test::Flush();
   EXPECT_EQ(host->owner->DataChanges(), 1);
 
@@ -146,7 +146,7 @@ TEST_F(PropertyInPlaceEditTest, DigitsOnlyRefusesEverythingElseAndReadOnlyTakesN
   PropertyInPlaceEdit * fixed = MakeEdit("7", PropertyInPlaceEdit::kReadOnlyStyle);
   Type("8");
   FakeKey(XK_Tab);
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return host->owner->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*host->owner));
   EXPECT_EQ(fixed->GetValue(), "7");
   EXPECT_EQ(host->owner->DataChanges(), 0);
 }

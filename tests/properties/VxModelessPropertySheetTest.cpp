@@ -124,7 +124,7 @@ TEST_F(ModelessTest, KeysAndClosingHideItAndHandThePagesBack) {
   ASSERT_NE(edit, nullptr);
   ASSERT_TRUE(WaitUntilActive(*edit));
   edit->SetFocus();
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return edit->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*edit));
 
   FakeKey(XK_Tab);
   ASSERT_TRUE(gui_test::WaitUntil([&] { return !edit->HasFocus(); }));

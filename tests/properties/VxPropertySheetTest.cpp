@@ -73,7 +73,7 @@ void TypeInto(TestPage & page, KeySym key) {
   ASSERT_NE(edit, nullptr);
   ASSERT_TRUE(WaitUntilActive(*edit));
   edit->SetFocus();
-  ASSERT_TRUE(gui_test::WaitUntil([&] { return edit->HasFocus(); }));
+  ASSERT_TRUE(gui_test::WaitUntilFocused(*edit));
   auto * text = static_cast<wxTextCtrl *>(edit);
   wxString const before = text->GetValue();
   FakeKey(key);

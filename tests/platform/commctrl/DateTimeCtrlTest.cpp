@@ -53,7 +53,7 @@ protected:
     // Clicks go where the window manager has put the frame.
     ASSERT_TRUE(gui_test::WaitUntilPlaced(*frame));
     picker->SetFocus();
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return picker->HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(*picker));
   }
   void TearDown() override { frame->Destroy(); }
 

@@ -201,7 +201,7 @@ TEST(ListCtrlLabelEdit, BeginMayRefuseEndKeepsTheTextOnlyWhenTheOwnerSaysSo) {
     ASSERT_NE(edit, nullptr) << c.name;
     EXPECT_EQ(edit->GetValue(), "r1c0") << c.name;
     edit->SetValue("changed");
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return edit->HasFocus(); })) << c.name;
+    ASSERT_TRUE(gui_test::WaitUntilFocused(*edit)) << c.name;
     list_input::Key(c.key);
     ASSERT_TRUE(gui_test::WaitUntil([&] { return f.list->GetEditControl() == nullptr; })) << c.name;
     EXPECT_EQ(f.seen, Seen{c.seen}) << c.name;

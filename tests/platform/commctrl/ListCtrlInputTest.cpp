@@ -25,7 +25,7 @@ protected:
     ASSERT_TRUE(gui_test::ShowAndWait(*f.frame));
     ASSERT_TRUE(gui_test::WaitUntilPlaced(*f.frame));
     f.list->SetFocus();
-    ASSERT_TRUE(gui_test::WaitUntil([&] { return f.list->HasFocus(); }));
+    ASSERT_TRUE(gui_test::WaitUntilFocused(*f.list));
     f.seen.clear();
   }
 
