@@ -61,34 +61,44 @@ bool ReadPictureHeaderSize(unsigned char const * data, size_t size, int & width,
   return true;
 }
 
+wxImage DecodeSplashPicture(unsigned char const * data, size_t size, char const *& problem) {
+  int width = 0;
+  int height = 0;
+  if (!ReadPictureHeaderSize(data, size, width, height)) {
+    problem = "is no PNG or BMP picture";
+    return wxImage();
+  }
+  if (!Fits(width, height)) {
+    problem = "declares a size a splash picture cannot have";
+    return wxImage();
+  }
+  wxLogNull quiet;  // the reason goes to the log, not to a box
+  wxImage image;
+  bool const png = data[0] == 0x89;
+  // An application need not have registered the decoders.
+  if (png && wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr)
+    wxImage::AddHandler(new wxPNGHandler);
+  wxMemoryInputStream stream(data, size);
+  if (!image.LoadFile(stream, png ? wxBITMAP_TYPE_PNG : wxBITMAP_TYPE_BMP) ||
+      image.GetWidth() != width || image.GetHeight() != height) {
+    problem = "is damaged";
+    return wxImage();
+  }
+  return image;
+}
+
 wxBitmap LoadSplashPicture(std::string const & path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) {
     Refuse(path, "cannot be read");
     return wxBitmap();
   }
-  std::vector<unsigned char> bytes((std::istreambuf_iterator<char>(file)),
-                                   std::istreambuf_iterator<char>());
-  int width = 0;
-  int height = 0;
-  if (!ReadPictureHeaderSize(bytes.data(), bytes.size(), width, height)) {
-    Refuse(path, "is no PNG or BMP picture");
-    return wxBitmap();
-  }
-  if (!Fits(width, height)) {
-    Refuse(path, "declares a size a splash picture cannot have");
-    return wxBitmap();
-  }
-  wxLogNull quiet;  // the reason goes to the log, not to a box
-  bool const png = bytes[0] == 0x89;
-  // An application need not have registered the decoders.
-  if (png && wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr)
-    wxImage::AddHandler(new wxPNGHandler);
-  wxMemoryInputStream stream(bytes.data(), bytes.size());
-  wxImage image;
-  if (!image.LoadFile(stream, png ? wxBITMAP_TYPE_PNG : wxBITMAP_TYPE_BMP) ||
-      image.GetWidth() != width || image.GetHeight() != height) {
-    Refuse(path, "is damaged");
+  std::vector<unsigned char> const bytes((std::istreambuf_iterator<char>(file)),
+                                         std::istreambuf_iterator<char>());
+  char const * problem = nullptr;
+  wxImage const image = DecodeSplashPicture(bytes.data(), bytes.size(), problem);
+  if (!image.IsOk()) {
+    Refuse(path, problem);
     return wxBitmap();
   }
   return wxBitmap(image);

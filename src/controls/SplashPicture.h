@@ -5,6 +5,7 @@
 // taking the memory it asks for.
 
 #include <wx/bitmap.h>
+#include <wx/image.h>
 
 #include <cstddef>
 #include <string>
@@ -16,6 +17,11 @@ constexpr long long kMaxSplashPixels = 16LL * 1024 * 1024;
 // The size a PNG or BMP header declares; false for anything else or for a
 // header too short to tell.
 bool ReadPictureHeaderSize(unsigned char const * data, size_t size, int & width, int & height);
+
+// The picture in `data` (PNG or BMP), its header checked first; an invalid
+// image and `problem` set to why when it is no such picture, too large or
+// damaged.
+wxImage DecodeSplashPicture(unsigned char const * data, size_t size, char const *& problem);
 
 // The picture in `path` (PNG or BMP); an invalid bitmap, with the reason in
 // the log, when the file is missing, no such picture, too large or damaged.
