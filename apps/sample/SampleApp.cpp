@@ -139,12 +139,14 @@ bool SampleApp::OnInit() {
   PlaceFrame();
   mFrame->Bind(wxEVT_CLOSE_WINDOW, &SampleApp::SavePlacement, this);
   SetTopWindow(mFrame);
+  // The main window is mapped first, so that its first paint does not wait
+  // for the splash's picture; the splash stays above it.
+  mFrame->Show();
   if (!Scripted() || mForceSplash)
     ShowSampleSplash(
         nullptr, mCustomization != nullptr ? mCustomization->GetSplashBitmap() : wxBitmap(), 2000,
         VxSplash2013::kCentreOnScreen | VxSplash2013::kFadeIn | VxSplash2013::kFadeOut |
             VxSplash2013::kHideOnPress);
-  mFrame->Show();
   WatchFirstPaint();
   if (!mScreenshotPath.empty()) TakeScreenshotWhenPainted();
   return true;
