@@ -74,6 +74,11 @@ AuditTrail & SampleAuditTrail() {
     ConfigurationSection * settings =
         app != nullptr ? app->GetAppSettings("AuditTrail", 0) : nullptr;
     if (settings == nullptr) settings = new XercesXMLSection;
+    // On out of the box, so that a first calculation shows in the trail; a
+    // level the user chose stays, and the administrator's policy still
+    // merges over either.
+    int level = 0;
+    if (!settings->ReadInt("LogEvents", level)) settings->WriteInt("LogEvents", 1);
     AuditTrailSettingsUI::ApplyAdminSettingsOnUserSettings(settings);
     wxString const folder = app != nullptr ? app->GetAppDataDirectory() : wxFileName::GetTempDir();
     std::string const path = folder.utf8_string() + "/Sample Audit Trail.xml";

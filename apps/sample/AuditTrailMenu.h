@@ -3,7 +3,8 @@
 // window, Clear, Save As and the user's extended information. The sample
 // keeps one trail, "Sample Audit Trail.xml" in its per-user data folder,
 // with its settings in the sample's settings file (the administrator's
-// policy merged in); it is off until the settings page turns it on.
+// policy merged in); it is on at level 1 until the settings page turns it
+// off.
 
 class AuditTrail;
 class wxFrame;

@@ -16,6 +16,7 @@
 #include <wx/app.h>
 #include <wx/listbox.h>
 #include <wx/menu.h>
+#include <wx/msgdlg.h>
 #include <wx/statusbr.h>
 
 #include "BatchCommand.h"
@@ -56,6 +57,7 @@
 #include "html/HelpEngine.h"
 #include "lists/FilterListCtrlPopupBar.h"
 #include "lists/SelectItemDialog.h"
+#include "platform/MessageBoxType.h"
 #include "platform/ResourceModule.h"
 #include "platform/WinUser.h"
 #include "platform/commctrl/CListCtrl.h"
@@ -83,6 +85,7 @@ enum class Opens {
   kCalibrationList,    // the sample's report list
   kSeries,             // the sample's tree list
   kMessageBox,         // a CustomMessageBoxDlg of `boxType` (buttons and icon)
+  kFrameworkBox,       // the framework's message box of `boxType`, answered No
   kDetails,            // a details dialog
   kInfo,               // an information dialog
   kScrollBox,          // a message box whose text scrolls
@@ -190,8 +193,8 @@ std::map<wxString, Expected> const kExpected = {
     {"Messages/Ask/Phase...", {Opens::kSelectClass}},
     {"Audit Trail/Settings...", {Opens::kSheet}},
     {"Audit Trail/View", {Opens::kAuditTrailWindow}},
-    {"Audit Trail/Clear...", {Opens::kNothing}},  // the sample's trail is off
-    {"Audit Trail/Save As...", {Opens::kNothing}},
+    {"Audit Trail/Clear...", {Opens::kFrameworkBox, MB_YESNO | MB_ICONEXCLAMATION}},
+    {"Audit Trail/Save As...", {Opens::kFileChooserToSave}},
     {"Audit Trail/Edit User Information...", {Opens::kInput}},
     {"Help/Tour of the library", {Opens::kTourWindow}},
     {"Help/Release notes", {Opens::kReleaseNotes}},
@@ -225,6 +228,7 @@ private:
 struct Seen {
   Opens opens = Opens::kNothing;
   unsigned int boxType = 0;
+  long style = 0;  // the framework box's wx style
   wxString className;
 };
 
@@ -276,6 +280,9 @@ Seen Look(wxDialog & dialog) {
   } else if (auto const * box = dynamic_cast<CustomMessageBoxDlg *>(&dialog)) {
     seen.opens = Opens::kMessageBox;
     seen.boxType = box->GetType() & (MB_TYPEMASK | MB_ICONMASK);
+  } else if (auto const * box = dynamic_cast<wxMessageDialog *>(&dialog)) {
+    seen.opens = Opens::kFrameworkBox;
+    seen.style = box->GetMessageDialogStyle();
   }
   return seen;
 }
@@ -388,6 +395,7 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         Opens::kFolderCollection,
         Opens::kBatchQuestion,
         Opens::kMessageBox,
+        Opens::kFrameworkBox,
         Opens::kDateFormat,
         Opens::kTimeGrid,
         Opens::kInstruments,
@@ -413,7 +421,9 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
     if (opensDialog) {
       script.Act([&seen](wxDialog & d) {
         seen.push_back(Look(d));
-        d.EndModal(IDCANCEL);
+        // The library's dialogs answer Windows ids; the framework's questions
+        // here all leave things as they are on No.
+        ModalDialogScript::End(d, seen.back().opens == Opens::kFrameworkBox ? wxID_NO : IDCANCEL);
       });
     }
     if (expected.opens == Opens::kBatchQuestion) script.Answer(wxID_OK);  // the account
@@ -489,6 +499,13 @@ TEST_F(MainFrameMenuTest, EveryCommandOpensWhatItsItemNames) {
         EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
         EXPECT_EQ(seen[0].boxType, expected.boxType);
         break;
+      case Opens::kFrameworkBox: {
+        long const shown = wxYES_NO | wxOK | wxCANCEL | wxHELP | wxICON_MASK;
+        EXPECT_EQ(seen[0].opens, expected.opens) << seen[0].className;
+        EXPECT_EQ(seen[0].style & shown, MapMessageBoxType(expected.boxType).style & shown);
+        EXPECT_EQ(script.Shown()[0].result, wxID_NO);
+        break;
+      }
       case Opens::kProperties:
         ASSERT_TRUE(VxModelessPropertySheet::Exists());
         EXPECT_TRUE(VxModelessPropertySheet::Instance()->IsShown());

@@ -5,13 +5,19 @@
 //
 //   ModalDialogScript script;
 //   script.Answer(wxID_YES);                       // returned without showing
-//   script.Act([](wxDialog & d) { ...; d.EndModal(wxID_OK); });  // shown first
+//   script.Act([](wxDialog & d) { ...; ModalDialogScript::End(d, wxID_OK); });  // shown first
 //   RunCodeThatAsks();
 //   EXPECT_EQ(script.Shown()[0].message, "Overwrite?");
 //
 // A dialog for which no step is left fails the test and is cancelled, so a
 // test never hangs on an unexpected question. Steps left over when the
-// script ends fail the test too.
+// script ends fail the test too, and so does an action that fails: its
+// dialog is then cancelled.
+//
+// wxGTK's wxMessageDialog is GTK's own box: its ShowModal runs GTK's loop,
+// not wx's, so wxDialog::EndModal refuses it ("called twice or ShowModal
+// wasn't called") and the box stays up. End ends both kinds; a message box
+// still up when its action returns fails the test and is closed.
 
 #include <deque>
 #include <functional>
@@ -37,8 +43,14 @@ public:
   // The next dialog returns `id` from ShowModal without being shown.
   ModalDialogScript & Answer(int id);
   // The next dialog is shown; once it is on screen `action` runs and must end
-  // it (EndModal, a click...).
+  // it (End, a click...).
   ModalDialogScript & Act(std::function<void(wxDialog &)> action);
+
+  // Ends the running `dialog` with `id`: a wx dialog through EndModal, a
+  // message box by clicking its button for `id` (wxID_OK, wxID_CANCEL,
+  // wxID_YES, wxID_NO or wxID_HELP). A box without that button fails the
+  // test and is closed as by its close box.
+  static void End(wxDialog & dialog, int id);
 
   std::vector<ShownDialog> const & Shown() const { return mShown; }
   size_t Pending() const { return mSteps.size(); }

@@ -2,6 +2,12 @@
 // they showed, and fails a test on a dialog nobody expected.
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+#include <gmock/gmock.h>
+
 #include <wx/button.h>
 #include <wx/msgdlg.h>
 #include <wx/sizer.h>
@@ -45,6 +51,51 @@ TEST(ModalDialogScript, ActsOnARealDialogOnceItIsOnScreen) {
   ASSERT_EQ(script.Shown().size(), 1u);
   EXPECT_EQ(script.Shown()[0].message, "Pick one");
   EXPECT_EQ(script.Shown()[0].result, wxID_OK);
+}
+
+// wx's message box is GTK's own and runs GTK's loop, where EndModal does
+// nothing: End clicks its button, and a mistaken action still lets it go.
+TEST(ModalDialogScript, EndsAMessageBoxShownByGtkAndNeverLeavesItUp) {
+  struct Case {
+    char const * what;
+    long style;
+    std::function<void(wxDialog &)> action;
+    int returned;
+    std::vector<char const *> failures;
+  };
+  auto const end = [](int id) { return [id](wxDialog & d) { ModalDialogScript::End(d, id); }; };
+  Case const cases[] = {
+      {"No", wxYES_NO, end(wxID_NO), wxID_NO, {}},
+      {"Yes", wxYES_NO | wxCANCEL, end(wxID_YES), wxID_YES, {}},
+      {"Cancel", wxOK | wxCANCEL, end(wxID_CANCEL), wxID_CANCEL, {}},
+      {"a button the box lacks", wxOK, end(wxID_YES), wxID_CANCEL, {"no button for"}},
+      {"EndModal",
+       wxYES_NO,
+       [](wxDialog & d) { d.EndModal(wxID_YES); },
+       wxID_CANCEL,
+       {"EndModal called twice", "left the message box \"Clear\" up"}},
+      {"nothing", wxOK, [](wxDialog &) {}, wxID_CANCEL, {"left the message box"}},
+  };
+  for (Case const & c : cases) {
+    SCOPED_TRACE(c.what);
+    int result = 0;
+    int recorded = 0;
+    ::testing::TestPartResultArray failures;
+    {
+      ::testing::ScopedFakeTestPartResultReporter const reporter(
+          ::testing::ScopedFakeTestPartResultReporter::INTERCEPT_ONLY_CURRENT_THREAD, &failures);
+      ModalDialogScript script;
+      script.Act(c.action);
+      wxMessageDialog box(nullptr, "Clear everything?", "Clear", c.style);
+      result = box.ShowModal();
+      recorded = script.Shown().at(0).result;
+    }
+    EXPECT_EQ(result, c.returned);
+    EXPECT_EQ(recorded, c.returned);
+    ASSERT_EQ(failures.size(), static_cast<int>(c.failures.size()));
+    for (int i = 0; i < failures.size(); ++i)
+      EXPECT_THAT(failures.GetTestPartResult(i).message(), ::testing::HasSubstr(c.failures[i]));
+  }
 }
 
 TEST(ModalDialogScript, AnUnexpectedDialogFailsTheTestAndIsCancelled) {
