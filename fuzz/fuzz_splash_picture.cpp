@@ -20,8 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
   int width = 0;
   int height = 0;
   if (!ReadPictureHeaderSize(data, size, width, height) || image.GetWidth() != width ||
-      image.GetHeight() != height ||
-      static_cast<long long>(width) * height > kMaxSplashPixels)
+      image.GetHeight() != height || static_cast<long long>(width) * height > kMaxSplashPixels)
     std::abort();
   return 0;
 }
