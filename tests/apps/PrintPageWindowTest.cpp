@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <wx/checkbox.h>
+#include <wx/cmndata.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
 
@@ -19,6 +20,7 @@
 #include "printing/BackstagePagePrint.h"
 #include "printing/PrintDialog.h"
 #include "printing/PrintPreviewPane.h"
+#include "printing/PrinterDeviceDefaults.h"
 #include "utl/VxSystemInfo.h"
 
 namespace {
@@ -31,6 +33,8 @@ protected:
     frame = new MainFrame;
   }
   void TearDown() override {
+    // The orientation chosen on the page is the application's from then on.
+    PrinterDeviceDefaults().SetOrientation(wxPORTRAIT);
     SetPrintDialogFunction({});
     VxMenu::SetTrackPopupMenuFunction(&VxMenu::ToolkitTrackPopupMenu);
     frame->Destroy();
