@@ -114,7 +114,10 @@ void FavouritesTree::GetItemImage(FavouriteItem const * item, int & normal, int 
   wxIcon expandedIcon;
   mManager->GetIcon(item, normalIcon, expandedIcon);
   normal = AddIconToImageList(normalIcon);
-  expanded = AddIconToImageList(expandedIcon);
+  // Most rows show one icon either way: no second search of the list.
+  expanded = normalIcon.IsOk() && expandedIcon.IsSameAs(normalIcon)
+                 ? normal
+                 : AddIconToImageList(expandedIcon);
 }
 
 int FavouritesTree::GetItemStyle(HTREEITEM row) const {

@@ -213,13 +213,19 @@ TEST_F(FavouritesTreeTest, CollectionsStayApartWhenLoadedSavedAndDeleted) {
     std::unique_ptr<ConfigurationSection> const row(root->CreateSubSection("FavouriteItem", 1));
     row->WriteKey("Name", "Shared");
     row->WriteKey("Type", "CommandItem");
+    row->WriteInt("_Style", 1);
   }
   tree->Serialize(&other, false, 7);
   EXPECT_EQ(Shape(), "Mine/0 /0 Shared/0 ") << "a separator row between the collections";
+  // The first style is the first row put in, not a row that was there.
+  HTREEITEM const mine = tree->GetRootItem();
+  EXPECT_EQ(tree->GetItemStyle(mine), 0);
+  EXPECT_EQ(tree->GetItemStyle(tree->GetNextSiblingItem(mine)), 0);
+  EXPECT_EQ(tree->GetItemStyle(tree->GetLastItem(TVI_NULL)), 1);
 
   XercesXMLSection saved;
   tree->Serialize(&saved, true, 7);
-  EXPECT_EQ(Saved(saved), "Shared:0:0 ") << "only collection 7, and never the separator";
+  EXPECT_EQ(Saved(saved), "Shared:0:1 ") << "only collection 7, and never the separator";
 
   tree->DeleteFavouriteNode(7);
   EXPECT_EQ(Shape(), "Mine/0 ");
