@@ -133,7 +133,12 @@ void FavouritesTree::LoadCollection(ConfigurationSection * section, int id) {
   // it, at the end of an ancestor of the last or of the root.
   std::vector<HTREEITEM> placed;
   placed.reserve(rows->size());
+  // The style of each number, read while its row is at hand: a second walk
+  // over ten thousand sections finds none of them in the cache.
+  std::vector<int> styles;
+  styles.reserve(rows->size());
   for (boost::shared_ptr<ConfigurationSection> const & stored : *rows) {
+    styles.push_back(stored ? ReadStyle(*stored) : 0);
     if (!stored) continue;
     // A row of the present form carries its level; only a row without one
     // is looked at for the old form's payload, which spares every present
@@ -176,9 +181,6 @@ void FavouritesTree::LoadCollection(ConfigurationSection * section, int id) {
   // The styles walk numbers and rows in step, from the first row put in:
   // where rows were passed over, the styles shift, as they always did. A
   // new row is neither bold nor expanded, so a plain style changes nothing.
-  for (size_t n = 0; n < placed.size(); ++n) {
-    if (!(*rows)[n]) continue;
-    int const style = ReadStyle(*(*rows)[n]);
-    if ((style & (kBoldStyle | kExpandedStyle)) != 0) SetItemStyle(placed[n], style);
-  }
+  for (size_t n = 0; n < placed.size(); ++n)
+    if ((styles[n] & (kBoldStyle | kExpandedStyle)) != 0) SetItemStyle(placed[n], styles[n]);
 }

@@ -65,7 +65,8 @@ struct KeptLabelLayouts::Font {
     unsigned generation;
   };
 
-  explicit Font(PangoFontDescription const * font) : description(pango_font_description_copy(font)) {}
+  explicit Font(PangoFontDescription const * font)
+      : description(pango_font_description_copy(font)) {}
   Font(Font const &) = delete;
   Font & operator=(Font const &) = delete;
   ~Font() { pango_font_description_free(description); }
@@ -120,8 +121,8 @@ bool KeptLabelLayouts::Draw(wxDC & dc, wxString const & text, wxFont const & fon
     pango_cairo_update_layout(cairo, found->second.layout.get());
     found->second.generation = mDevice->generation;
   }
-  cairo_set_source_rgba(cairo, colour.Red() / 255.0, colour.Green() / 255.0,
-                        colour.Blue() / 255.0, colour.Alpha() / 255.0);
+  cairo_set_source_rgba(cairo, colour.Red() / 255.0, colour.Green() / 255.0, colour.Blue() / 255.0,
+                        colour.Alpha() / 255.0);
   cairo_move_to(cairo, x, y);
   pango_cairo_show_layout(cairo, found->second.layout.get());
   return true;
