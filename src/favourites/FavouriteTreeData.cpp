@@ -2,14 +2,16 @@
 
 #include "favourites/FavouriteFileItem.h"
 #include "favourites/FavouriteFolderItem.h"
+#include "favourites/FavouriteItemClass.h"
+#include "favourites/SeparatorItem.h"
 
 namespace {
 
 FavouriteTreeData::Kind KindOf(FavouriteItem const * item) {
-  if (dynamic_cast<FavouriteFolderItem const *>(item) != nullptr)
-    return FavouriteTreeData::Kind::kFolder;
-  if (dynamic_cast<FavouriteFileItem const *>(item) != nullptr)
-    return FavouriteTreeData::Kind::kFile;
+  FavouriteItemClass const itemClass(item);
+  if (itemClass.As<FavouriteFolderItem>() != nullptr) return FavouriteTreeData::Kind::kFolder;
+  if (itemClass.As<FavouriteFileItem>() != nullptr) return FavouriteTreeData::Kind::kFile;
+  if (itemClass.As<SeparatorItem>() != nullptr) return FavouriteTreeData::Kind::kSeparator;
   return FavouriteTreeData::Kind::kOther;
 }
 

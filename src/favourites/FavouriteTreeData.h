@@ -7,9 +7,9 @@ class FavouriteItem;
 
 struct FavouriteTreeData {
   // What the item is, settled once when the row is made: the idle pass
-  // walks every row at each idle moment and would otherwise ask each item
-  // its class twice.
-  enum class Kind { kOther, kFolder, kFile };
+  // walks every row at each idle moment, and saving every row, and would
+  // otherwise ask each item its class.
+  enum class Kind { kOther, kFolder, kFile, kSeparator };
 
   FavouriteTreeData(FavouriteItem * owned, int collection);
 

@@ -16,6 +16,7 @@
 #include "favourites/FavouriteFolderItem.h"
 #include "favourites/FavouriteImportFailedDialog.h"
 #include "favourites/FavouriteItem.h"
+#include "favourites/FavouriteItemClass.h"
 #include "favourites/FavouriteOpenFailures.h"
 #include "favourites/FavouritesTree.h"
 #include "favourites/FavouritesView.h"
@@ -215,33 +216,27 @@ void FavouritesManager::Open(std::vector<FavouriteItem *> * items) {
 }
 
 void FavouritesManager::GetIcon(FavouriteItem const * item, wxIcon & normal, wxIcon & expanded) {
-  normal = wxIcon();
-  expanded = wxIcon();
+  // Emptied in place: no icon is made to be copied from.
+  normal.UnRef();
+  expanded.UnRef();
   if (item == nullptr) {
     normal = StandardIcon(kPlaceholderImage);
     expanded = normal;
     return;
   }
-  if (auto const * const folder = dynamic_cast<FavouriteFolderItem const *>(item)) {
+  FavouriteItemClass const itemClass(item);
+  if (auto const * const folder = itemClass.As<FavouriteFolderItem>()) {
     if (folder->GetTreatAsItem()) {
       normal = StandardIcon(kFolderAsItemImage);
     } else {
       normal = StandardIcon(kFolderClosedImage);
       expanded = StandardIcon(kFolderOpenImage);
     }
-  } else if (item->GetType() == wxS("RootItem")) {
-    // A root row has no icon of its own.
-  } else if (auto const * const command = dynamic_cast<FavouriteCommandItem const *>(item)) {
-    if (!mCommandImagesLoaded) {
-      LoadCommandImageList();
-      mCommandImagesLoaded = true;
-    }
-    auto const found = mCommandImageMap.find(static_cast<uint16_t>(command->GetCommandID()));
-    if (found != mCommandImageMap.end() && found->second < mCommandImages.GetImageCount())
-      normal = mCommandImages.GetIcon(found->second);
-    else
-      normal = StandardIcon(kCommandImage);
-  } else if (auto const * const file = dynamic_cast<FavouriteFileItem const *>(item)) {
+  } else if (!itemClass.IsLibraryClass() && item->GetType() == wxS("RootItem")) {
+    // A root row has no icon of its own. (No class of the library's is one.)
+  } else if (auto const * const command = itemClass.As<FavouriteCommandItem>()) {
+    CommandIcon(command->GetCommandID(), normal);
+  } else if (auto const * const file = itemClass.As<FavouriteFileItem>()) {
     normal = mFileIcons.Get(file->GetFileName());
     if (!normal.IsOk()) normal = StandardIcon(kMissingFileIconImage);
     expanded = normal;
@@ -249,6 +244,18 @@ void FavouritesManager::GetIcon(FavouriteItem const * item, wxIcon & normal, wxI
   }
   if (!normal.IsOk()) normal = StandardIcon(item->IsGlobal() ? kGlobalItemImage : kItemImage);
   if (!expanded.IsOk()) expanded = normal;
+}
+
+void FavouritesManager::CommandIcon(int id, wxIcon & icon) {
+  if (!mCommandImagesLoaded) {
+    LoadCommandImageList();
+    mCommandImagesLoaded = true;
+  }
+  auto const found = mCommandImageMap.find(static_cast<uint16_t>(id));
+  if (found != mCommandImageMap.end() && found->second < mCommandImages.GetImageCount())
+    icon = mCommandImages.GetIcon(found->second);
+  else
+    icon = StandardIcon(kCommandImage);
 }
 
 bool FavouritesManager::OnAddToFavourites(FavouriteItem * /*item*/, int & id) {
@@ -314,7 +321,7 @@ void FavouritesManager::LoadCommandImageList() {
     LoadToolBar(static_cast<unsigned int>(id), mCommandImages, mCommandImageMap);
 }
 
-wxIcon FavouritesManager::StandardIcon(int index) const {
-  if (index < 0 || static_cast<size_t>(index) >= mStandardIcons.size()) return wxIcon();
+wxIcon const & FavouritesManager::StandardIcon(int index) const {
+  if (index < 0 || static_cast<size_t>(index) >= mStandardIcons.size()) return wxNullIcon;
   return mStandardIcons[static_cast<size_t>(index)];
 }

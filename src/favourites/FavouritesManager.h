@@ -103,7 +103,10 @@ protected:
   void LoadCommandImageList();
 
 private:
-  wxIcon StandardIcon(int index) const;
+  // A shared copy is made only where it is stored.
+  wxIcon const & StandardIcon(int index) const;
+  // The command's image from the tool bars, else the standard one.
+  void CommandIcon(int id, wxIcon & icon);
 
   wxImageList mStandardImages;
   wxImageList mCommandImages;

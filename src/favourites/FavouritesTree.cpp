@@ -10,6 +10,7 @@
 #include "favourites/FavouriteFolderItem.h"
 #include "favourites/FavouriteItem.h"
 #include "favourites/FavouritesManager.h"
+#include "favourites/KeptLabelLayouts.h"
 #include "platform/ResourceMenus.h"
 #include "platform/SystemMetrics.h"
 
@@ -48,6 +49,8 @@ void FavouritesTree::Init() {
   mImages = std::make_unique<wxImageList>(kIconSide, kIconSide, true, 4);
   SetImageList(mImages.get(), TVSIL_NORMAL);
   SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
+  mLabelLayouts = std::make_unique<KeptLabelLayouts>();
+  mLabelHeight = GetCharHeight();
   // GTK names no small-icon size (0): the icons of the rows are 16 high.
   int const smallIcon = GetSystemMetrics(SM_CYSMICON);
   SetItemHeight(static_cast<short>((smallIcon > 0 ? smallIcon : kIconSide) + kRowPadding));
@@ -114,7 +117,10 @@ void FavouritesTree::GetItemImage(FavouriteItem const * item, int & normal, int 
   wxIcon expandedIcon;
   mManager->GetIcon(item, normalIcon, expandedIcon);
   normal = AddIconToImageList(normalIcon);
-  expanded = AddIconToImageList(expandedIcon);
+  // Most rows show one icon either way: no second search of the list.
+  expanded = normalIcon.IsOk() && expandedIcon.IsSameAs(normalIcon)
+                 ? normal
+                 : AddIconToImageList(expandedIcon);
 }
 
 int FavouritesTree::GetItemStyle(HTREEITEM row) const {

@@ -14,6 +14,7 @@
 #include <memory>
 #include <vector>
 
+#include <wx/font.h>
 #include <wx/icon.h>
 #include <wx/imaglist.h>
 #include <boost/function.hpp>
@@ -24,6 +25,7 @@
 
 class ConfigurationSection;
 class FavouriteItem;
+class KeptLabelLayouts;
 class FavouritesManager;
 class wxMenu;
 class wxUpdateUIEvent;
@@ -152,11 +154,16 @@ protected:
   void OnLButtonDblClk(UINT flags, POINT point) override;
   void OnMouseMove(UINT flags, POINT point) override;
   void OnKeyDown(UINT virtualKey, UINT repeatCount, UINT flags) override;
+  // The labels of the rows are drawn from layouts kept between paints.
+  bool PaintsOwnLabel(HTREEITEM item) const override;
+  void PaintRow(wxDC & dc, HTREEITEM item, RECT const & label) override;
 
 private:
   void Init();
   void OnNotify(NotifyEvent & event);
   LRESULT OnCustomDraw(NMTVCUSTOMDRAW & draw);
+  // The row's font: the tree's, or its bold form.
+  wxFont LabelFont(HTREEITEM row);
   LRESULT OnClick();
   LRESULT OnItemExpanding(NMTREEVIEWW const & info);
   LRESULT OnBeginLabelEdit();
@@ -182,6 +189,19 @@ private:
   POINT mLastMouse{};
   FileFavouriteFactory mFileFactory;
   std::vector<AcceleratorLine> mAccelerators;
+  // The labels this paint draws itself, with the text colour each row was
+  // given, in the order the rows are painted.
+  struct OwnLabel {
+    HTREEITEM row;
+    COLORREF colour;
+  };
+  std::vector<OwnLabel> mOwnLabels;
+  size_t mNextOwnLabel = 0;
+  std::unique_ptr<KeptLabelLayouts> mLabelLayouts;
+  // The label's height as the rows centre it: the font's when the tree was made.
+  int mLabelHeight = 0;
+  wxFont mBoldFont;
+  wxFont mBoldFontOf;  // the tree's font mBoldFont was made from
 };
 
 namespace FavouritesUtilities {

@@ -26,6 +26,8 @@ char const * const kOldRootKey = "GlobalFavourites";
 char const * const kOldItemData = "ItemData";
 char const * const kIndentLevelKey = "_IndentLevel";
 char const * const kStyleKey = "_Style";
+constexpr int kBoldStyle = 1;
+constexpr int kExpandedStyle = 2;
 
 using Sections = std::vector<boost::shared_ptr<ConfigurationSection>>;
 
@@ -41,8 +43,8 @@ int ReadStyle(ConfigurationSection const & section) {
   int style = 0;
   if (section.ReadInt(kStyleKey, style)) return style;
   style = 0;
-  if (ReadFlag(section, "Bold")) style |= 1;
-  if (ReadFlag(section, "Expanded")) style |= 2;
+  if (ReadFlag(section, "Bold")) style |= kBoldStyle;
+  if (ReadFlag(section, "Expanded")) style |= kExpandedStyle;
   return style;
 }
 
@@ -82,7 +84,7 @@ void FavouritesTree::SaveCollection(ConfigurationSection * section, int id) {
   for (HTREEITEM row = GetRootItem(); row;) {
     FavouriteTreeData const * const data = GetTreeData(row);
     if (data != nullptr && data->item != nullptr && data->collectionID == id &&
-        dynamic_cast<SeparatorItem const *>(data->item) == nullptr) {
+        data->kind != FavouriteTreeData::Kind::kSeparator) {
       std::unique_ptr<ConfigurationSection> const out(
           root->CreateSubSection(FavouritesManager::GetFavouriteItemSectionKey(), number));
       wxString name = GetItemText(row);
@@ -123,10 +125,20 @@ void FavouritesTree::LoadCollection(ConfigurationSection * section, int id) {
       root->GetAllSubSections(FavouritesManager::GetFavouriteItemSectionKey()));
   if (!rows) return;
   FavouriteBuilder const & builder = *FavouriteBuilder::Instance();
-  HTREEITEM last = TVI_NULL;
+  // The last row put in and its ancestors, from the root down: a new row's
+  // parent is found along it, without a question to the tree per step.
+  std::vector<HTREEITEM> path;
   int lastLevel = 0;  // as the last row put in was stored
-  HTREEITEM first = TVI_NULL;
+  // The rows put in, in display order: each goes in after every row before
+  // it, at the end of an ancestor of the last or of the root.
+  std::vector<HTREEITEM> placed;
+  placed.reserve(rows->size());
+  // The style of each number, read while its row is at hand: a second walk
+  // over ten thousand sections finds none of them in the cache.
+  std::vector<int> styles;
+  styles.reserve(rows->size());
   for (boost::shared_ptr<ConfigurationSection> const & stored : *rows) {
+    styles.push_back(stored ? ReadStyle(*stored) : 0);
     if (!stored) continue;
     // A row of the present form carries its level; only a row without one
     // is looked at for the old form's payload, which spares every present
@@ -147,27 +159,28 @@ void FavouritesTree::LoadCollection(ConfigurationSection * section, int id) {
     }
     FavouriteItem * const item = builder.Load(stored.get());
     if (item == nullptr) continue;
-    // Deeper by any amount is one step down; shallower goes up d - w + 1.
-    HTREEITEM parent = TVI_NULL;
-    if (last) {
-      if (wanted == lastLevel) {
-        parent = GetParentItem(last);
-      } else if (wanted > lastLevel) {
-        parent = last;
-      } else {
-        parent = last;
-        // In 64 bits: levels at both ends of int would overflow the count.
-        for (int64_t up = int64_t(lastLevel) - wanted + 1; up > 0 && parent; --up)
-          parent = GetParentItem(parent);
-      }
+    // Deeper by any amount is one step down (under the last row); the same
+    // level is beside it; shallower goes up d - w + 1 from it, and past the
+    // top to the root.
+    if (wanted == lastLevel) {
+      if (!path.empty()) path.pop_back();
+    } else if (wanted < lastLevel) {
+      // In 64 bits: levels at both ends of int would overflow the count.
+      int64_t const up = int64_t(lastLevel) - wanted + 1;
+      path.resize(up >= int64_t(path.size()) ? 0 : path.size() - size_t(up));
     }
-    last = InsertRow(item, id, parent, TVI_LAST);
+    HTREEITEM const last = InsertRow(item, id, path.empty() ? TVI_NULL : path.back(), TVI_LAST);
     lastLevel = wanted;
-    if (!first) first = last;
+    if (!last) {
+      path.clear();
+      continue;
+    }
+    path.push_back(last);
+    placed.push_back(last);
   }
   // The styles walk numbers and rows in step, from the first row put in:
-  // where rows were passed over, the styles shift, as they always did.
-  HTREEITEM at = first;
-  for (size_t n = 0; n < rows->size() && at; ++n, at = GetNextItem(at))
-    if ((*rows)[n]) SetItemStyle(at, ReadStyle(*(*rows)[n]));
+  // where rows were passed over, the styles shift, as they always did. A
+  // new row is neither bold nor expanded, so a plain style changes nothing.
+  for (size_t n = 0; n < placed.size(); ++n)
+    if ((styles[n] & (kBoldStyle | kExpandedStyle)) != 0) SetItemStyle(placed[n], styles[n]);
 }

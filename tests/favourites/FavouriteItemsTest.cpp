@@ -16,6 +16,7 @@
 #include "favourites/FavouriteCommandItem.h"
 #include "favourites/FavouriteFileItem.h"
 #include "favourites/FavouriteFolderItem.h"
+#include "favourites/FavouriteItemClass.h"
 #include "favourites/SeparatorItem.h"
 #include "favourites/ToolBarResource.h"
 #include "utl/XercesXMLSection.h"
@@ -185,6 +186,56 @@ TEST(FavouriteItemHandle, OwnsOneItemAndHandsItOver) {
   // The handle's own operations are the base's, not the held item's.
   EXPECT_FALSE(third.IsGlobal());
   EXPECT_EQ(third.GetToolTipText(), "");
+}
+
+namespace {
+
+// An application's own classes: derived from the library's, or beside them.
+class AppFolder : public FavouriteFolderItem {
+public:
+  AppFolder() : FavouriteFolderItem(L"F", L"") {}
+};
+class AppCommand : public FavouriteCommandItem {
+public:
+  AppCommand() : FavouriteCommandItem(L"C", 1) {}
+};
+class AppItem : public FavouriteItem {
+public:
+  FavouriteItem * Copy() const override { return new AppItem; }
+  wxString GetType() const override { return "AppItem"; }
+};
+
+}  // namespace
+
+TEST(FavouriteItemClass, ClassesLikeADynamicCastAndKnowsTheLibrarysOwn) {
+  struct Case {
+    char const * what;
+    std::unique_ptr<FavouriteItem> item;
+    char expected;  // c command, f file, d folder, s separator, h handle, - none
+    bool library;
+  };
+  Case const cases[] = {
+      {"command", std::make_unique<FavouriteCommandItem>(L"C", 1), 'c', true},
+      {"file", std::make_unique<FavouriteFileItem>(L"F", L"/f"), 'f', true},
+      {"folder", std::make_unique<FavouriteFolderItem>(L"D", L""), 'd', true},
+      {"separator", std::make_unique<SeparatorItem>(), 's', true},
+      {"handle", std::make_unique<FavouriteItemHandle>(), 'h', true},
+      {"derived folder", std::make_unique<AppFolder>(), 'd', false},
+      {"derived command", std::make_unique<AppCommand>(), 'c', false},
+      {"own class", std::make_unique<AppItem>(), '-', false},
+      {"no item", nullptr, '-', false},
+  };
+  for (Case const & c : cases) {
+    FavouriteItemClass const itemClass(c.item.get());
+    std::string found;
+    if (itemClass.As<FavouriteCommandItem>() != nullptr) found += 'c';
+    if (itemClass.As<FavouriteFileItem>() != nullptr) found += 'f';
+    if (itemClass.As<FavouriteFolderItem>() != nullptr) found += 'd';
+    if (itemClass.As<SeparatorItem>() != nullptr) found += 's';
+    if (itemClass.As<FavouriteItemHandle>() != nullptr) found += 'h';
+    EXPECT_EQ(found.empty() ? "-" : found, std::string(1, c.expected)) << c.what;
+    EXPECT_EQ(itemClass.IsLibraryClass(), c.library) << c.what;
+  }
 }
 
 TEST(FavouriteFileExists, OnlyRegularFilesCount) {

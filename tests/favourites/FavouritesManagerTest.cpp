@@ -76,6 +76,23 @@ public:
   ~CountedCommand() override { ++gDeleted; }
 };
 
+// An application's own classes: a root row, a folder of its own, an item
+// beside the library's.
+class RootCommand : public FavouriteCommandItem {
+public:
+  RootCommand() : FavouriteCommandItem(L"Root", 1) {}
+  wxString GetType() const override { return "RootItem"; }
+};
+class AppFolder : public FavouriteFolderItem {
+public:
+  AppFolder() : FavouriteFolderItem(L"F", L"") {}
+};
+class AppItem : public FavouriteItem {
+public:
+  FavouriteItem * Copy() const override { return new AppItem; }
+  wxString GetType() const override { return "AppItem"; }
+};
+
 class FavouritesManagerTest : public ::testing::Test {
 protected:
   void SetUp() override {
@@ -211,6 +228,10 @@ TEST_F(FavouritesManagerTest, IconsFollowTheIndexTable) {
       {"folder", std::make_unique<FavouriteFolderItem>(L"F", L""), 1, 2},
       {"folder as item", std::move(folderAsItem), 5, 5},
       {"command", std::make_unique<FavouriteCommandItem>(L"C", kDisabled), 7, 7},
+      {"derived command", std::make_unique<CountedCommand>(L"C", kDisabled), 7, 7},
+      {"root row: the global item's", std::make_unique<RootCommand>(), 4, 4},
+      {"derived folder", std::make_unique<AppFolder>(), 1, 2},
+      {"other, not global", std::make_unique<AppItem>(), 3, 3},
   };
   for (Case const & c : cases) {
     manager.GetIcon(c.item.get(), normal, expanded);

@@ -2,13 +2,16 @@
 // where added favourites land, moves and drop targets, the idle upkeep,
 // file drops, deleting, naming, the context menu and the row colours.
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <wx/dcmemory.h>
 #include <wx/frame.h>
+#include <wx/image.h>
 #include <wx/menu.h>
 #include <wx/textctrl.h>
 #include <wx/utils.h>
@@ -20,9 +23,11 @@
 #include "favourites/FavouriteFolderItem.h"
 #include "favourites/FavouritesManager.h"
 #include "favourites/FavouritesTree.h"
+#include "favourites/KeptLabelLayouts.h"
 #include "harness/GuiTestUtilities.h"
 #include "harness/ModalDialogScript.h"
 #include "platform/SysColor.h"
+#include "platform/UnmeasuredText.h"
 #include "utl/XercesXMLSection.h"
 
 // X's headers last: their macros (None, Status) would break the others.
@@ -213,13 +218,19 @@ TEST_F(FavouritesTreeTest, CollectionsStayApartWhenLoadedSavedAndDeleted) {
     std::unique_ptr<ConfigurationSection> const row(root->CreateSubSection("FavouriteItem", 1));
     row->WriteKey("Name", "Shared");
     row->WriteKey("Type", "CommandItem");
+    row->WriteInt("_Style", 1);
   }
   tree->Serialize(&other, false, 7);
   EXPECT_EQ(Shape(), "Mine/0 /0 Shared/0 ") << "a separator row between the collections";
+  // The first style is the first row put in, not a row that was there.
+  HTREEITEM const mine = tree->GetRootItem();
+  EXPECT_EQ(tree->GetItemStyle(mine), 0);
+  EXPECT_EQ(tree->GetItemStyle(tree->GetNextSiblingItem(mine)), 0);
+  EXPECT_EQ(tree->GetItemStyle(tree->GetLastItem(TVI_NULL)), 1);
 
   XercesXMLSection saved;
   tree->Serialize(&saved, true, 7);
-  EXPECT_EQ(Saved(saved), "Shared:0:0 ") << "only collection 7, and never the separator";
+  EXPECT_EQ(Saved(saved), "Shared:0:1 ") << "only collection 7, and never the separator";
 
   tree->DeleteFavouriteNode(7);
   EXPECT_EQ(Shape(), "Mine/0 ");
@@ -547,6 +558,110 @@ TEST_F(FavouritesTreeTest, RowColoursFollowSelectionEnablingAndSeparators) {
     EXPECT_EQ(info.clrTextBk, GetSysColor(c.back)) << tree->GetItemText(c.row);
   }
   EXPECT_EQ(draw(separator, CDDS_ITEMPREPAINT, info), CDRF_SKIPDEFAULT);
+}
+
+// The pixels `paint` leaves on a white page of `size`.
+template <class Paint>
+wxImage Painted(wxSize size, Paint paint) {
+  wxBitmap bitmap(size);
+  wxMemoryDC dc(bitmap);
+  dc.SetBackground(*wxWHITE_BRUSH);
+  dc.Clear();
+  paint(dc);
+  dc.SelectObject(wxNullBitmap);
+  return bitmap.ConvertToImage();
+}
+
+bool SamePixels(wxImage const & a, wxImage const & b) {
+  return a.GetSize() == b.GetSize() &&
+         std::equal(a.GetData(), a.GetData() + (a.GetWidth() * a.GetHeight() * 3), b.GetData());
+}
+
+TEST_F(FavouritesTreeTest, KeptLabelLayoutsDrawTheToolkitsPixels) {
+  KeptLabelLayouts layouts;
+  wxFont const font = tree->GetFont();
+  struct Case {
+    char const * text;
+    wxFont font;
+    wxColour colour;
+  };
+  Case const cases[] = {
+      {"Run report 12", font, *wxBLACK},
+      {"Bold folder", font.Bold(), wxColour(30, 60, 200)},
+      {"Mesure \xC3\xA9t\xC3\xA9 \xE2\x86\x92 \xE5\xA0\xB1\xE5\x91\x8A", font, *wxRED},
+      {"", font, *wxBLACK},
+  };
+  for (Case const & c : cases) {
+    wxString const text = wxString::FromUTF8(c.text);
+    wxImage const toolkit = Painted(wxSize(300, 40), [&](wxDC & dc) {
+      dc.SetFont(c.font);
+      dc.SetTextForeground(c.colour);
+      DrawTextUnmeasured(dc, text, 5, 7);
+    });
+    // Laid out on the first draw, then drawn from what was kept.
+    for (int pass = 0; pass < 2; ++pass) {
+      wxImage const kept = Painted(wxSize(300, 40), [&](wxDC & dc) {
+        EXPECT_TRUE(layouts.Draw(dc, text, c.font, c.colour, 5, 7));
+      });
+      EXPECT_TRUE(SamePixels(kept, toolkit)) << c.text << ", pass " << pass;
+    }
+  }
+  EXPECT_EQ(layouts.Count(), 3u) << "one layout a label and font";
+
+  // What the toolkit decorates itself is left to the caller.
+  wxFont underlined = font;
+  underlined.SetUnderlined(true);
+  wxImage const nothing = Painted(wxSize(100, 30), [&](wxDC & dc) {
+    EXPECT_FALSE(layouts.Draw(dc, "Underlined", underlined, *wxBLACK, 0, 0));
+  });
+  EXPECT_TRUE(SamePixels(nothing, Painted(wxSize(100, 30), [](wxDC &) {})));
+}
+
+TEST_F(FavouritesTreeTest, RowsPaintAsAPlainTreePaintsTheSameRows) {
+  std::string const path = TempPath("favourite-paint.txt");
+  Touch(path);
+  HTREEITEM const folder = Add(Folder(L"Reports"));
+  Add(new FavouriteFileItem(L"Trend of the week", wxString(path).wc_str()), folder);
+  Add(Folder(L"Archive"));
+  tree->SetItemStyle(folder, 3);
+  tree->ClearSelection();
+  tree->Select(TVI_NULL, TVGN_CARET);
+
+  auto * const plain = new VxTreeCtrl(frame, wxID_ANY, FavouritesTree::kStyle);
+  plain->SetFont(tree->GetFont());
+  plain->SetItemHeight(static_cast<short>(tree->GetItemHeight()));
+  plain->SetImageList(tree->GetImageList(TVSIL_NORMAL), TVSIL_NORMAL);
+  // The same rows, with the same images and states, in display order.
+  std::vector<HTREEITEM> parents{TVI_ROOT};
+  for (HTREEITEM row = tree->GetRootItem(); row; row = tree->GetNextItem(row)) {
+    int image = 0;
+    int selected = 0;
+    tree->VxTreeCtrl::GetItemImage(row, image, selected);
+    size_t const depth = static_cast<size_t>(tree->GetIndentLevel(row));
+    parents.resize(depth + 1);
+    HTREEITEM const copy =
+        plain->InsertItem(tree->GetItemText(row), image, selected, parents[depth], TVI_LAST);
+    plain->SetItemState(copy, tree->GetItemState(row, TVIS_BOLD), TVIS_BOLD);
+    parents.push_back(copy);
+  }
+  for (HTREEITEM row = plain->GetRootItem(); row; row = plain->GetNextItem(row))
+    plain->Expand(row, TVE_EXPAND);
+  wxSize const size(260, 6 * tree->GetItemHeight());
+  tree->SetSize(size);
+  plain->SetSize(size);
+  tree->SetFocus();  // neither paints a focus
+  frame->SetFocus();
+  gui_test::Flush();
+
+  // Twice: the second paint draws the labels from the kept layouts.
+  wxImage const expected = Painted(size, [&](wxDC & dc) { plain->PaintTo(dc, wxRect(size)); });
+  for (int pass = 0; pass < 2; ++pass) {
+    wxImage const favourites = Painted(size, [&](wxDC & dc) { tree->PaintTo(dc, wxRect(size)); });
+    EXPECT_TRUE(SamePixels(favourites, expected)) << "pass " << pass;
+  }
+  plain->SetImageList(nullptr, TVSIL_NORMAL);
+  plain->Destroy();
+  std::remove(path.c_str());
 }
 
 TEST_F(FavouritesTreeTest, OpeningGivesCopiesOfLeavesAndFolderContents) {
