@@ -44,7 +44,16 @@ FavouriteFileItem::FavouriteFileItem(wchar_t const * name, wchar_t const * path)
 
 void FavouriteFileItem::SetPath(wxString const & path) {
   mPath = path;
-  mFileSystemPath = FileSystemBytes(mPath);
+  mFileSystemPath.clear();
+  mFileSystemPathKnown = false;
+}
+
+std::string const & FavouriteFileItem::FileSystemPath() const {
+  if (!mFileSystemPathKnown) {
+    mFileSystemPath = FileSystemBytes(mPath);
+    mFileSystemPathKnown = true;
+  }
+  return mFileSystemPath;
 }
 
 FavouriteFileItem::FavouriteFileItem() { FavouriteBuilder::Instance()->Add(kType, this); }
@@ -70,10 +79,10 @@ wxString FavouriteFileItem::GetType() const {
 
 bool FavouriteFileItem::IsGlobal() const { return true; }
 
-bool FavouriteFileItem::Enable() { return FavouriteFileExists(mFileSystemPath.c_str()); }
+bool FavouriteFileItem::Enable() { return FavouriteFileExists(FileSystemPath().c_str()); }
 
 wxWindow * FavouriteFileItem::Open() {
-  if (!FavouriteFileExists(mFileSystemPath.c_str())) {
+  if (!FavouriteFileExists(FileSystemPath().c_str())) {
     AfxMessageBox(vx3::Tr("The file has been moved or removed."), MB_OK | MB_ICONEXCLAMATION);
     return nullptr;
   }

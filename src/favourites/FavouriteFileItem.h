@@ -32,12 +32,15 @@ protected:
 
 private:
   void SetPath(wxString const & path);
+  std::string const & FileSystemPath() const;
 
   wxString mPath;
-  // mPath as the file system spells it, converted once: the idle pass asks
-  // every file row at each idle moment, and the conversion cost more than
-  // the stat itself.
-  std::string mFileSystemPath;
+  // mPath as the file system spells it, converted once, when first asked:
+  // the idle pass asks every file row at each idle moment, and the
+  // conversion cost more than the stat itself; yet ten thousand favourites
+  // read at a start need none of it.
+  mutable std::string mFileSystemPath;
+  mutable bool mFileSystemPathKnown = false;
 };
 
 // Whether `path` names a file a document can be read from. A folder, a FIFO
