@@ -31,6 +31,19 @@ inline void FakeClickAt(wxWindow & target, wxPoint at) {
   FakeButton(false);
 }
 
+// Two clicks at `at` that the server takes as one double click: all four
+// button events go in one request, so no wait on a loaded machine can put
+// the desktop's double-click time between them.
+inline void FakeDoubleClickAt(wxWindow & target, wxPoint at) {
+  FakeMoveTo(ScreenPoint(target, at));
+  Display * const display = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+  for (int click = 0; click < 2; ++click) {
+    XTestFakeButtonEvent(display, 1, True, CurrentTime);
+    XTestFakeButtonEvent(display, 1, False, CurrentTime);
+  }
+  XSync(display, False);
+}
+
 // Types `text` (letters, digits and blanks) into the focused window.
 inline void FakeType(char const * text) {
   for (; *text != 0; ++text) {

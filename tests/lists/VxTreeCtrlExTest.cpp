@@ -350,10 +350,7 @@ TEST_F(TreeExTest, DoubleClickExpandsOnlyInTheFirstColumn) {
   Show();
   RECT const row = Row(group);
   int const y = (row.top + row.bottom) / 2;
-  auto doubleClick = [this, y](int x) {
-    FakeClickAt(*tree, wxPoint(x, y));
-    FakeClickAt(*tree, wxPoint(x, y));
-  };
+  auto doubleClick = [this, y](int x) { FakeDoubleClickAt(*tree, wxPoint(x, y)); };
   doubleClick(180);  // the second column
   ASSERT_TRUE(gui_test::WaitUntil([this] { return host->doubleClicks == 1; }));
   EXPECT_EQ(tree->GetItemState(group, TVIS_EXPANDED), 0U);
