@@ -116,6 +116,7 @@ TEST_F(SpecifyDateFormatTest, OpensShortAndTheButtonTogglesTheExplanation) {
     int const detailsTop = details->GetPosition().y;
     EXPECT_FALSE(details->IsShown());
     EXPECT_EQ(button->GetLabel(), "Show details >>");
+    gui_test::WaitUntil([&] { return d.GetClientSize().y == detailsTop - D::kShortGap; });
     EXPECT_EQ(d.GetClientSize().y, detailsTop - D::kShortGap);
     int const width = d.GetClientSize().x;
 
@@ -123,7 +124,9 @@ TEST_F(SpecifyDateFormatTest, OpensShortAndTheButtonTogglesTheExplanation) {
     gui_test::Flush();
     EXPECT_TRUE(details->IsShown());
     EXPECT_EQ(button->GetLabel(), "Hide details <<");
-    EXPECT_GT(d.GetClientSize().y, details->GetRect().GetBottom());
+    // The window manager resizes the dialog in its own time.
+    EXPECT_TRUE(
+        gui_test::WaitUntil([&] { return d.GetClientSize().y > details->GetRect().GetBottom(); }));
     EXPECT_EQ(d.GetClientSize().x, width);
     EXPECT_GE(d.GetMinSize().y, d.GetSize().y);  // cannot be dragged over the text
     // All sixteen items are explained, one a line.
@@ -137,6 +140,7 @@ TEST_F(SpecifyDateFormatTest, OpensShortAndTheButtonTogglesTheExplanation) {
     gui_test::Flush();
     EXPECT_FALSE(details->IsShown());
     EXPECT_EQ(button->GetLabel(), "Show details >>");
+    gui_test::WaitUntil([&] { return d.GetClientSize().y == detailsTop - D::kShortGap; });
     EXPECT_EQ(d.GetClientSize().y, detailsTop - D::kShortGap);
     EXPECT_LE(d.GetMinSize().y, d.GetSize().y);
     d.EndModal(IDCANCEL);
